@@ -1,0 +1,86 @@
+/// @file
+/// Pen recordings as text: reading, writing and the reasons for refusing one. FORMAT.md is the grammar.
+#ifndef RECORDING_H
+#define RECORDING_H
+
+#include "simulatorcontrol.h"
+
+#include <cstdint>
+#include <iosfwd>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace kvsim {
+
+using Packet = KVSIM_PACKET;
+
+inline constexpr int kRecordingVersion = 1;
+
+/// What happens at one moment of a recording.
+struct Event
+{
+    enum class Kind
+    {
+        Pen,
+        Fingerprint
+    };
+    Kind kind = Kind::Pen;
+    std::int64_t timeUs = 0;
+    Packet packet{}; ///< Pen
+    std::string file{}; ///< Fingerprint: PGM file, relative to the recording
+    int score = 0; ///< Fingerprint
+};
+
+struct Recording
+{
+    std::string model;
+    std::vector<std::pair<std::string, std::string>> notes; ///< header lines that only people read
+    std::vector<Event> events;
+};
+
+/// what() is "file:line: reason".
+class RecordingError : public std::runtime_error
+{
+public:
+    RecordingError(const std::string &file, int line, const std::string &reason);
+};
+
+/// Reads a recording event by event, so that its length does not matter.
+class RecordingReader
+{
+public:
+    /// Reads the header. The name is only used in messages.
+    RecordingReader(std::istream &in, std::string name);
+
+    const std::string &model() const { return m_model; }
+    const std::vector<std::pair<std::string, std::string>> &notes() const { return m_notes; }
+
+    /// False at the end.
+    bool next(Event &event);
+
+private:
+    bool readLine();
+    void readHeader();
+    void takeHeaderLine(std::string_view line, bool &hasVersion);
+    Event parseEvent(std::string_view line) const;
+    [[noreturn]] void refuse(const std::string &reason) const;
+
+    std::istream &m_in;
+    std::string m_name;
+    std::string m_line; ///< the line in hand, without comment lines, blanks around it and line end
+    int m_lineNumber = 0;
+    bool m_lineWaits = false; ///< the header's reader met the first event
+    std::int64_t m_lastTimeUs = 0;
+    std::string m_model;
+    std::vector<std::pair<std::string, std::string>> m_notes;
+};
+
+Recording readRecording(std::istream &in, const std::string &name);
+void writeRecording(std::ostream &out, const Recording &recording);
+
+} // namespace kvsim
+
+#endif

@@ -1,0 +1,175 @@
+#include "session.h"
+
+namespace kvsim {
+
+Session::Session(const Receivers &receivers, Script script, const Timing &timing, std::vector<Packet> firstPackets)
+    : m_receivers(receivers)
+    , m_script(std::move(script))
+    , m_timing(timing)
+    , m_firstPackets(std::move(firstPackets))
+    , m_played(m_script.deliveries.empty())
+{
+    // Held so that the thread's first callback already finds m_thread set, which onOwnThread() reads.
+    const std::lock_guard lock(m_mutex);
+    m_thread = std::thread([this] { run(); });
+}
+
+Session::~Session()
+{
+    stop();
+    if (onOwnThread())
+        m_thread.detach(); // the process exits from inside a callback
+    else
+        m_thread.join();
+}
+
+void Session::run()
+{
+    std::unique_lock lock(m_mutex);
+    lock.unlock();
+    deliverPackets(m_firstPackets.data(), static_cast<int>(m_firstPackets.size()));
+    lock.lock();
+    m_firstPacketsDelivered = true;
+    m_changed.notify_all();
+    while (!m_stopping) {
+        if (!m_batches.empty())
+            serveNextBatch(lock);
+        else if (m_playing)
+            playNext(lock);
+        else
+            m_changed.wait(lock);
+    }
+    for (Batch *batch : m_batches)
+        batch->done = true;
+    m_batches.clear();
+    m_ended = true;
+    m_changed.notify_all();
+}
+
+/// No lock is held over a callback: it may call any operation.
+int Session::deliverPackets(const Packet *packets, int count)
+{
+    int delivered = 0;
+    for (; delivered < count && !m_stopping; ++delivered) {
+        const Packet &packet = packets[delivered];
+        m_receivers.penPacket(packet.x, packet.y, packet.pressure, packet.status);
+    }
+    return delivered;
+}
+
+int Session::deliverFingerprint(const unsigned char *data, int length, int score)
+{
+    if (!m_receivers.fingerprint || m_stopping)
+        return 0;
+    m_receivers.fingerprint(const_cast<unsigned char *>(data), length, score);
+    return 1;
+}
+
+void Session::deliver(const Delivery &delivery)
+{
+    if (delivery.fingerprint < 0) {
+        deliverPackets(&delivery.packet, 1);
+        return;
+    }
+    const auto &bytes = m_script.fingerprints[static_cast<std::size_t>(delivery.fingerprint)];
+    deliverFingerprint(bytes.data(), static_cast<int>(bytes.size()), delivery.score);
+}
+
+void Session::serveNextBatch(std::unique_lock<std::mutex> &lock)
+{
+    Batch &batch = *m_batches.front();
+    m_batches.pop_front();
+    lock.unlock();
+    batch.delivered = batch.work();
+    lock.lock();
+    batch.done = true;
+    m_changed.notify_all();
+}
+
+Session::Clock::time_point Session::dueTime() const
+{
+    const auto begin = m_start + std::chrono::milliseconds(m_timing.delayMs);
+    if (m_timing.speed <= 0)
+        return begin;
+    const double us = static_cast<double>(m_script.deliveries[m_next].timeUs) / m_timing.speed;
+    return begin + std::chrono::microseconds(static_cast<std::int64_t>(us));
+}
+
+void Session::playNext(std::unique_lock<std::mutex> &lock)
+{
+    if (const auto due = dueTime(); Clock::now() < due) {
+        m_changed.wait_until(lock, due);
+        return;
+    }
+    lock.unlock();
+    deliver(m_script.deliveries[m_next]);
+    lock.lock();
+    if (++m_next < m_script.deliveries.size())
+        return;
+    m_next = 0;
+    m_start = Clock::now();
+    if (m_timing.repeat == 0 || m_round++ < m_timing.repeat)
+        return;
+    m_playing = false;
+    m_played = true;
+    m_changed.notify_all();
+}
+
+void Session::waitForFirstPackets()
+{
+    std::unique_lock lock(m_mutex);
+    m_changed.wait(lock, [this] { return m_firstPacketsDelivered; });
+}
+
+void Session::startPlayback()
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_started || m_script.deliveries.empty())
+        return;
+    m_started = m_playing = true;
+    m_start = Clock::now();
+    m_changed.notify_all();
+}
+
+int Session::waitUntilPlayed(int timeoutMs)
+{
+    std::unique_lock lock(m_mutex);
+    if (!onOwnThread())
+        m_changed.wait_for(lock, std::chrono::milliseconds(timeoutMs), [this] { return m_played || m_stopping; });
+    if (m_played)
+        return 1;
+    return m_stopping ? -1 : 0;
+}
+
+int Session::sendBatch(std::function<int()> work)
+{
+    Batch batch{std::move(work)};
+    std::unique_lock lock(m_mutex);
+    if (m_stopping || onOwnThread())
+        return -1;
+    m_batches.push_back(&batch);
+    m_changed.notify_all();
+    m_changed.wait(lock, [&batch] { return batch.done; });
+    return batch.delivered;
+}
+
+int Session::sendPackets(const Packet *packets, int count)
+{
+    return sendBatch([=] { return deliverPackets(packets, count); });
+}
+
+int Session::sendFingerprint(const unsigned char *data, int length, int score)
+{
+    return sendBatch([=] { return deliverFingerprint(data, length, score); });
+}
+
+void Session::stop()
+{
+    std::unique_lock lock(m_mutex);
+    m_stopping = true;
+    m_changed.notify_all();
+    if (!onOwnThread())
+        m_changed.wait(lock, [this] { return m_ended.load(); });
+}
+
+} // namespace kvsim

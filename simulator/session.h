@@ -1,0 +1,104 @@
+/// @file
+/// An opened pad: the reading thread and everything that it hands to the callbacks.
+#ifndef SESSION_H
+#define SESSION_H
+
+#include "kvsignpadsdk_global.h"
+#include "script.h"
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <mutex>
+#include <thread>
+
+namespace kvsim {
+
+struct Receivers
+{
+    NOTIFY_HWSIGNDATA penPacket = nullptr;
+    NOTIFY_FPDATA fingerprint = nullptr; ///< null: this pad delivers none
+};
+
+struct Timing
+{
+    double speed = 1; ///< 0: as fast as it goes
+    int delayMs = 0;
+    int repeat = 1; ///< 0: for ever
+};
+
+/// From Initial to UnInitial. The callbacks run on the session's thread only, one after the other, with no lock held,
+/// and none runs after stop() has returned.
+class Session
+{
+public:
+    /// Starts the thread, which at once delivers the first packets.
+    Session(const Receivers &receivers, Script script, const Timing &timing, std::vector<Packet> firstPackets);
+    ~Session();
+    Session(const Session &) = delete;
+    Session &operator=(const Session &) = delete;
+
+    void waitForFirstPackets();
+
+    /// The recording begins a delay after the first call; later calls change nothing.
+    void startPlayback();
+
+    /// 1: played, 0: not within the time, -1: stopped.
+    int waitUntilPlayed(int timeoutMs);
+
+    /// Both answer the number of callbacks made, or -1 when stopped or called from inside a callback.
+    int sendPackets(const Packet *packets, int count);
+    int sendFingerprint(const unsigned char *data, int length, int score);
+
+    /// Returns after the last callback has. Called from inside a callback it returns at once: that callback is the last
+    /// one, and the thread ends when it returns.
+    void stop();
+
+    bool isStopping() const { return m_stopping; }
+    bool hasEnded() const { return m_ended; }
+
+private:
+    /// Work that another thread waits for; it answers the number of callbacks made.
+    struct Batch
+    {
+        std::function<int()> work;
+        int delivered = 0;
+        bool done = false;
+    };
+    using Clock = std::chrono::steady_clock;
+
+    bool onOwnThread() const { return std::this_thread::get_id() == m_thread.get_id(); }
+    void run();
+    void serveNextBatch(std::unique_lock<std::mutex> &lock);
+    void playNext(std::unique_lock<std::mutex> &lock);
+    Clock::time_point dueTime() const;
+    int deliverPackets(const Packet *packets, int count);
+    int deliverFingerprint(const unsigned char *data, int length, int score);
+    void deliver(const Delivery &delivery);
+    int sendBatch(std::function<int()> work);
+
+    const Receivers m_receivers;
+    Script m_script;
+    const Timing m_timing;
+    const std::vector<Packet> m_firstPackets;
+
+    std::mutex m_mutex; ///< guards what follows; never held over a callback
+    std::condition_variable m_changed;
+    std::deque<Batch *> m_batches;
+    bool m_firstPacketsDelivered = false;
+    bool m_playing = false;
+    bool m_started = false;
+    bool m_played = false;
+    Clock::time_point m_start{};
+    std::size_t m_next = 0;
+    int m_round = 1;
+    std::atomic<bool> m_stopping{false};
+    std::atomic<bool> m_ended{false};
+    std::thread m_thread; ///< last: it uses all of the above
+};
+
+} // namespace kvsim
+
+#endif

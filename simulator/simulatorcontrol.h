@@ -1,0 +1,76 @@
+/// @file
+/// The simulator's control face: what a test or a tool may ask of it besides the driver's eleven operations.
+///
+/// The functions are exported by libkvsignpaddrv.so. A program that loads the driver at run time finds them with dlsym;
+/// decltype(&KVSIM_SendPackets) is the matching pointer type. What is set here stays until KVSIM_Reset or until the
+/// library is unloaded, so a test that sets something before the driver is loaded by another part of the program holds
+/// a dlopen handle of its own. Every function may be called from any thread.
+#ifndef SIMULATORCONTROL_H
+#define SIMULATORCONTROL_H
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+#pragma GCC visibility push(default)
+
+/// One pen packet as a pad sends it: raw units and a KVSPDAPI_PEN_STATUS (any int is passed on as it is).
+struct KVSIM_PACKET
+{
+    int x;
+    int y;
+    int pressure;
+    int status;
+};
+
+/// Delivers packets from the reading thread, in order, and returns after the last callback has returned.
+/// Answers how many were delivered (fewer than count only when the driver was closed meanwhile), or -1 when the driver
+/// is not open or when it is called on the reading thread itself, that is from inside a callback.
+int KVSIM_SendPackets(const struct KVSIM_PACKET *packets, int count);
+
+/// Delivers one fingerprint likewise. The callback gets this very pointer, null included. Answers 1, 0 when this pad
+/// delivers no fingerprints (another device type than 7, or no callback), or -1 as KVSIM_SendPackets does.
+int KVSIM_SendFingerprint(const unsigned char *data, int length, int score);
+
+/// Packets that the reading thread delivers from inside each following Initial, before that returns. 0 packets: none.
+void KVSIM_SetReadingThreadPackets(const struct KVSIM_PACKET *packets, int count);
+
+/// Makes an operation (its name with or without KVSPDAPI_) answer this result from its next call on. With a result
+/// other than 0 Initial does not open and a command does nothing; a text query still writes its text, and UnInitial
+/// still closes.
+void KVSIM_SetResult(const char *operation, int result);
+
+/// Sets what a text query (GetDevicePartsVersion...) writes. Null: it writes nothing and answers its result.
+void KVSIM_SetText(const char *operation, const char *text);
+
+/// How long ShowFPImageOnDevice takes, in milliseconds; negative: as KVSIM_SCREEN_MS says.
+void KVSIM_SetScreenDelay(int milliseconds);
+
+/// The operations called so far, one a line with their arguments: "Initial 5 fp=0", "OpenDeviceLCD 1",
+/// "GetDevicePenID 32", "ShowFPImageOnDevice 29952 104 144". Writes at most size bytes with the closing zero and
+/// answers the full length, without that zero; a null buffer is allowed.
+int KVSIM_Calls(char *buffer, int size);
+void KVSIM_ForgetCalls(void);
+
+/// How many pad pictures were shown to the end, and the bytes of the last one (answers its full length).
+int KVSIM_ShownPictures(void);
+int KVSIM_LastPicture(unsigned char *buffer, int size);
+
+/// 1 while the driver is open; 1 while it is open and the pad's screen is on.
+int KVSIM_IsOpen(void);
+int KVSIM_IsScreenOn(void);
+
+/// Waits for the recording to have been played to its end. 1: it has, or there is none; 0: not within the time;
+/// -1: the driver is not open, or was closed meanwhile.
+int KVSIM_WaitUntilPlayed(int timeoutMs);
+
+/// Forgets results, texts, reading-thread packets, screen delay, calls and pictures. An open pad stays open.
+void KVSIM_Reset(void);
+
+#pragma GCC visibility pop
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
