@@ -2,6 +2,7 @@
 
 #include "padtable.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -91,7 +92,7 @@ RecordingReader::RecordingReader(std::istream &in, std::string name)
 
 void RecordingReader::refuse(const std::string &reason) const
 {
-    throw RecordingError(m_name, m_lineNumber, reason);
+    throw RecordingError(m_name, std::max(m_lineNumber, 1), reason);
 }
 
 bool RecordingReader::readLine()

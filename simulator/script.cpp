@@ -36,8 +36,8 @@ struct Source
         if (bundled) {
             const BundledFile *file = bundledFile(name);
             if (!file)
-                throw std::runtime_error("no recording or fingerprint '" + name
-                    + "' is built in; the recordings are: " + bundledRecordingNames());
+                throw std::runtime_error(
+                    "no file '" + name + "' is built in; the recordings are: " + bundledRecordingNames());
             return std::make_unique<std::istringstream>(
                 std::string(reinterpret_cast<const char *>(file->bytes), file->size));
         }

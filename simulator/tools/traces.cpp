@@ -60,7 +60,7 @@ Trace readTrace(std::istream &in, const std::string &name)
     Trace trace;
     int lineNumber = 0;
     double largest = 0;
-    const auto refuse = [&](const char *reason) { throw RecordingError(name, lineNumber, reason); };
+    const auto refuse = [&](const char *reason) { throw RecordingError(name, std::max(lineNumber, 1), reason); };
     for (std::string line; std::getline(in, line);) {
         ++lineNumber;
         if (!line.empty() && line.front() == '#') {

@@ -1,0 +1,318 @@
+#include "fitting.h"
+#include "greyimage.h"
+#include "recording.h"
+#include "styles.h"
+#include "traces.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <locale>
+#include <sstream>
+
+namespace {
+
+using namespace kvsim;
+
+constexpr const char *kHeader = "version: 1\nmodel: S300\n";
+
+Recording read(const std::string &text)
+{
+    std::istringstream in(text);
+    return readRecording(in, "pen.kvrec");
+}
+
+std::string write(const Recording &recording)
+{
+    std::ostringstream out;
+    writeRecording(out, recording);
+    return out.str();
+}
+
+struct Refused
+{
+    const char *name;
+    std::string text;
+    const char *message;
+};
+
+const Refused kRefused[] = {
+    {"Empty", "", "pen.kvrec:1: header missing"},
+    {"OnlyComments", "# nothing\n\n", "pen.kvrec:2: header missing"},
+    {"NoHeader", "0 1 2 3 0\n", "pen.kvrec:1: header missing"},
+    {"NoVersion", "model: S300\n0 1 2 3 0\n", "pen.kvrec:2: the header has no version"},
+    {"NoModel", "version: 1\n\n0 1 2 3 0\n", "pen.kvrec:3: the header has no model"},
+    {"NoModelNoEvents", "version: 1\n", "pen.kvrec:1: the header has no model"},
+    {"FutureVersion", "version: 2\nmodel: S300\n",
+        "pen.kvrec:1: version 2 is newer than 1, the newest that this program reads"},
+    {"VersionZero", "version: 0\n", "pen.kvrec:1: there is no version 0"},
+    {"VersionWord", "version: one\n", "pen.kvrec:1: version 'one' is not a whole number"},
+    {"UnknownModel", "version: 1\nmodel: S400\n", "pen.kvrec:2: unknown model 'S400'"},
+    {"TooFewFields", std::string(kHeader) + "0 1 2 3\n", "pen.kvrec:3: a pen packet is: time x y pressure status"},
+    {"TooManyFields", std::string(kHeader) + "0 1 2 3 0 9\n", "pen.kvrec:3: a pen packet is: time x y pressure status"},
+    {"NotANumber", std::string(kHeader) + "0 1 2 3 0\n5 1 y 3 1\n", "pen.kvrec:4: y 'y' is not a whole number"},
+    {"Decimals", std::string(kHeader) + "0 1.5 2 3 0\n", "pen.kvrec:3: x '1.5' is not a whole number"},
+    {"AboveInt", std::string(kHeader) + "0 2147483648 2 3 0\n", "pen.kvrec:3: x '2147483648' is out of range"},
+    {"BelowInt", std::string(kHeader) + "0 1 2 -2147483649 0\n", "pen.kvrec:3: pressure '-2147483649' is out of range"},
+    {"LongNumber", std::string(kHeader) + "0 1 2 3 " + std::string(50, '9') + "\n",
+        "pen.kvrec:3: status '9999999999999999999999999999999999999999...' is out of range"},
+    {"Backwards", std::string(kHeader) + "10 1 2 3 0\n\n9.999 1 2 3 1\n", "pen.kvrec:5: the time goes backwards"},
+    {"NegativeTime", std::string(kHeader) + "-1 1 2 3 0\n", "pen.kvrec:3: time '-1' is out of range"},
+    {"EndlessTime", std::string(kHeader) + "1000000000.5 1 2 3 0\n",
+        "pen.kvrec:3: time '1000000000.5' is out of range"},
+    {"ExponentTime", std::string(kHeader) + "1e3 1 2 3 0\n", "pen.kvrec:3: time '1e3' is not a number of milliseconds"},
+    {"CommaTime", std::string(kHeader) + "1,5 1 2 3 0\n", "pen.kvrec:3: time '1,5' is not a number of milliseconds"},
+    {"UnknownEvent", std::string(kHeader) + "unplug 10\n", "pen.kvrec:3: unknown event 'unplug'"},
+    {"HeaderTooLate", std::string(kHeader) + "0 1 2 3 0\ntitle: late\n", "pen.kvrec:4: unknown event 'title:'"},
+    {"FingerprintFields", std::string(kHeader) + "fingerprint 10 a.pgm\n",
+        "pen.kvrec:3: a fingerprint is: fingerprint time file score"},
+    {"FingerprintScore", std::string(kHeader) + "fingerprint 10 a.pgm good\n",
+        "pen.kvrec:3: score 'good' is not a whole number"},
+};
+
+class RefusedRecording : public testing::TestWithParam<Refused>
+{
+};
+
+TEST_P(RefusedRecording, NamesFileLineAndReason)
+{
+    try {
+        read(GetParam().text);
+        FAIL() << "was accepted";
+    } catch (const RecordingError &error) {
+        EXPECT_STREQ(error.what(), GetParam().message);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Grammar, RefusedRecording, testing::ValuesIn(kRefused), [](const auto &row) { return row.param.name; });
+
+struct Accepted
+{
+    const char *name;
+    std::string text;
+    std::size_t events;
+};
+
+const Accepted kAccepted[] = {
+    {"NoEvents", kHeader, 0},
+    {"Plain", std::string(kHeader) + "0 1 2 3 0\n4.5 1 2 3 2\n", 2},
+    {"CarriageReturns", "version: 1\r\nmodel: S300\r\n0 1 2 3 0\r\n", 1},
+    {"NoFinalNewline", std::string(kHeader) + "0 1 2 3 0", 1},
+    {"Comments", "# a\nversion: 1\n  # b\nmodel: S300\n\n0 1 2 3 0\n# c\n", 1},
+    {"Tabs", std::string(kHeader) + "0\t1\t2 \t3\t0\t\n", 1},
+    {"SameTime", std::string(kHeader) + "7 1 2 3 0\n7 1 2 3 1\n7 1 2 3 2\n", 3},
+    {"Extremes", std::string(kHeader) + "1000000000 2147483647 -2147483648 -1 -7\n", 1},
+    {"UnknownKeys", std::string(kHeader) + "weather: rain: heavy\n0 1 2 3 0\n", 1},
+};
+
+class AcceptedRecording : public testing::TestWithParam<Accepted>
+{
+};
+
+TEST_P(AcceptedRecording, HasItsEvents)
+{
+    EXPECT_EQ(read(GetParam().text).events.size(), GetParam().events);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Grammar, AcceptedRecording, testing::ValuesIn(kAccepted), [](const auto &row) { return row.param.name; });
+
+TEST(Recording, ValuesAreThoseOfTheText)
+{
+    const Recording recording = read("model: R800\nweather: rain: heavy\nversion: 1\n"
+                                     "0.5 -1 20 300 4\nfingerprint 1200.25 thumb.pgm 62\n");
+    EXPECT_EQ(recording.model, "R800");
+    ASSERT_EQ(recording.notes.size(), 1u);
+    EXPECT_EQ(recording.notes[0].first, "weather");
+    EXPECT_EQ(recording.notes[0].second, "rain: heavy");
+    ASSERT_EQ(recording.events.size(), 2u);
+    const Event &pen = recording.events[0], &finger = recording.events[1];
+    EXPECT_EQ(pen.kind, Event::Kind::Pen);
+    EXPECT_EQ(pen.timeUs, 500);
+    EXPECT_EQ(pen.packet.x, -1);
+    EXPECT_EQ(pen.packet.y, 20);
+    EXPECT_EQ(pen.packet.pressure, 300);
+    EXPECT_EQ(pen.packet.status, 4);
+    EXPECT_EQ(finger.kind, Event::Kind::Fingerprint);
+    EXPECT_EQ(finger.timeUs, 1200250);
+    EXPECT_EQ(finger.file, "thumb.pgm");
+    EXPECT_EQ(finger.score, 62);
+}
+
+TEST(Recording, TextSurvivesReadingAndWriting)
+{
+    const std::string text =
+        "version: 1\nmodel: S310X\ntitle: round and round\n0 1 2 3 0\n4.5 -1 -2 0 1\n"
+        "4.505 2147483647 -2147483648 7 2\nfingerprint 10.01 finger-fair.pgm -3\n1000000000 0 0 0 4\n";
+    EXPECT_EQ(write(read(text)), text);
+}
+
+TEST(Recording, NumbersDoNotFollowTheLocale)
+{
+    const std::string text = std::string(kHeader) + "1.5 1000000 2 3 0\n";
+    struct Grouping : std::numpunct<char>
+    {
+        char do_decimal_point() const override { return ','; }
+        char do_thousands_sep() const override { return '.'; }
+        std::string do_grouping() const override { return "\3"; }
+    };
+    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new Grouping));
+    const std::string written = write(read(text));
+    std::locale::global(before);
+    EXPECT_EQ(written, text);
+}
+
+/// A stream that makes its lines as they are read, so that only the reader could hold them all.
+class EndlessPen : public std::streambuf
+{
+public:
+    explicit EndlessPen(int packets)
+        : m_packets(packets)
+    {
+    }
+
+private:
+    int_type underflow() override
+    {
+        if (m_next > m_packets)
+            return traits_type::eof();
+        m_line = m_next == 0 ? kHeader : std::to_string(m_next * 5) + " 500 600 700 1\n";
+        ++m_next;
+        setg(m_line.data(), m_line.data(), m_line.data() + m_line.size());
+        return traits_type::to_int_type(m_line[0]);
+    }
+    int m_packets;
+    int m_next = 0;
+    std::string m_line;
+};
+
+TEST(Recording, AHundredThousandPacketsAreReadOneByOne)
+{
+    EndlessPen pen(100000);
+    std::istream in(&pen);
+    RecordingReader reader(in, "long");
+    int count = 0;
+    Event event;
+    while (reader.next(event))
+        ++count;
+    EXPECT_EQ(count, 100000);
+    EXPECT_EQ(event.timeUs, 500000000);
+}
+
+TEST(GreyImage, SurvivesWritingAndReading)
+{
+    const GreyImage image{3, 2, {0, 10, 35, 255, 13, 128}};
+    std::stringstream file;
+    writePgm(file, image);
+    EXPECT_EQ(file.str(), std::string("P5\n3 2\n255\n\x00\x0a\x23\xff\x0d\x80", 17));
+    EXPECT_EQ(readPgm(file, "a.pgm").pixels, image.pixels);
+}
+
+TEST(GreyImage, HeaderMayHaveComments)
+{
+    std::istringstream file("P5 # made by hand\n#\n 2\n# high:\n1 255\nab");
+    EXPECT_EQ(readPgm(file, "a.pgm").pixels, (std::vector<unsigned char>{'a', 'b'}));
+}
+
+TEST(GreyImage, OthersAreRefused)
+{
+    for (const char *text : {"", "P2\n1 1\n255\na", "P5\n1 1\n65535\naa", "P5\n2 2\n255\nabc", "P5\n-1 1\n255\na",
+             "P5\n99999999999 1\n255\na", "P5\n0 1\n255\na"}) {
+        std::istringstream file(text);
+        EXPECT_THROW(readPgm(file, "a.pgm"), std::runtime_error) << text;
+    }
+}
+
+TEST(Trace, FillsTheWritingAreaButForItsBorder)
+{
+    std::ifstream file(KV_RECORDINGS "square.trace.txt");
+    const Trace trace = readTrace(file, "square");
+    ASSERT_EQ(trace.about.size(), 2u);
+    EXPECT_EQ(trace.about[0].second, "drawn by hand in an editor");
+    const std::vector<Event> events = fitIntoPad(trace.samples, *padOfName("S300"), 0.8, 0.8);
+    ASSERT_EQ(events.size(), 5u);
+    // 10 by 10 units in 1300 * 0.8 raw units: 104 each; the middle of the area is (1350, 850).
+    const Packet expected[] = {
+        {830, 330, 512, 0}, {1870, 330, 1024, 1}, {1870, 1370, 2048, 1}, {830, 1370, 0, 1}, {830, 1370, 0, 2}};
+    const std::int64_t times[] = {0, 7500, 15000, 15000, 24000};
+    for (std::size_t i = 0; i < events.size(); ++i) {
+        EXPECT_EQ(events[i].timeUs, times[i]) << i;
+        EXPECT_EQ(events[i].packet.x, expected[i].x) << i;
+        EXPECT_EQ(events[i].packet.y, expected[i].y) << i;
+        EXPECT_EQ(events[i].packet.pressure, expected[i].pressure) << i;
+        EXPECT_EQ(events[i].packet.status, expected[i].status) << i;
+    }
+}
+
+TEST(Trace, OthersAreRefused)
+{
+    for (const auto &[text, message] : {std::pair{"", "t:1: no samples"}, {"# a: b\n", "t:1: no samples"},
+             {"0 1 2 3\n", "t:1: a sample is: milliseconds x y pressure pen"},
+             {"0 1 2 3 0 0\n", "t:1: a sample is: milliseconds x y pressure pen"},
+             {"0 1 nan 3 0\n", "t:1: a sample is: milliseconds x y pressure pen"},
+             {"0 1 2 3 3\n", "t:1: the pen is 0 (down), 1 (moves) or 2 (up)"},
+             {"0 1 2 -3 0\n", "t:1: the pressure is negative"},
+             {"5 1 2 3 0\n4 1 2 3 1\n", "t:2: the time goes backwards"}}) {
+        std::istringstream in(text);
+        try {
+            readTrace(in, "t");
+            ADD_FAILURE() << "accepted: " << text;
+        } catch (const RecordingError &error) {
+            EXPECT_STREQ(error.what(), message);
+        }
+    }
+}
+
+class EveryStyle : public testing::TestWithParam<std::string>
+{
+};
+
+TEST_P(EveryStyle, IsWrittenAsAPadSendsIt)
+{
+    const Style &style = *styleOfName(GetParam());
+    const std::vector<Sample> samples = writeByHand(style.plan(), style.manner, 5);
+    ASSERT_FALSE(samples.empty());
+    bool touches = false;
+    double last = samples.front().timeMs;
+    for (const Sample &sample : samples) {
+        EXPECT_EQ(sample.state == Sample::Down, !touches);
+        touches = sample.state != Sample::Up;
+        EXPECT_GE(sample.timeMs, last);
+        if (sample.state == Sample::Move) {
+            EXPECT_LT(sample.timeMs - last, 8); // 220 a second, somewhat uneven
+        }
+        EXPECT_TRUE(sample.pressure >= 0 && sample.pressure <= 1) << sample.pressure;
+        last = sample.timeMs;
+    }
+    EXPECT_FALSE(touches);
+    EXPECT_LT(last - samples.front().timeMs, 8000);
+}
+
+TEST_P(EveryStyle, DependsOnTheSeedAlone)
+{
+    const Style &style = *styleOfName(GetParam());
+    const PadModel &pad = *padOfName("S310X");
+    const auto text = [&](unsigned seed) {
+        return write({"S310X", {}, fitIntoPad(writeByHand(style.plan(), style.manner, seed), pad, 0.8, 0.8)});
+    };
+    EXPECT_EQ(text(1), text(1));
+    EXPECT_NE(text(1), text(2));
+}
+
+std::vector<std::string> allStyles()
+{
+    std::vector<std::string> names;
+    for (std::size_t i = 0; !styleNames(i).empty(); ++i)
+        names.emplace_back(styleNames(i));
+    return names;
+}
+
+INSTANTIATE_TEST_SUITE_P(Styles, EveryStyle, testing::ValuesIn(allStyles()), [](const auto &row) {
+    std::string name = row.param;
+    for (char &c : name)
+        c = c == '-' ? '_' : c;
+    return name;
+});
+
+} // namespace
