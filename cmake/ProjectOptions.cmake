@@ -1,0 +1,28 @@
+# Settings that every target of this project shares.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_AUTOMOC OFF)
+
+# The loops over pixels are only vectorised at -O3 by the compilers that Debian ships.
+set(CMAKE_CXX_FLAGS_RELEASE "-O3 -DNDEBUG -g1")
+set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g -fno-omit-frame-pointer")
+
+set(KV_SANITIZE "" CACHE STRING "Sanitizers for every target, as the compiler's -fsanitize takes them")
+if(KV_SANITIZE)
+  add_compile_options(-fsanitize=${KV_SANITIZE} -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${KV_SANITIZE})
+endif()
+
+find_program(KV_CCACHE ccache)
+if(KV_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${KV_CCACHE})
+endif()
+
+# Warnings are errors for our own code; Qt's headers come in as system headers.
+add_library(kv_warnings INTERFACE)
+target_compile_options(kv_warnings INTERFACE -Wall -Wextra -Wconversion -Wshadow -Wundef -Werror)

@@ -1,0 +1,22 @@
+/// @file
+/// Base64 texts as they are handed to callers, and back.
+#ifndef BASE64TEXT_H
+#define BASE64TEXT_H
+
+#include <QByteArray>
+
+#include <cstddef>
+
+namespace base64text {
+
+/// Qt's name of an image type of the Base64 functions; null for any other type.
+const char *formatName(int nImageTypeID);
+
+/// A new zero-terminated text (array new) of any number of bytes, and its length without the zero.
+char *newText(const void *bytes, size_t size, size_t &length);
+
+char *newText(const QByteArray &bytes, int *length = nullptr);
+
+} // namespace base64text
+
+#endif

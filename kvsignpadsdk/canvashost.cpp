@@ -1,0 +1,28 @@
+#include "canvashost.h"
+
+#include <QPainter>
+
+namespace canvashost {
+
+void clearCanvas(QImage &image, int width, int height)
+{
+    QImage fresh(width, height, QImage::Format_ARGB32);
+    image.swap(fresh);
+    image.fill(Qt::white);
+}
+
+QImage grown(const QImage &old, int width, int height)
+{
+    QImage canvas;
+    clearCanvas(canvas, width, height);
+    if (!canvas.isNull())
+        QPainter(&canvas).drawImage(0, 0, old);
+    return canvas;
+}
+
+void show(QWidget &widget, const QImage &canvas)
+{
+    QPainter(&widget).drawImage(0, 0, canvas);
+}
+
+} // namespace canvashost

@@ -1,0 +1,52 @@
+/// @file
+/// The M450 pad, headless in memory.
+#ifndef CM450SIGNOBJ_H
+#define CM450SIGNOBJ_H
+
+#include "paddeclared.h"
+
+/// Registered with the driver: hands what it gets to the open instance, on the driver's thread.
+void RxM450SignObjRawDataCallback(int nX, int nY, int nP, int nPenStatus);
+
+class CM450SignObj
+{
+public:
+    static constexpr const PadRow &row = padrows::kM450Obj;
+    static constexpr NOTIFY_HWSIGNDATA penPacketCallback = RxM450SignObjRawDataCallback;
+    static constexpr NOTIFY_FPDATA fingerprintCallback = nullptr;
+    static constexpr const char *penPacketFunction = "RxM450SignPadRawData()";
+    static constexpr bool pushesLive = false;
+
+    CM450SignObj(int nWidth, int nHeight);
+    ~CM450SignObj();
+    CM450SignObj(const CM450SignObj &) = delete;
+    CM450SignObj &operator=(const CM450SignObj &) = delete;
+
+#include "paddeclarations.inl"
+
+    void RxM450SignPadRawData(int nX, int nY, int nP, int nPenStatus);
+
+    bool &tapMark()
+    {
+        return m_bPenDownOnCancelButton;
+    }
+    QImage &inkCanvas()
+    {
+        return m_canvas;
+    }
+    bool hasDisplayThread() const
+    {
+        return false;
+    }
+
+    QImage m_canvas;
+    QColor m_drawColor = Qt::black;
+    QLibrary *m_plibKVSignPadDriver = nullptr; ///< owned
+#include "padfields.inl"
+#include "padslots_plain.inl"
+    QMutex m_mutexUpdateCanvas;
+    bool m_bPenDownOnCancelButton = false; ///< tapped since the last clear
+    PadInternals m_internals;
+};
+
+#endif

@@ -1,0 +1,52 @@
+/// @file
+/// The R800 pad, headless in memory.
+#ifndef CR800SIGNOBJ_H
+#define CR800SIGNOBJ_H
+
+#include "paddeclared.h"
+
+/// Registered with the driver: hands what it gets to the open instance, on the driver's thread.
+void RxR800SignObjRawDataCallback(int nX, int nY, int nP, int nPenStatus);
+
+class CR800SignObj
+{
+public:
+    static constexpr const PadRow &row = padrows::kR800Obj;
+    static constexpr NOTIFY_HWSIGNDATA penPacketCallback = RxR800SignObjRawDataCallback;
+    static constexpr NOTIFY_FPDATA fingerprintCallback = nullptr;
+    static constexpr const char *penPacketFunction = "RxR800SignPadRawData()";
+    static constexpr bool pushesLive = false;
+
+    CR800SignObj(int nWidth, int nHeight);
+    ~CR800SignObj();
+    CR800SignObj(const CR800SignObj &) = delete;
+    CR800SignObj &operator=(const CR800SignObj &) = delete;
+
+#include "paddeclarations.inl"
+
+    void RxR800SignPadRawData(int nX, int nY, int nP, int nPenStatus);
+
+    bool &tapMark()
+    {
+        return m_bPenDownOnCancelButton;
+    }
+    QImage &inkCanvas()
+    {
+        return m_canvas;
+    }
+    bool hasDisplayThread() const
+    {
+        return false;
+    }
+
+    QImage m_canvas;
+    QColor m_drawColor = Qt::black;
+    QLibrary *m_plibKVSignPadDriver = nullptr; ///< owned
+#include "padfields.inl"
+#include "padslots_plain.inl"
+    QMutex m_mutexUpdateCanvas;
+    bool m_bPenDownOnCancelButton = false; ///< tapped since the last clear
+    PadInternals m_internals;
+};
+
+#endif

@@ -1,0 +1,53 @@
+/// @file
+/// The R800 pad, shown in a Qt widget.
+#ifndef CR800SIGNWIDGET_H
+#define CR800SIGNWIDGET_H
+
+#include "paddeclared.h"
+
+/// Registered with the driver: hands what it gets to the open instance, on the driver's thread.
+void RxR800SignPadRawDataCallback(int nX, int nY, int nP, int nPenStatus);
+
+class CR800SignWidget : public QWidget
+{
+    Q_OBJECT
+
+public:
+    static constexpr const PadRow &row = padrows::kR800Widget;
+    static constexpr NOTIFY_HWSIGNDATA penPacketCallback = RxR800SignPadRawDataCallback;
+    static constexpr NOTIFY_FPDATA fingerprintCallback = nullptr;
+    static constexpr const char *penPacketFunction = "RxR800SignPadRawData()";
+    static constexpr bool pushesLive = false;
+
+    explicit CR800SignWidget(QWidget *pParent);
+    ~CR800SignWidget() override;
+
+#include "paddeclarations.inl"
+#include "paddeclarations_widget.inl"
+
+    void RxR800SignPadRawData(int nX, int nY, int nP, int nPenStatus);
+
+    bool &tapMark()
+    {
+        return m_bPenDownOnDeviceConfirmOrCancelArea;
+    }
+    QImage &inkCanvas()
+    {
+        return m_canvas;
+    }
+    bool hasDisplayThread() const
+    {
+        return false;
+    }
+
+    QImage m_canvas;
+    QColor m_drawColor = Qt::black;
+    QLibrary *m_plibKVSignPadDriver = nullptr; ///< owned
+#include "padfields.inl"
+#include "padslots_plain.inl"
+    QMutex m_mutexUpdateCanvas;
+    bool m_bPenDownOnDeviceConfirmOrCancelArea = false; ///< tapped since the last clear
+    PadInternals m_internals;
+};
+
+#endif

@@ -1,0 +1,58 @@
+/// @file
+/// The S210 pad, shown in a Qt widget.
+#ifndef CS210SIGNWIDGET_H
+#define CS210SIGNWIDGET_H
+
+#include "paddeclared.h"
+
+/// Registered with the driver: hands what it gets to the open instance, on the driver's thread.
+void RxS210SignPadRawDataCallback(int nX, int nY, int nP, int nPenStatus);
+
+class CS210SignWidget : public QWidget
+{
+    Q_OBJECT
+
+public:
+    static constexpr const PadRow &row = padrows::kS210Widget;
+    static constexpr NOTIFY_HWSIGNDATA penPacketCallback = RxS210SignPadRawDataCallback;
+    static constexpr NOTIFY_FPDATA fingerprintCallback = nullptr;
+    static constexpr const char *penPacketFunction = "RxS210SignPadRawData()";
+    static constexpr bool pushesLive = true;
+
+    explicit CS210SignWidget(QWidget *pParent);
+    ~CS210SignWidget() override;
+
+#include "paddeclarations.inl"
+#include "paddeclarations_screen.inl"
+#include "paddeclarations_widget.inl"
+
+    void RxS210SignPadRawData(int nX, int nY, int nP, int nPenStatus);
+    bool SetRealTimeSignBase64DataCallback(int nType, SIGNPAD_SIGN_BASE64_DATA_CALLBACK pfnSignBase64DataCallback);
+    void CheckIfNeedToSendRealTimeSignBase64Data();
+
+    bool &tapMark()
+    {
+        return m_bPenDownOnCancelButton;
+    }
+    QImage &inkCanvas()
+    {
+        return m_canvas;
+    }
+    bool hasDisplayThread() const
+    {
+        return false;
+    }
+
+    QImage m_canvas;
+    QColor m_drawColor = Qt::black;
+    QLibrary *m_plibKVSignPadDriver = nullptr; ///< owned
+#include "padfields.inl"
+#include "padslots_screen.inl"
+    QMutex m_mutexUpdateCanvas;
+    bool m_bPenDownOnCancelButton = false; ///< tapped since the last clear
+    int m_nRealTimeSignBase64Data_ImageTypeID = 0;
+    SIGNPAD_SIGN_BASE64_DATA_CALLBACK m_pfnRealTimeSignBase64DataCallback = nullptr;
+    PadInternals m_internals;
+};
+
+#endif

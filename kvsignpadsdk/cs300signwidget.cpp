@@ -1,0 +1,18 @@
+#include "cs300signwidget.h"
+
+#include "paddefined.h"
+
+#define KV_PAD CS300SignWidget
+#include "padmembers.inl"
+#include "padmembers_screen.inl"
+#include "padmembers_widget.inl"
+
+void RxS300SignPadRawDataCallback(int nX, int nY, int nP, int nPenStatus)
+{
+    openinstance::as<CS300SignWidget>().RxS300SignPadRawData(nX, nY, nP, nPenStatus);
+}
+
+void CS300SignWidget::RxS300SignPadRawData(int nX, int nY, int nP, int nPenStatus)
+{
+    penpackets::handle(*this, nX, nY, nP, nPenStatus);
+}

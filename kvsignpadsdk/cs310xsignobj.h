@@ -1,0 +1,59 @@
+/// @file
+/// The S310X pad, headless in memory.
+#ifndef CS310XSIGNOBJ_H
+#define CS310XSIGNOBJ_H
+
+#include "fingerprintinternals.h"
+#include "paddeclared.h"
+
+class CS310XFPWidget;
+class CS310XObj_ShowFPImageOnDeviceThread;
+
+/// Registered with the driver: each hands what it gets to the open instance, on the driver's thread.
+void RxS310XSignObjRawDataCallback(int nX, int nY, int nP, int nPenStatus);
+void RxS310XSignObjFPRawDataCallback(unsigned char *pucRawData, int nDataLength, int nScore);
+
+class CS310XSignObj
+{
+public:
+    static constexpr const PadRow &row = padrows::kS310XObj;
+    static constexpr NOTIFY_HWSIGNDATA penPacketCallback = RxS310XSignObjRawDataCallback;
+    static constexpr NOTIFY_FPDATA fingerprintCallback = RxS310XSignObjFPRawDataCallback;
+    static constexpr const char *penPacketFunction = "RxS310XSignPadRawData()";
+    static constexpr bool pushesLive = false;
+
+    CS310XSignObj(int nWidth, int nHeight);
+    ~CS310XSignObj();
+    CS310XSignObj(const CS310XSignObj &) = delete;
+    CS310XSignObj &operator=(const CS310XSignObj &) = delete;
+
+#include "paddeclarations.inl"
+#include "paddeclarations_fingerprint.inl"
+#include "paddeclarations_screen.inl"
+
+    void RxS310XSignPadRawData(int nX, int nY, int nP, int nPenStatus);
+    int SetDisplayedFPImageAt(
+        int nCanvasWidth, int nCanvasHeight, int nFPLeft, int nFPTop, int nFPWidth, int nFPHeight);
+
+    bool &tapMark()
+    {
+        return m_bPenDownOnCancelButton;
+    }
+
+    QImage m_canvas; ///< what is shown and encoded: ink and fingerprint merged
+    QImage m_SignCanvas; ///< ink only
+    QImage m_FPOnlyCanvas; ///< the accepted fingerprint at its top left
+    QColor m_drawColor = Qt::black;
+    QLibrary *m_plibKVSignPadDriver = nullptr; ///< owned
+#include "padslots_screen.inl"
+    KVSPDAPI_ShowFPImageOnDevice m_pfn_KVSPDAPI_ShowFPImageOnDevice = nullptr;
+#include "padfields.inl"
+#include "padfields_fingerprint.inl"
+    CS310XObj_ShowFPImageOnDeviceThread *m_pShowFPImageOnDeviceThread = nullptr; ///< owned
+#include "padfields_display.inl"
+    QMutex m_mutexUpdateCanvas;
+    bool m_bPenDownOnCancelButton = false; ///< tapped since the last clear
+    FingerprintInternals m_internals;
+};
+
+#endif

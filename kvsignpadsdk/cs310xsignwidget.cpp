@@ -1,0 +1,95 @@
+#include "cs310xsignwidget.h"
+
+#include "cs310xwidget_showfpimageondevicethread.h"
+#include "fingerprintplacement.h"
+#include "paddefined.h"
+
+#define KV_PAD CS310XSignWidget
+#include "padmembers.inl"
+#include "padmembers_fingerprint.inl"
+#include "padmembers_screen.inl"
+#include "padmembers_widget.inl"
+
+void RxS310XSignPadRawDataCallback(int nX, int nY, int nP, int nPenStatus)
+{
+    openinstance::as<CS310XSignWidget>().RxS310XSignPadRawData(nX, nY, nP, nPenStatus);
+}
+
+void CS310XSignWidget::RxS310XSignPadRawData(int nX, int nY, int nP, int nPenStatus)
+{
+    penpackets::handle(*this, nX, nY, nP, nPenStatus);
+}
+
+void RxS310XSignPadFPRawDataCallback(unsigned char *pucRawData, int nDataLength, int nScore)
+{
+    openinstance::as<CS310XSignWidget>().RxS310XSignPadFPRawData(pucRawData, nDataLength, nScore);
+}
+
+void CS310XSignWidget::startDisplayThread()
+{
+    m_pShowFPImageOnDeviceThread = new CS310XWidget_ShowFPImageOnDeviceThread(this);
+    m_pShowFPImageOnDeviceThread->start(QThread::InheritPriority);
+}
+
+int CS310XSignWidget::SetDisplayedFPImageAt(
+    QWidget *pParentWidget, int nFPLeft, int nFPTop, int nFPWidth, int nFPHeight)
+{
+    static constexpr logging::Key key{row.scope, "SetDisplayedFPImageAt()"};
+    KV_LOG(key, "<%ld>-Enter, pParentWidget=%lx, nFPLeft=%d, nFPTop=%d, nFPWidth=%d, nFPHeight=%d",
+        logging::address(pParentWidget), nFPLeft, nFPTop, nFPWidth, nFPHeight);
+    if (pParentWidget == parentWidget())
+        return placeOnThis(key, fingerprinthost::rectangle(nFPLeft, nFPTop, nFPWidth, nFPHeight));
+    if (pParentWidget == nullptr) {
+        KV_LOG(key, "<%ld>-leave with ARI_INVALID_PARAMETERS due to pParentWidget == nullptr !");
+        return ARI_INVALID_PARAMETERS;
+    }
+    CS310XFPWidget &widget = fingerprintplacement::addWidget(*this, pParentWidget);
+    const int nResult = widget.SetDisplayedFPImageAt(pParentWidget, nFPLeft, nFPTop, nFPWidth, nFPHeight);
+    if (nResult != ARI_SUCCESS) {
+        KV_LOG(key, "<%ld>-leave due to m_pNewFPWidget->SetDisplayedFPImageAt() failed, nResult=%d", nResult);
+        return nResult;
+    }
+    widget.show();
+    fingerprintplacement::setAction(*this, NFPPA_SIGN_FP_DIFFERENT_WIDGET);
+    KV_LOG(key, "<%ld>-leave with ARI_SUCCESS...");
+    return ARI_SUCCESS;
+}
+
+int CS310XSignWidget::placeOnThis(const logging::Key &key, const QRect &rectangle)
+{
+    {
+        const std::lock_guard<std::mutex> writing(m_internals.pixelsLock);
+        m_NewFPRect = rectangle;
+    }
+    const int nResult = fingerprinthost::checkInside(key, rectangle, rect());
+    if (nResult != ARI_SUCCESS)
+        return nResult;
+    fingerprintplacement::setAction(*this, NFPPA_SIGN_FP_SAME_WIDGET);
+    KV_LOG(key, "<%ld>-leave with ARI_SUCCESS...");
+    return ARI_SUCCESS;
+}
+
+char *CS310XSignWidget::GetFPImageBase64Data(int nImageTypeID, bool bFPImageOnly)
+{
+    static constexpr logging::Key key{row.scope, "GetFPImageBase64Data()"};
+    KV_LOG(key, "<%ld>-enter, nImageTypeID=%d, bFPImageOnly=%d", nImageTypeID, bFPImageOnly);
+    char *pFPImageBase64Data = nullptr;
+    switch (shared::get(m_nNewFPProcessActionID)) {
+    case NFPPA_NONE:
+    case NFPPA_SIGN_FP_SAME_WIDGET: {
+        // Only for this call: Base64Encode never cuts.
+        const bool before = shared::get(m_bFPImageBase64DataOnly);
+        shared::set(m_bFPImageBase64DataOnly, bFPImageOnly);
+        pFPImageBase64Data = EncodeBase64SignImage(nImageTypeID);
+        shared::set(m_bFPImageBase64DataOnly, before);
+        break;
+    }
+    case NFPPA_SIGN_FP_DIFFERENT_WIDGET:
+        pFPImageBase64Data = fingerprintplacement::encodeHost(*this, nImageTypeID, bFPImageOnly);
+        break;
+    default:
+        break;
+    }
+    KV_LOG(key, "<%ld>-leave with pFPImageBase64Data=%lx !", logging::address(pFPImageBase64Data));
+    return pFPImageBase64Data;
+}

@@ -1,0 +1,199 @@
+/// @file
+/// What a caller asks the pad, sets on the pen, and clears.
+#ifndef DEVICESETTINGS_H
+#define DEVICESETTINGS_H
+
+#include "LogFileUtil.h"
+#include "inkpoints.h"
+#include "padmodels.h"
+#include "sharedfields.h"
+#include "signmapping.h"
+
+#include <QColor>
+
+#include <mutex>
+
+namespace devicesettings {
+
+struct State
+{
+    bool connected;
+    int maxPressure;
+};
+
+/// Writes one item about the pad; an unknown index writes nothing.
+void writeInfo(const ModelRow &model, const State &state, int nIndex, void *pOutput);
+
+/// A text query of the driver: the caller's buffer and size go through unchanged.
+template <class Operation>
+int askText(Operation operation, char *pText, int nMaxCount)
+{
+    return operation == nullptr ? ARI_FAIL : operation(pText, nMaxCount);
+}
+
+template <class Pad>
+int padId(Pad &pad, char *pPadID, int nMaxCount)
+{
+    static constexpr logging::Key key{Pad::row.scope, "GetDevicePadID()"};
+    KV_LOG(key, "<%ld>-enter, pPadID=%lx, nMaxCount=%d", logging::address(pPadID), nMaxCount);
+    const int nResult = askText(pad.m_pfn_KVSPDAPI_GetDevicePadID, pPadID, nMaxCount);
+    KV_LOG(key, "<%ld>-leave with nResult=%d", nResult);
+    return nResult;
+}
+
+template <class Pad>
+int partsVersion(Pad &pad, char *pVersion, int nMaxCount)
+{
+    static constexpr logging::Key key{Pad::row.scope, "GetDevicePartsVersion()"};
+    KV_LOG(key, "<%ld>-enter, pVersion=%lx, nMaxCount=%d", logging::address(pVersion), nMaxCount);
+    const int nResult = askText(pad.m_pfn_KVSPDAPI_GetDevicePartsVersion, pVersion, nMaxCount);
+    KV_LOG(key, "<%ld>-leave with nResult=%d", nResult);
+    return nResult;
+}
+
+template <class Pad>
+int penId(Pad &pad, char *pPenID, int nMaxCount)
+{
+    static constexpr logging::Key key{Pad::row.scope, "GetDevicePenID()"};
+    KV_LOG(key, "<%ld>-enter, pPenID=%lx, nMaxCount=%d", logging::address(pPenID), nMaxCount);
+    const int nResult = askText(pad.m_pfn_KVSPDAPI_GetDevicePenID, pPenID, nMaxCount);
+    KV_LOG(key, "<%ld>-leave with nResult=%d", nResult);
+    return nResult;
+}
+
+template <class Pad>
+int secureId(Pad &pad, char *pSecureID, int nMaxCount)
+{
+    static constexpr logging::Key key{Pad::row.scope, "GetDeviceSecureID()"};
+    KV_LOG(key, "<%ld>-enter, pSecureID=%lx, nMaxCount=%d", logging::address(pSecureID), nMaxCount);
+    const int nResult = askText(pad.m_pfn_KVSPDAPI_GetDeviceSecureID, pSecureID, nMaxCount);
+    KV_LOG(key, "<%ld>-leave with nResult=%d", nResult);
+    return nResult;
+}
+
+template <class Pad>
+int showVersion(Pad &pad, bool bOn)
+{
+    static constexpr logging::Key key{Pad::row.scope, "ShowVersionInfoOnDevice()"};
+    KV_LOG(key, "<%ld>-enter, bOn=%d", bOn);
+    const auto operation = pad.m_pfn_KVSPDAPI_ShowVersionInfoOnDevice;
+    const int nResult = operation == nullptr ? ARI_FAIL : operation(bOn);
+    KV_LOG(key, "<%ld>-leave with nResult=%d", nResult);
+    return nResult;
+}
+
+/// Switching the screen off empties the canvas too, whatever the driver answers.
+template <class Pad>
+int openLcd(Pad &pad, bool bOn)
+{
+    static constexpr logging::Key key{Pad::row.scope, "OpenDeviceLCD()"};
+    KV_LOG(key, "<%ld>-enter, bOn=%d", bOn);
+    int nResult = ARI_FAIL;
+    if (pad.m_pfn_KVSPDAPI_OpenDeviceLCD != nullptr) {
+        if (!bOn)
+            pad.ClearSignCanvas();
+        nResult = pad.m_pfn_KVSPDAPI_OpenDeviceLCD(bOn);
+    }
+    KV_LOG(key, "<%ld>-leave with nResult=%d", nResult);
+    return nResult;
+}
+
+/// Pads without a screen take the setting only with the driver's operation present, but never call it.
+template <class Pad>
+int setPenStyle(Pad &pad, bool bWithPressureValue)
+{
+    static constexpr logging::Key key{Pad::row.scope, "SetDevicePenStyle()"};
+    KV_LOG(key, "<%ld>-enter, bWithPressureValue=%d", bWithPressureValue);
+    int nResult = ARI_FAIL;
+    if (pad.m_pfn_KVSPDAPI_SetDevicePenStyle != nullptr) {
+        shared::set(pad.m_bWithPressureValue, bWithPressureValue);
+        nResult = Pad::row.model.hasScreen ? pad.m_pfn_KVSPDAPI_SetDevicePenStyle(bWithPressureValue) : ARI_SUCCESS;
+    }
+    KV_LOG(key, "<%ld>-leave with nResult=%d", nResult);
+    return nResult;
+}
+
+template <class Pad>
+int setPenWidth(Pad &pad, int nPenWidth)
+{
+    static constexpr logging::Key key{Pad::row.scope, "SetDevicePenWidth()"};
+    KV_LOG(key, "<%ld>-enter, nPenWidth=%d", nPenWidth);
+    if (nPenWidth < 1 || nPenWidth > 10) {
+        KV_LOG(key, "<%ld>-leave with ARI_INVALID_PARAMETERS since nPenWidth is out of range !");
+        return ARI_INVALID_PARAMETERS;
+    }
+    shared::set(pad.m_nSignWidthLevel, nPenWidth);
+    shared::set(pad.m_SignContext.dblSignPressureRatio,
+        signmapping::pressureRatio(Pad::row.model, nPenWidth, shared::get(pad.m_nMaxPressureValue)));
+    KV_LOG(key, "<%ld>-leave with nResult=%d", ARI_SUCCESS);
+    return ARI_SUCCESS;
+}
+
+template <class Pad>
+int setPenColor(Pad &pad, int nR, int nG, int nB)
+{
+    static constexpr logging::Key key{Pad::row.scope, "SetDevicePenColor"}; // without brackets, as logs know it
+    KV_LOG(key, "<%ld>-enter, nR=%d, nG=%d, nB=%d", nR, nG, nB);
+    {
+        const std::lock_guard<std::mutex> locked(pad.m_internals.colourLock);
+        pad.m_drawColor.setRgb(nR, nG, nB);
+    }
+    KV_LOG(key, "<%ld>-leave with nResult=%d", ARI_SUCCESS);
+    return ARI_SUCCESS;
+}
+
+template <class Pad>
+int info(Pad &pad, int nIndex, void *pOutput)
+{
+    static constexpr logging::Key key{Pad::row.scope, "GetDeviceInfo()"};
+    KV_LOG(key, "<%ld>-enter, nIndex=%d, pOutput=%lx", nIndex, logging::address(pOutput));
+    writeInfo(
+        Pad::row.model, {shared::get(pad.m_bDeviceConnected), shared::get(pad.m_nMaxPressureValue)}, nIndex, pOutput);
+    KV_LOG(key, "<%ld>-leave !");
+    return ARI_SUCCESS;
+}
+
+/// After a tap that made the pad clear itself only the mark is taken back.
+template <class Pad>
+int clearPadScreen(Pad &pad, const logging::Key &key)
+{
+    constexpr bool kWholeArea = Pad::row.tapMark == TapMark::ConfirmOrCancel;
+    if (__atomic_exchange_n(&pad.tapMark(), false, __ATOMIC_ACQ_REL)) {
+        if constexpr (kWholeArea)
+            KV_LOG(key, "<%ld>-m_bPenDownOnDeviceConfirmOrCancelArea = false, only clear UI canvas !");
+        else
+            KV_LOG(key, "<%ld>-m_bPenDownOnCancelButton = false");
+        return ARI_SUCCESS;
+    }
+    if constexpr (kWholeArea)
+        KV_LOG(key, "<%ld>-b4 call m_pfn_KVSPDAPI_ClearDeviceContent()...");
+    const int nResult = pad.m_pfn_KVSPDAPI_ClearDeviceContent();
+    if constexpr (kWholeArea)
+        KV_LOG(key, "<%ld>-after call m_pfn_KVSPDAPI_ClearDeviceContent()...");
+    return nResult;
+}
+
+/// Empties pad, canvas and points. Without the driver's operation the canvas stays, points and clip switch go.
+template <class Pad>
+int clearContent(Pad &pad)
+{
+    static constexpr logging::Key key{Pad::row.scope, "ClearDeviceContent()"};
+    KV_LOG(key, "<%ld>-enter...");
+    if constexpr (Pad::row.model.hasFingerprint && Pad::row.host == Host::Widget)
+        pad.clearFingerprintHost();
+    int nResult = ARI_FAIL;
+    if (pad.m_pfn_KVSPDAPI_ClearDeviceContent != nullptr) {
+        pad.ClearSignCanvas();
+        nResult = clearPadScreen(pad, key);
+    }
+    shared::set(pad.m_bClipImage, false);
+    inkpoints::clear(pad);
+    if constexpr (Pad::row.model.hasFingerprint && Pad::row.host == Host::Headless)
+        pad.clearFingerprintHost();
+    KV_LOG(key, "<%ld>-leave with nResult=%d", nResult);
+    return nResult;
+}
+
+} // namespace devicesettings
+
+#endif

@@ -1,0 +1,123 @@
+/// @file
+/// The frame that every exported function has: device-type check, picking the instance, forwarding.
+#ifndef EXPORTEDFRAME_H
+#define EXPORTEDFRAME_H
+
+#include "LogFileUtil.h"
+#include "cm450signobj.h"
+#include "cm450signwidget.h"
+#include "cr800signobj.h"
+#include "cr800signwidget.h"
+#include "cs210signobj.h"
+#include "cs210signwidget.h"
+#include "cs300signobj.h"
+#include "cs300signwidget.h"
+#include "cs310xsignobj.h"
+#include "cs310xsignwidget.h"
+#include "openinstance.h"
+
+#include <type_traits>
+
+namespace exported {
+
+/// A family of exported functions: its prefix in names and log keys, its device type as log lines name it.
+struct S210
+{
+    using Widget = CS210SignWidget;
+    using Obj = CS210SignObj;
+    static constexpr const char *prefix = "KVS210_";
+    static constexpr const char *deviceName = "KVS210_DEVICE";
+    static constexpr int deviceType = KVS210_DEVICE;
+};
+struct S300
+{
+    using Widget = CS300SignWidget;
+    using Obj = CS300SignObj;
+    static constexpr const char *prefix = "KVS300_";
+    static constexpr const char *deviceName = "KVS300_DEVICE";
+    static constexpr int deviceType = KVS300_DEVICE;
+};
+struct S310X
+{
+    using Widget = CS310XSignWidget;
+    using Obj = CS310XSignObj;
+    static constexpr const char *prefix = "KVS310X_";
+    static constexpr const char *deviceName = "KVS310X_DEVICE";
+    static constexpr int deviceType = KVS310X_DEVICE;
+};
+struct R800
+{
+    using Widget = CR800SignWidget;
+    using Obj = CR800SignObj;
+    static constexpr const char *prefix = "KVR800_";
+    static constexpr const char *deviceName = "KVR800_DEVICE";
+    static constexpr int deviceType = KVR800_DEVICE;
+};
+struct M450
+{
+    using Widget = CM450SignWidget;
+    using Obj = CM450SignObj;
+    static constexpr const char *prefix = "KVM450_";
+    static constexpr const char *deviceName = "KVM450_DEVICE";
+    static constexpr int deviceType = KVM450_DEVICE;
+};
+
+/// Checks the device type. For any other the leave line is written here, with the result as it names it.
+template <class Family>
+bool isOurs(const logging::Key &key, int nDeviceType, const char *result)
+{
+    if (nDeviceType == Family::deviceType)
+        return true;
+    KV_LOG(key, "<%ld>-leave with %s due to (nDeviceType != %s) !", result, Family::deviceName);
+    return false;
+}
+
+/// The same for functions without a result.
+template <class Family>
+bool isOurs(const logging::Key &key, int nDeviceType)
+{
+    if (nDeviceType == Family::deviceType)
+        return true;
+    KV_LOG(key, "<%ld>-leave due to (nDeviceType != %s) !", Family::deviceName);
+    return false;
+}
+
+/// Calls the open instance as the host that it is marked as; `otherwise` answers without one, and for an exception.
+template <class Family, class Result, class Call>
+Result forward(Result otherwise, Call call)
+{
+    if (g_pSignWidget == nullptr)
+        return otherwise;
+    try {
+        return g_bUseSignObj ? call(openinstance::as<typename Family::Obj>())
+                             : call(openinstance::as<typename Family::Widget>());
+    } catch (...) {
+        return otherwise;
+    }
+}
+
+/// The same for members without a result.
+template <class Family, class Call>
+void forwardVoid(Call call)
+{
+    forward<Family>(0, [&](auto &pad) {
+        call(pad);
+        return 0;
+    });
+}
+
+/// Calls only a headless instance; `otherwise` answers for a widget too.
+template <class Family, class Result, class Call>
+Result forwardHeadless(Result otherwise, Call call)
+{
+    return forward<Family>(otherwise, [&](auto &pad) -> Result {
+        if constexpr (std::decay_t<decltype(pad)>::row.host == Host::Headless)
+            return call(pad);
+        else
+            return otherwise;
+    });
+}
+
+} // namespace exported
+
+#endif

@@ -1,0 +1,131 @@
+/// @file
+/// InitialDevice, UnInitialDevice and the about functions, once for all families.
+#ifndef EXPORTEDLIFECYCLE_H
+#define EXPORTEDLIFECYCLE_H
+
+#include "aboutbox.h"
+#include "exportedframe.h"
+
+namespace exported {
+
+/// Ends the open instance: a headless one at once, a widget by the event loop.
+template <class Family>
+void close()
+{
+    if (g_bUseSignObj) {
+        auto *object = static_cast<typename Family::Obj *>(g_pSignWidget);
+        object->Shutdown();
+        delete object;
+        g_pSignWidget = nullptr;
+        g_bUseSignObj = false;
+    } else {
+        auto *widget = static_cast<typename Family::Widget *>(g_pSignWidget);
+        widget->Shutdown();
+        widget->hide();
+        widget->deleteLater();
+        g_pSignWidget = nullptr;
+    }
+}
+
+template <class Family>
+int UnInitialDevice(int nDeviceType)
+{
+    static constexpr logging::Key key{Family::prefix, "UnInitialDevice()"};
+    KV_LOG(key, "<%ld>-Enter, nDeviceType=%d", nDeviceType);
+    if (!isOurs<Family>(key, nDeviceType, "ARI_INVALID_PARAMETERS"))
+        return ARI_INVALID_PARAMETERS;
+    if (g_pSignWidget != nullptr)
+        close<Family>();
+    KV_LOG(key, "<%ld>-leave with ARI_SUCCESS...");
+    return ARI_SUCCESS;
+}
+
+/// Where a widget is shown in its parent.
+struct Geometry
+{
+    int x;
+    int y;
+    int width;
+    int height;
+};
+
+template <class Family>
+bool openHeadless(const Geometry &geometry)
+{
+    auto *object = new typename Family::Obj(geometry.width, geometry.height);
+    g_pSignWidget = object;
+    return object->IsDeviceConnected();
+}
+
+template <class Family>
+bool openWidget(QWidget *pParentWidget, const Geometry &geometry)
+{
+    auto *widget = new typename Family::Widget(pParentWidget);
+    g_pSignWidget = widget;
+    if (!widget->IsDeviceConnected())
+        return false;
+    widget->setGeometry(geometry.x, geometry.y, geometry.width, geometry.height);
+    widget->show();
+    return true;
+}
+
+/// Creates the instance and connects it; a failure leaves the library closed. The flag decides, not only the parent.
+template <class Family>
+bool open(QWidget *pParentWidget, const Geometry &geometry)
+{
+    bool connected = false;
+    try {
+        connected = pParentWidget != nullptr && !g_bUseSignObj ? openWidget<Family>(pParentWidget, geometry)
+                                                               : openHeadless<Family>(geometry);
+    } catch (...) {
+        connected = false;
+    }
+    if (!connected)
+        UnInitialDevice<Family>(Family::deviceType);
+    return connected;
+}
+
+template <class Family>
+bool InitialDevice(int nDeviceType, QWidget *pParentWidget, int nX, int nY, int nWidth, int nHeight)
+{
+    static constexpr logging::Key key{Family::prefix, "InitialDevice()"};
+    KV_LOG(key, "<%ld>-Enter, nDeviceType=%d, pParentWidget=%lx, nX=%d, nY=%d, nWidth=%d, nHeight=%d", nDeviceType,
+        logging::address(pParentWidget), nX, nY, nWidth, nHeight);
+    if (!isOurs<Family>(key, nDeviceType, "false"))
+        return false;
+    // In this order: without a parent even an open widget is marked as headless.
+    if (pParentWidget == nullptr)
+        g_bUseSignObj = true;
+    if (g_pSignWidget != nullptr) {
+        KV_LOG(key, "<%ld>-leave with true due to g_pSignWidget already created !");
+        return true;
+    }
+    const bool bRet = open<Family>(pParentWidget, {nX, nY, nWidth, nHeight});
+    KV_LOG(key, "<%ld>-leave with bRet=%d !", bRet);
+    return bRet;
+}
+
+template <class Family>
+void AboutBox(QWidget *pParent)
+{
+    static constexpr logging::Key key{Family::prefix, "AboutBox()"};
+    KV_LOG(key, "<%ld>-Enter...");
+    aboutbox::show(pParent);
+    KV_LOG(key, "<%ld>-leave !");
+}
+
+template <class Family>
+void GetAboutInfo(int nDeviceType, void *pOutput)
+{
+    static constexpr logging::Key key{Family::prefix, "GetAboutInfo()"};
+    KV_LOG(key, "<%ld>-enter, nDeviceType=%d", nDeviceType);
+    if (!isOurs<Family>(key, nDeviceType))
+        return;
+    if (pOutput != nullptr)
+        aboutbox::writeText(static_cast<char *>(pOutput));
+    KV_LOG(key, "<%ld>-leave !");
+}
+
+} // namespace exported
+
+#endif

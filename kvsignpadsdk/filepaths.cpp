@@ -1,0 +1,100 @@
+#include "filepaths.h"
+
+#include <QVector>
+
+#include <clocale>
+#include <cstdlib>
+#include <cstring>
+#include <cwchar>
+#include <fcntl.h>
+#include <string>
+#include <unistd.h>
+
+namespace filepaths {
+
+namespace {
+
+static_assert(sizeof(wchar_t) == sizeof(uint), "wide paths are UCS-4");
+
+bool isCharacter(uint code)
+{
+    return code <= QChar::LastValidCodePoint && !QChar::isSurrogate(code);
+}
+
+bool hasNoLocale()
+{
+    const char *locale = std::setlocale(LC_CTYPE, nullptr);
+    return locale == nullptr || std::strcmp(locale, "C") == 0 || std::strcmp(locale, "POSIX") == 0;
+}
+
+QByteArray byLocale(const QString &path)
+{
+    const std::wstring wide = path.toStdWString();
+    const size_t length = std::wcstombs(nullptr, wide.c_str(), 0);
+    if (length == static_cast<size_t>(-1))
+        return {};
+    QByteArray bytes(static_cast<int>(length), Qt::Uninitialized);
+    std::wcstombs(bytes.data(), wide.c_str(), length);
+    return bytes;
+}
+
+// Of a new file `created` becomes true.
+bool open(QFile &file, const QString &path, bool &created)
+{
+    const QByteArray name = encoded(path);
+    if (name.isEmpty())
+        return false;
+    int descriptor = ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    created = descriptor >= 0;
+    if (!created)
+        descriptor = ::open(name.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    if (descriptor < 0)
+        return false;
+    if (file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle))
+        return true;
+    ::close(descriptor);
+    return false;
+}
+
+} // namespace
+
+QString fromWide(const wchar_t *pImageFilePath)
+{
+    if (pImageFilePath == nullptr)
+        return {};
+    const auto *codes = reinterpret_cast<const uint *>(pImageFilePath);
+    const size_t length = std::wcslen(pImageFilePath);
+    for (size_t i = 0; i < length; ++i) {
+        if (!isCharacter(codes[i]))
+            return {};
+    }
+    return QString::fromUcs4(codes, static_cast<int>(length));
+}
+
+QByteArray encoded(const QString &path)
+{
+    if (path.isEmpty() || !path.isValidUtf16() || path.contains(QChar(0)))
+        return {};
+    return hasNoLocale() ? path.toUtf8() : byLocale(path);
+}
+
+bool openForWriting(QFile &file, const QString &path)
+{
+    bool created = false;
+    return open(file, path, created);
+}
+
+bool write(const QString &path, const QByteArray &bytes)
+{
+    QFile file;
+    bool created = false;
+    if (!open(file, path, created))
+        return false;
+    const bool written = file.write(bytes) == bytes.size();
+    file.close();
+    if (!written && created)
+        ::unlink(encoded(path).constData());
+    return written;
+}
+
+} // namespace filepaths

@@ -1,0 +1,187 @@
+/// @file
+/// The fingerprint: taking in the best image, the pad's picture of it, and the merge with the signature.
+#ifndef FINGERPRINT_H
+#define FINGERPRINT_H
+
+#include "LogFileUtil.h"
+#include "canvaslock.h"
+#include "padmodels.h"
+#include "sharedfields.h"
+#include "strokes.h"
+
+#include <QImage>
+#include <QRect>
+#include <QRectF>
+
+#include <cstring>
+#include <mutex>
+
+namespace fingerprint {
+
+constexpr int kPadWidth = 104; ///< of the pad's picture, two bytes a pixel
+constexpr int kPadHeight = 144;
+constexpr int kPadBytes = kPadWidth * kPadHeight * 2;
+
+/// Mean grey level of the image, rounded down.
+int threshold(const unsigned char *raw);
+
+/// Draws the image at the layer's top left: darker than the threshold red, else white. A smaller layer cuts it.
+void drawLayer(QImage &layer, const unsigned char *raw, int threshold);
+
+/// Writes the pad's picture: the top-left pixel of each 2 by 2 block, red or white as 5-6-5 colours.
+void drawPadPicture(unsigned char *picture, const unsigned char *raw, int threshold);
+
+/// Where the fingerprint stands on a canvas that gives it no place of its own: centred, half as high.
+QRectF centred(int canvasWidth, int canvasHeight);
+
+/// A rectangle by its inclusive corners, for painting.
+QRectF targetOf(const QRect &rectangle);
+
+/// Makes the canvas a copy of the ink layer.
+void copyInk(QImage &canvas, const QImage &ink);
+
+/// Ands the fingerprint, scaled to the target, into the canvas: white leaves the ink, red shows on white.
+void andInto(QImage &canvas, const QImage &print, const QRectF &target);
+
+/// Keeps the image when its score beats the best so far. Runs on the driver's thread; raw holds 59904 bytes.
+template <class Pad>
+void takeIn(Pad &pad, unsigned char *pucRawData, int nDataLength, int nScore)
+{
+    if (!shared::get(pad.m_bDeviceConnected) || pucRawData == nullptr)
+        return;
+    static constexpr logging::Key key{Pad::row.scope, "RxS310XSignPadFPRawData()"};
+    KV_LOG(key, "<%ld>-Enter, pucRawData=%lx, nDataLength=%d, nScore=%d", logging::address(pucRawData), nDataLength,
+        nScore);
+    if (nScore > shared::get(pad.m_nCurrentFPRawDataWithBestScore)) {
+        shared::set(pad.m_nCurrentFPRawDataWithBestScore, nScore);
+        const int nThresholdValue = threshold(pucRawData);
+        KV_LOG(key, "<%ld>nThresholdValue = %d", nThresholdValue);
+        {
+            const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
+            drawLayer(pad.m_FPOnlyCanvas, pucRawData, nThresholdValue);
+        }
+        const CanvasLock locked(pad.m_mutexUpdateShowFPImageRawDataOnDevice);
+        drawPadPicture(pad.m_ucShowFPImageRawDataOnDevice, pucRawData, nThresholdValue);
+        pad.m_bNewFPImageRawDataOnDeviceAvailable = true;
+    }
+    KV_LOG(key, "<%ld>-leave !");
+}
+
+/// Takes over a waiting picture for the display thread.
+template <class Pad>
+void takeNewPicture(Pad &pad)
+{
+    const CanvasLock locked(pad.m_mutexUpdateShowFPImageRawDataOnDevice);
+    pad.m_bStartShowFPImageRawDataOnDevice = pad.m_bNewFPImageRawDataOnDeviceAvailable;
+    if (pad.m_bNewFPImageRawDataOnDeviceAvailable) {
+        std::memcpy(pad.m_ucCurrentFPImageRawDataOnDevice, pad.m_ucShowFPImageRawDataOnDevice, kPadBytes);
+        pad.m_bNewFPImageRawDataOnDeviceAvailable = false;
+    }
+}
+
+/// Sends a picture that was taken over to the pad; merges it into the canvas one pass later.
+template <class Pad>
+void showPicture(Pad &pad)
+{
+    if (pad.m_bStartShowFPImageRawDataOnDevice) {
+        if (pad.m_pfn_KVSPDAPI_ShowFPImageOnDevice != nullptr) {
+            pad.m_pfn_KVSPDAPI_ShowFPImageOnDevice(
+                pad.m_ucCurrentFPImageRawDataOnDevice, kPadBytes, kPadWidth, kPadHeight, &pad.m_bGoToShutDown);
+            pad.m_bAlreadyShownFPImageRawDataOnDevice = true;
+        }
+    } else if (pad.m_bAlreadyShownFPImageRawDataOnDevice) {
+        pad.m_bAlreadyShownFPImageRawDataOnDevice = false;
+        if constexpr (Pad::row.host == Host::Headless) {
+            static constexpr logging::Key key{Pad::row.scope, "ProcessShowFPImgaeRawDataOnDevice()"};
+            KV_LOG(key, "<%ld>-b4 call MergeSignCanvasAndFPCanvas()...");
+        }
+        {
+            const CanvasLock locked(pad.m_mutexUpdateCanvas);
+            const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
+            pad.MergeSignCanvasAndFPCanvas();
+        }
+        strokes::requestRepaint(pad);
+    }
+}
+
+/// Where the merge puts the fingerprint; without `print` it adds nothing.
+struct Placement
+{
+    const QImage *print = nullptr;
+    QRectF target{0, 0, 0, 0};
+};
+
+template <class Pad>
+Placement placement(Pad &pad, const logging::Key &key)
+{
+    switch (pad.m_nNewFPProcessActionID) {
+    case NFPPA_NONE: {
+        KV_LOG(key, "<%ld>-m_nNewFPProcessActionID == NFPPA_NONE");
+        const QRectF target = centred(pad.m_canvas.width(), pad.m_canvas.height());
+        KV_LOG(key, "<%ld>-dblTargetFPHeight=%f, dblTargetFPWidth=%f", target.height(), target.width());
+        KV_LOG(key, "<%ld>-dblTargetFPX=%f, dblTargetFPY=%f", target.left(), target.top());
+        return {&pad.m_FPOnlyCanvas, target};
+    }
+    case NFPPA_SIGN_FP_SAME_WIDGET:
+        KV_LOG(key, "<%ld>-m_nNewFPProcessActionID == NFPPA_SIGN_FP_SAME_WIDGET");
+        return {&pad.m_FPOnlyCanvas, targetOf(pad.m_NewFPRect)};
+    case NFPPA_SIGN_FP_DIFFERENT_WIDGET:
+        KV_LOG(key, "<%ld>-m_nNewFPProcessActionID == NFPPA_SIGN_FP_DIFFERENT_WIDGET");
+        pad.updateFingerprintHost();
+        return {};
+    case NFPPA_FP_ON_CANVAS_FROM_JS:
+        KV_LOG(key, "<%ld>-m_nNewFPProcessActionID == NFPPA_FP_ON_CANVAS_FROM_JS");
+        return {};
+    default:
+        return {};
+    }
+}
+
+/// Composes the shown canvas from ink and fingerprint. Takes no lock: the caller holds the canvas lock and pixelsLock.
+template <class Pad>
+void merge(Pad &pad)
+{
+    static constexpr logging::Key key{Pad::row.scope, "MergeSignCanvasAndFPCanvas()"};
+    KV_LOG(key, "<%ld>-Enter...");
+    const Placement placed = placement(pad, key);
+    KV_LOG(key, "<%ld>-rcTargetFP.left=%f, top=%f, width=%f, height=%f", placed.target.left(), placed.target.top(),
+        placed.target.width(), placed.target.height());
+    KV_LOG(key, "<%ld>-rcSourceFP.left=%f, top=%f, width=%f, height=%f", 0.0, 0.0, 1.0 * kFingerprintWidth,
+        1.0 * kFingerprintHeight);
+    copyInk(pad.m_canvas, pad.m_SignCanvas);
+    if (placed.print != nullptr)
+        andInto(pad.m_canvas, *placed.print, placed.target);
+    KV_LOG(key, "<%ld>-leave !");
+}
+
+/// Ends the display thread: the flag ends its loop and a transfer that is under way.
+template <class Pad>
+void stopDisplay(Pad &pad, const logging::Key &key)
+{
+    if (pad.m_pShowFPImageOnDeviceThread == nullptr)
+        return;
+    KV_LOG(key, "<%ld>-b4 call m_pShowFPImageOnDeviceThread->quit()...");
+    shared::set(pad.m_bGoToShutDown, true);
+    pad.m_pShowFPImageOnDeviceThread->quit();
+    KV_LOG(key, "<%ld>-b4 call m_pShowFPImageOnDeviceThread->wait()...");
+    pad.m_pShowFPImageOnDeviceThread->wait();
+    delete pad.m_pShowFPImageOnDeviceThread;
+    pad.m_pShowFPImageOnDeviceThread = nullptr;
+    KV_LOG(key, "<%ld>-after call m_pShowFPImageOnDeviceThread = nullptr...");
+}
+
+/// Body of both display threads: polls until shutdown, by design without a pause.
+template <class Pad>
+void display(Pad &pad, const logging::Key &key)
+{
+    KV_LOG_INSIDE_THREAD(key, "<%ld>-enter");
+    while (!pad.AreWeGoingToShutDown()) {
+        pad.CheckIfAnyNewFPImageRawDataOnDeviceAvailable();
+        pad.ProcessShowFPImgaeRawDataOnDevice();
+    }
+    KV_LOG_INSIDE_THREAD(key, "<%ld>-Leave !");
+}
+
+} // namespace fingerprint
+
+#endif

@@ -1,0 +1,153 @@
+/// @file
+/// The signature as Base64 texts of BMP, JPEG, PNG and SVG files.
+#ifndef IMAGETEXTS_H
+#define IMAGETEXTS_H
+
+#include "LogFileUtil.h"
+#include "base64text.h"
+#include "canvaslock.h"
+#include "imagefiles.h"
+#include "inkbounds.h"
+#include "inkpoints.h"
+#include "inkrecord.h"
+#include "privatefile.h"
+#include "sharedfields.h"
+#include "svgdrawing.h"
+
+#include <QByteArray>
+#include <QImage>
+
+namespace imagetexts {
+
+/// The image as a complete file of the type, default quality; empty for an unknown type or what cannot be written.
+QByteArray encoded(QImage image, int nImageTypeID, bool transparent);
+
+/// Which part of the canvas an image text shows. Call it with the canvas locked.
+template <class Pad>
+QImage chosen(Pad &pad, bool mayCutToFingerprint)
+{
+    if (shared::get(pad.m_bClipImage))
+        return pad.m_canvas.copy(inkbounds::clipRect(pad, pad.m_canvas));
+    if constexpr (Pad::row.model.hasFingerprint && Pad::row.host == Host::Widget) {
+        if (mayCutToFingerprint && shared::get(pad.m_bFPImageBase64DataOnly)
+            && shared::get(pad.m_nNewFPProcessActionID) == NFPPA_SIGN_FP_SAME_WIDGET)
+            return pad.m_canvas.copy(pad.m_NewFPRect);
+    }
+    (void)mayCutToFingerprint;
+    return pad.m_canvas;
+}
+
+template <class Pad>
+char *encodeImage(Pad &pad, int nImageTypeID)
+{
+    static constexpr logging::Key key{Pad::row.scope, "EncodeBase64SignImage()"};
+    const CanvasLock locked(pad.m_mutexUpdateCanvas);
+    KV_LOG(key, "<%ld>-enter, nImageTypeID=%d", nImageTypeID);
+    char *pEncodeBase64Image = base64text::newText(encoded(chosen(pad, true), nImageTypeID, true));
+    KV_LOG(key, "<%ld>-leave with pEncodeBase64Image=%lx !", logging::address(pEncodeBase64Image));
+    return pEncodeBase64Image;
+}
+
+template <class Pad>
+char *encodeImageEx(Pad &pad, int nImageTypeID, bool bEnableTransparentBackground)
+{
+    static constexpr logging::Key key{Pad::row.scope, "EncodeBase64SignImageEx()"};
+    const CanvasLock locked(pad.m_mutexUpdateCanvas);
+    KV_LOG(key, "<%ld>-enter, nImageTypeID=%d, bEnableTransparentBackground=%d", nImageTypeID,
+        bEnableTransparentBackground);
+    char *pEncodeBase64Image =
+        base64text::newText(encoded(chosen(pad, false), nImageTypeID, bEnableTransparentBackground));
+    KV_LOG(key, "<%ld>-leave with pEncodeBase64Image=%lx !", logging::address(pEncodeBase64Image));
+    return pEncodeBase64Image;
+}
+
+/// Whether there is anything to encode. Without ink a fingerprint alone will do for an image, where the caller says so.
+template <class Pad>
+bool hasContent(Pad &pad, int nImageTypeID, bool fingerprintWillDo)
+{
+    if (inkpoints::count(pad) > 0)
+        return true;
+    if constexpr (Pad::row.model.hasFingerprint)
+        return fingerprintWillDo && nImageTypeID >= EBITI_BITMAP && nImageTypeID <= EBITI_PNG
+            && shared::get(pad.m_nCurrentFPRawDataWithBestScore) != 0;
+    return false;
+}
+
+/// The frame of both encoders; `encode` makes the text of an image type.
+template <class Pad, class Encode>
+char *encode(Pad &pad, const logging::Key &key, int nImageTypeID, bool fingerprintWillDo, Encode encode)
+{
+    if (!hasContent(pad, nImageTypeID, fingerprintWillDo)) {
+        KV_LOG(key, "<%ld>-leave with nullptr due to None of sign image !");
+        return nullptr;
+    }
+    char *pBase64Image = nullptr;
+    if (nImageTypeID >= EBITI_BITMAP && nImageTypeID <= EBITI_PNG)
+        pBase64Image = encode();
+    else if (nImageTypeID == EBITI_INK)
+        pBase64Image = inkrecord::newText(pad, key);
+    KV_LOG(key, "<%ld>-leave with pBase64Image=%lx !", logging::address(pBase64Image));
+    return pBase64Image;
+}
+
+template <class Pad>
+char *base64Encode(Pad &pad, int nImageTypeID)
+{
+    static constexpr logging::Key key{Pad::row.scope, "Base64Encode()"};
+    KV_LOG(key, "<%ld>-enter, nImageTypeID=%d", nImageTypeID);
+    return encode(pad, key, nImageTypeID, true, [&] { return pad.EncodeBase64SignImage(nImageTypeID); });
+}
+
+template <class Pad>
+char *base64EncodeEx(Pad &pad, int nImageTypeID, bool bEnableTransparentBackground)
+{
+    static constexpr logging::Key key{Pad::row.scope, "Base64EncodeEx()"};
+    KV_LOG(key, "<%ld>-enter, nImageTypeID=%d, bEnableTransparentBackground=%d", nImageTypeID,
+        bEnableTransparentBackground);
+    return encode(pad, key, nImageTypeID, false,
+        [&] { return pad.EncodeBase64SignImageEx(nImageTypeID, bEnableTransparentBackground); });
+}
+
+/// Frees a text; `function` names the member for the log.
+template <class Pad>
+void freeText(Pad &, const char *function, char *pEncodedData)
+{
+    const logging::Key key{Pad::row.scope, function};
+    KV_LOG(key, "<%ld>-enter, pEncodedData=%lx", logging::address(pEncodedData));
+    if (pEncodedData != nullptr) {
+        delete[] pEncodedData;
+        KV_LOG(key, "<%ld>-after call delete[] pEncodedData !");
+    }
+    KV_LOG(key, "<%ld>-leave !");
+}
+
+template <class Pad>
+char *svgText(Pad &pad)
+{
+    static constexpr logging::Key key{Pad::row.scope, "GetSVGImageBase64Data()"};
+    const int nInkCount = pad.GetTotalInkPointsNumber();
+    KV_LOG(key, "<%ld>-enter, nInkCount=%d", nInkCount);
+    if (nInkCount <= 0) {
+        KV_LOG(key, "<%ld>-leave with nullptr due to (nInkCount <= 0) !");
+        return nullptr;
+    }
+    const imagefiles::Cut cut = imagefiles::cut(pad);
+    if (cut.clipped)
+        KV_LOG(key, "<%ld>-after call CheckSignImageBoundingBox(), l=%d, t=%d, r=%d, b=%d", cut.box.left(),
+            cut.box.top(), cut.box.right(), cut.box.bottom());
+    PrivateFile file("/tmp/KVeSign.svg");
+    svgdrawing::draw(pad, file.device(), cut.image.size(), 150, cut.box.topLeft());
+    const QByteArray byteArray = file.publish();
+    KV_LOG(key, "<%ld>-byteArray size=%d", byteArray.size());
+    if constexpr (Pad::row.logsSvgFileClosed)
+        KV_LOG(key, "<%ld>-after call f.close()...");
+    int nBase64Size = 0;
+    char *pBase64Data = base64text::newText(byteArray, &nBase64Size);
+    KV_LOG(key, "<%ld>-nBase64Size=%d", nBase64Size);
+    KV_LOG(key, "<%ld>-leave with pBase64Data=%lx !", logging::address(pBase64Data));
+    return pBase64Data;
+}
+
+} // namespace imagetexts
+
+#endif

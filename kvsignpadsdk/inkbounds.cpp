@@ -1,0 +1,100 @@
+#include "inkbounds.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <limits>
+
+namespace inkbounds {
+
+namespace {
+
+constexpr QRgb kWhite = 0x00ffffff;
+
+// The pixel's text is the line's key, the side that it moved the line's value.
+[[gnu::cold, gnu::noinline]] void logChange(int x, int y, QRgb pixel, const char *side)
+{
+    std::snprintf(g_cKeyBuf, sizeof g_cKeyBuf, "[%d, %d]-<R=%d, G=%d, B=%d, A=%d> ", x, y, qRed(pixel), qGreen(pixel),
+        qBlue(pixel), qAlpha(pixel));
+    MyDebug(g_cKeyBuf, side, "\n");
+}
+
+void widen(Box &box, int x, int y, QRgb pixel)
+{
+    const auto changed = [&](const char *side) {
+        if (logging::isOn())
+            logChange(x, y, pixel, side);
+    };
+    if (x < box.left) {
+        box.left = x;
+        changed("[x < nLeft]");
+    }
+    if (x > box.right) {
+        box.right = x;
+        changed("[x > nRight]");
+    }
+    if (y < box.top) {
+        box.top = y;
+        changed("[y < nTop]");
+    }
+    if (y > box.bottom) {
+        box.bottom = y;
+        changed("[y > nBottom]");
+    }
+}
+
+int toInt(int64_t value)
+{
+    return static_cast<int>(
+        std::clamp<int64_t>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+}
+
+int lowSide(int side, int margin)
+{
+    return toInt(std::max<int64_t>(int64_t{side} - margin, 0));
+}
+
+int highSide(int side, int margin, int size)
+{
+    const int64_t widened = int64_t{side} + margin;
+    return toInt(widened < size ? widened : size - 1);
+}
+
+} // namespace
+
+Box scan(const QImage &canvas)
+{
+    Box box;
+    for (int y = 0; y < canvas.height(); ++y) {
+        const auto *row = reinterpret_cast<const QRgb *>(canvas.constScanLine(y));
+        for (int x = 0; x < canvas.width(); ++x) {
+            if ((row[x] & kWhite) != kWhite)
+                widen(box, x, y, row[x]);
+        }
+        if (logging::isOn())
+            MyDebug("<line end>", "", "\n");
+    }
+    return box;
+}
+
+QRect withMargins(const Box &box, int width, int height, int marginX, int marginY)
+{
+    return {QPoint(lowSide(box.left, marginX), lowSide(box.top, marginY)),
+        QPoint(highSide(box.right, marginX, width), highSide(box.bottom, marginY, height))};
+}
+
+void makeTransparent(QImage &image, const QColor &colour)
+{
+    const QRgb key = colour.rgba();
+    for (int y = 0; y < image.height(); ++y) {
+        auto *row = reinterpret_cast<QRgb *>(image.scanLine(y));
+        std::replace(row, row + image.width(), key, key & kWhite);
+    }
+}
+
+void makeWhiteTransparent(QImage &image)
+{
+    image.setAlphaChannel(image.createMaskFromColor(QColor(Qt::white).rgb(), Qt::MaskOutColor));
+}
+
+} // namespace inkbounds

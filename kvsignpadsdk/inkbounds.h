@@ -1,0 +1,85 @@
+/// @file
+/// Where the ink is on a canvas: bounding box, clip margins, white made transparent.
+#ifndef INKBOUNDS_H
+#define INKBOUNDS_H
+
+#include "LogFileUtil.h"
+#include "sharedfields.h"
+
+#include <QColor>
+#include <QImage>
+#include <QRect>
+
+#include <mutex>
+
+namespace inkbounds {
+
+/// Inclusive corners of the inked area, before margins. As it starts: nothing found.
+struct Box
+{
+    int left = 99999;
+    int top = 99999;
+    int right = -1;
+    int bottom = -1;
+};
+
+/// Finds the pixels whose red, green and blue are not all 255; the alpha is not looked at. Takes 32-bit images.
+Box scan(const QImage &canvas);
+
+/// The box with margins: left and top kept from going below 0, right and bottom from going beyond the canvas.
+QRect withMargins(const Box &box, int width, int height, int marginX, int marginY);
+
+/// Makes every pixel that equals the colour, alpha included, transparent. Takes 32-bit images.
+void makeTransparent(QImage &image, const QColor &colour);
+
+/// Makes pure white fully transparent and everything else fully opaque.
+void makeWhiteTransparent(QImage &image);
+
+/// A deep copy of the shown canvas, for those who may not take the canvas lock.
+template <class Pad>
+QImage snapshot(Pad &pad)
+{
+    const std::lock_guard<std::mutex> reading(pad.m_internals.pixelsLock);
+    return pad.m_canvas.copy();
+}
+
+/// The clip rectangle of a canvas by the instance's margins, with the log lines of the scan.
+template <class Pad>
+QRect clipRect(Pad &pad, const QImage &canvas)
+{
+    static constexpr logging::Key key{Pad::row.scope, "CheckSignImageBoundingBox()"};
+    KV_LOG(key, "<%ld>-Enter, nWidth=%d, nHeight=%d", canvas.width(), canvas.height());
+    const Box box = scan(canvas);
+    KV_LOG(key, "<%ld>-nLeft=%d, nRight=%d, nTop=%d, nBottom=%d", box.left, box.right, box.top, box.bottom);
+    const QRect rect = withMargins(box, canvas.width(), canvas.height(), shared::get(pad.m_nSaveImageClipMarginX),
+        shared::get(pad.m_nSaveImageClipMarginY));
+    KV_LOG(key, "<%ld>-leave with rcBoundBox.Left=%d, Right=%d, Top=%d, Bottom=%d", rect.left(), rect.right(),
+        rect.top(), rect.bottom());
+    return rect;
+}
+
+template <class Pad>
+int setClipMargin(Pad &pad, bool bClipImage, int nClipMarginX, int nClipMarginY)
+{
+    static constexpr logging::Key key{Pad::row.scope, "SetSaveClipImageMargin()"};
+    KV_LOG(key, "<%ld>-Enter, bClipImage=%d, nClipMarginX=%d, nClipMarginY=%d", bClipImage, nClipMarginX, nClipMarginY);
+    const bool clip = bClipImage && (nClipMarginX != 0 || nClipMarginY != 0);
+    shared::set(pad.m_nSaveImageClipMarginX, nClipMarginX);
+    shared::set(pad.m_nSaveImageClipMarginY, nClipMarginY);
+    shared::set(pad.m_bClipImage, clip);
+    KV_LOG(key, "<%ld>-leave with m_bClipImage=%d", clip);
+    return ARI_SUCCESS;
+}
+
+template <class Pad>
+void makeAsTransparentImage(Pad &, QImage &image, const QColor &color)
+{
+    static constexpr logging::Key key{Pad::row.scope, "MakeAsTransparentImage()"};
+    KV_LOG(key, "<%ld>-Enter, nWidth=%d, nHeight=%d", image.width(), image.height());
+    makeTransparent(image, color);
+    KV_LOG(key, "<%ld>-leave");
+}
+
+} // namespace inkbounds
+
+#endif

@@ -1,0 +1,111 @@
+#include "inkrecord.h"
+
+#include <QBuffer>
+#include <QImageReader>
+
+#include <algorithm>
+#include <cstring>
+
+namespace inkrecord {
+
+namespace {
+
+constexpr size_t kLongestPiece = size_t{1} << 26;
+
+// Larger pictures than this (a gigabyte in memory) are no signatures; refusing them keeps a forged text harmless.
+constexpr qint64 kMostPixels = qint64{1} << 28;
+
+bool isAlphabet(char c)
+{
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '+' || c == '/';
+}
+
+// Qt's decoder takes texts up to a limit; a longer one is fed to it in whole groups of four characters, without junk.
+template <class TakeBytes>
+void decodeInPieces(const char *text, TakeBytes take)
+{
+    const size_t length = std::strlen(text);
+    if (length <= kLongestPiece) {
+        take(QByteArray::fromBase64(QByteArray::fromRawData(text, static_cast<int>(length))));
+        return;
+    }
+    QByteArray piece;
+    piece.reserve(static_cast<int>(kLongestPiece));
+    for (const char *end = text + length; text != end; ++text) {
+        if (!isAlphabet(*text))
+            continue;
+        piece += *text;
+        if (static_cast<size_t>(piece.size()) == kLongestPiece) {
+            take(QByteArray::fromBase64(piece));
+            piece.resize(0);
+        }
+    }
+    take(QByteArray::fromBase64(piece));
+}
+
+// A cut JPEG loads with its missing part grey; only one whose end marker follows its last scan is whole.
+bool isWhole(const QByteArray &bytes, int nImageTypeID)
+{
+    return nImageTypeID != EBITI_JPEG || bytes.lastIndexOf("\xff\xd9") > bytes.lastIndexOf("\xff\xda");
+}
+
+} // namespace
+
+inkpoints::List decodePoints(const char *text)
+{
+    inkpoints::List points;
+    QByteArray rest;
+    decodeInPieces(text, [&](const QByteArray &bytes) {
+        rest += bytes;
+        const size_t entries = static_cast<size_t>(rest.size()) / sizeof(_POINTDATA);
+        const size_t before = points.size();
+        points.resize(before + entries);
+        if (entries > 0)
+            std::memcpy(static_cast<void *>(points.data() + before), rest.constData(), entries * sizeof(_POINTDATA));
+        rest.remove(0, static_cast<int>(entries * sizeof(_POINTDATA)));
+    });
+    return points;
+}
+
+bool decodeImage(const char *text, int nImageTypeID, const QString &path)
+{
+    const size_t length = std::strlen(text);
+    if (length > kLongestPiece * 31) // beyond what Qt's arrays hold
+        return false;
+    const QByteArray format = base64text::formatName(nImageTypeID);
+    QByteArray bytes = QByteArray::fromBase64(QByteArray::fromRawData(text, static_cast<int>(length)));
+    if (!isWhole(bytes, nImageTypeID))
+        return false;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer, format);
+    reader.setAutoDetectImageFormat(false);
+    const QSize size = reader.size();
+    if (qint64{size.width()} * size.height() > kMostPixels)
+        return false;
+    const QImage image = reader.read();
+    QByteArray written;
+    QBuffer output(&written);
+    output.open(QIODevice::WriteOnly);
+    return !image.isNull() && image.save(&output, format.constData()) && filepaths::write(path, written);
+}
+
+int field(const _POINTDATA &point, int nTypeID)
+{
+    switch (nTypeID) {
+    case INKDATATYPE_X:
+        return point.nX;
+    case INKDATATYPE_Y:
+        return point.nY;
+    case INKDATATYPE_STROKEEND: {
+        // A record may hold any byte here; it is answered as it is, and no bool of that value is ever read.
+        unsigned char strokeEnd = 0;
+        std::memcpy(&strokeEnd, reinterpret_cast<const char *>(&point) + offsetof(_POINTDATA, bStrokeEnd), 1);
+        return strokeEnd;
+    }
+    default:
+        return ARI_INK_EMPTY;
+    }
+}
+
+} // namespace inkrecord

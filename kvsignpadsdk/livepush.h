@@ -1,0 +1,44 @@
+/// @file
+/// The whole signature to the caller's receiver after every pen movement.
+#ifndef LIVEPUSH_H
+#define LIVEPUSH_H
+
+#include "LogFileUtil.h"
+#include "padmodels.h"
+#include "sharedfields.h"
+
+namespace livepush {
+
+template <class Pad>
+bool setReceiver(Pad &pad, int nType, SIGNPAD_SIGN_BASE64_DATA_CALLBACK pfnSignBase64DataCallback)
+{
+    static constexpr logging::Key key{Pad::row.scope, "SetRealTimeSignBase64DataCallback()"};
+    if constexpr (Pad::row.host == Host::Headless)
+        KV_LOG(key, "<%ld>-Enter, nType=%d, pfnSignBase64DataCallback=%x", nType,
+            logging::shortAddress(pfnSignBase64DataCallback));
+    else
+        KV_LOG(key, "<%ld>-Enter, nType=%d", nType);
+    shared::set(pad.m_nRealTimeSignBase64Data_ImageTypeID, nType);
+    shared::set(pad.m_pfnRealTimeSignBase64DataCallback, pfnSignBase64DataCallback);
+    KV_LOG(key, "<%ld>-leave with bRet = %d...", true);
+    return true;
+}
+
+/// Pushes when there is a receiver. No lock is held while the receiver runs.
+template <class Pad>
+void push(Pad &pad)
+{
+    static constexpr logging::Key key{Pad::row.scope, "CheckIfNeedToSendRealTimeSignBase64Data()"};
+    KV_LOG(key, "<%ld>-Enter...");
+    if (const auto receiver = shared::get(pad.m_pfnRealTimeSignBase64DataCallback)) {
+        if (char *text = pad.EncodeBase64SignImage(shared::get(pad.m_nRealTimeSignBase64Data_ImageTypeID))) {
+            receiver(text);
+            pad.Base64EncodeFree(text);
+        }
+    }
+    KV_LOG(key, "<%ld>-leave !");
+}
+
+} // namespace livepush
+
+#endif

@@ -1,0 +1,19 @@
+// Members of both fingerprint classes: fingerprint, fingerprintplacement.
+void RxS310XSignPadFPRawData(unsigned char *pucRawData, int nDataLength, int nScore);
+bool AreWeGoingToShutDown();
+void CheckIfAnyNewFPImageRawDataOnDeviceAvailable();
+void ProcessShowFPImgaeRawDataOnDevice();
+void MergeSignCanvasAndFPCanvas();
+char *GetFPImageBase64Data(int nImageTypeID, bool bFPImageOnly);
+void FreeFPImageBase64Data(char *pFPImageBase64Data);
+
+// For the shared templates.
+
+QImage &inkCanvas() { return m_SignCanvas; }
+QImage fingerprintLayer();
+bool hasDisplayThread() const { return m_pShowFPImageOnDeviceThread != nullptr; }
+void startDisplayThread();
+void stopDisplayThread(const logging::Key &key);
+void updateFingerprintHost();
+void clearFingerprintHost();
+void releaseFingerprintHosts();

@@ -1,0 +1,14 @@
+// The members that both fingerprint classes forward alike.
+
+void KV_PAD::RxS310XSignPadFPRawData(unsigned char *pucRawData, int nDataLength, int nScore) { fingerprint::takeIn(*this, pucRawData, nDataLength, nScore); }
+bool KV_PAD::AreWeGoingToShutDown() { return shared::get(m_bGoToShutDown); }
+void KV_PAD::CheckIfAnyNewFPImageRawDataOnDeviceAvailable() { fingerprint::takeNewPicture(*this); }
+void KV_PAD::ProcessShowFPImgaeRawDataOnDevice() { fingerprint::showPicture(*this); }
+void KV_PAD::MergeSignCanvasAndFPCanvas() { fingerprint::merge(*this); }
+void KV_PAD::FreeFPImageBase64Data(char *pFPImageBase64Data) { fingerprintplacement::freeText(*this, pFPImageBase64Data); }
+
+QImage KV_PAD::fingerprintLayer() { return fingerprintplacement::layer(*this); }
+void KV_PAD::stopDisplayThread(const logging::Key &key) { fingerprint::stopDisplay(*this, key); }
+void KV_PAD::updateFingerprintHost() { fingerprintplacement::updateHost(*this, m_FPOnlyCanvas.copy()); }
+void KV_PAD::clearFingerprintHost() { fingerprintplacement::clearHost(*this); }
+void KV_PAD::releaseFingerprintHosts() { fingerprintplacement::releaseHosts(*this); }

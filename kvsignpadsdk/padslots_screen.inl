@@ -1,0 +1,11 @@
+// Driver operations of pads with a screen.
+KVSPDAPI_Initial m_pfn_KVSPDAPI_Initial = nullptr;
+KVSPDAPI_UnInitial m_pfn_KVSPDAPI_UnInitial = nullptr;
+KVSPDAPI_OpenDeviceLCD m_pfn_KVSPDAPI_OpenDeviceLCD = nullptr;
+KVSPDAPI_ClearDeviceContent m_pfn_KVSPDAPI_ClearDeviceContent = nullptr;
+KVSPDAPI_GetDevicePenID m_pfn_KVSPDAPI_GetDevicePenID = nullptr;
+KVSPDAPI_GetDevicePadID m_pfn_KVSPDAPI_GetDevicePadID = nullptr;
+KVSPDAPI_GetDeviceSecureID m_pfn_KVSPDAPI_GetDeviceSecureID = nullptr;
+KVSPDAPI_GetDevicePartsVersion m_pfn_KVSPDAPI_GetDevicePartsVersion = nullptr;
+KVSPDAPI_ShowVersionInfoOnDevice m_pfn_KVSPDAPI_ShowVersionInfoOnDevice = nullptr;
+KVSPDAPI_SetDevicePenStyle m_pfn_KVSPDAPI_SetDevicePenStyle = nullptr;

@@ -1,0 +1,52 @@
+#include "privatefile.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+bool isOursOrFree(const QByteArray &path)
+{
+    struct stat status;
+    if (::lstat(path.constData(), &status) != 0)
+        return true;
+    return S_ISREG(status.st_mode) && status.st_uid == ::geteuid();
+}
+
+} // namespace
+
+PrivateFile::PrivateFile(const char *path)
+    : m_path(path)
+{
+    if (!isOursOrFree(m_path))
+        return;
+    QByteArray ownPath = m_path + ".XXXXXX";
+    const int descriptor = ::mkostemp(ownPath.data(), O_CLOEXEC); // mode 0600
+    if (descriptor < 0)
+        return;
+    m_ownPath = ownPath;
+    if (!m_file.open(descriptor, QIODevice::ReadWrite, QFileDevice::AutoCloseHandle))
+        ::close(descriptor);
+}
+
+PrivateFile::~PrivateFile()
+{
+    m_file.close();
+    if (!m_ownPath.isEmpty())
+        ::unlink(m_ownPath.constData());
+}
+
+QByteArray PrivateFile::publish()
+{
+    if (!m_file.isOpen() || !m_file.flush() || !isOursOrFree(m_path)
+        || ::rename(m_ownPath.constData(), m_path.constData()) != 0)
+        return {};
+    m_ownPath.clear();
+    m_file.seek(0);
+    const QByteArray bytes = m_file.readAll();
+    m_file.close();
+    return bytes;
+}

@@ -1,0 +1,50 @@
+/// @file
+/// The signing context: raw pad units to canvas pixels, raw pressure to pen width.
+#ifndef SIGNMAPPING_H
+#define SIGNMAPPING_H
+
+#include "LogFileUtil.h"
+#include "padmodels.h"
+
+#include <cstdint>
+
+/// How raw values map to the canvas. (The typedef's spelling is the interface's own.)
+typedef struct _SignContext
+{
+    int32_t nSignWndWidth; ///< canvas width in pixels
+    int32_t nSignWndHeight; ///< canvas height in pixels
+    int32_t nSignRawOffset_X; ///< raw x that maps to canvas x 0
+    int32_t nSignRawOffset_Y; ///< raw y that maps to canvas y 0
+    double dblWidthRatioOfSignWndOverSignRaw; ///< canvas pixels per raw x unit
+    double dblHeightRatioOfSignWndOverSignRaw; ///< canvas pixels per raw y unit
+    double dblSignPressureRatio; ///< pen width in pixels per raw pressure unit
+} SingContext;
+
+namespace signmapping {
+
+/// Pen width in pixels per unit of raw pressure, for a width level of 1 to 10.
+double pressureRatio(const ModelRow &model, int widthLevel, int maxPressure);
+
+/// Fills the context for a canvas of width by height pixels. Another thread may be mapping meanwhile: each field is
+/// stored as a whole, and a packet in between may see some old and some new ones.
+void fill(SingContext &context, const ModelRow &model, int width, int height, double pressureRatio);
+
+/// Maps a packet. Points outside the writing area land on its border; any int is accepted.
+void map(const SingContext &context, const ModelRow &model, int nX, int nY, int nP, double &dblX, double &dblY,
+    double &dblP);
+
+/// The instance's mapping with the log lines that one class writes.
+template <class Pad>
+void convert(Pad &pad, int nSignRawX, int nSignRawY, int nSignRawP, double &dblX, double &dblY, double &dblP)
+{
+    static constexpr logging::Key key{Pad::row.scope, "ConvertSignRawDataToSignWndData()"};
+    if constexpr (Pad::row.logsMapping)
+        KV_LOG(key, "<%ld>-enter, nSignRawX=%d, nSignRawY=%d, nSignRawP=%d", nSignRawX, nSignRawY, nSignRawP);
+    map(pad.m_SignContext, Pad::row.model, nSignRawX, nSignRawY, nSignRawP, dblX, dblY, dblP);
+    if constexpr (Pad::row.logsMapping)
+        KV_LOG(key, "<%ld>-leave !");
+}
+
+} // namespace signmapping
+
+#endif

@@ -1,0 +1,54 @@
+#include "strokes.h"
+
+#include <QPainter>
+
+namespace strokes {
+
+namespace {
+
+// Only this deprecated hint leaves pens of up to one pixel without antialiasing, as strokes have always been drawn.
+void setStrokeHint(QPainter &painter)
+{
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+    painter.setRenderHint(QPainter::HighQualityAntialiasing);
+#pragma GCC diagnostic pop
+}
+
+} // namespace
+
+QPen penFor(double width, const QColor &colour)
+{
+    QPen pen(QBrush(Qt::black, Qt::SolidPattern), width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    pen.setColor(colour);
+    return pen;
+}
+
+double fixedWidth(const ModelRow &model, int widthLevel)
+{
+    return model.widthRule == WidthRule::OwnMaximum ? widthLevel * 3.0 : widthLevel;
+}
+
+void drawLine(QPainter &painter, const QPointF &from, const QPointF &to, const QPen &pen)
+{
+    setStrokeHint(painter);
+    painter.setPen(pen);
+    painter.drawLine(QLineF(from, to));
+}
+
+void drawSegment(QImage &canvas, const QPointF &from, const QPointF &to, const QPen &pen)
+{
+    if (canvas.isNull())
+        return;
+    QPainter painter(&canvas);
+    // Of a line without length only pens of up to one pixel leave a mark.
+    if (from.x() == to.x() && from.y() == to.y() && pen.widthF() > 1.0) {
+        setStrokeHint(painter);
+        painter.setPen(pen);
+        painter.drawPoint(to);
+    } else {
+        drawLine(painter, from, to, pen);
+    }
+}
+
+} // namespace strokes
