@@ -9,7 +9,7 @@ Session::Session(const Receivers &receivers, Script script, const Timing &timing
     , m_firstPackets(std::move(firstPackets))
     , m_played(m_script.deliveries.empty())
 {
-    // Held so that the thread's first callback already finds m_thread set, which onOwnThread() reads.
+    // The thread must not call back before m_thread is set, which onOwnThread() reads.
     const std::lock_guard lock(m_mutex);
     m_thread = std::thread([this] { run(); });
 }
@@ -25,7 +25,7 @@ Session::~Session()
 
 void Session::run()
 {
-    std::unique_lock lock(m_mutex);
+    std::unique_lock lock(m_mutex); // waits for the constructor
     lock.unlock();
     deliverPackets(m_firstPackets.data(), static_cast<int>(m_firstPackets.size()));
     lock.lock();

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <system_error>
 
 namespace kvsim {
 
@@ -41,6 +42,9 @@ int Simulator::initial(int deviceType, NOTIFY_HWSIGNDATA penPacket, NOTIFY_FPDAT
     releaseEndedSessions();
     try {
         return openPad(*pad, {penPacket, pad->hasFingerprintSensor ? fingerprint : nullptr});
+    } catch (const std::system_error &error) { // the thread could not be started
+        std::fprintf(stderr, "kvsignpaddrv: %s\n", error.what());
+        return KVSPDARI_LIBUSB_CREATE_THREAD_FAIL;
     } catch (const std::exception &error) {
         std::fprintf(stderr, "kvsignpaddrv: %s\n", error.what());
         return KVSPDARI_FAILED;

@@ -226,7 +226,7 @@ TEST(GreyImage, OthersAreRefused)
 
 TEST(Trace, FillsTheWritingAreaButForItsBorder)
 {
-    std::ifstream file(KV_RECORDINGS "square.trace.txt");
+    std::ifstream file(KV_TEST_DATA "/recordings/square.trace.txt");
     const Trace trace = readTrace(file, "square");
     ASSERT_EQ(trace.about.size(), 2u);
     EXPECT_EQ(trace.about[0].second, "drawn by hand in an editor");

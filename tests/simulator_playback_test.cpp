@@ -14,7 +14,7 @@ using Clock = std::chrono::steady_clock;
 class PlaybackTest : public SimulatorTest
 {
 protected:
-    PlaybackTest() { setenv("KVSIM_RECORDING", KV_RECORDINGS "corners.kvrec", 1); }
+    PlaybackTest() { setenv("KVSIM_RECORDING", KV_TEST_DATA "/recordings/corners.kvrec", 1); }
 
     /// Opens the pad, clears it and waits for the end of the recording. Answers the time that this took.
     std::chrono::milliseconds play(int deviceType)
@@ -74,6 +74,15 @@ TEST_P(MappedPlayback, FillsTheSamePlacesOfTheModelsWritingArea)
 
 INSTANTIATE_TEST_SUITE_P(
     Models, MappedPlayback, testing::ValuesIn(kMapped), [](const auto &row) { return row.param.name; });
+
+TEST_F(PlaybackTest, PressureFollowsAVersionTextThatATestSet)
+{
+    setenv("KVSIM_SPEED", "max", 1);
+    driver.SetText("GetDevicePartsVersion", "KVT120 1.0");
+    play(KVS210_DEVICE);
+    ASSERT_EQ(received.packets.size(), 5u);
+    EXPECT_EQ(received.packets[2].pressure, 1024);
+}
 
 TEST_F(PlaybackTest, KeepsTheRecordingsTimes)
 {
@@ -231,7 +240,7 @@ protected:
     static std::string resolved(std::string text)
     {
         if (const auto at = text.find('%'); at != std::string::npos)
-            text.replace(at, 1, KV_RECORDINGS);
+            text.replace(at, 1, KV_TEST_DATA "/recordings/");
         return text;
     }
 };
