@@ -1,0 +1,107 @@
+/// @file
+/// A pad opened through its exported functions on the simulated driver, headless or in a widget.
+#ifndef OPENPAD_H
+#define OPENPAD_H
+
+#include "families.h"
+#include "simulatorcontrol.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QString>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+/// The simulated driver of the working directory, silent but for what a test sends. One handle is held for the whole
+/// process, so that what a test sets before a pad is opened stays. Each object resets it.
+class SimulatedDriver
+{
+public:
+    SimulatedDriver();
+
+    void send(const std::vector<KVSIM_PACKET> &packets);
+    void send(int x, int y, int pressure, int status) { send({{x, y, pressure, status}}); }
+    void sendFingerprint(const std::vector<unsigned char> &image, int score);
+    void setResult(const char *operation, int result);
+    void setText(const char *operation, const char *text);
+    std::string calls();
+    void forgetCalls();
+    bool isOpen();
+
+    /// Any other function of the control face.
+    void *control(const char *name);
+};
+
+/// One row of the tables over all pads: a family and a host.
+struct PadCase
+{
+    const Family *family;
+    bool headless;
+
+    const char *className() const { return headless ? family->headlessClass : family->widgetClass; }
+};
+
+void PrintTo(const PadCase &pad, std::ostream *out);
+std::string padCaseName(const testing::TestParamInfo<PadCase> &info);
+
+/// All ten pads.
+std::vector<PadCase> allPads();
+
+/// Opens in the constructor, closes in the destructor. The canvas is `width` by `height`.
+class OpenPad
+{
+public:
+    explicit OpenPad(const PadCase &pad, int width = 400, int height = 200);
+    ~OpenPad();
+    OpenPad(const OpenPad &) = delete;
+    OpenPad &operator=(const OpenPad &) = delete;
+
+    const Family *operator->() const { return m_pad.family; }
+    int type() const { return m_pad.family->type; }
+    bool isOpen() const { return m_open; }
+
+    /// The parent window and, in it, the signing widget; null for headless pads.
+    QWidget *window() const { return m_window.get(); }
+    QWidget *widget() const;
+
+    /// The shown canvas by way of the opaque BMP text. Needs at least one stored point.
+    QImage canvas() const;
+
+    SimulatedDriver driver;
+
+private:
+    PadCase m_pad;
+    std::unique_ptr<QWidget> m_window;
+    bool m_open = false;
+};
+
+/// The raw constants of a model, typed in a second time.
+struct RawArea
+{
+    int offsetX;
+    int offsetY;
+    int spanX;
+    int spanY;
+    int maxPressure;
+};
+RawArea rawArea(int deviceType);
+
+/// A stroke of moves through the given positions, each a share 0..1 of the writing area, pressures as shares of the
+/// largest; pen down at the first, pen up at the last.
+struct Share
+{
+    double x;
+    double y;
+    double pressure;
+};
+std::vector<KVSIM_PACKET> stroke(int deviceType, const std::vector<Share> &shares);
+
+/// Processes posted events and paints until nothing is left to do.
+void settle();
+
+#endif
