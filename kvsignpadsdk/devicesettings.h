@@ -78,7 +78,7 @@ int showVersion(Pad &pad, bool bOn)
     KV_LOG(key, "<%ld>-enter, bOn=%d", bOn);
     const auto operation = pad.m_pfn_KVSPDAPI_ShowVersionInfoOnDevice;
     const int nResult = operation == nullptr ? ARI_FAIL : operation(bOn);
-    KV_LOG(key, "<%ld>-leave with nResult=%d", nResult);
+    KV_LOG(key, "<%ld>-leave with nResult=%d !", nResult);
     return nResult;
 }
 
@@ -94,7 +94,7 @@ int openLcd(Pad &pad, bool bOn)
             pad.ClearSignCanvas();
         nResult = pad.m_pfn_KVSPDAPI_OpenDeviceLCD(bOn);
     }
-    KV_LOG(key, "<%ld>-leave with nResult=%d", nResult);
+    KV_LOG(key, "<%ld>-leave with nResult=%d !", nResult);
     return nResult;
 }
 
@@ -109,7 +109,7 @@ int setPenStyle(Pad &pad, bool bWithPressureValue)
         shared::set(pad.m_bWithPressureValue, bWithPressureValue);
         nResult = Pad::row.model.hasScreen ? pad.m_pfn_KVSPDAPI_SetDevicePenStyle(bWithPressureValue) : ARI_SUCCESS;
     }
-    KV_LOG(key, "<%ld>-leave with nResult=%d", nResult);
+    KV_LOG(key, "<%ld>-leave with nResult=%d !", nResult);
     return nResult;
 }
 
@@ -125,7 +125,7 @@ int setPenWidth(Pad &pad, int nPenWidth)
     shared::set(pad.m_nSignWidthLevel, nPenWidth);
     shared::set(pad.m_SignContext.dblSignPressureRatio,
         signmapping::pressureRatio(Pad::row.model, nPenWidth, shared::get(pad.m_nMaxPressureValue)));
-    KV_LOG(key, "<%ld>-leave with nResult=%d", ARI_SUCCESS);
+    KV_LOG(key, "<%ld>-leave with nResult=%d !", ARI_SUCCESS);
     return ARI_SUCCESS;
 }
 
@@ -138,7 +138,7 @@ int setPenColor(Pad &pad, int nR, int nG, int nB)
         const std::lock_guard<std::mutex> locked(pad.m_internals.colourLock);
         pad.m_drawColor.setRgb(nR, nG, nB);
     }
-    KV_LOG(key, "<%ld>-leave with nResult=%d", ARI_SUCCESS);
+    KV_LOG(key, "<%ld>-leave with nResult=%d !", ARI_SUCCESS);
     return ARI_SUCCESS;
 }
 
@@ -190,7 +190,7 @@ int clearContent(Pad &pad)
     inkpoints::clear(pad);
     if constexpr (Pad::row.model.hasFingerprint && Pad::row.host == Host::Headless)
         pad.clearFingerprintHost();
-    KV_LOG(key, "<%ld>-leave with nResult=%d", nResult);
+    KV_LOG(key, "<%ld>-leave with nResult=%d !", nResult);
     return nResult;
 }
 

@@ -125,7 +125,7 @@ int setEventCallback(Pad &pad, SIGNPAD_EVENT_CALLBACK pfnSignPadEventCallback)
     static constexpr logging::Key key{Pad::row.scope, "SetSignPadEventCallback()"};
     KV_LOG(key, "<%ld>-enter, pfnSignPadEventCallback=%lx", logging::address(pfnSignPadEventCallback));
     shared::set(pad.m_pfnSignPadEventCallback, pfnSignPadEventCallback);
-    KV_LOG(key, "<%ld>-leave with nResult=%d", ARI_SUCCESS);
+    KV_LOG(key, "<%ld>-leave with nResult=%d !", ARI_SUCCESS);
     return ARI_SUCCESS;
 }
 
@@ -136,7 +136,7 @@ int takeKeyStatus(Pad &pad)
     static constexpr logging::Key key{Pad::row.scope, "GetDeviceConfirmOrCancelKeyStatus()"};
     KV_LOG(key, "<%ld>-enter...");
     const int nStatus = __atomic_exchange_n(&pad.m_nPressDeviceConfirmOrCancelKey, -1, __ATOMIC_ACQ_REL);
-    KV_LOG(key, "<%ld>-leave with nResult=%d", nStatus);
+    KV_LOG(key, "<%ld>-leave with nResult=%d !", nStatus);
     return nStatus;
 }
 
