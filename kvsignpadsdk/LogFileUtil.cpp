@@ -1,5 +1,6 @@
 #include "LogFileUtil.h"
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -40,7 +41,7 @@ struct Narrowed
     explicit Narrowed(const wchar_t *wide)
     {
         const size_t length = std::wcstombs(text, wide, sizeof text);
-        text[length == static_cast<size_t>(-1) ? 0 : sizeof text - 1] = '\0';
+        text[length == static_cast<size_t>(-1) ? 0 : std::min(length, sizeof text - 1)] = '\0';
     }
     char text[256];
 };

@@ -43,8 +43,8 @@ public:
     QImage m_canvas;
     QColor m_drawColor = Qt::black;
     QLibrary *m_plibKVSignPadDriver = nullptr; ///< owned
-#include "padfields.inl"
 #include "padslots_plain.inl"
+#include "padfields.inl"
     QMutex m_mutexUpdateCanvas;
     bool m_bPenDownOnDeviceConfirmOrCancelArea = false; ///< tapped since the last clear
     PadInternals m_internals;

@@ -49,8 +49,8 @@ public:
     QImage m_canvas;
     QColor m_drawColor = Qt::black;
     QLibrary *m_plibKVSignPadDriver = nullptr; ///< owned
-#include "padfields.inl"
 #include "padslots_screen.inl"
+#include "padfields.inl"
     QMutex m_mutexUpdateCanvas;
     bool m_bPenDownOnCancelButton = false; ///< tapped since the last clear
     int m_nRealTimeSignBase64Data_ImageTypeID = 0;

@@ -80,8 +80,10 @@ bool open(QWidget *pParentWidget, const Geometry &geometry)
     } catch (...) {
         connected = false;
     }
-    if (!connected)
+    if (!connected) {
         UnInitialDevice<Family>(Family::deviceType);
+        g_bUseSignObj = false; // also when not even an instance could be made
+    }
     return connected;
 }
 

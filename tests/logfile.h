@@ -1,91 +1,100 @@
 /// @file
-/// The diagnostics log in a test: switched on for a while, and what was appended meanwhile.
+/// The diagnostics log as a test sees it: switched on for a scope, and what was appended to a file meanwhile.
 #ifndef LOGFILE_H
 #define LOGFILE_H
 
 #include "kvsignpadsdk_global.h"
 
+#include <algorithm>
 #include <cctype>
 #include <fstream>
+#include <ostream>
 #include <string>
 #include <vector>
 
-/// Switches the log on while it lives.
+inline constexpr char kLogFile[] = "/tmp/kvsignpadsdk.log";
+inline constexpr char kInThreadLogFile[] = "/tmp/kvsignpadsdk_inthread.log";
+
+/// Switches the log on until the end of the scope.
 class LogOn
 {
 public:
-    LogOn() { set(true); }
-    ~LogOn() { set(false); }
+    LogOn() { g_bEnableLog = true; }
+    ~LogOn() { g_bEnableLog = false; }
     LogOn(const LogOn &) = delete;
     LogOn &operator=(const LogOn &) = delete;
-
-private:
-    // As a whole: a thread of the library may be reading the switch.
-    static void set(bool on) { __atomic_store_n(&g_bEnableLog, on, __ATOMIC_RELAXED); }
 };
 
-/// What is appended to a log file from this object's construction on.
+/// A line "[key]:<tick>-text, " in its parts. A line of another form has an empty key and all of itself as its text.
+struct LogEntry
+{
+    std::string key;
+    std::string text;
+    unsigned long long tick = 0;
+
+    friend bool operator==(const LogEntry &a, const LogEntry &b) { return a.key == b.key && a.text == b.text; }
+    friend std::ostream &operator<<(std::ostream &out, const LogEntry &entry)
+    {
+        return out << '[' << entry.key << "]:" << entry.text;
+    }
+};
+
+inline LogEntry parsedLogLine(const std::string &line)
+{
+    const std::string between = "]:<";
+    const std::string end = ", ";
+    const size_t keyEnd = line.find(between);
+    if (line.empty() || line.front() != '[' || keyEnd == std::string::npos || line.size() < end.size()
+        || line.compare(line.size() - end.size(), end.size(), end) != 0)
+        return {"", line};
+    const size_t tickBegin = keyEnd + between.size();
+    const size_t tickEnd = line.find(">-", tickBegin);
+    const std::string tick = tickEnd == std::string::npos ? "" : line.substr(tickBegin, tickEnd - tickBegin);
+    if (tick.empty() || !std::all_of(tick.begin(), tick.end(), [](unsigned char c) { return std::isdigit(c) != 0; }))
+        return {"", line};
+    const size_t textBegin = tickEnd + 2;
+    return {
+        line.substr(1, keyEnd - 1), line.substr(textBegin, line.size() - end.size() - textBegin), std::stoull(tick)};
+}
+
+/// What was appended to a log file since the object was made.
 class LogTail
 {
 public:
-    explicit LogTail(const char *fileName = "/tmp/kvsignpadsdk.log")
+    explicit LogTail(const char *fileName = kLogFile)
         : m_fileName(fileName)
+        , m_begin(size())
     {
-        std::ifstream file(m_fileName, std::ios::binary | std::ios::ate);
-        if (file)
-            m_start = file.tellg();
     }
 
-    /// The lines without their line feeds, as they are.
+    /// The lines without their line feeds.
     std::vector<std::string> lines() const
     {
         std::ifstream file(m_fileName, std::ios::binary);
-        file.seekg(m_start);
-        std::vector<std::string> result;
+        file.seekg(m_begin);
+        std::vector<std::string> found;
         for (std::string line; std::getline(file, line);)
-            result.push_back(line);
-        return result;
+            found.push_back(line);
+        return found;
     }
 
-    /// The lines with "<%ld>" in place of the tick, and without the comma and blank that end each.
-    std::vector<std::string> messages() const
+    std::vector<LogEntry> entries() const
     {
-        std::vector<std::string> result = lines();
-        for (std::string &line : result) {
-            hideTick(line);
-            if (line.size() >= 2 && line.compare(line.size() - 2, 2, ", ") == 0)
-                line.resize(line.size() - 2);
-        }
-        return result;
-    }
-
-    /// The messages written under one key, without the key.
-    std::vector<std::string> messagesOf(const std::string &key) const
-    {
-        const std::string head = "[" + key + "]:";
-        std::vector<std::string> result;
-        for (const std::string &line : messages()) {
-            if (line.compare(0, head.size(), head) == 0)
-                result.push_back(line.substr(head.size()));
-        }
-        return result;
+        std::vector<LogEntry> found;
+        for (const std::string &line : lines())
+            found.push_back(parsedLogLine(line));
+        return found;
     }
 
 private:
-    static void hideTick(std::string &line)
+    std::streamoff size() const
     {
-        const size_t open = line.find("]:<");
-        if (open == std::string::npos)
-            return;
-        size_t end = open + 3;
-        while (end < line.size() && std::isdigit(static_cast<unsigned char>(line[end])))
-            ++end;
-        if (end > open + 3 && end < line.size() && line[end] == '>')
-            line.replace(open + 3, end - open - 3, "%ld");
+        std::ifstream file(m_fileName, std::ios::binary | std::ios::ate);
+        return file ? static_cast<std::streamoff>(file.tellg()) : 0;
     }
 
     std::string m_fileName;
-    std::streamoff m_start = 0;
+    std::streamoff m_begin;
 };
 
 #endif
