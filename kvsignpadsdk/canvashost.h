@@ -93,6 +93,7 @@ void resize(Pad &pad)
     fillContext(pad, width, height);
     const CanvasLock locked(pad.m_mutexUpdateCanvas);
     const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
+    pad.m_internals.brush.release();
     pad.m_canvas = grown(pad.m_canvas, width, height);
     if constexpr (Pad::row.model.hasFingerprint) {
         pad.clearCanvas(pad.m_SignCanvas, width, height);

@@ -3,6 +3,7 @@
 #ifndef PADINTERNALS_H
 #define PADINTERNALS_H
 
+#include "inkbrush.h"
 #include "repaintrequest.h"
 
 #include <mutex>
@@ -12,10 +13,12 @@ struct PadInternals
 {
     /// Held for every write to a canvas, for readers that may not take m_mutexUpdateCanvas.
     std::mutex pixelsLock;
-    /// Guards m_pPointDataList and the list behind it.
+    /// Guards m_pPointDataList and m_pDecodedPointDataList with the lists behind them.
     std::mutex inkLock;
     /// Guards m_drawColor.
     std::mutex colourLock;
+    /// Guarded by m_mutexUpdateCanvas, as the canvas that it draws on.
+    InkBrush brush;
     RepaintRequest repaint;
 };
 

@@ -4,18 +4,14 @@
 
 namespace strokes {
 
-namespace {
-
 // Only this deprecated hint leaves pens of up to one pixel without antialiasing, as strokes have always been drawn.
-void setStrokeHint(QPainter &painter)
+void setHint(QPainter &painter)
 {
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
     painter.setRenderHint(QPainter::HighQualityAntialiasing);
 #pragma GCC diagnostic pop
 }
-
-} // namespace
 
 QPen penFor(double width, const QColor &colour)
 {
@@ -29,11 +25,13 @@ double fixedWidth(const ModelRow &model, int widthLevel)
     return model.widthRule == WidthRule::OwnMaximum ? widthLevel * 3.0 : widthLevel;
 }
 
-void drawLine(QPainter &painter, const QPointF &from, const QPointF &to, const QPen &pen)
+void drawWith(QPainter &painter, const QPointF &from, const QPointF &to, double width)
 {
-    setStrokeHint(painter);
-    painter.setPen(pen);
-    painter.drawLine(QLineF(from, to));
+    // Of a line without length only pens of up to one pixel leave a mark.
+    if (from.x() == to.x() && from.y() == to.y() && width > 1.0)
+        painter.drawPoint(to);
+    else
+        painter.drawLine(QLineF(from, to));
 }
 
 void drawSegment(QImage &canvas, const QPointF &from, const QPointF &to, const QPen &pen)
@@ -41,14 +39,9 @@ void drawSegment(QImage &canvas, const QPointF &from, const QPointF &to, const Q
     if (canvas.isNull())
         return;
     QPainter painter(&canvas);
-    // Of a line without length only pens of up to one pixel leave a mark.
-    if (from.x() == to.x() && from.y() == to.y() && pen.widthF() > 1.0) {
-        setStrokeHint(painter);
-        painter.setPen(pen);
-        painter.drawPoint(to);
-    } else {
-        drawLine(painter, from, to, pen);
-    }
+    setHint(painter);
+    painter.setPen(pen);
+    drawWith(painter, from, to, pen.widthF());
 }
 
 } // namespace strokes

@@ -25,10 +25,13 @@ QPen penFor(double width, const QColor &colour);
 /// Pen width while the pressure is switched off.
 double fixedWidth(const ModelRow &model, int widthLevel);
 
-/// Draws the plain line with the hint that all strokes have.
-void drawLine(QPainter &painter, const QPointF &from, const QPointF &to, const QPen &pen);
+/// Switches on the antialiasing that strokes have.
+void setHint(QPainter &painter);
 
-/// Draws the line, or a round dot where both ends are the same point. A null canvas stays as it is.
+/// Draws with the painter's pen, which has the width: a line, or a round dot where both ends are the same point.
+void drawWith(QPainter &painter, const QPointF &from, const QPointF &to, double width);
+
+/// Draws a segment in the plain way, with a painter of its own. A null canvas stays as it is.
 void drawSegment(QImage &canvas, const QPointF &from, const QPointF &to, const QPen &pen);
 
 template <class Pad>
@@ -46,6 +49,15 @@ void requestRepaint(Pad &pad)
         pad.m_internals.repaint.make(pad);
 }
 
+/// Draws a segment on the ink canvas, which the caller has locked.
+template <class Pad>
+void drawInk(Pad &pad, const QPointF &from, const QPointF &to, double width)
+{
+    const QColor colour = drawColour(pad);
+    if (!pad.m_internals.brush.draw(pad.inkCanvas(), from, to, width, colour))
+        drawSegment(pad.inkCanvas(), from, to, penFor(width, colour));
+}
+
 /// Draws from the last point to this one, with the pen of this one. dblPressure is the mapped pressure.
 template <class Pad>
 void startSign(Pad &pad, double dblX, double dblY, double dblPressure)
@@ -58,8 +70,7 @@ void startSign(Pad &pad, double dblX, double dblY, double dblPressure)
         : fixedWidth(Pad::row.model, shared::get(pad.m_nSignWidthLevel));
     {
         const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
-        drawSegment(pad.inkCanvas(), {pad.m_dblLastSignWndX, pad.m_dblLastSignWndY}, {dblX, dblY},
-            penFor(width, drawColour(pad)));
+        drawInk(pad, {pad.m_dblLastSignWndX, pad.m_dblLastSignWndY}, {dblX, dblY}, width);
         pad.m_dblLastSignWndX = dblX;
         pad.m_dblLastSignWndY = dblY;
         if constexpr (Pad::row.model.hasFingerprint)

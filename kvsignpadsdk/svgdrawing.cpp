@@ -28,6 +28,13 @@ void setUp(QSvgGenerator &generator, QIODevice &device, const QSize &size, int n
     generator.setResolution(nDPI);
 }
 
+void drawLine(QPainter &painter, const QPointF &from, const QPointF &to, const QPen &pen)
+{
+    strokes::setHint(painter);
+    painter.setPen(pen);
+    painter.drawLine(QLineF(from, to));
+}
+
 void drawFingerprint(QPainter &painter, QImage layer, const QSize &size, int nDPI)
 {
     imagefiles::setResolution(layer, nDPI);

@@ -23,6 +23,9 @@ void setUp(QSvgGenerator &generator, QIODevice &device, const QSize &size, int n
 /// Draws the fingerprint layer centred.
 void drawFingerprint(QPainter &painter, QImage layer, const QSize &size, int nDPI);
 
+/// One line of the drawing.
+void drawLine(QPainter &painter, const QPointF &from, const QPointF &to, const QPen &pen);
+
 /// The lines: one from each point to the next of its stroke, with the later point's width. Points that end a stroke
 /// are not drawn.
 template <class Pad>
@@ -45,7 +48,7 @@ void drawPoints(Pad &pad, QPainter &painter, const inkpoints::List &points, cons
         pad.ConvertSignRawDataToSignWndData(point.nX, point.nY, point.nPressureValue, x, y, width);
         const QPointF here = clipped ? QPointF(x - origin.x(), y - origin.y()) : QPointF(x, y);
         if (drawn)
-            strokes::drawLine(painter, previous, here, strokes::penFor(withPressure ? width : fixedWidth, colour));
+            drawLine(painter, previous, here, strokes::penFor(withPressure ? width : fixedWidth, colour));
         previous = here;
         drawn = true;
     }

@@ -1,0 +1,78 @@
+/// @file
+/// A pad opened on the measuring driver, and the packets of a signature for it.
+#ifndef BENCHPAD_H
+#define BENCHPAD_H
+
+#include "kvsignpadsdk_global.h"
+#include "plain.h"
+
+#include <QWidget>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+struct Packet
+{
+    int x;
+    int y;
+    int pressure;
+    int status;
+};
+
+/// What the measurements need of a family.
+struct BenchFamily
+{
+    const char *name; ///< "S300"
+    int type;
+    int offsetX;
+    int offsetY;
+    int spanX;
+    int spanY;
+    int maxPressure;
+    double pressureRatio; ///< at width level 3
+    decltype(&KVS300_InitialDevice) open;
+    decltype(&KVS300_UnInitialDevice) close;
+    decltype(&KVS300_Clear) clear;
+};
+
+const std::vector<BenchFamily> &benchFamilies();
+const BenchFamily &benchFamily(const char *name);
+
+/// Open from construction to destruction. With `inWidget` the pad is a widget in a window of its own.
+class BenchPad
+{
+public:
+    BenchPad(const BenchFamily &family, const QSize &size, bool inWidget = false);
+    ~BenchPad();
+    BenchPad(const BenchPad &) = delete;
+    BenchPad &operator=(const BenchPad &) = delete;
+
+    void send(const Packet &packet) const { m_penPacket(packet.x, packet.y, packet.pressure, packet.status); }
+    void sign() const;
+    void takeFingerprint(int score) const;
+    void clear() const { m_family.clear(m_family.type); }
+    QWidget *widget() const;
+
+    const std::vector<Packet> &packets() const { return m_packets; }
+
+    /// The segments that the packets draw.
+    const std::vector<plain::Segment> &segments() const { return m_segments; }
+
+private:
+    const BenchFamily &m_family;
+    std::unique_ptr<QWidget> m_window;
+    NOTIFY_HWSIGNDATA m_penPacket = nullptr;
+    NOTIFY_FPDATA m_fingerprint = nullptr;
+    std::vector<Packet> m_packets;
+    std::vector<plain::Segment> m_segments;
+};
+
+/// The canvas sizes of all tables.
+const std::vector<QSize> &benchSizes();
+std::string sizeName(const QSize &size);
+
+/// A grey 208 by 288 image with ridges.
+std::vector<unsigned char> ridges();
+
+#endif

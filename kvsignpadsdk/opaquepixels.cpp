@@ -1,0 +1,56 @@
+#include "opaquepixels.h"
+
+namespace opaquepixels {
+
+namespace {
+
+constexpr QRgb kAlpha = 0xff000000;
+constexpr QRgb kOpaqueWhite = 0xffffffff;
+
+const QRgb *row(const QImage &image, int y)
+{
+    return reinterpret_cast<const QRgb *>(image.constScanLine(y));
+}
+
+} // namespace
+
+bool isOpaque(const QImage &image)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        const QRgb *pixels = row(image, y);
+        QRgb all = kOpaqueWhite;
+        for (int x = 0; x < image.width(); ++x)
+            all &= pixels[x];
+        if ((all & kAlpha) != kAlpha)
+            return false;
+    }
+    return true;
+}
+
+QImage whiteTransparent(const QImage &image)
+{
+    QImage result(image.size(), QImage::Format_ARGB32_Premultiplied);
+    QRgb all = kOpaqueWhite;
+    for (int y = 0; y < result.height(); ++y) {
+        const QRgb *from = row(image, y);
+        auto *to = reinterpret_cast<QRgb *>(result.scanLine(y));
+        QRgb rowAll = kOpaqueWhite;
+        for (int x = 0; x < result.width(); ++x) {
+            rowAll &= from[x];
+            to[x] = from[x] == kOpaqueWhite ? 0 : from[x];
+        }
+        all &= rowAll;
+    }
+    if ((all & kAlpha) != kAlpha)
+        return {};
+    result.setDotsPerMeterX(image.dotsPerMeterX());
+    result.setDotsPerMeterY(image.dotsPerMeterY());
+    return result;
+}
+
+QImage viewWithoutAlpha(const QImage &image)
+{
+    return {image.constBits(), image.width(), image.height(), image.bytesPerLine(), QImage::Format_RGB32};
+}
+
+} // namespace opaquepixels

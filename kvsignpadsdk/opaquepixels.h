@@ -1,0 +1,22 @@
+/// @file
+/// Loops over whole canvases that the compiler can vectorise. All take 32-bit images.
+#ifndef OPAQUEPIXELS_H
+#define OPAQUEPIXELS_H
+
+#include <QImage>
+
+namespace opaquepixels {
+
+/// True when every pixel's alpha is 255.
+bool isOpaque(const QImage &image);
+
+/// A copy in which pure white is fully transparent, in the premultiplied format; a null image when a pixel of the
+/// original is not opaque.
+QImage whiteTransparent(const QImage &image);
+
+/// The image's memory as an image without an alpha channel. It must not outlive or see a change of the original.
+QImage viewWithoutAlpha(const QImage &image);
+
+} // namespace opaquepixels
+
+#endif
