@@ -1,0 +1,13 @@
+# Strokes, stored points, bounds and image files.
+
+# The picture that tests draw themselves, for both faces of the library.
+add_library(kv_inkpicture OBJECT inkpicture.cpp)
+target_link_libraries(kv_inkpicture PRIVATE kv_test_pads kv_warnings)
+set(inkpicture $<TARGET_OBJECTS:kv_inkpicture>)
+
+kv_add_test(strokes_test strokes_test.cpp ${inkpicture} PADS THREADS)
+kv_add_test(recorded_signatures_test recorded_signatures_test.cpp ${inkpicture} PADS THREADS)
+kv_add_test(strokes_inside_test strokes_inside_test.cpp ${inkpicture} INSIDE)
+kv_add_test(ink_points_test ink_points_test.cpp PADS)
+kv_add_test(ink_points_inside_test ink_points_inside_test.cpp INSIDE)
+kv_add_test(ink_time_text_test ink_time_text_test.cpp INSIDE)
