@@ -33,7 +33,9 @@ void InkBrush::setPen(double width, const QColor &colour)
     QPen &pen = m_pens[m_nextPen];
     m_nextPen = 1 - m_nextPen;
     // A pen takes a negative width only when it is made.
-    if (width < 0 || pen.color() != colour || pen.capStyle() != Qt::RoundCap)
+    // A new pen takes widths that setWidthF refuses.
+    const bool mayBeSet = width >= 0 && width < 32768;
+    if (!mayBeSet || pen.color() != colour || pen.capStyle() != Qt::RoundCap)
         pen = strokes::penFor(width, colour);
     else
         pen.setWidthF(width);
