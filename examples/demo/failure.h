@@ -1,0 +1,20 @@
+/// @file
+/// What ends the demo before its time.
+#ifndef FAILURE_H
+#define FAILURE_H
+
+#include <QString>
+
+/// Something went wrong: what, and what the user can do about it.
+struct Failure
+{
+    QString what;
+    QString cure;
+};
+
+/// The user closed the demo's window.
+struct Closed
+{
+};
+
+#endif

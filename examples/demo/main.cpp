@@ -1,0 +1,128 @@
+#include "capture.h"
+#include "captureview.h"
+#include "deviceinfo.h"
+#include "extras.h"
+#include "failure.h"
+#include "fingerprints.h"
+#include "livepush.h"
+#include "outputs.h"
+#include "report.h"
+#include "settings.h"
+
+#include <QApplication>
+
+#include <cstdio>
+#include <cstring>
+#include <memory>
+
+namespace {
+
+/// What is collected on the way for the tables at the end.
+struct Findings
+{
+    std::vector<QStringList> devices;
+    std::vector<QStringList> inkRecords;
+    LivePushes pushes;
+};
+
+void capture(const Pad &pad, bool inWindow, OutputDirectory &output, Findings &findings)
+{
+    std::unique_ptr<CaptureView> view;
+    if (inWindow) {
+        view = std::make_unique<CaptureView>(pad, "sign on the pad, then tap confirm");
+        view->show();
+    }
+    const OpenedPad open(pad, view.get(), view == nullptr ? QPoint() : view->signingPosition());
+    if (&pad == &kS210)
+        startLivePush(open);
+
+    ProgressLine progress;
+    const CaptureState state = waitForConfirm(open, [&](const CaptureState &now) {
+        progress.show(QString("%1  signing...   %2").arg(pad.model, -5).arg(captureText(now)));
+        if (view != nullptr)
+            view->setStatus(captureText(now));
+        if (view != nullptr && view->isClosed())
+            throw Closed();
+    });
+    progress.finish(QString("%1  confirmed    %2").arg(pad.model, -5).arg(captureText(state)));
+
+    output.saveSignature(open, state.points);
+    findings.devices.push_back(deviceRow(open));
+    findings.inkRecords.push_back(inkRecordRow(open));
+    if (&pad == &kS210) {
+        findings.pushes = livePushes();
+        output.saveText("s210-live-push.jpg", findings.pushes.last, state.points);
+    }
+    if (view != nullptr) {
+        view->setStatus("confirmed  " + captureText(state));
+        pause(700);
+        output.saveImage(QString("%1-window.png").arg(QString(pad.model).toLower()), view->grab().toImage());
+    }
+}
+
+void runAll(bool inWindow, OutputDirectory &output, Findings &findings)
+{
+    SimulatorSettings settings;
+    for (const Pad &pad : kPads) {
+        settings.playLive(&pad == &kS310X ? "signature-finger" : "signature");
+        capture(pad, inWindow, output, findings);
+    }
+    ProgressLine progress;
+    progress.show("S210   office canvas...");
+    showOfficeCanvas(settings, output);
+    progress.finish("S210   stretched to an office document's field");
+    progress.show("S310X  fingerprint placements...");
+    showFingerprints(settings, output);
+    progress.finish("S310X  fingerprint at the centre, in a rectangle, in another window and on a canvas");
+}
+
+void printFindings(const OutputDirectory &output, const Findings &findings)
+{
+    std::puts("");
+    printTable(deviceTitles(), findings.devices);
+    std::puts("");
+    printTable(inkRecordTitles(), findings.inkRecords);
+    std::vector<QStringList> files;
+    for (const WrittenFile &file : output.files())
+        files.push_back(file.row());
+    std::puts("");
+    printTable(WrittenFile::titles(), files);
+    std::puts("");
+    if (findings.pushes.images > 0)
+        std::printf("S210 live push: %d images, %.0f a second, the last one in s210-live-push.jpg\n",
+            findings.pushes.images, findings.pushes.perSecond());
+    std::printf("Everything is in %s\n", output.directory().absolutePath().toLocal8Bit().constData());
+}
+
+int run(bool inWindow, const QString &directory)
+{
+    OutputDirectory output(directory);
+    Findings findings;
+    try {
+        runAll(inWindow, output, findings);
+    } catch (const Closed &) {
+        std::puts("The window was closed; this is what was written before.");
+    }
+    printFindings(output, findings);
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const bool inWindow = argc == 3 && std::strcmp(argv[2], "--window") == 0;
+    if (argc != 2 && !inWindow) {
+        std::fputs("usage: kv-demo OUTPUT-DIRECTORY [--window], in a directory with libkvsignpaddrv.so\n", stderr);
+        return 2;
+    }
+    const QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    try {
+        return run(inWindow, argv[1]);
+    } catch (const Failure &failure) {
+        std::fprintf(stderr, "\nThe demo failed: %s\n%s\n", failure.what.toLocal8Bit().constData(),
+            failure.cure.toLocal8Bit().constData());
+        return 1;
+    }
+}
