@@ -19,10 +19,13 @@ inline constexpr char kInThreadLogFile[] = "/tmp/kvsignpadsdk_inthread.log";
 class LogOn
 {
 public:
-    LogOn() { g_bEnableLog = true; }
-    ~LogOn() { g_bEnableLog = false; }
+    LogOn() { set(true); }
+    ~LogOn() { set(false); }
     LogOn(const LogOn &) = delete;
     LogOn &operator=(const LogOn &) = delete;
+
+    /// Threads of the library read the switch meanwhile.
+    static void set(bool on) { __atomic_store_n(&g_bEnableLog, on, __ATOMIC_RELAXED); }
 };
 
 /// A line "[key]:<tick>-text, " in its parts. A line of another form has an empty key and all of itself as its text.

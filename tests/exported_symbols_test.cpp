@@ -1,0 +1,144 @@
+// What the built library exports, what its map lists and what its headers declare are the same names.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Names = std::set<std::string>;
+
+std::string outputOf(const std::string &command)
+{
+    std::string output;
+    FILE *const pipe = popen(command.c_str(), "r");
+    if (pipe == nullptr)
+        return output;
+    char buffer[4096];
+    for (size_t count = 0; (count = fread(buffer, 1, sizeof buffer, pipe)) > 0;)
+        output.append(buffer, count);
+    EXPECT_EQ(pclose(pipe), 0) << command;
+    return output;
+}
+
+std::string contentOf(const std::string &fileName)
+{
+    std::ifstream file(fileName);
+    EXPECT_TRUE(file) << fileName;
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+Names found(const std::string &text, const char *pattern)
+{
+    const std::regex expression(pattern);
+    Names names;
+    for (std::sregex_iterator match(text.begin(), text.end(), expression), end; match != end; ++match)
+        names.insert((*match)[1]);
+    return names;
+}
+
+/// Functions and data separately, by the letter that nm gives them.
+Names exported(const char *kinds)
+{
+    std::istringstream lines(outputOf("nm -D --defined-only " KV_LIBRARY));
+    Names names;
+    std::string address;
+    std::string kind;
+    for (std::string name; lines >> address >> kind >> name;) {
+        if (std::string(kinds).find(kind) != std::string::npos)
+            names.insert(name);
+    }
+    return names;
+}
+
+#define KV_FUNCTION(family, operation) #family "_" #operation,
+const Names kFunctions = {
+#include "exportednames.inl"
+};
+
+const Names kGlobals = {"g_bEnableLog", "g_cKeyBuf", "g_cValueBuf", "g_wszKeyBuf", "g_wszValueBuf",
+    "g_cKeyBuf_InThread", "g_cValueBuf_InThread"};
+
+TEST(ExportedSymbols, AreTheFunctionsAndTheLogsGlobals)
+{
+    EXPECT_EQ(exported("T"), kFunctions);
+    EXPECT_EQ(exported("BD"), kGlobals);
+}
+
+TEST(ExportedSymbols, AreNothingElse)
+{
+    EXPECT_EQ(exported("ABbCDdGgiNnpRrSsTtuUvVwW-?").size(), 156u + 7u);
+    const std::string versions = outputOf("readelf --version-info --wide " KV_LIBRARY);
+    EXPECT_EQ(versions.find("Version definition"), std::string::npos) << "names are plain, without a version";
+}
+
+TEST(ExportedSymbols, AreCountedByFamily)
+{
+    const std::map<std::string, int> expected = {
+        {"KVS300", 31}, {"KVS210", 35}, {"KVS310X", 34}, {"KVR800", 28}, {"KVM450", 28}};
+    std::map<std::string, int> counts;
+    for (const std::string &name : exported("T"))
+        ++counts[name.substr(0, name.find('_'))];
+    EXPECT_EQ(counts, expected);
+}
+
+TEST(ExportedSymbols, AreListedInTheMapInAlphabeticalOrder)
+{
+    Names both = kFunctions;
+    both.insert(kGlobals.begin(), kGlobals.end());
+    std::istringstream lines(contentOf(KV_SOURCES "/kvsignpadsdk.map"));
+    std::vector<std::string> listed;
+    const std::regex name("\\s+(\\w+);");
+    std::smatch match;
+    for (std::string line; std::getline(lines, line);) {
+        if (std::regex_match(line, match, name))
+            listed.push_back(match[1]);
+    }
+    EXPECT_EQ(Names(listed.begin(), listed.end()), both);
+    EXPECT_EQ(listed.size(), both.size()) << "none twice";
+    EXPECT_TRUE(std::is_sorted(listed.begin(), listed.end()));
+}
+
+TEST(ExportedSymbols, AreDeclaredInTheHeaders)
+{
+    const std::string functions = contentOf(KV_SOURCES "/kvsignpadsdk.h");
+    EXPECT_EQ(found(functions, "\\b(KV[A-Z]\\d\\w*_\\w+)\\("), kFunctions);
+    const std::string log = contentOf(KV_SOURCES "/LogFileUtil.h");
+    Names globals = found(functions + log, "extern KVSIGNPADSDK_EXPORT \\w+ (\\w+)");
+    EXPECT_EQ(globals, kGlobals);
+}
+
+TEST(ExportedSymbols, TheBuffersHaveTheirSizes)
+{
+    const std::map<std::string, long> expected = {{"g_bEnableLog", 1}, {"g_cKeyBuf", 256}, {"g_cValueBuf", 256},
+        {"g_wszKeyBuf", 1024}, {"g_wszValueBuf", 1024}, {"g_cKeyBuf_InThread", 256}, {"g_cValueBuf_InThread", 256}};
+    std::istringstream lines(outputOf("nm -D -S --defined-only " KV_LIBRARY));
+    std::map<std::string, long> sizes;
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream fields(line);
+        std::string address;
+        std::string size;
+        std::string kind;
+        std::string name;
+        fields >> address >> size >> kind >> name;
+        if (name.rfind("g_", 0) == 0)
+            sizes[name] = std::stol(size, nullptr, 16);
+    }
+    EXPECT_EQ(sizes, expected);
+}
+
+TEST(ExportedSymbols, TheLibrarysNameForTheLoaderEndsIn1)
+{
+    const std::string dynamic = outputOf("readelf -d --wide " KV_LIBRARY);
+    EXPECT_NE(dynamic.find("Library soname: [libkvsignpadsdk.so.1]"), std::string::npos) << dynamic;
+    EXPECT_EQ(dynamic.find("libkvsignpaddrv"), std::string::npos) << "the driver is loaded while the program runs";
+}
+
+} // namespace

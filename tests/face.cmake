@@ -1,0 +1,14 @@
+# What a calling application sees: identifiers, exported names, the frame of every function, opening and closing, the
+# log, the about box; and inside, the shape of the ten instance classes.
+
+kv_add_test(identifiers_test identifiers_test.cpp LIBRARIES kvsignpadsdk)
+kv_add_test(one_header_test one_header_test.cpp one_header.c LIBRARIES kvsignpadsdk)
+
+kv_add_test(exported_symbols_test exported_symbols_test.cpp)
+add_dependencies(exported_symbols_test kvsignpadsdk)
+target_compile_definitions(exported_symbols_test PRIVATE
+  KV_LIBRARY="$<TARGET_FILE:kvsignpadsdk>" KV_SOURCES="${PROJECT_SOURCE_DIR}/kvsignpadsdk")
+
+foreach(name wrong_device_type_test without_instance_test argument_checks_test forwarding_test)
+  kv_add_test(${name} ${name}.cpp exportedcalls_table.cpp PADS)
+endforeach()
