@@ -65,8 +65,10 @@ char *CS310XSignObj::GetFPImageBase64Data(int nImageTypeID, bool bFPImageOnly)
     char *pFPImageBase64Data = nullptr;
     if (shared::get(m_nNewFPProcessActionID) == NFPPA_FP_ON_CANVAS_FROM_JS) {
         // The merge leaves this place alone, so it is brought up to date here.
-        if (shared::get(m_nCurrentFPRawDataWithBestScore) > 0)
-            fingerprintplacement::updateHost(*this, fingerprintLayer());
+        if (shared::get(m_nCurrentFPRawDataWithBestScore) > 0) {
+            const std::lock_guard<std::mutex> writing(m_internals.pixelsLock);
+            updateFingerprintHost();
+        }
         pFPImageBase64Data = fingerprintplacement::encodeHost(*this, nImageTypeID, bFPImageOnly);
     }
     KV_LOG(key, "<%ld>-leave with pFPImageBase64Data=%lx !", logging::address(pFPImageBase64Data));

@@ -52,14 +52,17 @@ void takeIn(Pad &pad, unsigned char *pucRawData, int nDataLength, int nScore)
     static constexpr logging::Key key{Pad::row.scope, "RxS310XSignPadFPRawData()"};
     KV_LOG(key, "<%ld>-Enter, pucRawData=%lx, nDataLength=%d, nScore=%d", logging::address(pucRawData), nDataLength,
         nScore);
-    if (nScore > shared::get(pad.m_nCurrentFPRawDataWithBestScore)) {
+    if (nScore <= shared::get(pad.m_nCurrentFPRawDataWithBestScore))
+        return;
+    const int nThresholdValue = threshold(pucRawData);
+    KV_LOG(key, "<%ld>nThresholdValue = %d", nThresholdValue);
+    {
+        // Score and layer change together, so that a clear meanwhile takes back both or neither.
+        const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
         shared::set(pad.m_nCurrentFPRawDataWithBestScore, nScore);
-        const int nThresholdValue = threshold(pucRawData);
-        KV_LOG(key, "<%ld>nThresholdValue = %d", nThresholdValue);
-        {
-            const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
-            drawLayer(pad.m_FPOnlyCanvas, pucRawData, nThresholdValue);
-        }
+        drawLayer(pad.m_FPOnlyCanvas, pucRawData, nThresholdValue);
+    }
+    {
         const CanvasLock locked(pad.m_mutexUpdateShowFPImageRawDataOnDevice);
         drawPadPicture(pad.m_ucShowFPImageRawDataOnDevice, pucRawData, nThresholdValue);
         pad.m_bNewFPImageRawDataOnDeviceAvailable = true;

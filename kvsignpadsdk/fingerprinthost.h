@@ -141,8 +141,8 @@ QImage chosen(FPHost &host)
         return host.m_canvas.copy();
     }();
     if (host.m_bClipImage)
-        return canvas.copy(inkbounds::clipRect(host, canvas));
-    return host.m_bFPImageBase64DataOnly ? canvas.copy(host.m_NewFPRect) : canvas;
+        return inkbounds::partInside(canvas, inkbounds::clipRect(host, canvas));
+    return host.m_bFPImageBase64DataOnly ? inkbounds::partInside(canvas, host.m_NewFPRect) : canvas;
 }
 
 template <class FPHost>

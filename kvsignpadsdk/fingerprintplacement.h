@@ -101,6 +101,7 @@ template <class Pad>
 char *encodeHost(Pad &pad, int nImageTypeID, bool bFPImageOnly)
 {
     char *text = nullptr;
+    const std::lock_guard<std::mutex> staying(pad.m_internals.pixelsLock);
     withHost(pad, [&](auto &host) {
         text = host.EncodeBase64SignImage(shared::get(pad.m_bClipImage), shared::get(pad.m_nSaveImageClipMarginX),
             shared::get(pad.m_nSaveImageClipMarginY), bFPImageOnly, nImageTypeID);

@@ -31,7 +31,7 @@ QImage chosen(Pad &pad, bool mayCutToFingerprint)
     if constexpr (Pad::row.model.hasFingerprint && Pad::row.host == Host::Widget) {
         if (mayCutToFingerprint && shared::get(pad.m_bFPImageBase64DataOnly)
             && shared::get(pad.m_nNewFPProcessActionID) == NFPPA_SIGN_FP_SAME_WIDGET)
-            return pad.m_canvas.copy(pad.m_NewFPRect);
+            return inkbounds::partInside(pad.m_canvas, pad.m_NewFPRect);
     }
     (void)mayCutToFingerprint;
     return pad.m_canvas;

@@ -83,6 +83,12 @@ QRect withMargins(const Box &box, int width, int height, int marginX, int margin
         QPoint(highSide(box.right, marginX, width), highSide(box.bottom, marginY, height))};
 }
 
+QImage partInside(const QImage &canvas, const QRect &rectangle)
+{
+    const QRect part = rectangle.isEmpty() ? QRect() : rectangle.intersected(canvas.rect());
+    return part.isEmpty() ? QImage() : canvas.copy(part);
+}
+
 void makeTransparent(QImage &image, const QColor &colour)
 {
     const QRgb key = colour.rgba();

@@ -29,6 +29,9 @@ Box scan(const QImage &canvas);
 /// The box with margins: left and top kept from going below 0, right and bottom from going beyond the canvas.
 QRect withMargins(const Box &box, int width, int height, int marginX, int marginY);
 
+/// The part of the canvas inside the rectangle, which may reach beyond it; a null image when there is none.
+QImage partInside(const QImage &canvas, const QRect &rectangle);
+
 /// Makes every pixel that equals the colour, alpha included, transparent. Takes 32-bit images.
 void makeTransparent(QImage &image, const QColor &colour);
 
