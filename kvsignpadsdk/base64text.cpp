@@ -2,15 +2,34 @@
 
 #include "kvsignpadsdk_global.h"
 
-#include <algorithm>
 #include <cstring>
 
 namespace base64text {
 
 namespace {
 
-// Whole groups of three bytes, small enough for Qt's int sizes.
-constexpr size_t kPiece = size_t{3} << 24;
+constexpr char kAlphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+
+// Two characters for each 12 bits, so that three bytes are two look-ups.
+struct Pairs
+{
+    constexpr Pairs()
+    {
+        for (size_t i = 0; i < 4096; ++i) {
+            text[i][0] = kAlphabet[i >> 6];
+            text[i][1] = kAlphabet[i & 63];
+        }
+    }
+    char text[4096][2] = {};
+};
+constexpr Pairs kPairs;
+
+char *writeGroup(char *to, unsigned threeBytes)
+{
+    std::memcpy(to, kPairs.text[threeBytes >> 12], 2);
+    std::memcpy(to + 2, kPairs.text[threeBytes & 4095], 2);
+    return to + 4;
+}
 
 } // namespace
 
@@ -28,19 +47,25 @@ const char *formatName(int nImageTypeID)
     }
 }
 
+char *append(char *to, const void *bytes, size_t size)
+{
+    const auto *from = static_cast<const unsigned char *>(bytes);
+    for (; size >= 3; size -= 3, from += 3)
+        to = writeGroup(to, static_cast<unsigned>(from[0] << 16 | from[1] << 8 | from[2]));
+    if (size > 0) {
+        to = writeGroup(to, static_cast<unsigned>(from[0] << 16 | (size == 2 ? from[1] << 8 : 0)));
+        to[-1] = '=';
+        if (size == 1)
+            to[-2] = '=';
+    }
+    return to;
+}
+
 char *newText(const void *bytes, size_t size, size_t &length)
 {
     length = (size + 2) / 3 * 4;
     char *text = new char[length + 1];
-    char *end = text;
-    for (size_t done = 0; done < size; done += kPiece) {
-        const size_t piece = std::min(kPiece, size - done);
-        const QByteArray part =
-            QByteArray::fromRawData(static_cast<const char *>(bytes) + done, static_cast<int>(piece)).toBase64();
-        std::memcpy(end, part.constData(), static_cast<size_t>(part.size()));
-        end += part.size();
-    }
-    *end = '\0';
+    *append(text, bytes, size) = '\0';
     return text;
 }
 

@@ -12,6 +12,9 @@ namespace base64text {
 /// Qt's name of an image type of the Base64 functions; null for any other type.
 const char *formatName(int nImageTypeID);
 
+/// Appends the text of the bytes, padded where they are no whole groups of three, without a zero. Answers its end.
+char *append(char *to, const void *bytes, size_t size);
+
 /// A new zero-terminated text (array new) of any number of bytes, and its length without the zero.
 char *newText(const void *bytes, size_t size, size_t &length);
 

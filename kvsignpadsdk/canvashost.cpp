@@ -1,5 +1,7 @@
 #include "canvashost.h"
 
+#include "opaquepixels.h"
+
 #include <QPainter>
 
 namespace canvashost {
@@ -20,9 +22,9 @@ QImage grown(const QImage &old, int width, int height)
     return canvas;
 }
 
-void show(QWidget &widget, const QImage &canvas)
+void show(QWidget &widget, const QImage &canvas, bool opaque)
 {
-    QPainter(&widget).drawImage(0, 0, canvas);
+    QPainter(&widget).drawImage(0, 0, opaque ? opaquepixels::viewWithoutAlpha(canvas) : canvas);
 }
 
 } // namespace canvashost

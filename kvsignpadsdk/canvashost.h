@@ -24,8 +24,9 @@ void clearCanvas(QImage &image, int width, int height);
 /// A white image of the size with the old one at its top left, cut where the new one is smaller.
 QImage grown(const QImage &old, int width, int height);
 
-/// Shows the whole canvas at the widget's top left. Call it in the paint handler, with the canvas locked.
-void show(QWidget &widget, const QImage &canvas);
+/// Shows the whole canvas at the widget's top left. Call it in the paint handler, with the canvas locked. A canvas that
+/// is known to be opaque is shown without looking at its alpha.
+void show(QWidget &widget, const QImage &canvas, bool opaque = false);
 
 template <class Pad>
 void fillContext(Pad &pad, int width, int height)
@@ -112,7 +113,7 @@ void paint(Pad &pad, PaintBase paintBase)
     pad.m_internals.repaint.painted();
     const CanvasLock locked(pad.m_mutexUpdateCanvas);
     paintBase();
-    show(pad, pad.m_canvas);
+    show(pad, pad.m_canvas, pad.m_internals.canvasOpacity.isOpaque(pad.m_canvas));
     KV_LOG_INSIDE_THREAD(key, "<%ld>-leave !");
 }
 

@@ -3,6 +3,7 @@
 #ifndef CS210SIGNOBJ_H
 #define CS210SIGNOBJ_H
 
+#include "liveinternals.h"
 #include "paddeclared.h"
 
 /// Registered with the driver: hands what it gets to the open instance, on the driver's thread.
@@ -56,7 +57,7 @@ public:
     int m_nRealTimeSignBase64Data_ImageTypeID = 0;
     SIGNPAD_SIGN_BASE64_DATA_CALLBACK m_pfnRealTimeSignBase64DataCallback = nullptr;
     QImage m_WPSSignCanvas; ///< null until it is given a size
-    PadInternals m_internals;
+    LiveInternals m_internals;
 };
 
 #endif

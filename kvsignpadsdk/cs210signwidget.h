@@ -3,6 +3,7 @@
 #ifndef CS210SIGNWIDGET_H
 #define CS210SIGNWIDGET_H
 
+#include "liveinternals.h"
 #include "paddeclared.h"
 
 /// Registered with the driver: hands what it gets to the open instance, on the driver's thread.
@@ -52,7 +53,7 @@ public:
     bool m_bPenDownOnCancelButton = false; ///< tapped since the last clear
     int m_nRealTimeSignBase64Data_ImageTypeID = 0;
     SIGNPAD_SIGN_BASE64_DATA_CALLBACK m_pfnRealTimeSignBase64DataCallback = nullptr;
-    PadInternals m_internals;
+    LiveInternals m_internals;
 };
 
 #endif

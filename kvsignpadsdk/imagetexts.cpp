@@ -1,14 +1,32 @@
 #include "imagetexts.h"
 
+#include "bitmapfile.h"
+
 #include <QBuffer>
 
 namespace imagetexts {
 
-QByteArray encoded(QImage image, int nImageTypeID, bool transparent)
+namespace {
+
+// Empty where Qt's own writer must be asked.
+QByteArray encodedFast(const QImage &image, int nImageTypeID, bool transparent, PngStream *kept)
+{
+    if (nImageTypeID == EBITI_BITMAP)
+        return bitmapfile::encoded(image);
+    if (nImageTypeID == EBITI_PNG && transparent)
+        return kept != nullptr ? kept->encoded(image) : PngStream(PngStream::Memory::None).encoded(image);
+    return {};
+}
+
+} // namespace
+
+QByteArray encoded(QImage image, int nImageTypeID, bool transparent, PngStream *kept)
 {
     const char *format = base64text::formatName(nImageTypeID);
-    QByteArray bytes;
     if (format == nullptr)
+        return {};
+    QByteArray bytes = encodedFast(image, nImageTypeID, transparent, kept);
+    if (!bytes.isEmpty())
         return bytes;
     if (nImageTypeID == EBITI_PNG && transparent)
         inkbounds::makeWhiteTransparent(image);

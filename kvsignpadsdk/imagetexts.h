@@ -10,6 +10,7 @@
 #include "inkbounds.h"
 #include "inkpoints.h"
 #include "inkrecord.h"
+#include "pngstream.h"
 #include "privatefile.h"
 #include "sharedfields.h"
 #include "svgdrawing.h"
@@ -20,14 +21,15 @@
 namespace imagetexts {
 
 /// The image as a complete file of the type, default quality; empty for an unknown type or what cannot be written.
-QByteArray encoded(QImage image, int nImageTypeID, bool transparent);
+/// A transparent PNG goes on from the last one of the stream, where one is kept.
+QByteArray encoded(QImage image, int nImageTypeID, bool transparent, PngStream *kept = nullptr);
 
 /// Which part of the canvas an image text shows. Call it with the canvas locked.
 template <class Pad>
 QImage chosen(Pad &pad, bool mayCutToFingerprint)
 {
     if (shared::get(pad.m_bClipImage))
-        return pad.m_canvas.copy(inkbounds::clipRect(pad, pad.m_canvas));
+        return inkbounds::partInside(pad.m_canvas, inkbounds::clipRect(pad, pad.m_canvas));
     if constexpr (Pad::row.model.hasFingerprint && Pad::row.host == Host::Widget) {
         if (mayCutToFingerprint && shared::get(pad.m_bFPImageBase64DataOnly)
             && shared::get(pad.m_nNewFPProcessActionID) == NFPPA_SIGN_FP_SAME_WIDGET)
@@ -37,13 +39,22 @@ QImage chosen(Pad &pad, bool mayCutToFingerprint)
     return pad.m_canvas;
 }
 
+/// The stream that a running live push keeps between its images.
+template <class Pad>
+PngStream *keptStream(Pad &pad)
+{
+    if constexpr (Pad::pushesLive)
+        return shared::get(pad.m_pfnRealTimeSignBase64DataCallback) != nullptr ? &pad.m_internals.livePng : nullptr;
+    return nullptr;
+}
+
 template <class Pad>
 char *encodeImage(Pad &pad, int nImageTypeID)
 {
     static constexpr logging::Key key{Pad::row.scope, "EncodeBase64SignImage()"};
     const CanvasLock locked(pad.m_mutexUpdateCanvas);
     KV_LOG(key, "<%ld>-enter, nImageTypeID=%d", nImageTypeID);
-    char *pEncodeBase64Image = base64text::newText(encoded(chosen(pad, true), nImageTypeID, true));
+    char *pEncodeBase64Image = base64text::newText(encoded(chosen(pad, true), nImageTypeID, true, keptStream(pad)));
     KV_LOG(key, "<%ld>-leave with pEncodeBase64Image=%lx !", logging::address(pEncodeBase64Image));
     return pEncodeBase64Image;
 }

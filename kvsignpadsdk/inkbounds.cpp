@@ -1,9 +1,12 @@
 #include "inkbounds.h"
 
+#include "opaquepixels.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <limits>
+#include <vector>
 
 namespace inkbounds {
 
@@ -60,9 +63,43 @@ int highSide(int side, int margin, int size)
     return toInt(widened < size ? widened : size - 1);
 }
 
+// First and last index of an element that is not 0; false when there is none.
+bool ends(const std::vector<QRgb> &values, int &first, int &last)
+{
+    const auto isSet = [](QRgb value) { return value != 0; };
+    const auto found = std::find_if(values.begin(), values.end(), isSet);
+    if (found == values.end())
+        return false;
+    first = static_cast<int>(found - values.begin());
+    last = static_cast<int>(values.rend() - std::find_if(values.rbegin(), values.rend(), isSet)) - 1;
+    return true;
+}
+
 } // namespace
 
-Box scan(const QImage &canvas)
+Box scanQuietly(const QImage &canvas)
+{
+    const int width = canvas.width();
+    std::vector<QRgb> columns(static_cast<size_t>(width));
+    std::vector<QRgb> rows(static_cast<size_t>(canvas.height()));
+    for (int y = 0; y < canvas.height(); ++y) {
+        const auto *pixels = reinterpret_cast<const QRgb *>(canvas.constScanLine(y));
+        QRgb *column = columns.data();
+        QRgb row = 0;
+        for (int x = 0; x < width; ++x) {
+            const QRgb ink = ~pixels[x] & kWhite;
+            row |= ink;
+            column[x] |= ink;
+        }
+        rows[static_cast<size_t>(y)] = row;
+    }
+    Box box;
+    if (ends(columns, box.left, box.right))
+        ends(rows, box.top, box.bottom);
+    return box;
+}
+
+Box scanLogged(const QImage &canvas)
 {
     Box box;
     for (int y = 0; y < canvas.height(); ++y) {
@@ -75,6 +112,11 @@ Box scan(const QImage &canvas)
             MyDebug("<line end>", "", "\n");
     }
     return box;
+}
+
+Box scan(const QImage &canvas)
+{
+    return logging::isOn() ? scanLogged(canvas) : scanQuietly(canvas);
 }
 
 QRect withMargins(const Box &box, int width, int height, int marginX, int marginY)
@@ -98,9 +140,18 @@ void makeTransparent(QImage &image, const QColor &colour)
     }
 }
 
-void makeWhiteTransparent(QImage &image)
+void makeWhiteTransparentPlainly(QImage &image)
 {
     image.setAlphaChannel(image.createMaskFromColor(QColor(Qt::white).rgb(), Qt::MaskOutColor));
+}
+
+void makeWhiteTransparent(QImage &image)
+{
+    const QImage fast = image.format() == QImage::Format_ARGB32 ? opaquepixels::whiteTransparent(image) : QImage();
+    if (!fast.isNull())
+        image = fast;
+    else
+        makeWhiteTransparentPlainly(image);
 }
 
 } // namespace inkbounds

@@ -26,6 +26,10 @@ struct Box
 /// Finds the pixels whose red, green and blue are not all 255; the alpha is not looked at. Takes 32-bit images.
 Box scan(const QImage &canvas);
 
+/// The same pixel by pixel with a log line for each change, and all rows and columns at once without a line.
+Box scanLogged(const QImage &canvas);
+Box scanQuietly(const QImage &canvas);
+
 /// The box with margins: left and top kept from going below 0, right and bottom from going beyond the canvas.
 QRect withMargins(const Box &box, int width, int height, int marginX, int marginY);
 
@@ -37,6 +41,9 @@ void makeTransparent(QImage &image, const QColor &colour);
 
 /// Makes pure white fully transparent and everything else fully opaque.
 void makeWhiteTransparent(QImage &image);
+
+/// The same with Qt's mask, for images of any kind.
+void makeWhiteTransparentPlainly(QImage &image);
 
 /// A deep copy of the shown canvas, for those who may not take the canvas lock.
 template <class Pad>

@@ -51,6 +51,17 @@ bool isWhole(const QByteArray &bytes, int nImageTypeID)
 
 } // namespace
 
+char *textOf(const void *points, size_t count, size_t &length)
+{
+    static_assert(sizeof(_POINTDATA) % 3 == 0, "the terminator has a group of its own");
+    const size_t size = count * sizeof(_POINTDATA);
+    length = size / 3 * 4 + 4;
+    char *text = new char[length + 1];
+    char *end = base64text::append(base64text::append(text, points, size), "\0", 1);
+    *end = '\0';
+    return text;
+}
+
 inkpoints::List decodePoints(const char *text)
 {
     inkpoints::List points;

@@ -9,8 +9,12 @@
 #include "inkpoints.h"
 
 #include <cstddef>
+#include <mutex>
 
 namespace inkrecord {
+
+/// A new zero-terminated text of the points and the terminator, and its length.
+char *textOf(const void *points, size_t count, size_t &length);
 
 /// The points of a record's Base64 text; characters outside the alphabet are skipped, an incomplete entry at the end
 /// is left out.
@@ -23,20 +27,28 @@ bool decodeImage(const char *text, int nImageTypeID, const QString &path);
 /// One field of a point; ARI_INK_EMPTY for an unknown field.
 int field(const _POINTDATA &point, int nTypeID);
 
-/// 24 bytes a point as stored, then one byte 0.
+/// The record's text from the store as it is, 24 bytes a point and one byte 0. The store is locked meanwhile.
 template <class Pad>
 char *newText(Pad &pad, const logging::Key &key)
 {
-    inkpoints::List points = inkpoints::snapshot(pad);
-    const size_t ulInkCount = points.size();
+    const std::lock_guard<std::mutex> locked(pad.m_internals.inkLock);
+    const void *pTotalPtsData = pad.m_pPointDataList->data();
+    const size_t ulInkCount = pad.m_pPointDataList->size();
     const size_t ulTotalPtsDataSize = ulInkCount * sizeof(_POINTDATA) + 1;
-    points.push_back({}); // its first byte is the terminator
-    KV_LOG(key, "<%ld>-pTotalPtsData=%lx, ulInkCount=%ld, ulTotalPtsDataSize=%ld", logging::address(points.data()),
+    KV_LOG(key, "<%ld>-pTotalPtsData=%lx, ulInkCount=%ld, ulTotalPtsDataSize=%ld", logging::address(pTotalPtsData),
         static_cast<long>(ulInkCount), static_cast<long>(ulTotalPtsDataSize));
     size_t ulnBase64TotalPtsDataSize = 0;
-    char *text = base64text::newText(points.data(), ulTotalPtsDataSize, ulnBase64TotalPtsDataSize);
+    char *text = textOf(pTotalPtsData, ulInkCount, ulnBase64TotalPtsDataSize);
     KV_LOG(key, "<%ld>-ulnBase64TotalPtsDataSize=%ld", static_cast<long>(ulnBase64TotalPtsDataSize));
     return text;
+}
+
+/// The decoded points have inkLock too: a receiver on the driver's thread may ask for them.
+template <class Pad>
+void setDecoded(Pad &pad, inkpoints::List points)
+{
+    const std::lock_guard<std::mutex> locked(pad.m_internals.inkLock);
+    pad.m_pDecodedPointDataList->swap(points);
 }
 
 template <class Pad>
@@ -45,10 +57,10 @@ int decode(Pad &pad, int nImageTypeID, const char *pEncodedData, wchar_t *pImage
     static constexpr logging::Key key{Pad::row.scope, "Base64Decode()"};
     KV_LOG_WIDE(
         key, "<%ld>-enter, nImageTypeID=%d, pImageFilePath=%x", nImageTypeID, logging::shortAddress(pImageFilePath));
-    inkpoints::List().swap(*pad.m_pDecodedPointDataList);
+    setDecoded(pad, {});
     int nResult = ARI_INK_EMPTY;
     if (nImageTypeID == EBITI_INK) {
-        *pad.m_pDecodedPointDataList = decodePoints(pEncodedData);
+        setDecoded(pad, decodePoints(pEncodedData));
         nResult = ARI_SUCCESS;
     } else if (base64text::formatName(nImageTypeID) != nullptr
         && decodeImage(pEncodedData, nImageTypeID, filepaths::fromWide(pImageFilePath))) {
@@ -58,10 +70,16 @@ int decode(Pad &pad, int nImageTypeID, const char *pEncodedData, wchar_t *pImage
     return nResult;
 }
 
+/// Number of decoded points; copies the one at the index out if there is one.
 template <class Pad>
-size_t decodedCount(const Pad &pad)
+size_t decodedAt(Pad &pad, int nIndex, _POINTDATA &point)
 {
-    return pad.m_pDecodedPointDataList == nullptr ? 0 : pad.m_pDecodedPointDataList->size();
+    const std::lock_guard<std::mutex> locked(pad.m_internals.inkLock);
+    const inkpoints::List *list = pad.m_pDecodedPointDataList;
+    const size_t count = list == nullptr ? 0 : list->size();
+    if (nIndex >= 0 && static_cast<size_t>(nIndex) < count)
+        point = (*list)[static_cast<size_t>(nIndex)];
+    return count;
 }
 
 template <class Pad>
@@ -69,7 +87,8 @@ int totalDecoded(Pad &pad)
 {
     static constexpr logging::Key key{Pad::row.scope, "GetTotalDecodeInkPointsNumber()"};
     KV_LOG(key, "<%ld>-enter...");
-    const size_t points = decodedCount(pad);
+    _POINTDATA unused{};
+    const size_t points = decodedAt(pad, -1, unused);
     const int nDecodedInkCount = points == 0 ? ARI_INK_EMPTY : static_cast<int>(points);
     KV_LOG(key, "<%ld>-leave with nDecodedInkCount=%d", nDecodedInkCount);
     return nDecodedInkCount;
@@ -80,7 +99,8 @@ int decodedData(Pad &pad, int nIndex, int nTypeID)
 {
     static constexpr logging::Key key{Pad::row.scope, "GetDecodeInkPointData()"};
     KV_LOG(key, "<%ld>-enter, nIndex=%d, nTypeID=%d", nIndex, nTypeID);
-    const size_t nDecodedInkCount = decodedCount(pad);
+    _POINTDATA point{};
+    const size_t nDecodedInkCount = decodedAt(pad, nIndex, point);
     int nInkPointData = ARI_INK_EMPTY;
     if (nDecodedInkCount > 0) {
         if (nIndex < 0 || static_cast<size_t>(nIndex) >= nDecodedInkCount) {
@@ -88,7 +108,7 @@ int decodedData(Pad &pad, int nIndex, int nTypeID)
                 key, "<%ld>-leave with ARI_INVALID_PARAMETERS due to (nIndex < 0) || (nIndex >= nDecodedInkCount) !");
             return ARI_INVALID_PARAMETERS;
         }
-        nInkPointData = field((*pad.m_pDecodedPointDataList)[static_cast<size_t>(nIndex)], nTypeID);
+        nInkPointData = field(point, nTypeID);
     }
     KV_LOG(key, "<%ld>-leave with nInkPointData=%d", nInkPointData);
     return nInkPointData;

@@ -53,4 +53,14 @@ QImage viewWithoutAlpha(const QImage &image)
     return {image.constBits(), image.width(), image.height(), image.bytesPerLine(), QImage::Format_RGB32};
 }
 
+bool Memo::isOpaque(const QImage &image)
+{
+    if (image.constBits() != m_bits || image.cacheKey() != m_key) {
+        m_bits = image.constBits();
+        m_key = image.cacheKey();
+        m_opaque = image.format() == QImage::Format_ARGB32 && opaquepixels::isOpaque(image);
+    }
+    return m_opaque;
+}
+
 } // namespace opaquepixels

@@ -17,6 +17,19 @@ QImage whiteTransparent(const QImage &image);
 /// The image's memory as an image without an alpha channel. It must not outlive or see a change of the original.
 QImage viewWithoutAlpha(const QImage &image);
 
+/// Remembers whether an image is opaque. Drawing on views of its memory keeps that and does not count as a change;
+/// every change through the image itself does.
+class Memo
+{
+public:
+    bool isOpaque(const QImage &image);
+
+private:
+    const uchar *m_bits = nullptr;
+    qint64 m_key = 0;
+    bool m_opaque = false;
+};
+
 } // namespace opaquepixels
 
 #endif

@@ -4,6 +4,7 @@
 #define PADINTERNALS_H
 
 #include "inkbrush.h"
+#include "opaquepixels.h"
 #include "repaintrequest.h"
 
 #include <mutex>
@@ -17,8 +18,9 @@ struct PadInternals
     std::mutex inkLock;
     /// Guards m_drawColor.
     std::mutex colourLock;
-    /// Guarded by m_mutexUpdateCanvas, as the canvas that it draws on.
+    // Both guarded by m_mutexUpdateCanvas, as the canvas is.
     InkBrush brush;
+    opaquepixels::Memo canvasOpacity;
     RepaintRequest repaint;
 };
 

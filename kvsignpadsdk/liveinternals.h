@@ -1,0 +1,15 @@
+/// @file
+/// What the classes with a live push keep beyond the internals of every instance.
+#ifndef LIVEINTERNALS_H
+#define LIVEINTERNALS_H
+
+#include "padinternals.h"
+#include "pngstream.h"
+
+struct LiveInternals : PadInternals
+{
+    /// Encodes the pushed PNG images; guarded by m_mutexUpdateCanvas.
+    PngStream livePng {PngStream::Memory::BetweenImages};
+};
+
+#endif
