@@ -12,6 +12,14 @@ namespace {
 constexpr QRgb kRed = 0xffff0000;
 constexpr QRgb kWhite = 0xffffffff;
 
+void copyInk(QImage &canvas, const QImage &ink)
+{
+    if (canvas.size() != ink.size() || canvas.format() != ink.format())
+        canvas = ink.copy();
+    else if (!ink.isNull())
+        std::memcpy(canvas.bits(), ink.constBits(), static_cast<size_t>(ink.sizeInBytes()));
+}
+
 } // namespace
 
 int threshold(const unsigned char *raw)
@@ -56,14 +64,6 @@ QRectF targetOf(const QRect &rectangle)
         1.0 * rectangle.bottom() - rectangle.top() + 1};
 }
 
-void copyInk(QImage &canvas, const QImage &ink)
-{
-    if (canvas.size() != ink.size() || canvas.format() != ink.format())
-        canvas = ink.copy();
-    else if (!ink.isNull())
-        std::memcpy(canvas.bits(), ink.constBits(), static_cast<size_t>(ink.sizeInBytes()));
-}
-
 void andInto(QImage &canvas, const QImage &print, const QRectF &target)
 {
     if (canvas.isNull())
@@ -71,6 +71,13 @@ void andInto(QImage &canvas, const QImage &print, const QRectF &target)
     QPainter painter(&canvas);
     painter.setCompositionMode(QPainter::RasterOp_SourceAndDestination);
     painter.drawImage(target, print, QRectF(0, 0, kFingerprintWidth, kFingerprintHeight));
+}
+
+void mergeWhole(const MergeCache::Parts &parts)
+{
+    copyInk(parts.canvas, parts.ink);
+    if (parts.print != nullptr)
+        andInto(parts.canvas, *parts.print, parts.target);
 }
 
 } // namespace fingerprint

@@ -5,6 +5,7 @@
 
 #include "LogFileUtil.h"
 #include "canvaslock.h"
+#include "mergecache.h"
 #include "padmodels.h"
 #include "sharedfields.h"
 #include "strokes.h"
@@ -37,8 +38,8 @@ QRectF centred(int canvasWidth, int canvasHeight);
 /// A rectangle by its inclusive corners, for painting.
 QRectF targetOf(const QRect &rectangle);
 
-/// Makes the canvas a copy of the ink layer.
-void copyInk(QImage &canvas, const QImage &ink);
+/// Makes the canvas a copy of the ink, with the fingerprint anded into the target.
+void mergeWhole(const MergeCache::Parts &parts);
 
 /// Ands the fingerprint, scaled to the target, into the canvas: white leaves the ink, red shows on white.
 void andInto(QImage &canvas, const QImage &print, const QRectF &target);
@@ -151,9 +152,11 @@ void merge(Pad &pad)
         placed.target.width(), placed.target.height());
     KV_LOG(key, "<%ld>-rcSourceFP.left=%f, top=%f, width=%f, height=%f", 0.0, 0.0, 1.0 * kFingerprintWidth,
         1.0 * kFingerprintHeight);
-    copyInk(pad.m_canvas, pad.m_SignCanvas);
-    if (placed.print != nullptr)
-        andInto(pad.m_canvas, *placed.print, placed.target);
+    const MergeCache::Parts parts{pad.m_canvas, pad.m_SignCanvas, placed.print, placed.target};
+    if (!pad.m_internals.mergeCache.mergeSegment(parts)) {
+        mergeWhole(parts);
+        pad.m_internals.mergeCache.mergedWhole(parts);
+    }
     KV_LOG(key, "<%ld>-leave !");
 }
 

@@ -3,6 +3,7 @@
 #ifndef FINGERPRINTINTERNALS_H
 #define FINGERPRINTINTERNALS_H
 
+#include "mergecache.h"
 #include "padinternals.h"
 
 #include <memory>
@@ -18,6 +19,8 @@ struct FingerprintInternals : PadInternals
 
     /// Every living fingerprint widget that the instance made, the newest last; guarded by pixelsLock.
     std::vector<CS310XFPWidget *> widgets;
+    /// Guarded by m_mutexUpdateCanvas.
+    MergeCache mergeCache;
     /// In place of a widget, where the process cannot have one.
     std::unique_ptr<FingerprintCanvas> canvas;
 };

@@ -5,6 +5,7 @@
 
 #include "LogFileUtil.h"
 #include "canvaslock.h"
+#include "mergecache.h"
 #include "padmodels.h"
 #include "sharedfields.h"
 
@@ -70,11 +71,14 @@ void startSign(Pad &pad, double dblX, double dblY, double dblPressure)
         : fixedWidth(Pad::row.model, shared::get(pad.m_nSignWidthLevel));
     {
         const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
-        drawInk(pad, {pad.m_dblLastSignWndX, pad.m_dblLastSignWndY}, {dblX, dblY}, width);
+        const QPointF from(pad.m_dblLastSignWndX, pad.m_dblLastSignWndY);
+        drawInk(pad, from, {dblX, dblY}, width);
         pad.m_dblLastSignWndX = dblX;
         pad.m_dblLastSignWndY = dblY;
-        if constexpr (Pad::row.model.hasFingerprint)
+        if constexpr (Pad::row.model.hasFingerprint) {
+            pad.m_internals.mergeCache.segmentDrawn(MergeCache::boxOf(from, {dblX, dblY}, width));
             pad.MergeSignCanvasAndFPCanvas();
+        }
     }
     requestRepaint(pad);
     KV_LOG(key, "<%ld>-leave !");
