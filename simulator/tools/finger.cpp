@@ -77,6 +77,7 @@ double filtered(const Field &field, int x, int y, const Kernel &kernel)
 Field growRidges(unsigned seed)
 {
     std::vector<Kernel> kernels;
+    kernels.reserve(kAngles);
     for (int i = 0; i < kAngles; ++i)
         kernels.push_back(gaborKernel(kPi * i / kAngles));
     Chance chance(seed);
