@@ -12,3 +12,12 @@ target_compile_definitions(exported_symbols_test PRIVATE
 foreach(name wrong_device_type_test without_instance_test argument_checks_test forwarding_test)
   kv_add_test(${name} ${name}.cpp exportedcalls_table.cpp PADS)
 endforeach()
+kv_add_test(lifecycle_test lifecycle_test.cpp PADS THREADS)
+kv_add_test(mouse_test mouse_test.cpp PADS)
+
+foreach(name instance_fields_test instance_methods_test instance_defaults_test open_instance_inside_test)
+  kv_add_test(${name} ${name}.cpp INSIDE)
+endforeach()
+kv_add_test(diagnostics_log_test diagnostics_log_test.cpp PADS)
+kv_add_test(log_writers_test log_writers_test.cpp LIBRARIES kvsignpadsdk_inside)
+kv_add_test(about_test about_test.cpp PADS)

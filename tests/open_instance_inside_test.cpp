@@ -1,0 +1,157 @@
+// The two variables that hold the open instance, in each state, seen from inside the library.
+#include "logfile.h"
+#include "openinstance.h"
+#include "padclasses.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+/// Allocations of exactly this size fail while it is not 0.
+size_t refusedSize = 0;
+
+void *allocate(size_t size)
+{
+    void *memory = size == refusedSize ? nullptr : std::malloc(size == 0 ? 1 : size);
+    if (memory == nullptr)
+        throw std::bad_alloc();
+    return memory;
+}
+
+} // namespace
+
+void *operator new(size_t size)
+{
+    return allocate(size);
+}
+void operator delete(void *memory) noexcept
+{
+    std::free(memory);
+}
+void operator delete(void *memory, size_t) noexcept
+{
+    std::free(memory);
+}
+
+namespace {
+
+template <class Pad>
+class OpenInstance : public testing::Test
+{
+protected:
+    const Family &family = *PadTraits<Pad>::model().family;
+    SimulatedDriver driver;
+    QWidget window;
+
+    bool open() { return family.InitialDevice(family.type, isWidget<Pad> ? &window : nullptr, 0, 0, 40, 20); }
+    ~OpenInstance() override { family.UnInitialDevice(family.type); }
+};
+TYPED_TEST_SUITE(OpenInstance, PadClasses, PadClassNames);
+
+TYPED_TEST(OpenInstance, IsHeldWithItsHost)
+{
+    EXPECT_EQ(g_pSignWidget, nullptr);
+    EXPECT_FALSE(g_bUseSignObj);
+    ASSERT_TRUE(this->open());
+    ASSERT_NE(g_pSignWidget, nullptr);
+    EXPECT_EQ(g_bUseSignObj, !isWidget<TypeParam>);
+    const TypeParam &pad = openinstance::as<TypeParam>();
+    EXPECT_TRUE(pad.m_bDeviceConnected) << "it is this class that was created";
+    if constexpr (isWidget<TypeParam>) {
+        EXPECT_EQ(&pad, this->window.template findChild<TypeParam *>());
+    } else {
+        EXPECT_EQ(pad.m_canvas.size(), QSize(40, 20));
+    }
+    void *const first = g_pSignWidget;
+    EXPECT_TRUE(this->open());
+    EXPECT_EQ(g_pSignWidget, first);
+    EXPECT_EQ(this->family.UnInitialDevice(this->family.type), 0);
+    EXPECT_EQ(g_pSignWidget, nullptr);
+    EXPECT_FALSE(g_bUseSignObj);
+}
+
+TYPED_TEST(OpenInstance, IsNotKeptAfterARefusedStart)
+{
+    this->driver.setResult("Initial", -3);
+    EXPECT_FALSE(this->open());
+    EXPECT_EQ(g_pSignWidget, nullptr);
+    EXPECT_FALSE(g_bUseSignObj);
+}
+
+TYPED_TEST(OpenInstance, IsNotKeptWhenThereIsNoMemoryForIt)
+{
+    refusedSize = sizeof(TypeParam);
+    EXPECT_FALSE(this->open()) << "and no exception";
+    refusedSize = 0;
+    EXPECT_EQ(g_pSignWidget, nullptr);
+    EXPECT_FALSE(g_bUseSignObj);
+    EXPECT_TRUE(this->open());
+}
+
+TYPED_TEST(OpenInstance, IsMarkedAsHeadlessByAnOpeningWithoutAParent)
+{
+    ASSERT_TRUE(this->open());
+    void *const first = g_pSignWidget;
+    const LogTail log;
+    LogOn::set(true);
+    EXPECT_TRUE(this->family.InitialDevice(this->family.type, nullptr, 0, 0, 90, 80));
+    LogOn::set(false);
+    EXPECT_EQ(g_pSignWidget, first);
+    EXPECT_TRUE(g_bUseSignObj) << "an open widget too";
+    ASSERT_EQ(log.entries().size(), 2u);
+    EXPECT_EQ(log.entries()[1].text, "leave with true due to g_pSignWidget already created !");
+    g_bUseSignObj = !isWidget<TypeParam>; // so that it can be closed as what it is
+}
+
+TYPED_TEST(OpenInstance, IsLeftAloneByAnOpeningWithAParent)
+{
+    ASSERT_TRUE(this->open());
+    void *const first = g_pSignWidget;
+    QWidget other;
+    EXPECT_TRUE(this->family.InitialDevice(this->family.type, &other, 0, 0, 90, 80));
+    EXPECT_EQ(g_pSignWidget, first);
+    EXPECT_EQ(g_bUseSignObj, !isWidget<TypeParam>);
+    EXPECT_TRUE(other.children().isEmpty());
+}
+
+TYPED_TEST(OpenInstance, IsMadeAsTheFlagSaysEvenWithAParent)
+{
+    g_bUseSignObj = true;
+    EXPECT_TRUE(this->family.InitialDevice(this->family.type, &this->window, 0, 0, 40, 20));
+    EXPECT_TRUE(this->window.children().isEmpty()) << "a headless instance";
+    EXPECT_TRUE(g_bUseSignObj);
+    EXPECT_EQ(this->family.UnInitialDevice(this->family.type), 0);
+    EXPECT_FALSE(g_bUseSignObj);
+}
+
+TYPED_TEST(OpenInstance, IsNotMarkedByARefusedDeviceType)
+{
+    EXPECT_FALSE(this->family.InitialDevice(this->family.type + 1, nullptr, 0, 0, 40, 20));
+    EXPECT_FALSE(g_bUseSignObj);
+    EXPECT_EQ(g_pSignWidget, nullptr);
+}
+
+TYPED_TEST(OpenInstance, IsForgottenWhenTheHostDestroysIt)
+{
+    if constexpr (isWidget<TypeParam>) {
+        ASSERT_TRUE(this->open());
+        delete this->window.template findChild<TypeParam *>();
+        EXPECT_EQ(g_pSignWidget, nullptr);
+        EXPECT_FALSE(g_bUseSignObj);
+        EXPECT_FALSE(this->driver.isOpen());
+    }
+}
+
+TYPED_TEST(OpenInstance, IsNotForgottenWhenAnotherWidgetIsDestroyed)
+{
+    if constexpr (isWidget<TypeParam>) {
+        ASSERT_TRUE(this->open());
+        void *const first = g_pSignWidget;
+        delete new TypeParam(nullptr);
+        EXPECT_EQ(g_pSignWidget, first);
+        EXPECT_TRUE(this->driver.isOpen());
+    }
+}
+
+} // namespace
