@@ -39,21 +39,33 @@ bool hasFingerprint(Pad &pad)
 /// What the outputs without the canvas lock take: the canvas or the clip rectangle's part of it.
 struct Cut
 {
-    QImage image;
+    QImage image; ///< null where only the size was asked for and nothing is cut
+    QSize size;
     bool clipped = false;
     QRect box{QPoint(-1, -1), QPoint(-2, -2)};
 };
 
+enum class Wanted
+{
+    Pixels,
+    Size
+};
+
 template <class Pad>
-Cut cut(Pad &pad)
+Cut cut(Pad &pad, Wanted wanted)
 {
     Cut result;
-    result.image = inkbounds::snapshot(pad);
     result.clipped = shared::get(pad.m_bClipImage);
+    if (wanted == Wanted::Pixels || result.clipped)
+        result.image = inkbounds::snapshot(pad);
+    else
+        result.size = inkbounds::canvasSize(pad);
     if (result.clipped) {
         result.box = inkbounds::clipRect(pad, result.image);
-        result.image = result.image.copy(result.box);
+        result.image = inkbounds::partInside(result.image, result.box);
     }
+    if (!result.image.isNull())
+        result.size = result.image.size();
     return result;
 }
 
@@ -85,7 +97,7 @@ int save(Pad &pad, int nImageTypeID, wchar_t *pImageFilePath, int nDPI)
         logging::shortAddress(pImageFilePath), nDPI);
     int nResult = ARI_INK_EMPTY;
     if (pad.GetTotalInkPointsNumber() > 0 || hasFingerprint(pad)) {
-        Cut image = cut(pad);
+        Cut image = cut(pad, Wanted::Pixels);
         if (image.clipped)
             KV_LOG_WIDE(key, "<%ld>-after call CheckSignImageBoundingBox(), l=%d, t=%d, r=%d, b=%d", image.box.left(),
                 image.box.top(), image.box.right(), image.box.bottom());

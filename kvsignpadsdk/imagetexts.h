@@ -142,12 +142,12 @@ char *svgText(Pad &pad)
         KV_LOG(key, "<%ld>-leave with nullptr due to (nInkCount <= 0) !");
         return nullptr;
     }
-    const imagefiles::Cut cut = imagefiles::cut(pad);
+    const imagefiles::Cut cut = imagefiles::cut(pad, imagefiles::Wanted::Size);
     if (cut.clipped)
         KV_LOG(key, "<%ld>-after call CheckSignImageBoundingBox(), l=%d, t=%d, r=%d, b=%d", cut.box.left(),
             cut.box.top(), cut.box.right(), cut.box.bottom());
     PrivateFile file("/tmp/KVeSign.svg");
-    svgdrawing::draw(pad, file.device(), cut.image.size(), 150, cut.box.topLeft());
+    svgdrawing::draw(pad, file.device(), cut.size, 150, cut.box.topLeft());
     const QByteArray byteArray = file.publish();
     KV_LOG(key, "<%ld>-byteArray size=%d", byteArray.size());
     if constexpr (Pad::row.logsSvgFileClosed)

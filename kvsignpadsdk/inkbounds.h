@@ -53,6 +53,13 @@ QImage snapshot(Pad &pad)
     return pad.m_canvas.copy();
 }
 
+template <class Pad>
+QSize canvasSize(Pad &pad)
+{
+    const std::lock_guard<std::mutex> reading(pad.m_internals.pixelsLock);
+    return pad.m_canvas.size();
+}
+
 /// The clip rectangle of a canvas by the instance's margins, with the log lines of the scan.
 template <class Pad>
 QRect clipRect(Pad &pad, const QImage &canvas)

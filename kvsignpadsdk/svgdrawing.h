@@ -7,34 +7,30 @@
 #include "inkpoints.h"
 #include "sharedfields.h"
 #include "strokes.h"
+#include "svglines.h"
 
+#include <QIODevice>
 #include <QImage>
 #include <QPainter>
-#include <QSvgGenerator>
 
 namespace svgdrawing {
 
 /// The image as a pixmap made from it would hold it, without the application object that pixmaps need.
 QImage asPixmapHolds(const QImage &image);
 
-/// A generator that writes to the device, drawing area and view box as given.
-void setUp(QSvgGenerator &generator, QIODevice &device, const QSize &size, int nDPI);
-
 /// Draws the fingerprint layer centred.
 void drawFingerprint(QPainter &painter, QImage layer, const QSize &size, int nDPI);
-
-/// One line of the drawing.
-void drawLine(QPainter &painter, const QPointF &from, const QPointF &to, const QPen &pen);
 
 /// The lines: one from each point to the next of its stroke, with the later point's width. Points that end a stroke
 /// are not drawn.
 template <class Pad>
-void drawPoints(Pad &pad, QPainter &painter, const inkpoints::List &points, const QPoint &origin)
+std::vector<svglines::Line> linesOf(Pad &pad, const inkpoints::List &points, const QPoint &origin)
 {
     const bool clipped = shared::get(pad.m_bClipImage);
     const bool withPressure = shared::get(pad.m_bWithPressureValue);
     const int fixedWidth = shared::get(pad.m_nSignWidthLevel);
-    const QColor colour = strokes::drawColour(pad);
+    std::vector<svglines::Line> lines;
+    lines.reserve(points.size());
     bool drawn = false;
     QPointF previous;
     for (const _POINTDATA &point : points) {
@@ -48,10 +44,11 @@ void drawPoints(Pad &pad, QPainter &painter, const inkpoints::List &points, cons
         pad.ConvertSignRawDataToSignWndData(point.nX, point.nY, point.nPressureValue, x, y, width);
         const QPointF here = clipped ? QPointF(x - origin.x(), y - origin.y()) : QPointF(x, y);
         if (drawn)
-            drawLine(painter, previous, here, strokes::penFor(withPressure ? width : fixedWidth, colour));
+            lines.push_back({previous, here, withPressure ? width : fixedWidth});
         previous = here;
         drawn = true;
     }
+    return lines;
 }
 
 /// Writes the whole drawing to the device, which should be open; nothing is written to one that is not.
@@ -61,16 +58,16 @@ void draw(Pad &pad, QIODevice &device, const QSize &size, int nDPI, const QPoint
     static constexpr logging::Key key{Pad::row.scope, "SaveDrawingImageAsSVGFile()"};
     KV_LOG(key, "<%ld>-enter, nDPI=%d", nDPI);
     const inkpoints::List points = inkpoints::snapshot(pad);
+    KV_LOG(key, "<%ld>-nInkCount=%d", static_cast<int>(points.size()));
     if (device.isOpen()) {
-        QSvgGenerator generator;
-        setUp(generator, device, size, nDPI);
-        QPainter painter(&generator);
+        svglines::Drawing drawing{size, nDPI, strokes::drawColour(pad), {}, linesOf(pad, points, origin)};
         if constexpr (Pad::row.model.hasFingerprint) {
             if (shared::get(pad.m_nCurrentFPRawDataWithBestScore) > 0)
-                drawFingerprint(painter, pad.fingerprintLayer(), size, nDPI);
+                drawing.below = [&](QPainter &painter) {
+                    drawFingerprint(painter, pad.fingerprintLayer(), size, nDPI);
+                };
         }
-        KV_LOG(key, "<%ld>-nInkCount=%d", static_cast<int>(points.size()));
-        drawPoints(pad, painter, points, origin);
+        svglines::write(device, drawing);
     }
     KV_LOG(key, "<%ld>-leave !");
 }

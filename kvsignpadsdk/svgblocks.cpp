@@ -1,0 +1,116 @@
+#include "svgblocks.h"
+
+#include <QBuffer>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+namespace {
+
+// Numbers that appear nowhere else in a small drawing, as Qt writes them: width, both ends, radius of the dot.
+constexpr double kMarks[] = {12345.5, 23451.5, 34512.5, 45123.5, 51234.5, 6172.75};
+constexpr const char *kMarkTexts[] = {"12345.5", "23451.5", "34512.5", "45123.5", "51234.5", "6172.75"};
+constexpr int kMarkCount = 6;
+
+int kindOf(const svglines::Line &line)
+{
+    return (line.from == line.to ? 1 : 0) + (line.width == 0 ? 2 : 0);
+}
+
+QByteArray textOf(const svglines::Drawing &like, std::vector<svglines::Line> lines)
+{
+    QByteArray text;
+    QBuffer buffer(&text);
+    buffer.open(QIODevice::WriteOnly);
+    svglines::writePlainly(buffer, {like.size, like.dpi, like.colour, {}, std::move(lines)});
+    return text;
+}
+
+// Where the sixth digit is followed by exactly a half, Qt rounds away from zero and std::to_chars to even. Only
+// multiples of 1/1024 can be such numbers; whole ones below a million need no rounding.
+bool mayBeHalfWay(double value)
+{
+    const double scaled = value * 1024;
+    return scaled == std::floor(scaled) && !(value == std::floor(value) && std::abs(value) < 1e6);
+}
+
+void appendNumber(QByteArray &text, double value)
+{
+    if (mayBeHalfWay(value)) {
+        text += QByteArray::number(value, 'g', 6);
+        return;
+    }
+    char digits[32];
+    const auto written = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general, 6);
+    text.append(digits, static_cast<int>(written.ptr - digits));
+}
+
+} // namespace
+
+svglines::Line SvgBlock::marked(bool dot, bool hasWidth)
+{
+    const QPointF from(kMarks[1], kMarks[2]);
+    return {from, dot ? from : QPointF(kMarks[3], kMarks[4]), hasWidth ? kMarks[0] : 0};
+}
+
+bool SvgBlock::take(const QByteArray &without, const QByteArray &with, int end)
+{
+    const int start = without.size() - end;
+    const int length = with.size() - without.size();
+    if (length <= 0 || with.left(start) != without.left(start) || with.right(end) != without.right(end))
+        return false;
+    const QByteArray block = with.mid(start, length);
+    int done = 0;
+    while (true) {
+        int next = block.size();
+        int number = -1;
+        for (int mark = 0; mark < kMarkCount; ++mark) {
+            const int at = block.indexOf(kMarkTexts[mark], done);
+            if (at >= 0 && at < next) {
+                next = at;
+                number = mark;
+            }
+        }
+        if (number < 0)
+            break;
+        m_places.push_back({block.mid(done, next - done), number});
+        done = next + static_cast<int>(qstrlen(kMarkTexts[number]));
+    }
+    m_rest = block.mid(done);
+    return m_places.size() >= 2;
+}
+
+void SvgBlock::append(QByteArray &text, const svglines::Line &line) const
+{
+    const double numbers[kMarkCount] = {
+        line.width, line.from.x(), line.from.y(), line.to.x(), line.to.y(), std::abs(line.width) / 2};
+    for (const Place &place : m_places) {
+        text += place.before;
+        appendNumber(text, numbers[place.number]);
+    }
+    text += m_rest;
+}
+
+bool SvgBlocks::take(const svglines::Drawing &drawing)
+{
+    const svglines::Line first{{1, 2}, {3, 4}, 5};
+    const QByteArray one = textOf(drawing, {first});
+    const int lastTag = one.lastIndexOf("/>\n");
+    if (lastTag < 0)
+        return false;
+    m_end = one.mid(lastTag + 3);
+    for (const bool dot : {false, true}) {
+        for (const bool hasWidth : {false, true}) {
+            const svglines::Line line = SvgBlock::marked(dot, hasWidth);
+            if (!m_blocks[kindOf(line)].take(one, textOf(drawing, {first, line}), m_end.size()))
+                return false;
+        }
+    }
+    return true;
+}
+
+void SvgBlocks::append(QByteArray &text, const svglines::Line &line) const
+{
+    m_blocks[kindOf(line)].append(text, line);
+}

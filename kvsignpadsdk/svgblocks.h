@@ -1,0 +1,53 @@
+/// @file
+/// What QSvgGenerator writes for one line, as a text with places for numbers.
+#ifndef SVGBLOCKS_H
+#define SVGBLOCKS_H
+
+#include "svglines.h"
+
+#include <QByteArray>
+
+#include <vector>
+
+/// One kind of block: a line, a dot, each of a pen with a width or with none.
+class SvgBlock
+{
+public:
+    /// Taken from Qt's text `with` a marked line of this kind behind a first one, and the text `without` it.
+    /// @param end how many characters stand behind the lines in each text.
+    bool take(const QByteArray &without, const QByteArray &with, int end);
+
+    void append(QByteArray &text, const svglines::Line &line) const;
+
+    /// The line whose numbers are the marks.
+    static svglines::Line marked(bool dot, bool hasWidth);
+
+private:
+    struct Place
+    {
+        QByteArray before; ///< text up to the number
+        int number; ///< index of the mark
+    };
+
+    std::vector<Place> m_places;
+    QByteArray m_rest;
+};
+
+/// All kinds for one colour and resolution.
+class SvgBlocks
+{
+public:
+    /// False when Qt's texts are not made of such blocks.
+    bool take(const svglines::Drawing &drawing);
+
+    void append(QByteArray &text, const svglines::Line &line) const;
+
+    /// What stands behind the last line.
+    const QByteArray &end() const { return m_end; }
+
+private:
+    SvgBlock m_blocks[4];
+    QByteArray m_end;
+};
+
+#endif

@@ -1,0 +1,47 @@
+/// @file
+/// Many lines as SVG, character by character as QSvgGenerator writes them, at less cost.
+#ifndef SVGLINES_H
+#define SVGLINES_H
+
+#include <QByteArray>
+#include <QColor>
+#include <QPointF>
+#include <QSize>
+
+#include <functional>
+#include <vector>
+
+class QIODevice;
+class QPainter;
+
+namespace svglines {
+
+struct Line
+{
+    QPointF from;
+    QPointF to;
+    double width;
+};
+
+struct Drawing
+{
+    QSize size; ///< drawing area and view box
+    int dpi;
+    QColor colour;
+    std::function<void(QPainter &)> below; ///< draws what stands under the lines; may be empty
+    std::vector<Line> lines;
+};
+
+/// Writes the drawing to an open device, the quick way where it pays and agrees with Qt.
+void write(QIODevice &device, const Drawing &drawing);
+
+/// Writes it with QSvgGenerator alone.
+void writePlainly(QIODevice &device, const Drawing &drawing);
+
+/// Writes it with Qt's own blocks, taken from small drawings, and the numbers put in; false, and nothing written, where
+/// Qt's blocks are not as they are known to be.
+bool writeQuickly(QIODevice &device, const Drawing &drawing);
+
+} // namespace svglines
+
+#endif
