@@ -9,24 +9,31 @@
 #include <sanitizer/tsan_interface.h>
 #endif
 
-/// A QMutexLocker that ThreadSanitizer understands: Qt itself is not instrumented, so it is told of the lock here.
+/// A QMutexLocker that ThreadSanitizer understands: Qt itself is not instrumented, so it is told of the lock here. It
+/// then watches the order of locks too.
 class CanvasLock
 {
 public:
     explicit CanvasLock(QMutex &mutex)
         : m_mutex(mutex)
     {
-        m_mutex.lock();
 #ifdef __SANITIZE_THREAD__
-        __tsan_acquire(&m_mutex);
+        __tsan_mutex_pre_lock(&m_mutex, 0);
+        m_mutex.lock();
+        __tsan_mutex_post_lock(&m_mutex, 0, 0);
+#else
+        m_mutex.lock();
 #endif
     }
     ~CanvasLock()
     {
 #ifdef __SANITIZE_THREAD__
-        __tsan_release(&m_mutex);
-#endif
+        __tsan_mutex_pre_unlock(&m_mutex, 0);
         m_mutex.unlock();
+        __tsan_mutex_post_unlock(&m_mutex, 0);
+#else
+        m_mutex.unlock();
+#endif
     }
     CanvasLock(const CanvasLock &) = delete;
     CanvasLock &operator=(const CanvasLock &) = delete;

@@ -6,6 +6,11 @@
 #include "aboutbox.h"
 #include "exportedframe.h"
 
+#include <QRect>
+#include <QWidget>
+
+#include <algorithm>
+
 namespace exported {
 
 /// Ends the open instance: a headless one at once, a widget by the event loop.
@@ -49,6 +54,14 @@ struct Geometry
     int height;
 };
 
+/// Within what a widget can have, so that no corner is beyond what int holds.
+inline QRect within(const Geometry &geometry)
+{
+    const auto place = [](int position) { return std::clamp(position, -QWIDGETSIZE_MAX, QWIDGETSIZE_MAX); };
+    const auto size = [](int length) { return std::clamp(length, 0, QWIDGETSIZE_MAX); };
+    return {place(geometry.x), place(geometry.y), size(geometry.width), size(geometry.height)};
+}
+
 template <class Family>
 bool openHeadless(const Geometry &geometry)
 {
@@ -64,7 +77,7 @@ bool openWidget(QWidget *pParentWidget, const Geometry &geometry)
     g_pSignWidget = widget;
     if (!widget->IsDeviceConnected())
         return false;
-    widget->setGeometry(geometry.x, geometry.y, geometry.width, geometry.height);
+    widget->setGeometry(within(geometry));
     widget->show();
     return true;
 }
