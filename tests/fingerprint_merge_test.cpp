@@ -183,6 +183,47 @@ TEST_P(Merge, InARectangleOfTheSignWidget)
     expectBecomes([&] { return shown(pad); }, printed(layer(2), some(size()), size() + QSize(10, 10)));
 }
 
+// A segment merges the whole fingerprint, also one that the pad's screen has yet to show, far from the segment.
+TEST_P(Merge, ASegmentBringsInAFingerprintThatIsStillBeingSent)
+{
+    KVS310X_UnInitialDevice(kDevice);
+    FingerprintPad slow(GetParam().pad, size().width(), size().height(), 10000);
+    sendSignature(slow);
+    EXPECT_EQ(difference(shown(slow), ink()), "");
+    auto packets = signature();
+    const auto more = stroke(kDevice, {{0.02, 0.03, 0.2}, {0.04, 0.02, 0.2}, {0.05, 0.05, 0.3}});
+    for (int variant = 1; variant <= 2; ++variant) {
+        slow.driver.sendFingerprint(ridges(variant), variant);
+        slow.driver.send(more);
+        packets.insert(packets.end(), more.begin(), more.end());
+        const QImage allInk = drawn(GetParam().pad, packets, size().width(), size().height());
+        EXPECT_EQ(difference(shown(slow), anded(allInk, printed(layer(variant), middleOf(size()), size()))), "");
+    }
+    EXPECT_EQ(slow.shownPictures(), 0);
+}
+
+// The next segment moves the fingerprint to where it was placed meanwhile.
+TEST_P(Merge, ASegmentMovesTheFingerprintToItsNewPlace)
+{
+    pad.driver.sendFingerprint(ridges(1), 10);
+    expectBecomes([&] { return shown(pad); }, printed(layer(1), middleOf(size()), size()));
+    sendSignature(pad);
+    auto packets = signature();
+    const QRect places[] = {some(size()), some(size()).translated(5, 7), QRect()};
+    QWidget other;
+    other.resize(size());
+    for (const QRect &target : places) {
+        const bool aside = target.isNull() || GetParam().pad.headless;
+        ASSERT_EQ(place(aside ? &other : pad.window(), size(), aside ? QRect(0, 0, 9, 9) : target), ARI_SUCCESS);
+        const auto more = stroke(kDevice, {{0.9, 0.9, 0.2}, {0.95, 0.92, 0.3}});
+        pad.driver.send(more);
+        packets.insert(packets.end(), more.begin(), more.end());
+        const QImage allInk = drawn(GetParam().pad, packets, size().width(), size().height());
+        const QImage print = aside ? printed({}, {}, size()) : printed(layer(1), target, size());
+        EXPECT_EQ(difference(shown(pad), anded(allInk, print)), "");
+    }
+}
+
 // At the sensor's own size nothing is scaled: every pixel can be told without a painter.
 TEST(MergeUnscaled, EachPixelIsInkAndFingerprint)
 {
