@@ -28,7 +28,9 @@ PrivateFile::PrivateFile(const char *path)
     if (descriptor < 0)
         return;
     m_ownPath = ownPath;
-    if (!m_file.open(descriptor, QIODevice::ReadWrite, QFileDevice::AutoCloseHandle))
+    if (m_file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle))
+        m_buffer.open(QIODevice::WriteOnly);
+    else
         ::close(descriptor);
 }
 
@@ -41,12 +43,11 @@ PrivateFile::~PrivateFile()
 
 QByteArray PrivateFile::publish()
 {
-    if (!m_file.isOpen() || !m_file.flush() || !isOursOrFree(m_path)
+    const QByteArray bytes = m_buffer.data();
+    if (!m_file.isOpen() || m_file.write(bytes) != bytes.size() || !isOursOrFree(m_path)
         || ::rename(m_ownPath.constData(), m_path.constData()) != 0)
         return {};
     m_ownPath.clear();
-    m_file.seek(0);
-    const QByteArray bytes = m_file.readAll();
     m_file.close();
     return bytes;
 }

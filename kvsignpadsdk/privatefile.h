@@ -3,12 +3,14 @@
 #ifndef PRIVATEFILE_H
 #define PRIVATEFILE_H
 
+#include <QBuffer>
 #include <QByteArray>
 #include <QFile>
 
-/// Written under a name of its own, readable by its owner alone, then put in place of the fixed name in one step:
-/// whatever others do meanwhile, publish() answers what was written here. A symbolic link, a special file or another
-/// user's file that bears the fixed name is neither followed nor replaced.
+/// Collected in memory, so that a disk that is full cuts nothing off, then written under a name of its own, readable by
+/// its owner alone, and put in place of the fixed name in one step: whatever others do meanwhile, publish() answers
+/// what was written here. A symbolic link, a special file or another user's file that bears the fixed name is neither
+/// followed nor replaced.
 class PrivateFile
 {
 public:
@@ -18,7 +20,7 @@ public:
     PrivateFile &operator=(const PrivateFile &) = delete;
 
     /// Open for writing, unless the file cannot be had.
-    QFile &device() { return m_file; }
+    QIODevice &device() { return m_buffer; }
 
     /// Puts the file in its place and answers its bytes; empty when that could not be done.
     QByteArray publish();
@@ -27,6 +29,7 @@ private:
     QByteArray m_path;
     QByteArray m_ownPath; ///< empty once the file is in its place
     QFile m_file;
+    QBuffer m_buffer;
 };
 
 #endif
