@@ -1,5 +1,7 @@
 #include "inkrecord.h"
 
+#include "wholeimage.h"
+
 #include <QBuffer>
 #include <QImageReader>
 
@@ -43,12 +45,6 @@ void decodeInPieces(const char *text, TakeBytes take)
     take(QByteArray::fromBase64(piece));
 }
 
-// A cut JPEG loads with its missing part grey; only one whose end marker follows its last scan is whole.
-bool isWhole(const QByteArray &bytes, int nImageTypeID)
-{
-    return nImageTypeID != EBITI_JPEG || bytes.lastIndexOf("\xff\xd9") > bytes.lastIndexOf("\xff\xda");
-}
-
 } // namespace
 
 char *textOf(const void *points, size_t count, size_t &length)
@@ -85,7 +81,7 @@ bool decodeImage(const char *text, int nImageTypeID, const QString &path)
         return false;
     const QByteArray format = base64text::formatName(nImageTypeID);
     QByteArray bytes = QByteArray::fromBase64(QByteArray::fromRawData(text, static_cast<int>(length)));
-    if (!isWhole(bytes, nImageTypeID))
+    if (!wholeimage::isWhole(bytes, nImageTypeID))
         return false;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
