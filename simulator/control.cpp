@@ -94,13 +94,14 @@ bool Simulator::isOpen()
 bool Simulator::isScreenOn()
 {
     const std::lock_guard lock(m_mutex);
-    return m_screenOn;
+    return m_pad.screenOn;
 }
 
 void Simulator::reset()
 {
     const std::lock_guard lock(m_mutex);
     m_wishes = {};
+    m_unplugged = false;
 }
 
 } // namespace kvsim

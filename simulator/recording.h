@@ -3,9 +3,8 @@
 #ifndef RECORDING_H
 #define RECORDING_H
 
-#include "simulatorcontrol.h"
+#include "recordingevents.h"
 
-#include <cstdint>
 #include <iosfwd>
 #include <stdexcept>
 #include <string>
@@ -15,30 +14,15 @@
 
 namespace kvsim {
 
-using Packet = KVSIM_PACKET;
-
-inline constexpr int kRecordingVersion = 1;
-
-/// What happens at one moment of a recording.
-struct Event
-{
-    enum class Kind
-    {
-        Pen,
-        Fingerprint
-    };
-    Kind kind = Kind::Pen;
-    std::int64_t timeUs = 0;
-    Packet packet{}; ///< Pen
-    std::string file{}; ///< Fingerprint: PGM file, relative to the recording
-    int score = 0; ///< Fingerprint
-};
+/// The newest version that is read and written.
+inline constexpr int kRecordingVersion = 2;
 
 struct Recording
 {
     std::string model;
     std::vector<std::pair<std::string, std::string>> notes; ///< header lines that only people read
     std::vector<Event> events;
+    std::string padVersion{}; ///< what GetDevicePartsVersion of the recorded pad wrote; empty: not known
 };
 
 /// what() is "file:line: reason".
@@ -58,14 +42,17 @@ public:
     const std::string &model() const { return m_model; }
     const std::vector<std::pair<std::string, std::string>> &notes() const { return m_notes; }
 
+    const std::string &padVersion() const { return m_padVersion; }
+
     /// False at the end.
     bool next(Event &event);
 
 private:
     bool readLine();
     void readHeader();
-    void takeHeaderLine(std::string_view line, bool &hasVersion);
-    Event parseEvent(std::string_view line) const;
+    void takeHeaderLine(std::string_view line);
+    void takeVersion(std::string_view value);
+    void takePadVersion();
     [[noreturn]] void refuse(const std::string &reason) const;
 
     std::istream &m_in;
@@ -73,12 +60,17 @@ private:
     std::string m_line; ///< the line in hand, without comment lines, blanks around it and line end
     int m_lineNumber = 0;
     bool m_lineWaits = false; ///< the header's reader met the first event
+    int m_version = 0; ///< 0: the header did not say so far
+    bool m_hadPacket = false;
     std::int64_t m_lastTimeUs = 0;
     std::string m_model;
+    std::string m_padVersion;
     std::vector<std::pair<std::string, std::string>> m_notes;
 };
 
 Recording readRecording(std::istream &in, const std::string &name);
+
+/// Says the oldest version that the recording can be read with.
 void writeRecording(std::ostream &out, const Recording &recording);
 
 } // namespace kvsim

@@ -8,8 +8,6 @@
 #include <cstring>
 #include <fstream>
 #include <limits>
-#include <map>
-#include <memory>
 #include <sstream>
 
 namespace kvsim {
@@ -19,34 +17,11 @@ namespace {
 int scaled(std::int64_t value, std::int64_t numerator, std::int64_t denominator)
 {
     const double exact = static_cast<double>(value) * static_cast<double>(numerator) / static_cast<double>(denominator);
-    constexpr double kLowest = std::numeric_limits<int>::min() / 2;
-    constexpr double kHighest = std::numeric_limits<int>::max() / 2;
+    constexpr double kLowest = std::numeric_limits<int>::min() / 2.0;
+    constexpr double kHighest = std::numeric_limits<int>::max() / 2.0;
     const double held = std::clamp(exact, kLowest, kHighest);
     return static_cast<int>(held < 0 ? held - 0.5 : held + 0.5);
 }
-
-/// Opens recordings and what they refer to, from the bundle or from the file system.
-struct Source
-{
-    bool bundled;
-    std::string directory; ///< with a closing slash, or empty
-
-    std::unique_ptr<std::istream> open(const std::string &name) const
-    {
-        if (bundled) {
-            const BundledFile *file = bundledFile(name);
-            if (!file)
-                throw std::runtime_error(
-                    "no file '" + name + "' is built in; the recordings are: " + bundledRecordingNames());
-            return std::make_unique<std::istringstream>(
-                std::string(reinterpret_cast<const char *>(file->bytes), file->size));
-        }
-        auto stream = std::make_unique<std::ifstream>(directory + name, std::ios::binary);
-        if (!*stream)
-            throw std::runtime_error(directory + name + ": " + std::strerror(errno));
-        return stream;
-    }
-};
 
 std::vector<unsigned char> loadFingerprint(const Source &source, const std::string &name)
 {
@@ -56,48 +31,6 @@ std::vector<unsigned char> loadFingerprint(const Source &source, const std::stri
     return std::move(image.pixels);
 }
 
-/// Fills a script; a fingerprint that several events name is loaded once.
-class ScriptMaker
-{
-public:
-    ScriptMaker(const Source &source, const PadModel &pad, int maxPressure)
-        : m_source(source)
-        , m_pad(pad)
-        , m_maxPressure(maxPressure)
-    {
-    }
-
-    Script make(const std::string &name)
-    {
-        const auto stream = m_source.open(name);
-        RecordingReader reader(*stream, m_source.directory + name);
-        const PadModel &recorded = *padOfName(reader.model());
-        for (Event event; reader.next(event);) {
-            if (event.kind == Event::Kind::Pen)
-                m_script.deliveries.push_back(
-                    {event.timeUs, mapPacket(event.packet, recorded, m_pad, m_maxPressure), -1, 0});
-            else if (m_pad.hasFingerprintSensor)
-                m_script.deliveries.push_back({event.timeUs, {}, fingerprintIndex(event.file), event.score});
-        }
-        return std::move(m_script);
-    }
-
-private:
-    int fingerprintIndex(const std::string &file)
-    {
-        const auto [entry, isNew] = m_indexes.emplace(file, static_cast<int>(m_script.fingerprints.size()));
-        if (isNew)
-            m_script.fingerprints.push_back(loadFingerprint(m_source, file));
-        return entry->second;
-    }
-
-    const Source &m_source;
-    const PadModel &m_pad;
-    int m_maxPressure;
-    Script m_script;
-    std::map<std::string, int> m_indexes;
-};
-
 bool isPath(const std::string &recording)
 {
     return recording.find('/') != std::string::npos || recording.find('.') != std::string::npos;
@@ -105,31 +38,125 @@ bool isPath(const std::string &recording)
 
 } // namespace
 
-Packet mapPacket(const Packet &packet, const PadModel &from, const PadModel &to, int maxPressure)
+Packet mapPacket(const Packet &packet, const PadModel &from, int fromMaxPressure, const PadModel &to, int toMaxPressure)
 {
     Packet mapped = packet;
     if (from.deviceType != to.deviceType) {
         mapped.x = to.offsetX + scaled(std::int64_t{packet.x} - from.offsetX, to.spanX, from.spanX);
         mapped.y = to.offsetY + scaled(std::int64_t{packet.y} - from.offsetY, to.spanY, from.spanY);
     }
-    if (from.maxPressure != maxPressure)
-        mapped.pressure = scaled(packet.pressure, maxPressure, from.maxPressure);
+    if (fromMaxPressure != toMaxPressure)
+        mapped.pressure = scaled(packet.pressure, toMaxPressure, fromMaxPressure);
     return mapped;
 }
 
-Script loadScript(const std::string &recording, const PadModel &pad, int maxPressure)
+std::unique_ptr<std::istream> Source::open(const std::string &name) const
 {
-    if (recording == "none")
-        return {};
-    Source source{!isPath(recording), {}};
-    std::string name = recording;
-    if (source.bundled) {
-        name += ".kvrec";
-    } else if (const auto slash = recording.rfind('/'); slash != std::string::npos) {
-        source.directory = recording.substr(0, slash + 1);
-        name = recording.substr(slash + 1);
+    if (bundled) {
+        const BundledFile *file = bundledFile(name);
+        if (!file)
+            throw std::runtime_error(
+                "no file '" + name + "' is built in; the recordings are: " + bundledRecordingNames());
+        return std::make_unique<std::istringstream>(
+            std::string(reinterpret_cast<const char *>(file->bytes), file->size));
     }
-    return ScriptMaker(source, pad, maxPressure).make(name);
+    auto stream = std::make_unique<std::ifstream>(directory + name, std::ios::binary);
+    if (!*stream)
+        throw std::runtime_error(directory + name + ": " + std::strerror(errno));
+    return stream;
+}
+
+EventTranslator::EventTranslator(Source source, const Pads &pads)
+    : m_source(std::move(source))
+    , m_pads(pads)
+{
+}
+
+std::shared_ptr<const std::vector<unsigned char>> EventTranslator::image(const std::string &file)
+{
+    if (file == "-")
+        return nullptr;
+    auto &known = m_images[file];
+    if (!known)
+        known = std::make_shared<const std::vector<unsigned char>>(loadFingerprint(m_source, file));
+    return known;
+}
+
+void EventTranslator::translate(const Event &event, std::vector<Delivery> &deliveries)
+{
+    const std::int64_t timeUs = std::max(event.timeUs, m_heldUntilUs);
+    switch (event.kind) {
+    case Event::Kind::Pen:
+        m_lastPacket = mapPacket(
+            event.packet, *m_pads.recorded, m_pads.recordedMaxPressure, *m_pads.played, m_pads.playedMaxPressure);
+        deliveries.push_back({timeUs, m_lastPacket});
+        return;
+    case Event::Kind::Raw:
+        m_lastPacket = event.packet;
+        deliveries.push_back({timeUs, m_lastPacket});
+        return;
+    case Event::Kind::Repeat:
+        for (int i = 0; i < event.value; ++i)
+            deliveries.push_back({timeUs, m_lastPacket});
+        return;
+    case Event::Kind::Stall:
+        m_heldUntilUs = timeUs + std::int64_t{event.value} * 1000;
+        return;
+    case Event::Kind::Fingerprint:
+        if (m_pads.played->hasFingerprintSensor)
+            deliveries.push_back({timeUs, Fingerprint{image(event.file), event.score}});
+        return;
+    default:
+        deliveries.push_back({timeUs, std::make_shared<const Event>(event)});
+    }
+}
+
+bool changesAnswers(const Event &event)
+{
+    switch (event.kind) {
+    case Event::Kind::Answer:
+    case Event::Kind::Text:
+    case Event::Kind::Screen:
+    case Event::Kind::Unplug:
+    case Event::Kind::Plug:
+        return true;
+    default:
+        return false;
+    }
+}
+
+OpenedRecording::OpenedRecording(const std::string &recording)
+    : m_source{!isPath(recording), {}}
+    , m_name(recording)
+{
+    if (m_source.bundled) {
+        m_name += ".kvrec";
+    } else if (const auto slash = recording.rfind('/'); slash != std::string::npos) {
+        m_source.directory = recording.substr(0, slash + 1);
+        m_name = recording.substr(slash + 1);
+    }
+    m_stream = m_source.open(m_name);
+    m_reader = std::make_unique<RecordingReader>(*m_stream, m_source.directory + m_name);
+    m_recorded = padOfName(m_reader->model());
+    for (Event event; m_first.empty() && m_reader->next(event);)
+        (changesAnswers(event) && event.timeUs == 0 ? m_opening : m_first).push_back(std::move(event));
+}
+
+std::string OpenedRecording::versionTextFor(const PadModel &pad) const
+{
+    return m_recorded == &pad ? m_reader->padVersion() : std::string();
+}
+
+Script OpenedRecording::scriptFor(const PadModel &pad, int maxPressure)
+{
+    Script script;
+    EventTranslator translator(
+        m_source, {m_recorded, maxPressureOf(*m_recorded, m_reader->padVersion()), &pad, maxPressure});
+    for (const Event &event : m_first)
+        translator.translate(event, script.deliveries);
+    for (Event event; m_reader->next(event);)
+        translator.translate(event, script.deliveries);
+    return script;
 }
 
 } // namespace kvsim

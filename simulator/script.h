@@ -6,31 +6,103 @@
 #include "padtable.h"
 #include "recording.h"
 
+#include <istream>
+#include <map>
+#include <memory>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace kvsim {
 
-/// One callback to come.
+struct Fingerprint
+{
+    std::shared_ptr<const std::vector<unsigned char>> image; ///< null: the pad sends a null pointer
+    int score = 0;
+};
+
+using Fault = std::shared_ptr<const Event>;
+
+/// Something that the pad does at its time: a callback to come, or a fault to set in.
 struct Delivery
 {
     std::int64_t timeUs = 0;
-    Packet packet{};
-    int fingerprint = -1; ///< index into Script::fingerprints; -1: a pen packet
-    int score = 0;
+    std::variant<Packet, Fingerprint, Fault> what{};
 };
 
 struct Script
 {
     std::vector<Delivery> deliveries{};
-    std::vector<std::vector<unsigned char>> fingerprints{};
 };
 
 /// A packet of one pad as another would have sent it: the same place in the writing area, the same share of pressure.
-Packet mapPacket(const Packet &packet, const PadModel &from, const PadModel &to, int maxPressure);
+Packet mapPacket(
+    const Packet &packet, const PadModel &from, int fromMaxPressure, const PadModel &to, int toMaxPressure);
 
-/// Loads a bundled recording or a file ("none": nothing). Throws std::runtime_error with file, line and reason.
-Script loadScript(const std::string &recording, const PadModel &pad, int maxPressure);
+/// Opens recordings and what they refer to, from the bundle or from the file system.
+struct Source
+{
+    bool bundled = true;
+    std::string directory{}; ///< with a closing slash, or empty
+
+    /// Throws std::runtime_error.
+    std::unique_ptr<std::istream> open(const std::string &name) const;
+};
+
+/// Turns events into deliveries, in their order. A fingerprint that several events name is loaded once.
+class EventTranslator
+{
+public:
+    struct Pads
+    {
+        const PadModel *recorded;
+        int recordedMaxPressure;
+        const PadModel *played;
+        int playedMaxPressure;
+    };
+    EventTranslator(Source source, const Pads &pads);
+
+    /// Throws std::runtime_error for a fingerprint that cannot be loaded.
+    void translate(const Event &event, std::vector<Delivery> &deliveries);
+
+private:
+    std::shared_ptr<const std::vector<unsigned char>> image(const std::string &file);
+
+    Source m_source;
+    Pads m_pads;
+    std::map<std::string, std::shared_ptr<const std::vector<unsigned char>>> m_images;
+    Packet m_lastPacket{};
+    std::int64_t m_heldUntilUs = 0;
+};
+
+/// A recording of which only the header and what holds from Initial on have been read.
+class OpenedRecording
+{
+public:
+    /// A bundled recording or a file. Throws std::runtime_error with file, line and reason.
+    explicit OpenedRecording(const std::string &recording);
+
+    /// The faults at time 0, before anything else happens.
+    const std::vector<Event> &opening() const { return m_opening; }
+
+    /// What the recorded pad's version text was, if it is known and this pad is of the same model.
+    std::string versionTextFor(const PadModel &pad) const;
+
+    /// Reads the rest. Throws std::runtime_error with file, line and reason.
+    Script scriptFor(const PadModel &pad, int maxPressure);
+
+private:
+    Source m_source;
+    std::string m_name;
+    std::unique_ptr<std::istream> m_stream;
+    std::unique_ptr<RecordingReader> m_reader;
+    const PadModel *m_recorded;
+    std::vector<Event> m_opening;
+    std::vector<Event> m_first; ///< the event after the opening, if there is one
+};
+
+/// Whether the event changes how the pad answers, rather than being something that it sends.
+bool changesAnswers(const Event &event);
 
 } // namespace kvsim
 

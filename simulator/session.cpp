@@ -1,5 +1,7 @@
 #include "session.h"
 
+#include <algorithm>
+
 namespace kvsim {
 
 Session::Session(const Receivers &receivers, Script script, const Timing &timing, std::vector<Packet> firstPackets)
@@ -34,6 +36,8 @@ void Session::run()
     while (!m_stopping) {
         if (!m_batches.empty())
             serveNextBatch(lock);
+        else if (!m_appended.empty())
+            playAppended(lock);
         else if (m_playing)
             playNext(lock);
         else
@@ -50,7 +54,7 @@ void Session::run()
 int Session::deliverPackets(const Packet *packets, int count)
 {
     int delivered = 0;
-    for (; delivered < count && !m_stopping; ++delivered) {
+    for (; delivered < count && !m_stopping && !m_gone; ++delivered) {
         const Packet &packet = packets[delivered];
         m_receivers.penPacket(packet.x, packet.y, packet.pressure, packet.status);
     }
@@ -59,20 +63,30 @@ int Session::deliverPackets(const Packet *packets, int count)
 
 int Session::deliverFingerprint(const unsigned char *data, int length, int score)
 {
-    if (!m_receivers.fingerprint || m_stopping)
+    if (!m_receivers.fingerprint || m_stopping || m_gone)
         return 0;
     m_receivers.fingerprint(const_cast<unsigned char *>(data), length, score);
     return 1;
 }
 
+void Session::deliverFault(const Event &fault)
+{
+    if (fault.kind == Event::Kind::Unplug || fault.kind == Event::Kind::Plug)
+        m_gone = fault.kind == Event::Kind::Unplug;
+    if (m_receivers.fault)
+        m_receivers.fault(fault);
+}
+
 void Session::deliver(const Delivery &delivery)
 {
-    if (delivery.fingerprint < 0) {
-        deliverPackets(&delivery.packet, 1);
-        return;
+    if (const Packet *packet = std::get_if<Packet>(&delivery.what)) {
+        deliverPackets(packet, 1);
+    } else if (const Fingerprint *finger = std::get_if<Fingerprint>(&delivery.what)) {
+        const auto *bytes = finger->image.get();
+        deliverFingerprint(bytes ? bytes->data() : nullptr, bytes ? static_cast<int>(bytes->size()) : 0, finger->score);
+    } else {
+        deliverFault(*std::get<Fault>(delivery.what));
     }
-    const auto &bytes = m_script.fingerprints[static_cast<std::size_t>(delivery.fingerprint)];
-    deliverFingerprint(bytes.data(), static_cast<int>(bytes.size()), delivery.score);
 }
 
 void Session::serveNextBatch(std::unique_lock<std::mutex> &lock)
@@ -84,6 +98,36 @@ void Session::serveNextBatch(std::unique_lock<std::mutex> &lock)
     lock.lock();
     batch.done = true;
     m_changed.notify_all();
+}
+
+void Session::append(Delivery delivery, Clock::time_point due)
+{
+    const std::lock_guard lock(m_mutex);
+    m_appended.emplace_back(due, std::move(delivery));
+    m_changed.notify_all();
+}
+
+void Session::playAppended(std::unique_lock<std::mutex> &lock)
+{
+    if (const auto due = m_appended.front().first; Clock::now() < due) {
+        m_changed.wait_until(lock, due);
+        return;
+    }
+    const Delivery delivery = std::move(m_appended.front().second);
+    m_appended.pop_front();
+    lock.unlock();
+    deliver(delivery);
+    lock.lock();
+}
+
+bool Session::comesBack()
+{
+    const std::lock_guard lock(m_mutex);
+    const auto next = m_script.deliveries.begin() + static_cast<std::ptrdiff_t>(m_next);
+    return std::any_of(next, m_script.deliveries.end(), [](const Delivery &delivery) {
+        const Fault *fault = std::get_if<Fault>(&delivery.what);
+        return fault && (*fault)->kind == Event::Kind::Plug;
+    });
 }
 
 Session::Clock::time_point Session::dueTime() const

@@ -20,6 +20,7 @@ struct Receivers
 {
     NOTIFY_HWSIGNDATA penPacket = nullptr;
     NOTIFY_FPDATA fingerprint = nullptr; ///< null: this pad delivers none
+    std::function<void(const Event &)> fault{}; ///< called on the session's thread, before what follows is delivered
 };
 
 struct Timing
@@ -45,6 +46,9 @@ public:
     /// The recording begins a delay after the first call; later calls change nothing.
     void startPlayback();
 
+    /// Something that a pad does now, beside the recording; in the order of the calls, each not before its time.
+    void append(Delivery delivery, std::chrono::steady_clock::time_point due);
+
     /// 1: played, 0: not within the time, -1: stopped.
     int waitUntilPlayed(int timeoutMs);
 
@@ -58,6 +62,12 @@ public:
 
     bool isStopping() const { return m_stopping; }
     bool hasEnded() const { return m_ended; }
+
+    /// The pad was unplugged: it sends nothing and takes no commands.
+    bool isGone() const { return m_gone; }
+
+    /// Whether the recording goes on to plug the pad in again.
+    bool comesBack();
 
 private:
     /// Work that another thread waits for; it answers the number of callbacks made.
@@ -73,10 +83,12 @@ private:
     void run();
     void serveNextBatch(std::unique_lock<std::mutex> &lock);
     void playNext(std::unique_lock<std::mutex> &lock);
+    void playAppended(std::unique_lock<std::mutex> &lock);
     Clock::time_point dueTime() const;
     int deliverPackets(const Packet *packets, int count);
     int deliverFingerprint(const unsigned char *data, int length, int score);
     void deliver(const Delivery &delivery);
+    void deliverFault(const Event &fault);
     int sendBatch(std::function<int()> work);
 
     const Receivers m_receivers;
@@ -87,6 +99,7 @@ private:
     std::mutex m_mutex; ///< guards what follows; never held over a callback
     std::condition_variable m_changed;
     std::deque<Batch *> m_batches;
+    std::deque<std::pair<Clock::time_point, Delivery>> m_appended;
     bool m_firstPacketsDelivered = false;
     bool m_playing = false;
     bool m_started = false;
@@ -96,6 +109,7 @@ private:
     int m_round = 1;
     std::atomic<bool> m_stopping{false};
     std::atomic<bool> m_ended{false};
+    std::atomic<bool> m_gone{false};
     std::thread m_thread; ///< last: it uses all of the above
 };
 

@@ -15,19 +15,34 @@ Simulator &Simulator::instance()
     return simulator;
 }
 
-/// Writes the call into the journal and answers the result that a test asked for, or 0.
+Simulator::~Simulator()
+{
+    unInitial();
+}
+
+/// Writes the call into the journal and answers the result that a test or the recording asked for, or 0.
 int Simulator::noteCall(const char *operation, const std::string &arguments)
 {
     const std::lock_guard lock(m_mutex);
     m_wishes.calls.append(operation).append(arguments).append("\n");
-    const auto wish = m_wishes.results.find(operation);
-    return wish == m_wishes.results.end() ? KVSPDARI_SUCCESS : wish->second;
+    for (const auto *results : {&m_wishes.results, &m_pad.faults.results})
+        if (const auto asked = results->find(operation); asked != results->end())
+            return asked->second;
+    return KVSPDARI_SUCCESS;
 }
 
 Simulator::SessionPtr Simulator::openSession()
 {
     const std::lock_guard lock(m_mutex);
     return m_session;
+}
+
+/// The session when the pad is open and there; otherwise null and what a command answers then.
+Simulator::SessionPtr Simulator::readySession(int &result)
+{
+    SessionPtr session = openSession();
+    result = !session ? KVSPDARI_FAILED : session->isGone() ? KVSPDARI_LIBUSB_SENT_CMD_FAIL : KVSPDARI_SUCCESS;
+    return result == KVSPDARI_SUCCESS ? session : nullptr;
 }
 
 int Simulator::initial(int deviceType, NOTIFY_HWSIGNDATA penPacket, NOTIFY_FPDATA fingerprint)
@@ -39,9 +54,15 @@ int Simulator::initial(int deviceType, NOTIFY_HWSIGNDATA penPacket, NOTIFY_FPDAT
     const PadModel *pad = padOfType(deviceType);
     if (!pad || !penPacket)
         return KVSPDART_INVALID_PARAMETERS;
+    if (openSession())
+        return KVSPDARI_LIBUSB_CLAIM_INTERFACE_FAIL; // the pad has one user
     releaseEndedSessions();
     try {
-        return openPad(*pad, {penPacket, pad->hasFingerprintSensor ? fingerprint : nullptr});
+        return openPad(*pad, {penPacket, pad->hasFingerprintSensor ? fingerprint : nullptr, [this](const Event &fault) {
+                                  takeFault(fault);
+                              }});
+    } catch (const NoVirtualPad &) {
+        return KVSPDARI_LIBUSB_OPEN_DEVICE_FAIL;
     } catch (const std::system_error &error) { // the thread could not be started
         std::fprintf(stderr, "kvsignpaddrv: %s\n", error.what());
         return KVSPDARI_LIBUSB_CREATE_THREAD_FAIL;
@@ -53,28 +74,90 @@ int Simulator::initial(int deviceType, NOTIFY_HWSIGNDATA penPacket, NOTIFY_FPDAT
 
 int Simulator::openPad(const PadModel &pad, const Receivers &receivers)
 {
-    const Settings settings = readSettings();
-    SessionPtr session;
-    {
-        const std::lock_guard lock(m_mutex);
-        if (m_session)
-            return KVSPDARI_LIBUSB_CLAIM_INTERFACE_FAIL; // the pad has one user
-        Script script = loadScript(settings.recording, pad, maxPressureOf(pad, versionText(pad, settings)));
-        m_settings = settings;
-        m_pad = &pad;
-        m_screenOn = false;
-        const Timing timing{settings.speed, settings.delayMs, settings.repeat};
-        session = m_session = std::make_shared<Session>(receivers, std::move(script), timing, m_wishes.firstPackets);
+    OpenPad opened{&pad, readSettings()};
+    std::optional<OpenedRecording> recording;
+    const std::vector<Event> *opening = nullptr;
+    if (opened.settings.recording == "virtual") {
+        opened.link = std::make_shared<VirtualLink>(pad);
+        opening = &opened.link->opening();
+    } else if (opened.settings.recording != "none") {
+        recording.emplace(opened.settings.recording);
+        opening = &recording->opening();
+        opened.recordedVersion = recording->versionTextFor(pad);
     }
-    session->waitForFirstPackets();
+    if (opening)
+        for (const Event &event : *opening)
+            opened.faults.take(event);
+    if (const int result = startSession(std::move(opened), receivers, std::move(recording)); result != KVSPDARI_SUCCESS)
+        return result;
+    if (const SessionPtr session = openSession())
+        session->waitForFirstPackets();
     return KVSPDARI_SUCCESS;
 }
 
-std::string Simulator::versionText(const PadModel &pad, const Settings &settings) const
+int Simulator::startSession(OpenPad pad, const Receivers &receivers, std::optional<OpenedRecording> recording)
 {
-    if (const auto wish = m_wishes.texts.find("GetDevicePartsVersion"); wish != m_wishes.texts.end() && wish->second)
-        return *wish->second;
-    return settings.version.empty() ? pad.versionText : settings.version;
+    const std::lock_guard lock(m_mutex);
+    if (m_session)
+        return KVSPDARI_LIBUSB_CLAIM_INTERFACE_FAIL;
+    if (const int result = refusal(pad); result != KVSPDARI_SUCCESS)
+        return result;
+    const int maxPressure = maxPressureOf(*pad.model, versionText(pad));
+    Script script = recording ? recording->scriptFor(*pad.model, maxPressure) : Script();
+    const Timing timing{pad.settings.speed, pad.settings.delayMs, pad.settings.repeat};
+    m_session = std::make_shared<Session>(receivers, std::move(script), timing, m_wishes.firstPackets);
+    m_pad = std::move(pad);
+    if (m_pad.link)
+        m_pad.link->start(m_session, maxPressure);
+    return KVSPDARI_SUCCESS;
+}
+
+/// What the recording or the window says to Initial.
+int Simulator::refusal(const OpenPad &pad) const
+{
+    if (pad.faults.gone || (m_unplugged && !pad.link))
+        return KVSPDARI_LIBUSB_OPEN_DEVICE_FAIL;
+    const auto asked = pad.faults.results.find("Initial");
+    const bool isOverruled = m_wishes.results.count("Initial") != 0;
+    return asked == pad.faults.results.end() || isOverruled ? KVSPDARI_SUCCESS : asked->second;
+}
+
+/// Null: nobody asked for a text; an empty optional: the query is to write nothing.
+const std::optional<std::string> *Simulator::askedText(const OpenPad &pad, const std::string &query) const
+{
+    for (const auto *texts : {&m_wishes.texts, &pad.faults.texts})
+        if (const auto asked = texts->find(query); asked != texts->end())
+            return &asked->second;
+    return nullptr;
+}
+
+std::string Simulator::versionText(const OpenPad &pad) const
+{
+    if (const auto *asked = askedText(pad, "GetDevicePartsVersion"); asked && *asked)
+        return **asked;
+    if (!pad.settings.version.empty())
+        return pad.settings.version;
+    return pad.recordedVersion.empty() ? pad.model->versionText : pad.recordedVersion;
+}
+
+/// On the session's thread.
+void Simulator::takeFault(const Event &fault)
+{
+    const std::lock_guard lock(m_mutex);
+    m_pad.faults.take(fault);
+    if (!m_pad.link)
+        m_unplugged = m_pad.faults.gone;
+}
+
+void Simulator::tellWindow(const std::string &line)
+{
+    std::shared_ptr<VirtualLink> link;
+    {
+        const std::lock_guard lock(m_mutex);
+        link = m_pad.link;
+    }
+    if (link)
+        link->tell(line);
 }
 
 /// A session that was closed from inside a callback cannot be joined there; this is done at the next occasion.
@@ -92,13 +175,20 @@ int Simulator::unInitial()
 {
     const int wished = noteCall("UnInitial", "");
     std::vector<SessionPtr> sessions;
+    std::shared_ptr<VirtualLink> link;
     {
         const std::lock_guard lock(m_mutex);
-        if (m_session)
+        if (m_session) {
+            m_unplugged = m_unplugged && !m_session->comesBack();
             m_retired.push_back(std::move(m_session));
+        }
         sessions = m_retired; // whoever calls second waits for the last callback as well
-        m_screenOn = false;
+        link = std::move(m_pad.link);
+        m_pad.faults = {};
+        m_pad.screenOn = false;
     }
+    if (link)
+        link->stop();
     for (const SessionPtr &session : sessions)
         session->stop();
     sessions.clear();
@@ -111,50 +201,50 @@ int Simulator::openLcd(bool on)
     if (const int result = plainCommand("OpenDeviceLCD", on); result != KVSPDARI_SUCCESS)
         return result;
     const std::lock_guard lock(m_mutex);
-    m_screenOn = on && m_pad->hasScreen;
-    return m_pad->hasScreen ? KVSPDARI_SUCCESS : KVSPDARI_LIBUSB_SENT_CMD_FAIL;
+    m_pad.screenOn = on && m_pad.model->hasScreen;
+    return m_pad.model->hasScreen ? KVSPDARI_SUCCESS : KVSPDARI_LIBUSB_SENT_CMD_FAIL;
 }
 
 int Simulator::plainCommand(const char *operation, bool on)
 {
-    const int wished = noteCall(operation, on ? " 1" : " 0");
-    if (wished != KVSPDARI_SUCCESS)
-        return wished;
-    return openSession() ? KVSPDARI_SUCCESS : KVSPDARI_FAILED;
+    const char *const argument = on ? " 1" : " 0";
+    int result = noteCall(operation, argument);
+    if (result == KVSPDARI_SUCCESS && readySession(result))
+        tellWindow(std::string(operation) + argument);
+    return result;
 }
 
 int Simulator::clearContent()
 {
-    const int wished = noteCall("ClearDeviceContent", "");
-    if (wished != KVSPDARI_SUCCESS)
-        return wished;
-    const SessionPtr session = openSession();
-    if (!session)
-        return KVSPDARI_FAILED;
-    session->startPlayback();
-    return KVSPDARI_SUCCESS;
+    int result = noteCall("ClearDeviceContent", "");
+    if (result != KVSPDARI_SUCCESS)
+        return result;
+    if (const SessionPtr session = readySession(result)) {
+        session->startPlayback();
+        tellWindow("ClearDeviceContent");
+    }
+    return result;
 }
 
-std::string Simulator::ownText(const std::string &operation) const
+std::string Simulator::ownText(const std::string &query) const
 {
-    if (operation == "GetDevicePartsVersion")
-        return versionText(*m_pad, m_settings);
-    const std::string kind = operation.substr(std::strlen("GetDevice")); // PenID, PadID, SecureID
-    return "SIM-" + std::string(m_pad->name) + "-" + kind + "-0001";
+    if (query == "GetDevicePartsVersion")
+        return versionText(m_pad);
+    const std::string kind = query.substr(std::strlen("GetDevice")); // PenID, PadID, SecureID
+    return "SIM-" + std::string(m_pad.model->name) + "-" + kind + "-0001";
 }
 
-int Simulator::writeText(const char *operation, char *buffer, int size)
+int Simulator::writeText(const char *query, char *buffer, int size)
 {
-    const int wished = noteCall(operation, " " + std::to_string(size));
+    const int wished = noteCall(query, " " + std::to_string(size));
     if (!buffer || size <= 0)
         return KVSPDART_INVALID_PARAMETERS;
-    const SessionPtr session = openSession();
-    if (!session)
-        return wished != KVSPDARI_SUCCESS ? wished : KVSPDARI_FAILED;
+    int result = KVSPDARI_SUCCESS;
+    if (!readySession(result))
+        return wished != KVSPDARI_SUCCESS ? wished : result;
     const std::lock_guard lock(m_mutex);
-    const auto wish = m_wishes.texts.find(operation);
-    const auto text = wish == m_wishes.texts.end() ? std::optional(ownText(operation)) : wish->second;
-    if (text) {
+    const auto *asked = askedText(m_pad, query);
+    if (const auto text = asked ? *asked : std::optional(ownText(query))) {
         const auto length = std::min(text->size(), static_cast<std::size_t>(size) - 1);
         std::memcpy(buffer, text->data(), length);
         buffer[length] = '\0';
@@ -164,24 +254,26 @@ int Simulator::writeText(const char *operation, char *buffer, int size)
 
 int Simulator::showPicture(const unsigned char *image, int length, int width, int height, const bool *abort)
 {
-    const int wished = noteCall("ShowFPImageOnDevice",
+    int result = noteCall("ShowFPImageOnDevice",
         " " + std::to_string(length) + " " + std::to_string(width) + " " + std::to_string(height));
-    if (wished != KVSPDARI_SUCCESS)
-        return wished;
+    if (result != KVSPDARI_SUCCESS)
+        return result;
     if (!image || width <= 0 || height <= 0 || length / 2 / width != height || length != width * height * 2)
         return KVSPDART_INVALID_PARAMETERS;
-    const SessionPtr session = openSession();
+    const SessionPtr session = readySession(result);
     if (!session)
-        return KVSPDARI_FAILED;
+        return result;
     int delayMs = 0;
     {
         const std::lock_guard lock(m_mutex);
-        if (!m_pad->hasFingerprintSensor)
+        if (!m_pad.model->hasFingerprintSensor)
             return KVSPDARI_LIBUSB_SENT_CMD_FAIL; // its screen has no place for a picture
-        delayMs = m_wishes.screenDelayMs >= 0 ? m_wishes.screenDelayMs : m_settings.screenMs;
+        for (const int asked : {m_pad.settings.screenMs, m_pad.faults.screenMs, m_wishes.screenDelayMs})
+            delayMs = asked >= 0 ? asked : delayMs;
     }
     if (!transferPicture(*session, delayMs, abort))
         return KVSPDARI_LIBUSB_SENT_CMD_FAIL;
+    tellWindow(VirtualLink::pictureLine(image, width, height));
     return keepPicture(image, length, width, height);
 }
 
@@ -190,7 +282,7 @@ bool Simulator::transferPicture(const Session &session, int delayMs, const bool 
 {
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(delayMs);
     for (;;) {
-        if (session.isStopping() || (abort && __atomic_load_n(abort, __ATOMIC_ACQUIRE)))
+        if (session.isStopping() || session.isGone() || (abort != nullptr && __atomic_load_n(abort, __ATOMIC_ACQUIRE)))
             return false;
         if (std::chrono::steady_clock::now() >= end)
             return true;
@@ -203,7 +295,8 @@ int Simulator::keepPicture(const unsigned char *image, int length, int width, in
     const std::lock_guard lock(m_mutex);
     m_wishes.lastPicture.assign(image, image + length);
     const int number = ++m_wishes.shownPictures;
-    if (!m_settings.pictures.empty() && !storePicture(m_settings.pictures, number, image, width, height))
+    const std::string &directory = m_pad.settings.pictures;
+    if (!directory.empty() && !storePicture(directory, number, image, width, height))
         return KVSPDARI_FAILED;
     return KVSPDARI_SUCCESS;
 }

@@ -3,8 +3,10 @@
 #ifndef SIMULATOR_H
 #define SIMULATOR_H
 
+#include "faults.h"
 #include "session.h"
 #include "settings.h"
+#include "virtuallink.h"
 
 #include <map>
 #include <memory>
@@ -17,6 +19,10 @@ class Simulator
 {
 public:
     static Simulator &instance();
+    Simulator() = default;
+    ~Simulator();
+    Simulator(const Simulator &) = delete;
+    Simulator &operator=(const Simulator &) = delete;
 
     // The operations. Each answers a KVSPDAPI_RETURN_ID; callbacks may call them all.
     int initial(int deviceType, NOTIFY_HWSIGNDATA penPacket, NOTIFY_FPDATA fingerprint);
@@ -58,20 +64,36 @@ private:
         std::vector<unsigned char> lastPicture{};
     };
 
+    /// What holds from Initial to UnInitial.
+    struct OpenPad
+    {
+        const PadModel *model = nullptr;
+        Settings settings{};
+        Faults faults{};
+        std::string recordedVersion{}; ///< of the pad that the recording was made on, when it was of this model
+        std::shared_ptr<VirtualLink> link{}; ///< null: a recording, or nothing, is played
+        bool screenOn = false;
+    };
+
     int noteCall(const char *operation, const std::string &arguments);
     SessionPtr openSession();
+    SessionPtr readySession(int &result);
     int openPad(const PadModel &pad, const Receivers &receivers);
-    std::string versionText(const PadModel &pad, const Settings &settings) const;
-    std::string ownText(const std::string &operation) const;
+    int startSession(OpenPad pad, const Receivers &receivers, std::optional<OpenedRecording> recording);
+    int refusal(const OpenPad &pad) const;
+    std::string versionText(const OpenPad &pad) const;
+    std::string ownText(const std::string &query) const;
+    const std::optional<std::string> *askedText(const OpenPad &pad, const std::string &query) const;
+    void takeFault(const Event &fault);
+    void tellWindow(const std::string &line);
     void releaseEndedSessions();
     bool transferPicture(const Session &session, int delayMs, const bool *abort) const;
     int keepPicture(const unsigned char *image, int length, int width, int height);
 
     std::mutex m_mutex; ///< guards all fields; never held while waiting, nor over a callback
     Wishes m_wishes;
-    Settings m_settings;
-    const PadModel *m_pad = nullptr;
-    bool m_screenOn = false;
+    OpenPad m_pad;
+    bool m_unplugged = false; ///< a recording unplugged the pad, which outlasts the session
     SessionPtr m_session; ///< null: closed
     std::vector<SessionPtr> m_retired; ///< closed, but their threads may be in a last callback
 };

@@ -24,7 +24,8 @@ struct KVSIM_PACKET
 };
 
 /// Delivers packets from the reading thread, in order, and returns after the last callback has returned.
-/// Answers how many were delivered (fewer than count only when the driver was closed meanwhile), or -1 when the driver
+/// Answers how many were delivered (fewer than count only when the driver was closed or the pad unplugged
+/// meanwhile), or -1 when the driver
 /// is not open or when it is called on the reading thread itself, that is from inside a callback.
 int KVSIM_SendPackets(const struct KVSIM_PACKET *packets, int count);
 
@@ -37,7 +38,7 @@ void KVSIM_SetReadingThreadPackets(const struct KVSIM_PACKET *packets, int count
 
 /// Makes an operation (its name with or without KVSPDAPI_) answer this result from its next call on. With a result
 /// other than 0 Initial does not open and a command does nothing; a text query still writes its text, and UnInitial
-/// still closes.
+/// still closes. This overrules what a recording asks for.
 void KVSIM_SetResult(const char *operation, int result);
 
 /// Sets what a text query (GetDevicePartsVersion...) writes. Null: it writes nothing and answers its result.
@@ -65,6 +66,7 @@ int KVSIM_IsScreenOn(void);
 int KVSIM_WaitUntilPlayed(int timeoutMs);
 
 /// Forgets results, texts, reading-thread packets, screen delay, calls and pictures. An open pad stays open.
+/// A pad that a recording has unplugged may be opened again.
 void KVSIM_Reset(void);
 
 #pragma GCC visibility pop

@@ -15,6 +15,7 @@ namespace {
 using namespace kvsim;
 
 constexpr const char *kHeader = "version: 1\nmodel: S300\n";
+constexpr const char *kHeader2 = "version: 2\nmodel: S300\n";
 
 Recording read(const std::string &text)
 {
@@ -43,8 +44,8 @@ const Refused kRefused[] = {
     {"NoVersion", "model: S300\n0 1 2 3 0\n", "pen.kvrec:2: the header has no version"},
     {"NoModel", "version: 1\n\n0 1 2 3 0\n", "pen.kvrec:3: the header has no model"},
     {"NoModelNoEvents", "version: 1\n", "pen.kvrec:1: the header has no model"},
-    {"FutureVersion", "version: 2\nmodel: S300\n",
-        "pen.kvrec:1: version 2 is newer than 1, the newest that this program reads"},
+    {"FutureVersion", "version: 3\nmodel: S300\n",
+        "pen.kvrec:1: version 3 is newer than 2, the newest that this program reads"},
     {"VersionZero", "version: 0\n", "pen.kvrec:1: there is no version 0"},
     {"VersionWord", "version: one\n", "pen.kvrec:1: version 'one' is not a whole number"},
     {"UnknownModel", "version: 1\nmodel: S400\n", "pen.kvrec:2: unknown model 'S400'"},
@@ -62,10 +63,37 @@ const Refused kRefused[] = {
         "pen.kvrec:3: time '1000000000.5' is out of range"},
     {"ExponentTime", std::string(kHeader) + "1e3 1 2 3 0\n", "pen.kvrec:3: time '1e3' is not a number of milliseconds"},
     {"CommaTime", std::string(kHeader) + "1,5 1 2 3 0\n", "pen.kvrec:3: time '1,5' is not a number of milliseconds"},
-    {"UnknownEvent", std::string(kHeader) + "unplug 10\n", "pen.kvrec:3: unknown event 'unplug'"},
+    {"UnknownEvent", std::string(kHeader) + "explode 10\n", "pen.kvrec:3: unknown event 'explode'"},
     {"HeaderTooLate", std::string(kHeader) + "0 1 2 3 0\ntitle: late\n", "pen.kvrec:4: unknown event 'title:'"},
     {"FingerprintFields", std::string(kHeader) + "fingerprint 10 a.pgm\n",
         "pen.kvrec:3: a fingerprint is: fingerprint time file score"},
+    {"Version2WordInVersion1", std::string(kHeader) + "unplug 10\n",
+        "pen.kvrec:3: 'unplug' needs version 2; the header says 1"},
+    {"NullFingerprintInVersion1", std::string(kHeader) + "fingerprint 10 - 5\n",
+        "pen.kvrec:3: 'fingerprint' needs version 2; the header says 1"},
+    {"RawFields", std::string(kHeader2) + "raw 0 1 2 3\n",
+        "pen.kvrec:3: a raw packet is: raw time x y pressure status"},
+    {"RawSurplus", std::string(kHeader2) + "raw 0 1 2 3 4 5\n",
+        "pen.kvrec:3: a raw packet is: raw time x y pressure status"},
+    {"RawStatus", std::string(kHeader2) + "raw 0 1 2 3 up\n", "pen.kvrec:3: status 'up' is not a whole number"},
+    {"RepeatNothing", std::string(kHeader2) + "repeat 0 1\n", "pen.kvrec:3: there is no packet to repeat yet"},
+    {"RepeatNever", std::string(kHeader2) + "raw 0 1 2 3 4\nrepeat 0 0\n", "pen.kvrec:4: count '0' is out of range"},
+    {"RepeatEndlessly", std::string(kHeader2) + "0 1 2 3 4\nrepeat 0 1000001\n",
+        "pen.kvrec:4: count '1000001' is out of range"},
+    {"StallFields", std::string(kHeader2) + "stall 5\n", "pen.kvrec:3: a stall is: stall time milliseconds"},
+    {"StallBackwards", std::string(kHeader2) + "stall 5 -1\n", "pen.kvrec:3: duration '-1' is out of range"},
+    {"AnswerFields", std::string(kHeader2) + "answer 5 Initial\n",
+        "pen.kvrec:3: an answer is: answer time operation result"},
+    {"AnswerOperation", std::string(kHeader2) + "answer 5 KVSPDAPI_Initial -4\n",
+        "pen.kvrec:3: unknown operation 'KVSPDAPI_Initial'"},
+    {"AnswerResult", std::string(kHeader2) + "answer 5 Initial no\n", "pen.kvrec:3: result 'no' is not a whole number"},
+    {"TextFields", std::string(kHeader2) + "text 5\n", "pen.kvrec:3: a text is: text time query [text]"},
+    {"TextOfACommand", std::string(kHeader2) + "text 5 OpenDeviceLCD on\n",
+        "pen.kvrec:3: unknown text query 'OpenDeviceLCD'"},
+    {"ScreenDuration", std::string(kHeader2) + "screen 5 1s\n", "pen.kvrec:3: duration '1s' is not a whole number"},
+    {"UnplugTime", std::string(kHeader2) + "unplug now\n", "pen.kvrec:3: time 'now' is not a number of milliseconds"},
+    {"PlugFields", std::string(kHeader2) + "plug 5 6\n", "pen.kvrec:3: plugging in is: plug time"},
+    {"FaultsInTheirOrder", std::string(kHeader2) + "unplug 5\nplug 4\n", "pen.kvrec:4: the time goes backwards"},
     {"FingerprintScore", std::string(kHeader) + "fingerprint 10 a.pgm good\n",
         "pen.kvrec:3: score 'good' is not a whole number"},
 };
@@ -103,6 +131,13 @@ const Accepted kAccepted[] = {
     {"Tabs", std::string(kHeader) + "0\t1\t2 \t3\t0\t\n", 1},
     {"SameTime", std::string(kHeader) + "7 1 2 3 0\n7 1 2 3 1\n7 1 2 3 2\n", 3},
     {"Extremes", std::string(kHeader) + "1000000000 2147483647 -2147483648 -1 -7\n", 1},
+    {"WordInAKey", std::string(kHeader) + "screen size: 5 inch\n0 1 2 3 0\n", 1},
+    {"ColonInAFault", std::string(kHeader2) + "text 0 GetDevicePadID a: b\n0 1 2 3 0\n", 2},
+    {"EveryFault",
+        std::string(kHeader2)
+            + "answer 0 Initial -4\ntext 0 GetDevicePadID\nscreen 1 5\nunplug 1\nplug 2\n"
+              "raw 3 1 2 3 9\nrepeat 3 1000000\nstall 4 0\nfingerprint 5 - -1\n",
+        9},
     {"UnknownKeys", std::string(kHeader) + "weather: rain: heavy\n0 1 2 3 0\n", 1},
 };
 
@@ -146,6 +181,42 @@ TEST(Recording, TextSurvivesReadingAndWriting)
         "version: 1\nmodel: S310X\ntitle: round and round\n0 1 2 3 0\n4.5 -1 -2 0 1\n"
         "4.505 2147483647 -2147483648 7 2\nfingerprint 10.01 finger-fair.pgm -3\n1000000000 0 0 0 4\n";
     EXPECT_EQ(write(read(text)), text);
+}
+
+TEST(Recording, FaultsHaveTheValuesOfTheText)
+{
+    const Recording recording = read("version: 2\nmodel: S210\npad-version: KVT120 4.2\n"
+                                     "answer 1.5 SetDevicePenStyle -7\ntext 2 GetDevicePenID  two  words \n"
+                                     "text 2 GetDevicePadID\nscreen 3 1500\nraw 4 -1 2147483647 3 9\nrepeat 5 20\n"
+                                     "stall 6 70\n");
+    EXPECT_EQ(recording.padVersion, "KVT120 4.2");
+    EXPECT_TRUE(recording.notes.empty());
+    ASSERT_EQ(recording.events.size(), 7u);
+    const auto &events = recording.events;
+    EXPECT_EQ(events[0].kind, Event::Kind::Answer);
+    EXPECT_EQ(events[0].timeUs, 1500);
+    EXPECT_EQ(events[0].operation, "SetDevicePenStyle");
+    EXPECT_EQ(events[0].value, -7);
+    EXPECT_EQ(events[1].operation, "GetDevicePenID");
+    EXPECT_EQ(events[1].text, "two  words");
+    EXPECT_EQ(events[2].text, std::nullopt);
+    EXPECT_EQ(events[3].value, 1500);
+    EXPECT_EQ(events[4].packet.y, 2147483647);
+    EXPECT_EQ(events[4].packet.status, 9);
+    EXPECT_EQ(events[5].value, 20);
+    EXPECT_EQ(events[6].value, 70);
+}
+
+TEST(Recording, AWriterSaysTheOldestVersionThatSuffices)
+{
+    for (const char *text : {"version: 1\nmodel: S300\npad-version: x\n0 1 2 3 0\n", // a key for people in version 1
+             "version: 2\nmodel: S300\npad-version: KVS300 1.0\n0 1 2 3 0\n",
+             "version: 2\nmodel: S300\nraw 0 1 2 3 0\nrepeat 0 3\nstall 0.5 20\n",
+             "version: 2\nmodel: S310X\nfingerprint 0 - 20\nanswer 1 UnInitial -1\n",
+             "version: 2\nmodel: S300\ntext 0 GetDevicePadID a b\ntext 1 GetDevicePadID\n",
+             "version: 2\nmodel: S300\nscreen 1 2\nunplug 3\nplug 4\n"})
+        EXPECT_EQ(write(read(text)), text);
+    EXPECT_EQ(write(read("version: 2\nmodel: S300\n0 1 2 3 0\n")), "version: 1\nmodel: S300\n0 1 2 3 0\n");
 }
 
 TEST(Recording, NumbersDoNotFollowTheLocale)

@@ -1,0 +1,154 @@
+#include "virtuallink.h"
+
+#include "windowconnection.h"
+
+#include <cstdio>
+
+namespace kvsim {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kRetry = 200ms;
+/// Packets wait this long, so that the window's being late now and then does not make their times uneven.
+constexpr auto kLatency = 8ms;
+
+std::string initialLine(const PadModel &pad)
+{
+    return "Initial " + std::to_string(pad.deviceType);
+}
+
+std::string operationOf(const std::string &line)
+{
+    return line.substr(0, line.find(' '));
+}
+
+} // namespace
+
+VirtualLink::VirtualLink(const PadModel &pad)
+    : m_pad(pad)
+{
+    try {
+        m_connection = std::make_shared<WindowConnection>(initialLine(pad));
+    } catch (const std::runtime_error &error) {
+        throw NoVirtualPad(error.what());
+    }
+    m_opening = m_connection->opening();
+}
+
+VirtualLink::~VirtualLink()
+{
+    stop();
+}
+
+void VirtualLink::start(std::shared_ptr<Session> session, int maxPressure)
+{
+    m_session = std::move(session);
+    m_maxPressure = maxPressure;
+    m_thread = std::thread([this] { run(); });
+}
+
+void VirtualLink::stop()
+{
+    tell("UnInitial");
+    {
+        const std::lock_guard lock(m_mutex);
+        m_stopping = true;
+        if (m_connection)
+            m_connection->close();
+        m_changed.notify_all();
+    }
+    if (m_thread.joinable())
+        m_thread.join();
+}
+
+void VirtualLink::tell(const std::string &line)
+{
+    const std::lock_guard lock(m_mutex);
+    m_told[operationOf(line)] = line;
+    if (operationOf(line) == "ClearDeviceContent")
+        m_told.erase("ShowFPImageOnDevice");
+    if (m_connection && !m_connection->send(line))
+        m_connection->close(); // it does not read: as good as closed
+}
+
+void VirtualLink::run()
+{
+    for (;;) {
+        playConnection();
+        Event gone;
+        gone.kind = Event::Kind::Unplug;
+        receive(gone);
+        do {
+            std::unique_lock lock(m_mutex);
+            m_changed.wait_for(lock, kRetry, [this] { return m_stopping; });
+            if (m_stopping)
+                return;
+        } while (!reconnect());
+    }
+}
+
+/// Hands on what the window sends until it is closed.
+void VirtualLink::playConnection()
+{
+    const auto connection = m_connection;
+    const PadModel &window = *padOfName(connection->model());
+    EventTranslator translator({true, {}}, {&window, window.maxPressure, &m_pad, m_maxPressure});
+    const auto begin = connection->begin() + kLatency;
+    try {
+        std::vector<Delivery> deliveries;
+        for (Event event; connection->next(event); deliveries.clear()) {
+            translator.translate(event, deliveries);
+            for (Delivery &delivery : deliveries) {
+                const auto due = begin + std::chrono::microseconds(delivery.timeUs);
+                m_session->append(std::move(delivery), due);
+            }
+        }
+    } catch (const std::exception &error) {
+        std::fprintf(stderr, "kvsignpaddrv: %s\n", error.what());
+    }
+    const std::lock_guard lock(m_mutex);
+    m_connection = nullptr;
+}
+
+bool VirtualLink::reconnect()
+{
+    std::shared_ptr<WindowConnection> connection;
+    try {
+        connection = std::make_shared<WindowConnection>(initialLine(m_pad));
+    } catch (const std::runtime_error &) {
+        return false; // not open yet
+    }
+    if (connection->answer() != KVSPDARI_SUCCESS)
+        return false;
+    Event back;
+    back.kind = Event::Kind::Plug;
+    receive(back);
+    for (const Event &event : connection->opening())
+        receive(event);
+    const std::lock_guard lock(m_mutex);
+    for (const auto &[operation, line] : m_told)
+        connection->send(line);
+    m_connection = std::move(connection);
+    if (m_stopping)
+        m_connection->close();
+    return true;
+}
+
+void VirtualLink::receive(const Event &event)
+{
+    m_session->append({0, std::make_shared<const Event>(event)}, Clock::now());
+}
+
+std::string VirtualLink::pictureLine(const unsigned char *image, int width, int height)
+{
+    constexpr const char *kDigits = "0123456789abcdef";
+    std::string line = "ShowFPImageOnDevice " + std::to_string(width) + " " + std::to_string(height) + " ";
+    const std::size_t length = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 2;
+    for (std::size_t i = 0; i < length; ++i)
+        line.append({kDigits[image[i] >> 4], kDigits[image[i] & 15]});
+    return line;
+}
+
+} // namespace kvsim

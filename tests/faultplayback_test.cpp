@@ -1,0 +1,266 @@
+/// @file
+/// What the faults of a recording make of the simulated pad: when they set in, what it sends and what it answers.
+#include "greyimage.h"
+#include "simulateddriver.h"
+
+#include <fstream>
+#include <map>
+
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+class FaultPlayback : public SimulatorTest
+{
+protected:
+    FaultPlayback() { setenv("KVSIM_SPEED", "max", 1); }
+    ~FaultPlayback() override
+    {
+        std::remove(m_file.c_str());
+        driver.Reset();
+    }
+
+    /// Makes this the recording that Initial plays.
+    void script(const std::string &events, const std::string &header = "version: 2\nmodel: S300\n")
+    {
+        std::ofstream(m_file) << header << events;
+        setenv("KVSIM_RECORDING", m_file.c_str(), 1);
+    }
+
+    void play(const std::string &events, int deviceType = KVS300_DEVICE)
+    {
+        script(events);
+        ASSERT_EQ(open(deviceType), KVSPDARI_SUCCESS);
+        ASSERT_EQ(driver.ClearDeviceContent(), KVSPDARI_SUCCESS);
+        ASSERT_EQ(driver.WaitUntilPlayed(30000), 1);
+    }
+
+    std::string sentX() const
+    {
+        std::string text;
+        for (const KVSIM_PACKET &packet : received.packets)
+            text += std::to_string(packet.x) + " ";
+        return text;
+    }
+
+private:
+    const std::string m_file = "/tmp/kv-faultplayback-" + std::to_string(getpid()) + ".kvrec";
+};
+
+TEST_F(FaultPlayback, ARepetitionIsTheLastPacketAgain)
+{
+    play("0 201 300 5 0\nrepeat 0 1\n1 202 300 6 1\nraw 2 203 300 -9 7\nrepeat 3 3\n4 204 300 0 2\n");
+    EXPECT_EQ(sentX(), "201 201 202 203 203 203 203 204 ");
+    EXPECT_EQ(received.packets[1].status, 0);
+    EXPECT_EQ(received.packets[6].status, 7);
+    EXPECT_EQ(received.packets[6].pressure, -9);
+}
+
+TEST_F(FaultPlayback, RawPacketsAreNotMappedToAnotherModel)
+{
+    play("0 200 200 2048 0\nraw 1 2147483647 -2147483648 99999 -1\n", KVR800_DEVICE);
+    ASSERT_EQ(received.packets.size(), 2u);
+    EXPECT_EQ(received.packets[0].x, 550);
+    EXPECT_EQ(received.packets[0].pressure, 8192);
+    EXPECT_EQ(received.packets[1].x, 2147483647);
+    EXPECT_EQ(received.packets[1].y, -2147483647 - 1);
+    EXPECT_EQ(received.packets[1].pressure, 99999);
+    EXPECT_EQ(received.packets[1].status, -1);
+}
+
+TEST_F(FaultPlayback, AStallHoldsBackWhatIsDueAndThenComesABurst)
+{
+    setenv("KVSIM_SPEED", "1", 1);
+    script("0 200 200 5 0\nstall 10 90\n20 201 200 5 1\n50 202 200 5 1\n99.9 203 200 5 1\n130 204 200 5 2\n");
+    ASSERT_EQ(open(), KVSPDARI_SUCCESS);
+    const auto begin = Clock::now();
+    driver.ClearDeviceContent();
+    ASSERT_EQ(driver.WaitUntilPlayed(30000), 1);
+    EXPECT_EQ(sentX(), "200 201 202 203 204 ");
+    for (const int held : {1, 2, 3})
+        EXPECT_GE(received.times[static_cast<std::size_t>(held)] - begin, 100ms) << held;
+    EXPECT_LT(received.times[3] - received.times[1], 20ms);
+    EXPECT_GE(received.times[4] - begin, 130ms);
+}
+
+TEST_F(FaultPlayback, AnAnswerHoldsFromItsTimeOn)
+{
+    setenv("KVSIM_SPEED", "1", 1);
+    script("200 200 200 5 0\nanswer 200 SetDevicePenStyle -7\n202 200 200 5 2\n600 200 200 5 0\n"
+           "answer 600 SetDevicePenStyle 0\n602 200 200 5 2\n");
+    std::map<std::size_t, int> results; // by packets before
+    received.whenPacketComes = [&](const KVSIM_PACKET &packet) {
+        if (packet.status == KVSPDARI_PS_PEN_UP)
+            results[received.packetCount()] = driver.SetDevicePenStyle(false);
+    };
+    ASSERT_EQ(open(), KVSPDARI_SUCCESS);
+    driver.ClearDeviceContent();
+    EXPECT_EQ(driver.SetDevicePenStyle(true), KVSPDARI_SUCCESS);
+    ASSERT_EQ(driver.WaitUntilPlayed(30000), 1);
+    EXPECT_EQ(results, (std::map<std::size_t, int>{{2, -7}, {4, 0}}));
+}
+
+struct Asked
+{
+    const char *operation;
+    int (*call)(const SimulatedDriver &);
+};
+
+unsigned char picture[8];
+char text[32];
+
+const Asked kAsked[] = {
+    {"OpenDeviceLCD", [](const SimulatedDriver &driver) { return driver.OpenDeviceLCD(true); }},
+    {"ClearDeviceContent", [](const SimulatedDriver &driver) { return driver.ClearDeviceContent(); }},
+    {"GetDevicePenID", [](const SimulatedDriver &driver) { return driver.GetDevicePenID(text, 32); }},
+    {"GetDevicePadID", [](const SimulatedDriver &driver) { return driver.GetDevicePadID(text, 32); }},
+    {"GetDeviceSecureID", [](const SimulatedDriver &driver) { return driver.GetDeviceSecureID(text, 32); }},
+    {"GetDevicePartsVersion", [](const SimulatedDriver &driver) { return driver.GetDevicePartsVersion(text, 32); }},
+    {"ShowVersionInfoOnDevice", [](const SimulatedDriver &driver) { return driver.ShowVersionInfoOnDevice(true); }},
+    {"SetDevicePenStyle", [](const SimulatedDriver &driver) { return driver.SetDevicePenStyle(true); }},
+    {"ShowFPImageOnDevice",
+        [](const SimulatedDriver &driver) { return driver.ShowFPImageOnDevice(picture, 8, 2, 2, nullptr); }},
+};
+
+TEST_F(FaultPlayback, EveryOperationAnswersWhatItIsToldTo)
+{
+    for (const Asked &asked : kAsked) {
+        driver.UnInitial();
+        script(std::string("answer 0 ") + asked.operation + " -5\nscreen 0 0\n");
+        ASSERT_EQ(open(KVS310X_DEVICE), KVSPDARI_SUCCESS);
+        for (const Asked &other : kAsked)
+            EXPECT_EQ(other.call(driver), &other == &asked ? -5 : 0) << asked.operation << " " << other.operation;
+    }
+    EXPECT_EQ(driver.ShownPictures(), 8); // not the one that was refused
+    script("answer 0 UnInitial -3\n");
+    driver.UnInitial();
+    ASSERT_EQ(open(), KVSPDARI_SUCCESS);
+    EXPECT_EQ(driver.UnInitial(), -3);
+    EXPECT_EQ(driver.IsOpen(), 0);
+    EXPECT_EQ(driver.UnInitial(), 0); // the recording's reach ends with the pad
+}
+
+TEST_F(FaultPlayback, InitialAnswersWhatTheRecordingBeginsWith)
+{
+    for (const int result : {-1, -2, -3, -4, -5, -6, -7}) {
+        script("answer 0 Initial " + std::to_string(result) + "\n");
+        EXPECT_EQ(open(), result);
+        EXPECT_EQ(driver.IsOpen(), 0);
+    }
+    script("0 200 200 5 0\nanswer 0 Initial -3\n"); // not before everything else
+    EXPECT_EQ(open(), KVSPDARI_SUCCESS);
+    driver.UnInitial();
+    script("unplug 0\n");
+    EXPECT_EQ(open(), KVSPDARI_LIBUSB_OPEN_DEVICE_FAIL);
+    driver.SetResult("Initial", KVSPDARI_SUCCESS); // what a test asks for goes first, but cannot plug a pad in
+    EXPECT_EQ(open(), KVSPDARI_LIBUSB_OPEN_DEVICE_FAIL);
+    script("answer 0 Initial -3\n");
+    EXPECT_EQ(open(), KVSPDARI_SUCCESS);
+}
+
+TEST_F(FaultPlayback, AnUnpluggedPadIsSilentAndTakesNothing)
+{
+    play("0 200 200 5 0\n1 201 200 5 1\nunplug 2\n3 202 200 5 1\nfingerprint 3 - 9\n4 203 200 5 2\n", KVS310X_DEVICE);
+    EXPECT_EQ(received.packetCount(), 2u);
+    EXPECT_TRUE(received.scores.empty());
+    for (const Asked &asked : kAsked)
+        EXPECT_EQ(asked.call(driver), KVSPDARI_LIBUSB_SENT_CMD_FAIL) << asked.operation;
+    const KVSIM_PACKET packet{1, 2, 3, 0};
+    EXPECT_EQ(driver.SendPackets(&packet, 1), 0);
+    EXPECT_EQ(driver.UnInitial(), KVSPDARI_SUCCESS);
+    EXPECT_EQ(open(), KVSPDARI_LIBUSB_OPEN_DEVICE_FAIL); // pulled out is pulled out, whatever is to be played
+    setenv("KVSIM_RECORDING", "none", 1);
+    EXPECT_EQ(open(), KVSPDARI_LIBUSB_OPEN_DEVICE_FAIL);
+    driver.Reset();
+    EXPECT_EQ(open(), KVSPDARI_SUCCESS);
+}
+
+TEST_F(FaultPlayback, APadThatIsPluggedInAgainGoesOn)
+{
+    play("0 200 200 5 0\nunplug 2\n3 202 200 5 1\nplug 4\n5 203 200 5 1\n");
+    EXPECT_EQ(received.packetCount(), 2u);
+    EXPECT_EQ(received.packets[1].x, 203);
+    EXPECT_EQ(driver.SetDevicePenStyle(true), KVSPDARI_SUCCESS);
+    driver.UnInitial();
+    setenv("KVSIM_SPEED", "1", 1);
+    script("0 200 200 5 0\nunplug 0\n0 201 200 5 1\nplug 60000\n");
+    ASSERT_EQ(open(), KVSPDARI_SUCCESS);
+    driver.ClearDeviceContent();
+    while (driver.SetDevicePenStyle(true) == KVSPDARI_SUCCESS)
+        std::this_thread::yield();
+    driver.UnInitial(); // the recording would have plugged it in
+    EXPECT_EQ(open(), KVSPDARI_SUCCESS);
+}
+
+TEST_F(FaultPlayback, UnpluggingEndsAPicture)
+{
+    setenv("KVSIM_SPEED", "1", 1);
+    script("screen 0 60000\n0 200 200 5 0\nunplug 40\n");
+    ASSERT_EQ(open(KVS310X_DEVICE), KVSPDARI_SUCCESS);
+    driver.ClearDeviceContent();
+    const auto begin = Clock::now();
+    EXPECT_EQ(driver.ShowFPImageOnDevice(picture, 8, 2, 2, nullptr), KVSPDARI_LIBUSB_SENT_CMD_FAIL);
+    EXPECT_LT(Clock::now() - begin, 10s);
+    EXPECT_EQ(driver.ShownPictures(), 0);
+}
+
+TEST_F(FaultPlayback, ASlowScreenTakesItsTime)
+{
+    script("screen 0 50\n");
+    ASSERT_EQ(open(KVS310X_DEVICE), KVSPDARI_SUCCESS);
+    const auto begin = Clock::now();
+    EXPECT_EQ(driver.ShowFPImageOnDevice(picture, 8, 2, 2, nullptr), KVSPDARI_SUCCESS);
+    EXPECT_GE(Clock::now() - begin, 50ms);
+    EXPECT_LT(Clock::now() - begin, 190ms); // 200 is the setting's default
+}
+
+TEST_F(FaultPlayback, TextsAreTheRecordingsOwn)
+{
+    script("text 0 GetDevicePartsVersion KVS300 9.9\ntext 0 GetDevicePadID\n");
+    ASSERT_EQ(open(), KVSPDARI_SUCCESS);
+    EXPECT_EQ(driver.GetDevicePartsVersion(text, 32), KVSPDARI_SUCCESS);
+    EXPECT_STREQ(text, "KVS300 9.9");
+    EXPECT_EQ(driver.GetDevicePadID(text, 32), KVSPDARI_SUCCESS);
+    EXPECT_STREQ(text, "KVS300 9.9"); // nothing was written
+    driver.SetText("GetDevicePartsVersion", "KVS300 0.1");
+    driver.GetDevicePartsVersion(text, 32);
+    EXPECT_STREQ(text, "KVS300 0.1");
+}
+
+TEST_F(FaultPlayback, TheRecordedPadsVersionIsAnsweredByItsModel)
+{
+    const char *const header = "version: 2\nmodel: S210\npad-version: KVT120 4.2\n";
+    const std::pair<int, std::pair<const char *, int>> expected[] = {
+        {KVS210_DEVICE, {"KVT120 4.2", 512}}, {KVS300_DEVICE, {"KVS300 SIM 1.0", 1024}}};
+    for (const auto &[type, row] : expected) {
+        received.packets.clear();
+        script("0 160 220 512 0\n", header);
+        ASSERT_EQ(open(type), KVSPDARI_SUCCESS);
+        driver.GetDevicePartsVersion(text, 32);
+        EXPECT_STREQ(text, row.first);
+        driver.ClearDeviceContent();
+        ASSERT_EQ(driver.WaitUntilPlayed(30000), 1);
+        EXPECT_EQ(received.packets.at(0).pressure, row.second); // half of the range of 1024
+        driver.UnInitial();
+    }
+}
+
+TEST_F(FaultPlayback, FingerprintsComeInAnyOrderNullOnesToo)
+{
+    play("fingerprint 0 - 90\nfingerprint 1 /nowhere.pgm 4\n", KVS300_DEVICE); // has no sensor and looks for no file
+    EXPECT_TRUE(received.scores.empty());
+    driver.UnInitial();
+    std::ofstream finger("/tmp/kv-faultplayback-finger.pgm", std::ios::binary);
+    kvsim::writePgm(finger, {208, 288, std::vector<unsigned char>(59904, 77)});
+    finger.close();
+    play("fingerprint 0 kv-faultplayback-finger.pgm 90\nfingerprint 0 kv-faultplayback-finger.pgm -2147483648\n"
+         "fingerprint 1 kv-faultplayback-finger.pgm 30\nfingerprint 2 - 95\n",
+        KVS310X_DEVICE);
+    std::remove("/tmp/kv-faultplayback-finger.pgm");
+    EXPECT_EQ(received.scores, (std::vector<int>{90, -2147483647 - 1, 30, 95}));
+    EXPECT_EQ(received.fingerprint, nullptr);
+    EXPECT_EQ(received.fingerprintLength, 0);
+}
+
+} // namespace
