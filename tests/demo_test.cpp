@@ -1,0 +1,152 @@
+// The demo, played quickly: what it writes, what it prints, and how it fails.
+#include "outsidecommand.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const QString kDriverDirectory = KV_BUILD_DIRECTORY "/simulator";
+
+CommandResult runDemo(const QStringList &arguments, const QMap<QString, QString> &environment = {},
+    const QString &directory = kDriverDirectory)
+{
+    QMap<QString, QString> variables = environment;
+    variables.insert("KVSIM_SPEED", environment.value("KVSIM_SPEED", "20"));
+    return runProgram(QStringList(KV_BUILD_DIRECTORY "/examples/demo/kv-demo") + arguments, directory, variables);
+}
+
+/// The cells of the table row that begins with a name; columns are two blanks or more apart.
+QStringList rowOf(const CommandResult &result, const QString &name)
+{
+    for (const QString &line : result.output.split('\n')) {
+        const QStringList cells = line.split(QRegularExpression("  +"));
+        if (cells.first() == name)
+            return cells;
+    }
+    return {};
+}
+
+struct Model
+{
+    const char *name;
+    int width;
+    int height;
+};
+
+const Model kModels[] = {
+    {"S210", 800, 485}, {"S300", 800, 452}, {"S310X", 800, 434}, {"R800", 800, 539}, {"M450", 800, 539}};
+
+const char *const kSuffixes[][2] = {{"bmp", "BMP"}, {"jpg", "JPEG"}, {"png", "PNG"}, {"pdf", "PDF"}, {"svg", "SVG"}};
+
+const char *const kPictures[] = {"s210-live-push.jpg", "s210-office-canvas.png", "s310x-finger-centre.png",
+    "s310x-finger-rectangle.png", "s310x-finger-window.png", "s310x-finger-canvas.png"};
+
+bool hasRed(const QImage &image)
+{
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if ((image.pixel(x, y) & 0xffffffU) == 0xff0000U)
+                return true;
+    return false;
+}
+
+class Demo : public testing::Test
+{
+protected:
+    QString file(const QString &name) const { return m_output.filePath(name); }
+
+    QTemporaryDir m_output;
+};
+
+TEST_F(Demo, writesEveryModelInEveryFormatAndListsIt)
+{
+    const CommandResult result = runDemo({m_output.path()});
+    ASSERT_EQ(result.exitCode, 0) << testing::PrintToString(result);
+    const int points = storedPoints(KV_SOURCE_DIRECTORY "/simulator/recordings/signature.kvrec");
+    for (const Model &model : kModels) {
+        for (const auto &suffix : kSuffixes) {
+            const QString name = QString("%1.%2").arg(QString(model.name).toLower(), suffix[0]);
+            const QFileInfo written(file(name));
+            EXPECT_GT(written.size(), 1000) << name.toStdString();
+            const QStringList expected{name, suffix[1], QString("%1 x %2").arg(model.width).arg(model.height), "300",
+                QString::number(written.size()), QString::number(points)};
+            EXPECT_EQ(rowOf(result, name).join('|'), expected.join('|')) << testing::PrintToString(result);
+        }
+        const QStringList record = result.output.split('\n').filter(QRegularExpression(
+            QString("^%1 +%2 +%3 +%2  yes$").arg(model.name).arg(points).arg((24 * points + 1 + 2) / 3 * 4)));
+        EXPECT_EQ(record.size(), 1) << testing::PrintToString(result);
+    }
+    for (const char *name : kPictures) {
+        EXPECT_FALSE(QImage(file(name)).isNull()) << name;
+        EXPECT_EQ(rowOf(result, name).value(0).toStdString(), name);
+    }
+}
+
+TEST_F(Demo, showsTheFingerprintInEachOfItsPlaces)
+{
+    ASSERT_EQ(runDemo({m_output.path()}).exitCode, 0);
+    const QImage centre(file("s310x-finger-centre.png"));
+    const QImage rectangle(file("s310x-finger-rectangle.png"));
+    EXPECT_TRUE(hasRed(centre.copy(340, 180, 160, 200)));
+    EXPECT_FALSE(hasRed(centre.copy(660, 270, 150, 190)));
+    EXPECT_TRUE(hasRed(rectangle.copy(660, 270, 150, 190)));
+    EXPECT_FALSE(hasRed(rectangle.copy(340, 180, 160, 200)));
+    EXPECT_TRUE(hasRed(QImage(file("s310x-finger-window.png"))));
+    EXPECT_TRUE(hasRed(QImage(file("s310x-finger-canvas.png"))));
+    EXPECT_TRUE(hasRed(QImage(file("s310x.bmp"))));
+    EXPECT_FALSE(hasRed(QImage(file("s300.bmp"))));
+}
+
+TEST_F(Demo, tellsWhatThePadsTellAboutThemselves)
+{
+    const CommandResult result = runDemo({m_output.path()});
+    const QStringList cells = rowOf(result, "R800");
+    EXPECT_TRUE(result.output.contains(QRegularExpression(
+        "\nR800 +Korvane +R800 +yes +0\\.\\.29870 +0\\.\\.20120 +8192 +1\\.0 +SIM-R800-\\S+ +KVR800 ")))
+        << testing::PrintToString(result);
+    EXPECT_TRUE(result.output.contains(QRegularExpression("\nS210 live push: \\d{3} images, \\d+ a second")));
+}
+
+TEST_F(Demo, showsAWindowForEachPad)
+{
+    const CommandResult result = runDemo({m_output.path(), "--window"});
+    ASSERT_EQ(result.exitCode, 0) << testing::PrintToString(result);
+    for (const Model &model : kModels) {
+        const QString name = QString(model.name).toLower();
+        const QImage window(file(name + "-window.png"));
+        EXPECT_GT(window.width(), model.width);
+        EXPECT_GT(window.height(), model.height);
+        EXPECT_TRUE(QFile::exists(file(name + ".svg")));
+    }
+}
+
+TEST_F(Demo, saysWhatIsWrongAndWhatToDo)
+{
+    const auto fails = [](const CommandResult &result, const char *what) {
+        EXPECT_EQ(result.exitCode, 1) << testing::PrintToString(result);
+        EXPECT_TRUE(result.errors.contains(what)) << testing::PrintToString(result);
+    };
+    fails(runDemo({m_output.path()}, {{"KVSIM_RECORDING", "tick-and-cross"}}), "tapped cancel");
+    fails(runDemo({m_output.path()}, {{"KVSIM_RECORDING", "./missing.kvrec"}}), "unset the KVSIM_ variables");
+    fails(runDemo({m_output.path()}, {{"KVSIM_VERSION", "another pad"}}), "does not open a pad of this model");
+    fails(runDemo({m_output.path()}, {}, m_output.path()), "There is no pad driver");
+    QFile blocked(file("blocked"));
+    ASSERT_TRUE(blocked.open(QIODevice::WriteOnly));
+    fails(runDemo({file("blocked")}), "cannot be created");
+    fails(runDemo({"/dev/full/output"}), "cannot be created");
+}
+
+TEST_F(Demo, refusesArgumentsThatItDoesNotKnow)
+{
+    EXPECT_EQ(runDemo({}).exitCode, 2);
+    EXPECT_EQ(runDemo({m_output.path(), "--windows"}).exitCode, 2);
+}
+
+} // namespace

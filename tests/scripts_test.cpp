@@ -1,0 +1,131 @@
+// The repository's scripts: what they refuse, and which packages are installed.
+#include "outsidecommand.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const QString kSource = KV_SOURCE_DIRECTORY;
+
+TEST(DemoScript, refusesUnknownArguments)
+{
+    const CommandResult result = runProgram({kSource + "/demo", "--widnow"}, "/");
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.errors.contains("unknown arguments: --widnow")) << testing::PrintToString(result);
+}
+
+TEST(DemoScript, saysHowToShowWindowsWithoutAScreen)
+{
+    const CommandResult result =
+        runProgram({kSource + "/demo", "--window"}, "/", {{"DISPLAY", {}}, {"WAYLAND_DISPLAY", {}}});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.errors.contains("xvfb-run -a ./demo --window")) << testing::PrintToString(result);
+}
+
+TEST(CheckScript, refusesUnknownArguments)
+{
+    const CommandResult result = runProgram({kSource + "/check", "--fast"}, "/");
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_TRUE(result.errors.contains("usage: ./check")) << testing::PrintToString(result);
+}
+
+/// install-packages with commands of its own instead of the system's, which write down how they are called.
+class InstallPackages : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        standIn("sudo", "exec \"$@\"");
+        standIn("apt-get", "echo \"apt-get $*\" >>" + m_place.filePath("calls"));
+        standIn("dpkg-query", "test \"$4\" != \"$MISSING\" && echo installed");
+        QFile(m_place.filePath("calls")).open(QIODevice::WriteOnly);
+    }
+
+    CommandResult install(const QStringList &groups, const QString &missing)
+    {
+        return runProgram(QStringList(kSource + "/tools/install-packages") + groups, "/",
+            {{"PATH", m_place.path() + ":" + qEnvironmentVariable("PATH")}, {"MISSING", missing}});
+    }
+
+    void standIn(const QString &command, const QString &body)
+    {
+        QFile file(m_place.filePath(command));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(("#!/bin/sh\n" + body + "\n").toUtf8());
+        file.setPermissions(QFileDevice::ReadOwner | QFileDevice::ExeOwner | QFileDevice::WriteOwner);
+    }
+
+    QString calls() const { return contentOf(m_place.filePath("calls")); }
+
+    QTemporaryDir m_place;
+};
+
+TEST_F(InstallPackages, needsNothingWhenNothingIsMissing)
+{
+    EXPECT_EQ(install({"build", "check"}, "none").exitCode, 0);
+    EXPECT_EQ(calls(), "");
+}
+
+TEST_F(InstallPackages, installsOnlyWhatIsMissing)
+{
+    EXPECT_EQ(install({"build", "check"}, "ninja-build").exitCode, 0);
+    EXPECT_EQ(calls(), "apt-get update -qq\napt-get install -y -qq --no-install-recommends ninja-build\n");
+}
+
+TEST_F(InstallPackages, leavesOtherGroupsAlone)
+{
+    EXPECT_EQ(install({"build"}, "shellcheck").exitCode, 0);
+    EXPECT_EQ(calls(), "");
+    EXPECT_EQ(install({"check"}, "shellcheck").exitCode, 0);
+    EXPECT_TRUE(calls().contains(" shellcheck\n"));
+}
+
+TEST_F(InstallPackages, saysWhatIsMissingWhenItCannotBeInstalled)
+{
+    standIn("apt-get", "exit 100");
+    const CommandResult result = install({"build"}, "g++");
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.errors.contains("Missing: g++")) << testing::PrintToString(result);
+    EXPECT_TRUE(result.errors.contains("is the network up?"));
+}
+
+TEST(Documents, linkOnlyToFilesThatExist)
+{
+    static const QRegularExpression link("\\]\\(([^)#:]+)\\)");
+    for (const QString &name : {QString("README.md"), QString("docs/hosts.md"), QString("docs/architecture.md"),
+             QString("docs/models.md"), QString("docs/log.md"), QString("simulator/README.md")}) {
+        const QDir place = QFileInfo(kSource + "/" + name).dir();
+        QString text = contentOf(kSource + "/" + name);
+        text.remove(QRegularExpression("```.*?```", QRegularExpression::DotMatchesEverythingOption));
+        auto matches = link.globalMatch(text);
+        while (matches.hasNext()) {
+            const QString target = matches.next().captured(1);
+            EXPECT_TRUE(place.exists(target)) << name.toStdString() << " links to " << target.toStdString();
+        }
+    }
+}
+
+TEST(Architecture, namesFilesThatExist)
+{
+    // `penpackets` stands for penpackets.h, `cs310x*_x` for some; names with a suffix for themselves.
+    static const QRegularExpression name("`([a-zA-Z0-9_*]+(?:\\.[a-z]+)?)`");
+    const QString text = contentOf(kSource + "/docs/architecture.md");
+    const QString table = text.mid(text.indexOf("| What | Where |"));
+    auto matches = name.globalMatch(table.left(table.indexOf("\n\n")));
+    int named = 0;
+    while (matches.hasNext()) {
+        const QString file = matches.next().captured(1);
+        const QString pattern = file.contains('.') ? file : file + ".h";
+        EXPECT_FALSE(QDir(kSource + "/kvsignpadsdk").entryList({pattern}).isEmpty()) << file.toStdString();
+        ++named;
+    }
+    EXPECT_GT(named, 30);
+}
+
+} // namespace
