@@ -2,8 +2,8 @@
 #include "inkpicture.h"
 #include "logmessages.h"
 #include "outsideprogram.h"
+#include "readsvg.h"
 #include "savedfiles.h"
-#include "svglines.h"
 
 #include <QRegularExpression>
 

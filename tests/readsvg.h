@@ -1,7 +1,7 @@
 /// @file
 /// The lines of an SVG file, read back by the test, and a file of given lines written by a plain generator.
-#ifndef SVGLINES_H
-#define SVGLINES_H
+#ifndef READSVG_H
+#define READSVG_H
 
 #include <QByteArray>
 #include <QImage>

@@ -1,4 +1,4 @@
-#include "svglines.h"
+#include "readsvg.h"
 
 #include <QPainter>
 #include <QRegularExpression>
