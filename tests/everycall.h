@@ -1,0 +1,55 @@
+/// @file
+/// Every function of an open pad, called as an application may call them while somebody signs. Each answer is checked
+/// for being whole; what it says depends on the pen.
+#ifndef EVERYCALL_H
+#define EVERYCALL_H
+
+#include "openpad.h"
+
+#include <QTemporaryDir>
+
+#include <atomic>
+#include <set>
+#include <tuple>
+
+class EveryCall
+{
+public:
+    /// The packets are those that the pen may send: no other point may ever be answered.
+    EveryCall(const PadCase &pad, const std::vector<KVSIM_PACKET> &packets);
+
+    /// All of the following.
+    void operator()();
+
+    void device();
+    void pen();
+    void points();
+    void texts();
+    void files();
+    void record();
+    void model();
+
+    /// Switches the receiver of taps on and off.
+    void receivers();
+
+    /// How many images, records and files were there to be checked.
+    int wholeAnswers() const { return m_wholeAnswers; }
+
+private:
+    using Point = std::tuple<int16_t, int16_t, int16_t>;
+
+    void checkImage(char *text, void (*release)(int, char *));
+    void checkPoint(int16_t x, int16_t y, int16_t pressure);
+    void livePush();
+    void fingerprint();
+
+    const PadCase m_pad;
+    const Family &m_family;
+    const int m_type;
+    std::set<Point> m_sent;
+    QTemporaryDir m_directory;
+    std::atomic<int> m_wholeAnswers{0};
+    std::atomic<int> m_round{0};
+};
+
+#endif
