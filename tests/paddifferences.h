@@ -12,26 +12,40 @@
 struct PadDifference
 {
     const char *className;
-    int hardestMove; ///< moves above this pressure are dropped
+    int (*hardestMove)(int maxPressure); ///< moves above this pressure are dropped
     bool confirmMarks; ///< a confirm tap keeps the next clear from the pad, as a cancel tap does
     const char *markText; ///< what the log says when a clear takes the mark back
 };
 
-inline constexpr int kNoLimit = INT_MAX;
+inline int anyPressure(int)
+{
+    return INT_MAX;
+}
+
+inline int ownMaximum(int maxPressure)
+{
+    return maxPressure;
+}
+
+inline int always2048(int)
+{
+    return 2048;
+}
+
 inline constexpr const char *kButtonMark = "<%ld>-m_bPenDownOnCancelButton = false";
 inline constexpr const char *kAreaMark = "<%ld>-m_bPenDownOnDeviceConfirmOrCancelArea = false, only clear UI canvas !";
 
 inline const PadDifference kPadDifferences[] = {
-    {"CS210SignWidget", 2048, false, kButtonMark},
-    {"CS210SignObj", 2048, false, kButtonMark},
-    {"CS300SignWidget", 2048, false, kButtonMark},
-    {"CS300SignObj", kNoLimit, false, kButtonMark},
-    {"CS310XSignWidget", 2048, false, kButtonMark},
-    {"CS310XSignObj", kNoLimit, false, kButtonMark},
-    {"CR800SignWidget", 8192, true, kAreaMark},
-    {"CR800SignObj", kNoLimit, false, kButtonMark},
-    {"CM450SignWidget", 8192, true, kAreaMark},
-    {"CM450SignObj", kNoLimit, false, kButtonMark},
+    {"CS210SignWidget", ownMaximum, false, kButtonMark},
+    {"CS210SignObj", ownMaximum, false, kButtonMark},
+    {"CS300SignWidget", ownMaximum, false, kButtonMark},
+    {"CS300SignObj", anyPressure, false, kButtonMark},
+    {"CS310XSignWidget", always2048, false, kButtonMark},
+    {"CS310XSignObj", anyPressure, false, kButtonMark},
+    {"CR800SignWidget", ownMaximum, true, kAreaMark},
+    {"CR800SignObj", anyPressure, false, kButtonMark},
+    {"CM450SignWidget", ownMaximum, true, kAreaMark},
+    {"CM450SignObj", anyPressure, false, kButtonMark},
 };
 
 inline const PadDifference &differenceOf(const PadCase &pad)
