@@ -64,10 +64,11 @@ void expectText(const Family &family)
 {
     char buffer[160];
     std::memset(buffer, 0x5a, sizeof buffer);
+    buffer[sizeof buffer - 1] = '\0'; // ends a text that was not written
     family.GetAboutInfo(family.type, buffer + 8);
     EXPECT_STREQ(buffer + 8, kText);
     EXPECT_LE(std::strlen(buffer + 8) + 1, 128u);
-    for (size_t i = 0; i < sizeof buffer; ++i) {
+    for (size_t i = 0; i < sizeof buffer - 1; ++i) {
         const bool outside = i < 8 || i >= 8 + sizeof kText;
         EXPECT_TRUE(!outside || buffer[i] == 0x5a) << i;
     }

@@ -1,8 +1,9 @@
 #include "exportedcalls_table.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cstdint>
 #include <cstdio>
-#include <regex>
 
 CallBuffers callBuffers = freshCallBuffers();
 
@@ -34,7 +35,7 @@ bool matches(const std::string &text, const std::string &pattern)
         || text.compare(text.size() - tail.size(), tail.size(), tail) != 0)
         return false;
     const std::string middle = text.substr(head.size(), text.size() - head.size() - tail.size());
-    return std::regex_match(middle, std::regex("[A-Za-z_]\\w*"));
+    return std::all_of(middle.begin(), middle.end(), [](unsigned char c) { return std::isalnum(c) != 0 || c == '_'; });
 }
 
 std::string ExportedCall::enterText(int deviceType) const
