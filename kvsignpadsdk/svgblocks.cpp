@@ -1,6 +1,7 @@
 #include "svgblocks.h"
 
 #include <QBuffer>
+#include <QRectF>
 
 #include <algorithm>
 #include <charconv>
@@ -112,5 +113,11 @@ bool SvgBlocks::take(const svglines::Drawing &drawing)
 
 void SvgBlocks::append(QByteArray &text, const svglines::Line &line) const
 {
-    m_blocks[kindOf(line)].append(text, line);
+    svglines::Line placed = line;
+    if (line.from == line.to) {
+        // Qt draws a circle in a rectangle of the pen's width and writes that rectangle's middle.
+        const double size = line.width == 0 ? 1 : line.width;
+        placed.from = QRectF(line.from.x() - size / 2, line.from.y() - size / 2, size, size).normalized().center();
+    }
+    m_blocks[kindOf(line)].append(text, placed);
 }

@@ -1,0 +1,167 @@
+// The faster ways of the other outputs give the pixels and bytes of the plain ones.
+#include "base64text.h"
+#include "bitmapfile.h"
+#include "inkbounds.h"
+#include "opaquepixels.h"
+#include "recordedink.h"
+#include "svglines.h"
+
+#include <QBuffer>
+
+#include <random>
+
+namespace {
+
+QImage randomImage(std::mt19937 &random, const QSize &size, bool opaque)
+{
+    QImage image = whiteCanvas(size);
+    const auto share = random() % 101;
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            const QRgb pixel = static_cast<QRgb>(random());
+            if (random() % 100 < share)
+                image.setPixel(x, y, opaque ? pixel | 0xff000000U : pixel);
+        }
+    }
+    return image;
+}
+
+QSize randomSize(std::mt19937 &random)
+{
+    return {1 + static_cast<int>(random() % 70), 1 + static_cast<int>(random() % 40)};
+}
+
+TEST(FastTransparency, EqualsQtsMask)
+{
+    std::mt19937 random(1);
+    for (int i = 0; i < 200; ++i) {
+        const QImage image = randomImage(random, randomSize(random), i % 4 != 0);
+        QImage expected = image;
+        plain::makeWhiteTransparent(expected);
+        QImage result = image;
+        inkbounds::makeWhiteTransparent(result);
+        EXPECT_EQ(result, expected);
+        EXPECT_EQ(result.format(), expected.format());
+        EXPECT_EQ(result.dotsPerMeterX(), expected.dotsPerMeterX());
+    }
+}
+
+TEST(FastTransparency, LeavesImagesThatAreNotOpaqueToQt)
+{
+    QImage image = whiteCanvas({9, 9});
+    EXPECT_FALSE(opaquepixels::whiteTransparent(image).isNull());
+    image.setPixel(8, 8, 0x00ffffff);
+    EXPECT_TRUE(opaquepixels::whiteTransparent(image).isNull());
+    EXPECT_FALSE(opaquepixels::isOpaque(image));
+}
+
+TEST(OpacityMemo, SeesEveryChangeThroughTheImage)
+{
+    opaquepixels::Memo memo;
+    QImage image = whiteCanvas({9, 9});
+    EXPECT_TRUE(memo.isOpaque(image));
+    image.setPixel(4, 4, 0x10ffffff);
+    EXPECT_FALSE(memo.isOpaque(image));
+    image.fill(Qt::white);
+    EXPECT_TRUE(memo.isOpaque(image));
+    image = QImage();
+    memo.isOpaque(image);
+    image = whiteCanvas({3, 3});
+    image.setPixel(0, 0, 0);
+    EXPECT_FALSE(memo.isOpaque(image));
+}
+
+TEST(FastBounds, EqualTheScanOfEveryPixel)
+{
+    std::mt19937 random(2);
+    for (int i = 0; i < 300; ++i) {
+        QImage image = whiteCanvas(randomSize(random));
+        for (auto dots = random() % 4; dots > 0; --dots)
+            image.setPixel(static_cast<int>(random() % static_cast<size_t>(image.width())),
+                static_cast<int>(random() % static_cast<size_t>(image.height())), static_cast<QRgb>(random()));
+        const QRect expected = plain::boundingBox(image);
+        const inkbounds::Box quiet = inkbounds::scanQuietly(image);
+        EXPECT_EQ(QRect(QPoint(quiet.left, quiet.top), QPoint(quiet.right, quiet.bottom)), expected);
+    }
+    const inkbounds::Box none = inkbounds::scanQuietly(QImage());
+    EXPECT_EQ(none.left, 99999);
+    EXPECT_EQ(none.bottom, -1);
+}
+
+TEST(FastBitmap, EqualsQtsWriter)
+{
+    std::mt19937 random(3);
+    for (int i = 0; i < 200; ++i) {
+        QImage image = randomImage(random, randomSize(random), i % 2 == 0);
+        image.setDotsPerMeterX(static_cast<int>(random() % 20000));
+        image.setDotsPerMeterY(static_cast<int>(random() % 20000));
+        QByteArray expected;
+        QBuffer buffer(&expected);
+        buffer.open(QIODevice::WriteOnly);
+        ASSERT_TRUE(image.save(&buffer, "BMP"));
+        EXPECT_EQ(bitmapfile::encoded(image), expected);
+    }
+    EXPECT_TRUE(bitmapfile::encoded(QImage()).isEmpty());
+    EXPECT_TRUE(bitmapfile::encoded(whiteCanvas({4, 4}).convertToFormat(QImage::Format_Mono)).isEmpty());
+}
+
+TEST(FastBase64, EqualsQts)
+{
+    std::mt19937 random(4);
+    for (int size = 0; size < 300; ++size) {
+        QByteArray bytes;
+        for (int i = 0; i < size; ++i)
+            bytes += static_cast<char>(random());
+        int length = 0;
+        char *text = base64text::newText(bytes, &length);
+        EXPECT_EQ(QByteArray(text), bytes.toBase64());
+        EXPECT_EQ(length, bytes.toBase64().size());
+        delete[] text;
+    }
+}
+
+QByteArray svg(const svglines::Drawing &drawing, bool quick)
+{
+    QByteArray text;
+    QBuffer buffer(&text);
+    buffer.open(QIODevice::WriteOnly);
+    if (quick) {
+        EXPECT_TRUE(svglines::writeQuickly(buffer, drawing));
+    } else {
+        svglines::writePlainly(buffer, drawing);
+    }
+    return text;
+}
+
+void expectSameSvg(const std::vector<plain::Segment> &segments, const QColor &colour)
+{
+    svglines::Drawing drawing{{431, 207}, 150, colour, {}, {}};
+    for (const plain::Segment &segment : segments)
+        drawing.lines.push_back({segment.from, segment.to, segment.width});
+    EXPECT_EQ(svg(drawing, true), svg(drawing, false));
+}
+
+TEST(FastSvg, RecordingsOfEveryModel)
+{
+    for (const Family &family : kFamilies) {
+        for (const std::string &name : recordingNames())
+            expectSameSvg(
+                segmentsOf(recordedPackets(name, family.type), family.type, {431, 207}), QColor(1, 2, 200, 99));
+    }
+}
+
+// Coordinates such as those of a canvas as large as the pad's area, where Qt and the C++ library round differently.
+TEST(FastSvg, NumbersOfEveryForm)
+{
+    std::mt19937 random(5);
+    std::vector<plain::Segment> segments;
+    const double scales[] = {1, 0.5, 0.25, 0.03125, 1.0 / 1024, 1e-5, 1e5, 1234.5678, 0.1};
+    for (int i = 0; i < 20000; ++i) {
+        const auto number = [&] { return (static_cast<int>(random() % 2000001) - 1000000) * scales[random() % 9]; };
+        const QPointF from(number(), number());
+        segments.push_back({from, i % 7 == 0 ? from : QPointF(number(), number()), i % 11 == 0 ? 0 : number()});
+    }
+    expectSameSvg(segments, Qt::black);
+}
+
+} // namespace
