@@ -1,0 +1,57 @@
+# What is installed, and as which Debian packages: the library, what compiles against it, the pad simulator.
+
+set(KV_SIMULATOR_INSTALL ${CMAKE_INSTALL_LIBDIR}/kvsignpadsdk/simulator)
+configure_file(packaging/kvsignpadsdk.pc.in ${CMAKE_BINARY_DIR}/packaging/kvsignpadsdk.pc @ONLY)
+
+install(TARGETS kvsignpadsdk
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development)
+install(FILES kvsignpadsdk/kvsignpadsdk.h kvsignpadsdk/kvsignpadsdk_global.h
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kvsignpadsdk COMPONENT development)
+install(FILES ${CMAKE_BINARY_DIR}/packaging/kvsignpadsdk.pc
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+install(FILES README.md docs/hosts.md docs/models.md docs/log.md
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libkvsignpadsdk-dev COMPONENT development)
+
+install(TARGETS kvsignpaddrv LIBRARY DESTINATION ${KV_SIMULATOR_INSTALL} COMPONENT simulator)
+install(TARGETS kv-make-recording kv-make-finger kv-import-handwriting
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT simulator)
+install(FILES simulator/simulatorcontrol.h
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kvsignpadsdk COMPONENT simulator)
+install(DIRECTORY simulator/recordings
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/kvsignpad-simulator COMPONENT simulator)
+install(FILES simulator/README.md simulator/FORMAT.md
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kvsignpad-simulator COMPONENT simulator)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_VENDOR "Korvane")
+set(CPACK_PACKAGE_CONTACT "Korvane <support@korvane.example>")
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_COMPONENTS_ALL library development simulator)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_BINARY_DIR}/kvsignpadsdk)
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME libkvsignpadsdk1)
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/triggers)
+set(CPACK_DEBIAN_LIBRARY_DESCRIPTION "signatures from Korvane signature pads")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libkvsignpadsdk-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "libkvsignpadsdk1 (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "signatures from Korvane signature pads, headers")
+set(CPACK_DEBIAN_SIMULATOR_PACKAGE_NAME kvsignpad-simulator)
+set(CPACK_DEBIAN_SIMULATOR_PACKAGE_SECTION devel)
+set(CPACK_DEBIAN_SIMULATOR_DESCRIPTION "a signature pad that plays recorded pens and fingers")
+
+# dpkg wants the licence and the changes under each package's own name.
+foreach(component_package library:libkvsignpadsdk1 development:libkvsignpadsdk-dev simulator:kvsignpad-simulator)
+  string(REPLACE ":" ";" pair ${component_package})
+  list(GET pair 0 component)
+  list(GET pair 1 package)
+  install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package} RENAME copyright COMPONENT ${component})
+  install(FILES CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package} COMPONENT ${component})
+endforeach()
+
+include(CPack)
