@@ -173,7 +173,7 @@ void PngStream::start()
 bool PngStream::compressRows(const QImage &image, int firstRow)
 {
     const bool keeps = m_memory == Memory::BetweenImages;
-    const int step = std::max(8, (image.height() + kMarks - 1) / kMarks);
+    const int step = std::max(32, (image.height() + kMarks - 1) / kMarks);
     if (keeps && m_last.size() != image.size())
         m_last = QImage(image.size(), image.format());
     if (!m_running || (keeps && m_last.isNull()))
