@@ -21,15 +21,36 @@ void *allocate(size_t size)
 
 } // namespace
 
+// Every form, since a sanitizer's own forms would not match these.
 void *operator new(size_t size)
 {
     return allocate(size);
+}
+void *operator new[](size_t size)
+{
+    return allocate(size);
+}
+void *operator new(size_t size, const std::nothrow_t &) noexcept
+{
+    return std::malloc(size == 0 ? 1 : size);
+}
+void *operator new[](size_t size, const std::nothrow_t &) noexcept
+{
+    return std::malloc(size == 0 ? 1 : size);
 }
 void operator delete(void *memory) noexcept
 {
     std::free(memory);
 }
 void operator delete(void *memory, size_t) noexcept
+{
+    std::free(memory);
+}
+void operator delete[](void *memory) noexcept
+{
+    std::free(memory);
+}
+void operator delete[](void *memory, size_t) noexcept
 {
     std::free(memory);
 }
