@@ -37,19 +37,6 @@ protected:
     QImage expected;
 };
 
-// The smallest rectangle that holds all that is not white.
-QRect inkOf(const QImage &image)
-{
-    QRect ink;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if ((image.pixel(x, y) & 0xffffff) != 0xffffff)
-                ink |= QRect(x, y, 1, 1);
-        }
-    }
-    return ink;
-}
-
 } // namespace
 
 TEST_P(Base64Text, EncodesTheFileOfQtsOwnWriter)

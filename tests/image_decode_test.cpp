@@ -96,6 +96,9 @@ TEST_P(ImageDecode, DataOfAnotherFormatDoNotLoad)
     const QByteArray svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" height=\"9\"/>";
     for (const Format &asked : kFormats)
         EXPECT_EQ(decode(svg, asked.type, in("out")), ARI_INK_EMPTY);
+    // With the end of a JPEG behind it, too.
+    EXPECT_EQ(decode(fileOf(image, "PNG") + "\xff\xda\xff\xd9", EBITI_JPEG, in("out")), ARI_INK_EMPTY);
+    EXPECT_EQ(decode(fileOf(image, "BMP") + "\xff\xda\xff\xd9", EBITI_JPEG, in("out")), ARI_INK_EMPTY);
     EXPECT_EQ(files(), QStringList());
 }
 

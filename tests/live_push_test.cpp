@@ -120,6 +120,34 @@ TEST_P(LivePush, PushesThePictureThatTheTestDraws)
     EXPECT_EQ(pushes, 5u);
 }
 
+// Long enough for whatever the pushes might keep of one another; what happens in between must not leave a trace.
+TEST_P(LivePush, EachPushIsAFileOfItsOwnThroughClearsColoursAndClips)
+{
+    ASSERT_TRUE(push(EBITI_PNG, receiveFirst));
+    InkPicture picture(GetParam(), 160, 100);
+    for (unsigned round = 0; round < 8; ++round) {
+        picture.pen.colour = QColor(30 * static_cast<int>(round), 20, 200);
+        setPen(pad, picture.pen);
+        if (round == 3 || round == 6) {
+            pad->Clear(pad.type());
+            picture.image.fill(Qt::white);
+        }
+        if (round % 4 == 1)
+            textOf(pad, EBITI_PNG);
+        pad->SetSaveClipImageMargin(pad.type(), round % 3 == 2, 1, 1);
+        for (const KVSIM_PACKET &packet : scribble(pad.type(), round, 25)) {
+            first.clear();
+            pad.driver.send({packet});
+            picture.play({packet});
+            if (first.count() == 0)
+                continue;
+            const QRect part = inkOf(picture.image).adjusted(-1, -1, 1, 1).intersected(picture.image.rect());
+            const QImage shown = round % 3 == 2 ? picture.image.copy(part) : picture.image;
+            ASSERT_EQ(first.texts[0], base64::encoded(fileOf(whiteMadeTransparent(shown), "PNG"))) << round;
+        }
+    }
+}
+
 TEST_P(LivePush, NothingButAnAcceptedMovePushes)
 {
     ASSERT_TRUE(push(EBITI_PNG, receiveFirst));

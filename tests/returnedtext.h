@@ -72,6 +72,19 @@ inline QImage whiteMadeTransparent(QImage image)
     return image;
 }
 
+/// The smallest rectangle that holds all that is not white.
+inline QRect inkOf(const QImage &image)
+{
+    QRect ink;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if ((image.pixel(x, y) & 0xffffff) != 0xffffff)
+                ink |= QRect(x, y, 1, 1);
+        }
+    }
+    return ink;
+}
+
 /// Two strokes that leave much of the canvas free.
 inline std::vector<KVSIM_PACKET> twoStrokes(int deviceType)
 {
