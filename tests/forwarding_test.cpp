@@ -93,8 +93,10 @@ TEST_P(Forwarding, ReachesTheMemberOfTheHostsClass)
         const ExportedCall &exported = row(rows, forward.function);
         const LogTail log;
         LogOn::set(true);
-        exported.call(family.type);
+        const long result = exported.call(family.type);
         LogOn::set(false);
+        if (exported.function == "GetFPImageBase64Data") // the one text that needs no ink
+            KVS310X_FreeFPImageBase64Data(family.type, reinterpret_cast<char *>(result));
         const std::vector<LogEntry> entries = log.entries();
         ASSERT_GE(entries.size(), 3u);
         EXPECT_EQ(entries.front(), (LogEntry{exported.key(), exported.enterText(family.type)}));
