@@ -9,6 +9,7 @@
 #include "padmodels.h"
 #include "sharedfields.h"
 #include "strokes.h"
+#include "threadend.h"
 
 #include <QImage>
 #include <QRect>
@@ -171,6 +172,7 @@ void stopDisplay(Pad &pad, const logging::Key &key)
     pad.m_pShowFPImageOnDeviceThread->quit();
     KV_LOG(key, "<%ld>-b4 call m_pShowFPImageOnDeviceThread->wait()...");
     pad.m_pShowFPImageOnDeviceThread->wait();
+    threadend::awaited(&pad.m_bGoToShutDown);
     delete pad.m_pShowFPImageOnDeviceThread;
     pad.m_pShowFPImageOnDeviceThread = nullptr;
     KV_LOG(key, "<%ld>-after call m_pShowFPImageOnDeviceThread = nullptr...");
@@ -186,6 +188,7 @@ void display(Pad &pad, const logging::Key &key)
         pad.ProcessShowFPImgaeRawDataOnDevice();
     }
     KV_LOG_INSIDE_THREAD(key, "<%ld>-Leave !");
+    threadend::reached(&pad.m_bGoToShutDown);
 }
 
 } // namespace fingerprint
