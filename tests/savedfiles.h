@@ -5,14 +5,23 @@
 
 #include "openpad.h"
 
-#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <vector>
 
 class SavedFiles
 {
 public:
-    QString path(const QString &name) const { return m_directory.filePath(name); }
+    SavedFiles() = default;
+    ~SavedFiles() { std::filesystem::remove_all(m_directory.path().toStdString()); }
+    SavedFiles(const SavedFiles &) = delete;
+    SavedFiles &operator=(const SavedFiles &) = delete;
+
+    QString path(const QString &name) const { return m_directory.path() + '/' + name; }
 
     int save(const OpenPad &pad, int type, const QString &name, int dpiLevel = IDLI_150DPI) const
     {
@@ -33,10 +42,14 @@ public:
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
     }
 
-    QStringList names() const
+    /// Names as they are on the disk, which Qt may not be able to read, in order.
+    std::vector<std::string> names() const
     {
-        return QDir(m_directory.path())
-            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+        std::vector<std::string> found;
+        for (const auto &entry : std::filesystem::directory_iterator(m_directory.path().toStdString()))
+            found.push_back(entry.path().filename().string());
+        std::sort(found.begin(), found.end());
+        return found;
     }
 
 private:
