@@ -71,6 +71,9 @@ TEST_F(Demo, writesEveryModelInEveryFormatAndListsIt)
     ASSERT_EQ(result.exitCode, 0) << testing::PrintToString(result);
     const int points = storedPoints(KV_SOURCE_DIRECTORY "/simulator/recordings/signature.kvrec");
     for (const Model &model : kModels) {
+        const QRegularExpression captured(
+            QString("(^|\n)%1 +confirmed +%2 points +2 strokes +\\d+\\.\\d s\n").arg(model.name).arg(points));
+        EXPECT_TRUE(result.output.contains(captured)) << testing::PrintToString(result);
         for (const auto &suffix : kSuffixes) {
             const QString name = QString("%1.%2").arg(QString(model.name).toLower(), suffix[0]);
             const QFileInfo written(file(name));
