@@ -5,6 +5,7 @@
 
 #include "openpad.h"
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <thread>
@@ -30,12 +31,14 @@ inline std::vector<KVSIM_PACKET> busyPackets(int deviceType)
     return packets;
 }
 
-/// Sends the packets over and over until it is stopped, also across a closing and opening of the pad.
+/// Sends the packets over and over until it is stopped, also across a closing and opening of the pad. A pause between
+/// the rounds keeps the number of points within what a slow build can look at.
 class PenThread
 {
 public:
-    PenThread(SimulatedDriver &driver, std::vector<KVSIM_PACKET> packets)
-        : m_send(reinterpret_cast<Send>(driver.control("KVSIM_SendPackets")))
+    PenThread(SimulatedDriver &driver, std::vector<KVSIM_PACKET> packets, std::chrono::milliseconds pause = {})
+        : m_pause(pause)
+        , m_send(reinterpret_cast<Send>(driver.control("KVSIM_SendPackets")))
         , m_packets(std::move(packets))
         , m_thread([this] { run(); })
     {
@@ -66,13 +69,13 @@ private:
     {
         while (!m_stopping) {
             const int count = m_send(m_packets.data(), static_cast<int>(m_packets.size()));
-            if (count >= 0)
-                m_delivered += count;
-            else
-                std::this_thread::sleep_for(std::chrono::milliseconds(1)); // the pad is closed
+            m_delivered += std::max(count, 0);
+            // A pad that is closed answers at once.
+            std::this_thread::sleep_for(count < 0 ? std::chrono::milliseconds(1) : m_pause);
         }
     }
 
+    const std::chrono::milliseconds m_pause;
     const Send m_send;
     const std::vector<KVSIM_PACKET> m_packets;
     std::atomic<long> m_delivered{0};

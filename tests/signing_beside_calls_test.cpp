@@ -76,7 +76,7 @@ void signBesideCalls(const PadCase &padCase, const std::vector<KVSIM_PACKET> &pa
     ASSERT_TRUE(pad.isOpen());
     setScreenDelay(pad, 0);
     EveryCall everyCall(padCase, packets);
-    PenThread pen(pad.driver, packets);
+    PenThread pen(pad.driver, packets, std::chrono::milliseconds(5));
     for (int round = 0; round < rounds || pen.delivered() < atLeast; ++round) {
         everyCall();
         sendFingerprints(pad, 1 + round);

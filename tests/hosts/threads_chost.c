@@ -11,8 +11,9 @@
 
 static int failures = 0;
 static const char *model = "";
-static int taps = 0;
-static int pushes = 0;
+/* Written on the driver's thread. */
+static _Atomic int taps = 0;
+static _Atomic int pushes = 0;
 
 #define EXPECT(condition)                                                                                              \
     do {                                                                                                               \
