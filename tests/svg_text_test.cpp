@@ -1,5 +1,6 @@
 // The signature as the Base64 text of an SVG file, and the file that it leaves in a directory of many users.
 #include "returnedtext.h"
+#include "svgfiles.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -27,17 +28,6 @@ QByteArray contents(const char *path)
     return file.readAll();
 }
 
-// Everything in /tmp that bears the file's name or begins with it.
-std::vector<std::string> relatedFiles()
-{
-    std::vector<std::string> names;
-    for (const auto &entry : fs::directory_iterator("/tmp")) {
-        if (entry.path().filename().string().rfind("KVeSign.svg", 0) == 0)
-            names.push_back(entry.path().filename());
-    }
-    return names;
-}
-
 mode_t modeOf(const char *path)
 {
     struct stat status
@@ -53,10 +43,12 @@ protected:
     SvgText()
     {
         fs::remove_all(kFile);
+        before.insert("KVeSign.svg");
         pad.driver.send(packets);
     }
     ~SvgText() override { fs::remove_all(kFile); }
 
+    std::set<std::string> before = svgFiles(); ///< of a process that was killed, and the file itself
     OpenPad pad{GetParam(), kWidth, kHeight};
     std::vector<KVSIM_PACKET> packets = twoStrokes(pad.type());
 };
@@ -96,7 +88,7 @@ TEST_P(SvgText, IsTheFilesBytes)
     EXPECT_GT(text.text().size(), 0);
     EXPECT_EQ(text.text().size() % 4, 0);
     EXPECT_EQ(text.bytes(), contents(kFile));
-    EXPECT_EQ(relatedFiles(), std::vector<std::string>{"KVeSign.svg"});
+    EXPECT_EQ(svgFiles(), before);
 }
 
 TEST_P(SvgText, HasTheCanvasesSizeAndALineForEachMove)
@@ -110,7 +102,7 @@ TEST_P(SvgText, HasTheCanvasesSizeAndALineForEachMove)
 
 TEST_P(SvgText, IsShiftedAndSizedByTheClipRectangle)
 {
-    const QString before = QString::fromUtf8(svgTextOf(pad).bytes());
+    const QString unclipped = QString::fromUtf8(svgTextOf(pad).bytes());
     pad->SetSaveClipImageMargin(pad.type(), true, 4, 6);
     const QString svg = QString::fromUtf8(svgTextOf(pad).bytes());
     const QImage bitmap = QImage::fromData(textOf(pad, 1).bytes(), "BMP");
@@ -120,7 +112,7 @@ TEST_P(SvgText, IsShiftedAndSizedByTheClipRectangle)
     EXPECT_EQ(match.captured(1).toInt(), bitmap.width());
     EXPECT_EQ(match.captured(2).toInt(), bitmap.height());
     const QRegularExpression point("points=\"([-0-9.]+),([-0-9.]+)");
-    const auto whole = point.match(before);
+    const auto whole = point.match(unclipped);
     const auto shifted = point.match(svg);
     ASSERT_TRUE(whole.hasMatch() && shifted.hasMatch());
     EXPECT_LT(shifted.captured(1).toDouble(), whole.captured(1).toDouble());
@@ -166,7 +158,7 @@ TEST_P(SvgText, SymbolicLinkIsNeitherFollowedNorReplaced)
         EXPECT_EQ(text.text(), "") << target;
         EXPECT_TRUE(fs::is_symlink(kFile)) << target;
         EXPECT_EQ(fs::read_symlink(kFile), target);
-        EXPECT_EQ(relatedFiles(), std::vector<std::string>{"KVeSign.svg"}) << target;
+        EXPECT_EQ(svgFiles(), before) << target;
         treasure.expectUnharmed();
     }
     EXPECT_FALSE(fs::exists("/tmp/kv-svg-text-test-nothing-there"));
@@ -182,7 +174,7 @@ TEST_P(SvgText, DirectoryOrPipeStays)
     ASSERT_EQ(::mkfifo(kFile, 0666), 0);
     EXPECT_EQ(svgTextOf(pad).text(), "");
     EXPECT_TRUE(fs::is_fifo(kFile));
-    EXPECT_EQ(relatedFiles(), std::vector<std::string>{"KVeSign.svg"});
+    EXPECT_EQ(svgFiles(), before);
 }
 
 TEST_P(SvgText, HardLinksOtherNameKeepsItsContents)
@@ -198,7 +190,7 @@ TEST_P(SvgText, HardLinksOtherNameKeepsItsContents)
 
 TEST_P(SvgText, FileThatCannotBeWrittenWholeGivesAnEmptyText)
 {
-    const QByteArray before = svgTextOf(pad).bytes();
+    const QByteArray written = svgTextOf(pad).bytes();
     rlimit limit{};
     ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
     const rlimit small{200, limit.rlim_max};
@@ -209,8 +201,8 @@ TEST_P(SvgText, FileThatCannotBeWrittenWholeGivesAnEmptyText)
     std::signal(SIGXFSZ, handler);
     ASSERT_FALSE(text.isNull());
     EXPECT_EQ(text.text(), "");
-    EXPECT_EQ(contents(kFile), before);
-    EXPECT_EQ(relatedFiles(), std::vector<std::string>{"KVeSign.svg"});
+    EXPECT_EQ(contents(kFile), written);
+    EXPECT_EQ(svgFiles(), before);
 }
 
 TEST_P(OthersSvgFile, IsNeitherTrustedNorReplaced)
@@ -225,7 +217,7 @@ TEST_P(OthersSvgFile, IsNeitherTrustedNorReplaced)
     ASSERT_FALSE(text.isNull());
     EXPECT_EQ(text.text(), "");
     EXPECT_EQ(contents(kFile), "planted");
-    EXPECT_EQ(relatedFiles(), std::vector<std::string>{"KVeSign.svg"});
+    EXPECT_EQ(svgFiles(), before);
 }
 
 INSTANTIATE_TEST_SUITE_P(AllPads, SvgText, testing::ValuesIn(allPads()), padCaseName);
