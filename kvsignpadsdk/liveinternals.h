@@ -9,7 +9,7 @@
 struct LiveInternals : PadInternals
 {
     /// Encodes the pushed PNG images; guarded by m_mutexUpdateCanvas.
-    PngStream livePng {PngStream::Memory::BetweenImages};
+    PngStream livePng{PngStream::Memory::BetweenImages};
 };
 
 #endif

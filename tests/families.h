@@ -53,7 +53,7 @@ struct Family
 #define KV_NO_SCREEN_FUNCTIONS(prefix) nullptr, nullptr, nullptr
 #define KV_FAMILY(prefix, model, hasScreen, screenFunctions)                                                           \
     {                                                                                                                  \
-        #prefix "_", #prefix "_DEVICE", prefix##_DEVICE, hasScreen, "C" model "SignWidget", "C" model "SignObj",       \
+#prefix "_", #prefix "_DEVICE", prefix##_DEVICE, hasScreen, "C" model "SignWidget", "C" model "SignObj",       \
             prefix##_InitialDevice, prefix##_UnInitialDevice, screenFunctions(prefix), prefix##_Clear,                 \
             prefix##_GetHWPadID, prefix##_GetHWVersion, prefix##_GetDeviceInfo, prefix##_SetPenStyle,                  \
             prefix##_SetPenWidth, prefix##_SetPenColor, prefix##_SignPadEventCallback,                                 \
@@ -65,7 +65,7 @@ struct Family
             prefix##_AboutBox, prefix##_GetAboutInfo                                                                   \
     }
 
-inline const std::array<Family, 5> kFamilies {{
+inline const std::array<Family, 5> kFamilies{{
     KV_FAMILY(KVS210, "S210", true, KV_SCREEN_FUNCTIONS),
     KV_FAMILY(KVS300, "S300", true, KV_SCREEN_FUNCTIONS),
     KV_FAMILY(KVS310X, "S310X", true, KV_SCREEN_FUNCTIONS),

@@ -22,7 +22,8 @@ void *driverHandle()
     return handle;
 }
 
-template <class Function> Function face(const char *name)
+template <class Function>
+Function face(const char *name)
 {
     void *symbol = dlsym(driverHandle(), name);
     if (symbol == nullptr)
