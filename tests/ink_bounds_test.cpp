@@ -139,6 +139,7 @@ TEST_P(InkBounds, OfACanvasWithoutPixelsAreInverted)
 TEST_P(InkBounds, LogEachChangeOfASideAndTheEndOfEachRow)
 {
     QImage image = whiteImage(4, 3);
+    image.setPixel(0, 0, 0x00ffffff);
     image.setPixel(2, 0, 0xff010203);
     image.setPixel(3, 0, 0x80000000);
     image.setPixel(1, 1, 0xffff0000);
