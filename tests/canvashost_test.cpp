@@ -65,7 +65,7 @@ TEST(ClearCanvas, MakesAWhiteImageInPlaceOfTheOldOne)
 TEST(ClearCanvas, GivesANullImageWhereNoneCanBeHad)
 {
     for (const QSize &size : {QSize(0, 0), QSize(0, 10), QSize(10, 0), QSize(-1, 10), QSize(10, -1),
-             QSize(INT_MIN, INT_MIN), QSize(INT_MAX, INT_MAX)}) {
+             QSize(INT_MIN, INT_MIN), QSize(INT_MAX, INT_MAX), QSize(INT_MAX, 1), QSize(30000, 30000)}) {
         QImage image = pattern(7, 9);
         canvashost::clearCanvas(image, size.width(), size.height());
         EXPECT_TRUE(image.isNull()) << size.width() << "x" << size.height();
