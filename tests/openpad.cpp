@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QThread>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <dlfcn.h>
@@ -110,7 +111,7 @@ OpenPad::OpenPad(const PadCase &pad, int width, int height)
 {
     if (!pad.headless) {
         m_window = std::make_unique<QWidget>();
-        m_window->resize(width + 20, height + 20);
+        m_window->resize(std::clamp(width, 0, 4000) + 20, std::clamp(height, 0, 4000) + 20);
         m_window->show();
     }
     m_open = pad.family->InitialDevice(type(), m_window.get(), 10, 10, width, height);

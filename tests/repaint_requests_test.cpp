@@ -87,8 +87,8 @@ TEST_P(RepaintRequests, areMadeAnewAfterEachPaint)
 
 TEST_P(RepaintRequests, showTheLastSegmentOfAnyBurst)
 {
-    for (int i = 0; i < 30; ++i) {
-        PenThread pen(pad.driver, zigzag(0.03 * i, 0.03 * i + 0.1));
+    for (int i = 0; i < 12; ++i) {
+        PenThread pen(pad.driver, zigzag(0.07 * i, 0.07 * i + 0.1));
         while (pen.delivered() < 600)
             QApplication::processEvents();
         pen.stop();

@@ -24,4 +24,4 @@ add_dependencies(threads_chost kvsignpaddrv)
 add_test(NAME threads_chost COMMAND threads_chost WORKING_DIRECTORY ${KV_DRIVER_DIRECTORY})
 set_tests_properties(threads_chost PROPERTIES
   TIMEOUT 60 RESOURCE_LOCK kvsignpadsdk_files LABELS threads
-  ENVIRONMENT "TSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/tsan.supp halt_on_error=1")
+  ENVIRONMENT "TSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/tsan.supp halt_on_error=1;LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/lsan.supp")
