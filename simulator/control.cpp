@@ -32,6 +32,14 @@ int Simulator::sendFingerprint(const unsigned char *data, int length, int score)
     return session ? session->sendFingerprint(data, length, score) : -1;
 }
 
+int Simulator::endDelay()
+{
+    const SessionPtr session = openSession();
+    if (session)
+        session->endDelay();
+    return session ? 0 : -1;
+}
+
 int Simulator::waitUntilPlayed(int timeoutMs)
 {
     const SessionPtr session = openSession();
@@ -175,6 +183,11 @@ int KVSIM_IsOpen(void)
 int KVSIM_IsScreenOn(void)
 {
     return Simulator::instance().isScreenOn();
+}
+
+int KVSIM_EndDelay(void)
+{
+    return Simulator::instance().endDelay();
 }
 
 int KVSIM_WaitUntilPlayed(int timeoutMs)

@@ -52,7 +52,8 @@ Packet mapPacket(const Packet &packet, const PadModel &from, int fromMaxPressure
 
 std::unique_ptr<std::istream> Source::open(const std::string &name) const
 {
-    if (bundled) {
+    const bool isAbsolute = !name.empty() && name.front() == '/';
+    if (bundled && !isAbsolute) {
         const BundledFile *file = bundledFile(name);
         if (!file)
             throw std::runtime_error(
@@ -60,9 +61,10 @@ std::unique_ptr<std::istream> Source::open(const std::string &name) const
         return std::make_unique<std::istringstream>(
             std::string(reinterpret_cast<const char *>(file->bytes), file->size));
     }
-    auto stream = std::make_unique<std::ifstream>(directory + name, std::ios::binary);
+    const std::string path = isAbsolute ? name : directory + name;
+    auto stream = std::make_unique<std::ifstream>(path, std::ios::binary);
     if (!*stream)
-        throw std::runtime_error(directory + name + ": " + std::strerror(errno));
+        throw std::runtime_error(path + ": " + std::strerror(errno));
     return stream;
 }
 

@@ -100,6 +100,15 @@ void Session::serveNextBatch(std::unique_lock<std::mutex> &lock)
     m_changed.notify_all();
 }
 
+void Session::endDelay()
+{
+    const std::lock_guard lock(m_mutex);
+    if (!m_playing || m_next > 0)
+        return;
+    m_start = Clock::now() - std::chrono::milliseconds(m_timing.delayMs);
+    m_changed.notify_all();
+}
+
 void Session::append(Delivery delivery, Clock::time_point due)
 {
     const std::lock_guard lock(m_mutex);

@@ -46,6 +46,9 @@ public:
     /// The recording begins a delay after the first call; later calls change nothing.
     void startPlayback();
 
+    /// Ends the delay that the recording waits for: it is at its time 0 now.
+    void endDelay();
+
     /// Something that a pad does now, beside the recording; in the order of the calls, each not before its time.
     void append(Delivery delivery, std::chrono::steady_clock::time_point due);
 

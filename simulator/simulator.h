@@ -36,6 +36,7 @@ public:
     // The control face.
     int sendPackets(const Packet *packets, int count);
     int sendFingerprint(const unsigned char *data, int length, int score);
+    int endDelay();
     int waitUntilPlayed(int timeoutMs);
     void setFirstPackets(const Packet *packets, int count);
     void setResult(const char *operation, int result);

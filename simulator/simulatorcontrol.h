@@ -61,6 +61,10 @@ int KVSIM_LastPicture(unsigned char *buffer, int size);
 int KVSIM_IsOpen(void);
 int KVSIM_IsScreenOn(void);
 
+/// Ends the delay (KVSIM_DELAY_MS) before the recording: a test that sets a long one says here when it is ready.
+/// Answers 0, or -1 when the driver is not open.
+int KVSIM_EndDelay(void);
+
 /// Waits for the recording to have been played to its end. 1: it has, or there is none; 0: not within the time;
 /// -1: the driver is not open, or was closed meanwhile.
 int KVSIM_WaitUntilPlayed(int timeoutMs);

@@ -116,6 +116,7 @@ public:
     KV_CONTROL(LastPicture);
     KV_CONTROL(IsOpen);
     KV_CONTROL(IsScreenOn);
+    KV_CONTROL(EndDelay);
     KV_CONTROL(WaitUntilPlayed);
     KV_CONTROL(Reset);
 #undef KV_OPERATION

@@ -147,6 +147,22 @@ TEST_F(PlaybackTest, EndsWithUnInitial)
     EXPECT_EQ(waited, -1);
 }
 
+TEST_F(PlaybackTest, TheDelayEndsOnRequest)
+{
+    setenv("KVSIM_DELAY_MS", "60000", 1);
+    EXPECT_EQ(driver.EndDelay(), -1);
+    ASSERT_EQ(open(), KVSPDARI_SUCCESS);
+    EXPECT_EQ(driver.EndDelay(), 0); // nothing waits yet, and nothing is started
+    EXPECT_EQ(driver.WaitUntilPlayed(20), 0);
+    const auto begin = Clock::now();
+    driver.ClearDeviceContent();
+    EXPECT_EQ(driver.EndDelay(), 0);
+    ASSERT_EQ(driver.WaitUntilPlayed(30000), 1);
+    EXPECT_GE(Clock::now() - begin, 200ms); // the recording itself is not hurried
+    EXPECT_LT(Clock::now() - begin, 30s);
+    EXPECT_EQ(received.packetCount(), 5u);
+}
+
 TEST_F(PlaybackTest, WaitingEndsWithItsTime)
 {
     setenv("KVSIM_DELAY_MS", "60000", 1);

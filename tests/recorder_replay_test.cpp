@@ -1,0 +1,199 @@
+/// @file
+/// What was recorded and is played again is the same signature: the same ink but for its times, the same picture.
+#include "greyimage.h"
+#include "openpad.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <dlfcn.h>
+
+namespace {
+
+/// The simulator that the library, or the recorder that it loaded, has in use; never a handle that outlasts the pad.
+class SimulatorInUse
+{
+public:
+    explicit SimulatorInUse(const QString &path)
+        : m_library(dlopen(QFile::encodeName(path).constData(), RTLD_NOW | RTLD_NOLOAD))
+    {
+    }
+    ~SimulatorInUse()
+    {
+        if (m_library != nullptr)
+            dlclose(m_library);
+    }
+    SimulatorInUse(const SimulatorInUse &) = delete;
+    SimulatorInUse &operator=(const SimulatorInUse &) = delete;
+
+    bool isThere() const { return m_library != nullptr; }
+
+    template <class... Arguments>
+    int call(const char *name, Arguments... arguments) const
+    {
+        return reinterpret_cast<int (*)(Arguments...)>(dlsym(m_library, name))(arguments...);
+    }
+
+private:
+    void *m_library;
+};
+
+/// What is kept of a signature.
+struct Signature
+{
+    std::vector<QByteArray> points; ///< x, y, pressure, stroke end
+    QByteArray canvas; ///< a BMP as Base64
+
+    friend bool operator==(const Signature &a, const Signature &b)
+    {
+        return a.points == b.points && a.canvas == b.canvas;
+    }
+};
+
+class RecorderReplay : public testing::TestWithParam<PadCase>
+{
+protected:
+    RecorderReplay()
+        : m_simulator(QDir::currentPath())
+    {
+        m_window.resize(620, 320);
+        m_window.show();
+        setenv("KVSIM_SPEED", "20", 1);
+        setenv("KVSIM_DELAY_MS", "3600000", 1);
+        setenv("KVSIM_SCREEN_MS", "0", 1);
+        setenv("KVREC_DRIVER", qPrintable(m_simulator + "/libkvsignpaddrv.so"), 1);
+    }
+    ~RecorderReplay() override { QDir::setCurrent(m_simulator); }
+
+    /// Opens the pad with the driver of that directory, lets it play the recording to its end and takes what is there.
+    Signature sign(const QString &driverDirectory, const QString &recording, bool hasFinger)
+    {
+        EXPECT_TRUE(QDir::setCurrent(driverDirectory));
+        setenv("KVSIM_RECORDING", qPrintable(recording), 1);
+        QWidget *const parent = GetParam().headless ? nullptr : &m_window;
+        EXPECT_TRUE(family().InitialDevice(type(), parent, 10, 10, 600, 300));
+        settle(); // a widget learns its size
+        Signature signature;
+        if (const SimulatorInUse simulator(m_simulator + "/libkvsignpaddrv.so"); simulator.isThere()) {
+            simulator.call("KVSIM_EndDelay");
+            EXPECT_EQ(simulator.call("KVSIM_WaitUntilPlayed", 60000), 1);
+            signature = takeSignature(simulator, hasFinger && type() == KVS310X_DEVICE);
+        } else {
+            ADD_FAILURE() << "the simulator is not in use";
+        }
+        family().UnInitialDevice(type());
+        settle();
+        return signature;
+    }
+
+    const QString m_simulator;
+    QTemporaryDir m_directory;
+
+private:
+    const Family &family() const { return *GetParam().family; }
+    int type() const { return family().type; }
+
+    /// The S310X merges its finger a moment after the pad has shown it.
+    Signature takeSignature(const SimulatorInUse &simulator, bool showsFinger)
+    {
+        QElapsedTimer time;
+        time.start();
+        Signature last, next = current();
+        do {
+            last = next;
+            QThread::msleep(showsFinger ? 150 : 1);
+            settle();
+            next = current();
+        } while (
+            (!(last == next) || (showsFinger && simulator.call("KVSIM_ShownPictures") == 0)) && time.elapsed() < 20000);
+        return next;
+    }
+
+    Signature current() const
+    {
+        Signature signature;
+        constexpr int kPointSize = 24, kWithoutTimes = 7;
+        char *text = family().Base64Encode(type(), EBITI_INK);
+        const QByteArray record = QByteArray::fromBase64(text);
+        family().Base64EncodeFree(type(), text);
+        for (int at = 0; at + kPointSize <= record.size(); at += kPointSize)
+            signature.points.push_back(record.mid(at, kWithoutTimes));
+        text = family().Base64EncodeEx(type(), EBITI_BITMAP, false);
+        signature.canvas = text;
+        family().Base64EncodeExFree(type(), text);
+        return signature;
+    }
+
+    QWidget m_window;
+};
+
+bool hasRed(const Signature &signature)
+{
+    const QImage image = QImage::fromData(QByteArray::fromBase64(signature.canvas));
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (image.pixel(x, y) == qRgb(255, 0, 0))
+                return true;
+    return false;
+}
+
+TEST_P(RecorderReplay, GivesTheSameSignature)
+{
+    const QString file = m_directory.filePath("session.kvrec");
+    setenv("KVREC_FILE", qPrintable(file), 1);
+    const Signature written = sign(m_simulator + "/recorder", "signature-finger", true);
+    ASSERT_GT(written.points.size(), 100u);
+    EXPECT_EQ(hasRed(written), GetParam().family->type == KVS310X_DEVICE);
+    EXPECT_EQ(QFile::exists(m_directory.filePath("session-finger-1.pgm")), GetParam().family->type == KVS310X_DEVICE);
+
+    const Signature replayed = sign(m_simulator, file, true);
+    EXPECT_TRUE(replayed.points == written.points);
+    EXPECT_TRUE(replayed.canvas == written.canvas);
+}
+
+/// Scrambled it is another signature of the same length, with the same pressures and strokes.
+TEST_P(RecorderReplay, ScrambledKeepsPressuresAndStrokesOnly)
+{
+    const QString file = m_directory.filePath("scrambled.kvrec");
+    setenv("KVREC_FILE", qPrintable(file), 1);
+    setenv("KVREC_SCRAMBLE", "1", 1);
+    const Signature written = sign(m_simulator + "/recorder", "initials", false);
+    unsetenv("KVREC_SCRAMBLE");
+    const Signature replayed = sign(m_simulator, file, false);
+    ASSERT_EQ(replayed.points.size(), written.points.size());
+    std::size_t samePlaces = 0;
+    for (std::size_t i = 0; i < written.points.size(); ++i) {
+        EXPECT_EQ(replayed.points[i].mid(4), written.points[i].mid(4)) << i;
+        samePlaces += replayed.points[i].left(4) == written.points[i].left(4);
+    }
+    EXPECT_LT(samePlaces, 3u);
+    EXPECT_FALSE(replayed.canvas == written.canvas);
+}
+
+INSTANTIATE_TEST_SUITE_P(Pads, RecorderReplay, testing::ValuesIn(allPads()), padCaseName);
+
+/// A pad with half the pressure levels is one in its replay, too.
+class OlderPadReplay : public RecorderReplay
+{
+};
+
+TEST_P(OlderPadReplay, GivesTheSameSignature)
+{
+    const QString file = m_directory.filePath("session.kvrec");
+    setenv("KVREC_FILE", qPrintable(file), 1);
+    setenv("KVSIM_VERSION", "KVT120 1.0", 1);
+    const Signature written = sign(m_simulator + "/recorder", "initials", false);
+    unsetenv("KVSIM_VERSION");
+    const Signature replayed = sign(m_simulator, file, false);
+    ASSERT_GT(written.points.size(), 100u);
+    EXPECT_TRUE(replayed.points == written.points);
+    EXPECT_TRUE(replayed.canvas == written.canvas);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Pads, OlderPadReplay, testing::Values(PadCase{&kS210Family, false}, PadCase{&kS210Family, true}), padCaseName);
+
+} // namespace

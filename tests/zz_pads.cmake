@@ -1,0 +1,29 @@
+# Tests of faulty pads, of recorders and of the virtual pad.
+
+kv_add_test(faultplayback_test faultplayback_test.cpp THREADS LIBRARIES kv_recording Threads::Threads ${CMAKE_DL_LIBS})
+target_include_directories(faultplayback_test PRIVATE ${PROJECT_SOURCE_DIR}/kvsignpadsdk)
+add_dependencies(faultplayback_test kvsignpaddrv)
+
+kv_add_test(faults_test faults_test.cpp faultrun.cpp faults_of_calls.cpp faults_of_pads.cpp PADS LIBRARIES kv_recording)
+foreach(operation IN ITEMS Initial UnInitial OpenDeviceLCD ClearDeviceContent GetDevicePenID GetDevicePadID
+    GetDeviceSecureID GetDevicePartsVersion ShowVersionInfoOnDevice SetDevicePenStyle ShowFPImageOnDevice)
+  add_dependencies(faults_test kvsignpaddrv_without_${operation})
+endforeach()
+
+kv_add_test(recorder_test recorder_test.cpp THREADS LIBRARIES kv_recording Threads::Threads ${CMAKE_DL_LIBS})
+target_include_directories(recorder_test PRIVATE ${PROJECT_SOURCE_DIR}/kvsignpadsdk)
+add_dependencies(recorder_test kvsignpaddrv kvsignpaddrv_recorder kvsignpaddrv_without_GetDevicePadID)
+
+kv_add_test(recorder_replay_test recorder_replay_test.cpp PADS LIBRARIES kv_recording)
+add_dependencies(recorder_replay_test kvsignpaddrv_recorder)
+
+if(TARGET kv_virtualpad)
+  find_package(Qt5 5.15 REQUIRED COMPONENTS Network Test)
+  kv_add_test(packetclock_test packetclock_test.cpp LIBRARIES kv_virtualpad)
+  target_include_directories(packetclock_test PRIVATE ${PROJECT_SOURCE_DIR}/kvsignpadsdk)
+  foreach(name virtualpad_test virtualpad_troubles_test)
+    kv_add_test(${name} ${name}.cpp PADS LIBRARIES kv_virtualpad Qt5::Test)
+    target_compile_definitions(${name} PRIVATE KV_VIRTUALPAD="$<TARGET_FILE:kv-virtualpad>")
+    add_dependencies(${name} kv-virtualpad)
+  endforeach()
+endif()

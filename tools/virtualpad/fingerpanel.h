@@ -1,0 +1,39 @@
+/// @file
+/// The fingers that can be laid on the pad's sensor.
+#ifndef FINGERPANEL_H
+#define FINGERPANEL_H
+
+#include <QTemporaryDir>
+#include <QWidget>
+
+class QComboBox;
+class QPushButton;
+class QSpinBox;
+
+namespace virtualpad {
+
+class FingerPanel : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit FingerPanel(QWidget *parent = nullptr);
+
+signals:
+    /// A file that the driver can read: one that is built into it, or the whole path of a PGM file.
+    void fingerLaidOn(const QString &file, int score);
+
+private:
+    void chooseFinger();
+    void choosePicture();
+
+    QComboBox *m_finger;
+    QSpinBox *m_score;
+    QPushButton *m_touch;
+    QTemporaryDir m_directory; ///< for pictures of other formats
+    int m_chosen = 0;
+    int m_pictures = 0;
+};
+
+} // namespace virtualpad
+
+#endif

@@ -1,0 +1,49 @@
+/// @file
+/// kv-virtualpad: a window that plays a signature pad, for programs whose driver is the simulator.
+#include "padwindow.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+
+#include <cstdio>
+#include <stdexcept>
+
+namespace {
+
+QString modelNames()
+{
+    QStringList names;
+    for (const kvsim::PadModel &model : kvsim::kPadModels)
+        names << QString::fromUtf8(model.name.data());
+    return names.join(QStringLiteral(", "));
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("kv-virtualpad"));
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral(
+        "A window that plays a signature pad. Start the program that wants one with the simulator as its "
+        "driver and KVSIM_RECORDING=virtual."));
+    parser.addHelpOption();
+    const QCommandLineOption option(
+        QStringLiteral("model"), "The pad to begin with: " + modelNames() + ".", QStringLiteral("model"), "S300");
+    parser.addOption(option);
+    parser.process(application);
+    const kvsim::PadModel *model = kvsim::padOfName(parser.value(option).toStdString());
+    if (!model || !parser.positionalArguments().isEmpty()) {
+        std::fprintf(stderr, "kv-virtualpad: the models are %s\n", qPrintable(modelNames()));
+        return 2;
+    }
+    try {
+        virtualpad::PadWindow window(*model);
+        window.show();
+        return QApplication::exec();
+    } catch (const std::runtime_error &error) {
+        std::fprintf(stderr, "kv-virtualpad: %s\n", error.what());
+        return 1;
+    }
+}

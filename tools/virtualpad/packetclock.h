@@ -1,0 +1,77 @@
+/// @file
+/// Pen packets at a pad's even rate from whatever times a mouse, a finger or a stylus reports.
+#ifndef PACKETCLOCK_H
+#define PACKETCLOCK_H
+
+#include <cstdint>
+#include <deque>
+#include <vector>
+
+namespace virtualpad {
+
+/// Where the pen is: shares of the writing area and of the largest pressure.
+struct PenPoint
+{
+    double x = 0;
+    double y = 0;
+    double pressure = 0;
+};
+
+/// A packet to be sent at its time.
+struct DuePacket
+{
+    std::int64_t timeUs = 0;
+    PenPoint point{};
+    int status = 0; ///< KVSPDAPI_PEN_STATUS
+};
+
+/// One packet every period while the pen is down, at multiples of the period, between the places that were reported.
+/// They come a little later than the reports, so that there is a next place to move towards.
+class PacketClock
+{
+public:
+    static constexpr std::int64_t kPeriodUs = 5000; ///< 200 a second
+    static constexpr std::int64_t kLagUs = 15000;
+
+    // Reports, in the order of their times. The status is that of the first packet: down, or a tap on a button.
+    void down(std::int64_t timeUs, const PenPoint &point, int status);
+    void move(std::int64_t timeUs, const PenPoint &point);
+    void up(std::int64_t timeUs, const PenPoint &point); ///< with the pressure up to then
+
+    /// The packets up to now that were not answered before.
+    std::vector<DuePacket> due(std::int64_t nowUs);
+
+    bool isIdle() const { return m_reports.empty() && !m_penDown; }
+
+private:
+    enum class Kind
+    {
+        Down,
+        Move,
+        Up
+    };
+    struct Report
+    {
+        Kind kind;
+        std::int64_t timeUs;
+        PenPoint point;
+        int status;
+    };
+
+    void report(const Report &report);
+    bool packetAt(std::int64_t timeUs, DuePacket &packet);
+    PenPoint placeAt(std::int64_t timeUs);
+
+    std::deque<Report> m_reports; ///< not passed yet
+    Report m_last{};
+    bool m_penDown = false; ///< by the packets, not by the reports
+    bool m_writes = false; ///< down on the writing area, not on a button
+    std::int64_t m_slotUs = 0; ///< time of the last packet that was, or could have been
+};
+
+/// The pressure of a pen that has none: slow strokes press harder. The speed is in writing areas a second.
+double pressureOfSpeed(double speed);
+
+} // namespace virtualpad
+
+#endif

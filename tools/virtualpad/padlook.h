@@ -1,0 +1,25 @@
+/// @file
+/// How each pad looks: what of it lies where on its body, in shares of the writing area's width.
+#ifndef PADLOOK_H
+#define PADLOOK_H
+
+#include <QColor>
+
+namespace virtualpad {
+
+struct PadLook
+{
+    int deviceType;
+    double left, top, right, bottom; ///< the body around the writing area
+    bool hasButtons; ///< beside the writing area; otherwise areas below it
+    QColor body;
+    QColor surfaceOff; ///< the writing area with the screen off, or without power
+    QColor surfaceOn;
+    QColor ink;
+};
+
+const PadLook &lookOf(int deviceType);
+
+} // namespace virtualpad
+
+#endif

@@ -1,0 +1,79 @@
+/// @file
+/// The window's end of the way to the driver: tells it what the pad does, and hears what the pad is told.
+#ifndef PADSERVER_H
+#define PADSERVER_H
+
+#include "padtable.h"
+#include "recordingevents.h"
+
+#include <QImage>
+#include <QLocalServer>
+#include <QLocalSocket>
+#include <QPointer>
+
+#include <chrono>
+
+namespace virtualpad {
+
+/// What is wrong with the pad.
+struct Troubles
+{
+    bool isUnplugged = false;
+    bool refuses = false; ///< commands fail
+    bool isOtherModel = false; ///< by its version text
+    bool hasSlowScreen = false;
+};
+
+class PadServer : public QObject
+{
+    Q_OBJECT
+public:
+    explicit PadServer(const kvsim::PadModel &model, QObject *parent = nullptr);
+    ~PadServer() override;
+
+    /// Throws std::runtime_error when there is another window, or no place for the socket.
+    void listen();
+
+    const kvsim::PadModel &model() const { return *m_model; }
+    bool isOpen() const { return m_program != nullptr; }
+
+    /// What GetDevicePartsVersion writes.
+    std::string versionText() const;
+
+    /// No program may have the pad open.
+    void setModel(const kvsim::PadModel &model);
+    void setTroubles(const Troubles &troubles);
+
+    void sendPacket(std::chrono::steady_clock::time_point time, const kvsim::Packet &packet);
+    void sendFingerprint(const QString &file, int score);
+
+signals:
+    void opened(); ///< by a program, as model()
+    void closed();
+    void cleared();
+    void screenSwitched(bool isOn);
+    void versionShown(bool isOn);
+    void pictureShown(const QImage &picture);
+
+private:
+    void takeConnection();
+    void takeLines(QLocalSocket *program);
+    void takeLine(QLocalSocket *program, const QByteArray &line);
+    void open(QLocalSocket *program, int deviceType);
+    void close(QLocalSocket *program);
+    void sendOpening();
+    void sendState();
+    void send(kvsim::Event event, std::chrono::steady_clock::time_point time);
+    void sendNow(const kvsim::Event &event) { send(event, std::chrono::steady_clock::now()); }
+
+    QLocalServer m_server;
+    QPointer<QLocalSocket> m_program; ///< that has the pad open
+    const kvsim::PadModel *m_model;
+    Troubles m_troubles;
+    std::chrono::steady_clock::time_point m_begin{};
+    std::int64_t m_lastUs = 0;
+};
+
+} // namespace virtualpad
+
+#endif
