@@ -3,6 +3,8 @@
 
 #include <QTemporaryDir>
 
+#include <algorithm>
+
 namespace {
 
 class ClippedOutputs : public testing::TestWithParam<PadCase>
@@ -36,7 +38,9 @@ protected:
                     ink |= QRect(x, y, 1, 1);
             }
         }
-        return ink.adjusted(-marginX, -marginY, marginX, marginY) & QRect(0, 0, kWidth, kHeight);
+        const int x = std::min(marginX, kWidth);
+        const int y = std::min(marginY, kHeight);
+        return ink.adjusted(-x, -y, x, y) & QRect(0, 0, kWidth, kHeight);
     }
 
     int clip(bool on, int marginX, int marginY) const

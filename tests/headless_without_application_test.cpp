@@ -11,7 +11,8 @@ namespace {
 QByteArray comparable(const std::string &name, const QByteArray &bytes)
 {
     const bool isSvgText = name.find("-svg.txt") != std::string::npos;
-    QString text = QString::fromLatin1(isSvgText ? QByteArray::fromBase64(bytes) : bytes);
+    const QByteArray content = isSvgText ? QByteArray::fromBase64(bytes) : bytes;
+    QString text = QString::fromLatin1(content.constData(), content.size());
     text.remove(QRegularExpression("D:\\d{14}[^)]*\\)"));
     if (isSvgText || name.find(".svg") != std::string::npos)
         text.remove(QRegularExpression("font-family=\"[^\"]*\" font-size=\"[^\"]*\""));
