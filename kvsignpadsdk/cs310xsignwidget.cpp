@@ -77,10 +77,11 @@ char *CS310XSignWidget::GetFPImageBase64Data(int nImageTypeID, bool bFPImageOnly
     switch (shared::get(m_nNewFPProcessActionID)) {
     case NFPPA_NONE:
     case NFPPA_SIGN_FP_SAME_WIDGET: {
-        // Only for this call: Base64Encode never cuts.
+        // Only for this call, under the canvas lock: Base64Encode never cuts.
+        const CanvasLock locked(m_mutexUpdateCanvas);
         const bool before = shared::get(m_bFPImageBase64DataOnly);
         shared::set(m_bFPImageBase64DataOnly, bFPImageOnly);
-        pFPImageBase64Data = EncodeBase64SignImage(nImageTypeID);
+        pFPImageBase64Data = imagetexts::encodeLockedImage(*this, nImageTypeID);
         shared::set(m_bFPImageBase64DataOnly, before);
         break;
     }

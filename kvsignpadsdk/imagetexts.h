@@ -24,6 +24,14 @@ namespace imagetexts {
 /// A transparent PNG goes on from the last one of the stream, where one is kept.
 QByteArray encoded(QImage image, int nImageTypeID, bool transparent, PngStream *kept = nullptr);
 
+/// The fingerprint's rectangle, which another thread may be setting.
+template <class Pad>
+QRect placeOfFingerprint(Pad &pad)
+{
+    const std::lock_guard<std::mutex> reading(pad.m_internals.pixelsLock);
+    return pad.m_NewFPRect;
+}
+
 /// Which part of the canvas an image text shows. Call it with the canvas locked.
 template <class Pad>
 QImage chosen(Pad &pad, bool mayCutToFingerprint)
@@ -33,7 +41,7 @@ QImage chosen(Pad &pad, bool mayCutToFingerprint)
     if constexpr (Pad::row.model.hasFingerprint && Pad::row.host == Host::Widget) {
         if (mayCutToFingerprint && shared::get(pad.m_bFPImageBase64DataOnly)
             && shared::get(pad.m_nNewFPProcessActionID) == NFPPA_SIGN_FP_SAME_WIDGET)
-            return inkbounds::partInside(pad.m_canvas, pad.m_NewFPRect);
+            return inkbounds::partInside(pad.m_canvas, placeOfFingerprint(pad));
     }
     (void)mayCutToFingerprint;
     return pad.m_canvas;
@@ -48,15 +56,22 @@ PngStream *keptStream(Pad &pad)
     return nullptr;
 }
 
+/// Encodes the canvas, which the caller has locked.
 template <class Pad>
-char *encodeImage(Pad &pad, int nImageTypeID)
+char *encodeLockedImage(Pad &pad, int nImageTypeID)
 {
     static constexpr logging::Key key{Pad::row.scope, "EncodeBase64SignImage()"};
-    const CanvasLock locked(pad.m_mutexUpdateCanvas);
     KV_LOG(key, "<%ld>-enter, nImageTypeID=%d", nImageTypeID);
     char *pEncodeBase64Image = base64text::newText(encoded(chosen(pad, true), nImageTypeID, true, keptStream(pad)));
     KV_LOG(key, "<%ld>-leave with pEncodeBase64Image=%lx !", logging::address(pEncodeBase64Image));
     return pEncodeBase64Image;
+}
+
+template <class Pad>
+char *encodeImage(Pad &pad, int nImageTypeID)
+{
+    const CanvasLock locked(pad.m_mutexUpdateCanvas);
+    return encodeLockedImage(pad, nImageTypeID);
 }
 
 template <class Pad>
