@@ -204,6 +204,11 @@ TEST_F(VirtualPadTest, AFingerOnTheSensorIsShownOnThePadAndInTheSignature)
     score->setValue(99);
     QTest::mouseClick(touch, Qt::LeftButton);
     EXPECT_TRUE(until([&] { return face()->display().picture != picture; }));
+    finger->setCurrentIndex(2);
+    emit finger->activated(2);
+    score->setValue(100);
+    click(face()->sensorArea()); // as the button does
+    EXPECT_TRUE(until([&] { return face()->display().picture == picture; }));
     EXPECT_EQ(beside<int>([&] { return family->Clear(family->type); }), 0);
     EXPECT_TRUE(until([&] { return face()->display().picture.isNull(); }));
 }
@@ -215,6 +220,7 @@ TEST_F(VirtualPadTest, OnlyThePadWithASensorHasFingers)
     EXPECT_TRUE(touch->isVisible());
     toggle("S210");
     EXPECT_FALSE(touch->isVisible());
+    EXPECT_TRUE(face()->sensorArea().isEmpty());
     EXPECT_TRUE(window->windowTitle().startsWith("S210"));
 }
 

@@ -17,6 +17,10 @@ add_dependencies(recorder_test kvsignpaddrv kvsignpaddrv_recorder kvsignpaddrv_w
 kv_add_test(recorder_replay_test recorder_replay_test.cpp PADS LIBRARIES kv_recording)
 add_dependencies(recorder_replay_test kvsignpaddrv_recorder)
 
+kv_add_test(scramble_recording_test scramble_recording_test.cpp LIBRARIES kv_recording)
+target_compile_definitions(scramble_recording_test PRIVATE KV_SCRAMBLE="$<TARGET_FILE:kv-scramble-recording>")
+add_dependencies(scramble_recording_test kv-scramble-recording)
+
 if(TARGET kv_virtualpad)
   find_package(Qt5 5.15 REQUIRED COMPONENTS Network Test)
   kv_add_test(packetclock_test packetclock_test.cpp LIBRARIES kv_virtualpad)

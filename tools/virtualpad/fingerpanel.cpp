@@ -52,10 +52,14 @@ FingerPanel::FingerPanel(QWidget *parent)
     layout->addWidget(m_touch);
     layout->addStretch();
     connect(m_finger, QOverload<int>::of(&QComboBox::activated), this, &FingerPanel::chooseFinger);
-    connect(m_touch, &QPushButton::clicked, this,
-        [this] { emit fingerLaidOn(m_finger->currentData().toString(), m_score->value()); });
+    connect(m_touch, &QPushButton::clicked, this, &FingerPanel::layOn);
     m_finger->setCurrentIndex(2);
     chooseFinger();
+}
+
+void FingerPanel::layOn()
+{
+    emit fingerLaidOn(m_finger->currentData().toString(), m_score->value());
 }
 
 void FingerPanel::chooseFinger()

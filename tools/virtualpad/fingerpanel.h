@@ -18,6 +18,9 @@ class FingerPanel : public QWidget
 public:
     explicit FingerPanel(QWidget *parent = nullptr);
 
+    /// As if its button were pressed.
+    void layOn();
+
 signals:
     /// A file that the driver can read: one that is built into it, or the whole path of a PGM file.
     void fingerLaidOn(const QString &file, int score);

@@ -39,6 +39,7 @@ PadFace::PadFace(QWidget *parent)
 {
     setAttribute(Qt::WA_AcceptTouchEvents);
     setMinimumSize(320, 180);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setAccessibleName(tr("Signature pad"));
     setAccessibleDescription(tr("Write with the mouse, a finger or a stylus"));
     setModel(kvsim::kPadModels[0]);
@@ -113,6 +114,14 @@ QRectF PadFace::confirmArea() const
 QRectF PadFace::cancelArea() const
 {
     return button(kCancel);
+}
+
+QRectF PadFace::sensorArea() const
+{
+    const QRectF area = writingArea();
+    const QSizeF size(area.width() * 0.10, area.width() * 0.14);
+    const QPointF corner(area.right() + area.width() * 0.17, area.center().y() - size.height() / 2);
+    return m_model->hasFingerprintSensor ? QRectF(corner, size) : QRectF();
 }
 
 // --- pens
@@ -209,6 +218,8 @@ void PadFace::touch(Stage stage, const QPointF &place, double pressure)
 void PadFace::touchDown(std::int64_t now, const PenPoint &point, const QPointF &place)
 {
     m_pressedButton = button(kConfirm).contains(place) ? kConfirm : button(kCancel).contains(place) ? kCancel : -1;
+    if (sensorArea().contains(place))
+        emit sensorTouched();
     m_isTouched = m_pressedButton >= 0 || writingArea().contains(place);
     if (!m_isTouched)
         return;
@@ -238,6 +249,7 @@ void PadFace::paintEvent(QPaintEvent *)
     paintSurface(painter);
     for (const int index : {kConfirm, kCancel})
         paintButton(painter, index);
+    paintSensor(painter);
 }
 
 void PadFace::paintBody(QPainter &painter) const
@@ -281,7 +293,9 @@ void PadFace::paintSurface(QPainter &painter) const
         const QSizeF size = QSizeF(m_display.picture.size()).scaled(area.size() * 0.8, Qt::KeepAspectRatio);
         const QRectF place(area.right() - size.width() - area.height() * 0.1, area.center().y() - size.height() / 2,
             size.width(), size.height());
+        painter.setCompositionMode(QPainter::CompositionMode_Multiply); // the ink shows through its white
         painter.drawImage(place, m_display.picture);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     }
     if (isLit || !m_model->hasScreen)
         paintInk(painter);
@@ -304,6 +318,28 @@ void PadFace::paintInk(QPainter &painter) const
             painter.setPen(QPen(lookOf(m_model->deviceType).ink, width, Qt::SolidLine, Qt::RoundCap));
             painter.drawLine(placed(stroke.places[i - 1]), placed(stroke.places[i]));
         }
+}
+
+/// A dark glass in a ring of metal.
+void PadFace::paintSensor(QPainter &painter) const
+{
+    const QRectF place = sensorArea();
+    if (place.isEmpty())
+        return;
+    const double radius = place.width() * 0.35;
+    QLinearGradient glass(place.topLeft(), place.bottomRight());
+    glass.setColorAt(0, QColor("#46505e"));
+    glass.setColorAt(1, QColor("#101418"));
+    painter.setPen(QPen(QColor("#9aa4b0"), place.width() * 0.05));
+    painter.setBrush(glass);
+    painter.drawRoundedRect(place, radius, radius);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(QColor(255, 255, 255, 90), place.width() * 0.035, Qt::SolidLine, Qt::RoundCap));
+    for (const double share : {0.2, 0.4, 0.6}) { // ridges
+        const QSizeF size(place.width() * share, place.height() * share);
+        const QRectF ridge(place.center() - QPointF(size.width() / 2, size.height() / 2), size);
+        painter.drawArc(ridge, -30 * 16, 240 * 16);
+    }
 }
 
 void PadFace::paintButton(QPainter &painter, int index) const

@@ -43,11 +43,13 @@ public:
     QRectF writingArea() const;
     QRectF confirmArea() const;
     QRectF cancelArea() const;
+    QRectF sensorArea() const; ///< empty on pads without one
 
     QSize sizeHint() const override;
-    bool hasHeightForWidth() const override { return true; }
 
 signals:
+    void sensorTouched();
+
     /// Moments of the machine's steady clock.
     void packetDue(std::chrono::steady_clock::time_point time, const virtualpad::PenPoint &point, int status);
 
@@ -78,6 +80,7 @@ private:
     void paintSurface(QPainter &painter) const;
     void paintInk(QPainter &painter) const;
     void paintButton(QPainter &painter, int index) const;
+    void paintSensor(QPainter &painter) const;
 
     const kvsim::PadModel *m_model = nullptr;
     PadDisplay m_display;

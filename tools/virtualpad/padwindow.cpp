@@ -99,6 +99,7 @@ void PadWindow::connectServer()
     connect(&m_server, &PadServer::pictureShown, this,
         [=](const QImage &picture) { change([&](PadDisplay &display) { display.picture = picture; }); });
     connect(m_face, &PadFace::packetDue, this, &PadWindow::sendPacket);
+    connect(m_face, &PadFace::sensorTouched, m_fingers, &FingerPanel::layOn);
     connect(m_fingers, &FingerPanel::fingerLaidOn, &m_server, &PadServer::sendFingerprint);
 }
 
@@ -141,7 +142,8 @@ void PadWindow::showStatus()
     else if (m_packets == 0)
         m_status->setText(tr("Open"));
     else
-        m_status->setText(tr("Open, %n packet(s); the last one: x %1, y %2, pressure %3, status %4", nullptr, m_packets)
+        m_status->setText(tr("Open, packets: %1; the last one: x %2, y %3, pressure %4, status %5")
+                              .arg(m_packets)
                               .arg(m_last.x)
                               .arg(m_last.y)
                               .arg(m_last.pressure)
