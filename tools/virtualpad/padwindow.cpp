@@ -28,9 +28,9 @@ QString nameOf(const kvsim::PadModel &model)
 PadWindow::PadWindow(const kvsim::PadModel &model, QWidget *parent)
     : QMainWindow(parent)
     , m_server(model)
-    , m_face(new PadFace)
-    , m_fingers(new FingerPanel)
-    , m_status(new QLabel)
+    , m_face(new PadFace(this))
+    , m_fingers(new FingerPanel(this))
+    , m_status(new QLabel(this))
 {
     m_server.listen();
     auto *const centre = new QWidget;
