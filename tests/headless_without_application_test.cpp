@@ -12,7 +12,7 @@ QByteArray comparable(const std::string &name, const QByteArray &bytes)
 {
     const bool isSvgText = name.find("-svg.txt") != std::string::npos;
     const QByteArray content = isSvgText ? QByteArray::fromBase64(bytes) : bytes;
-    QString text = QString::fromLatin1(content.constData(), content.size());
+    QString text = QLatin1String(content.constData(), content.size());
     text.remove(QRegularExpression("D:\\d{14}[^)]*\\)"));
     if (isSvgText || name.find(".svg") != std::string::npos)
         text.remove(QRegularExpression("font-family=\"[^\"]*\" font-size=\"[^\"]*\""));

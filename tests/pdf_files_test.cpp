@@ -96,7 +96,7 @@ TEST_P(PdfFiles, HoldTheCanvasPixelByPixelOnWhite)
 // Without what changes from file to file.
 QByteArray withoutDate(QByteArray pdf)
 {
-    QString text = QString::fromLatin1(pdf.constData(), pdf.size());
+    QString text = QLatin1String(pdf.constData(), pdf.size());
     text.replace(QRegularExpression("D:\\d{14}[^)]*\\)"), ")");
     return text.toLatin1();
 }
