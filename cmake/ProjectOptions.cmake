@@ -10,7 +10,7 @@ set(CMAKE_AUTOMOC OFF)
 
 # The loops over pixels are only vectorised at -O3 by the compilers that Debian ships.
 set(CMAKE_CXX_FLAGS_RELEASE "-O3 -DNDEBUG -g1")
-set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g -fno-omit-frame-pointer")
+set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g1 -fno-omit-frame-pointer")
 
 set(KV_SANITIZE "" CACHE STRING "Sanitizers for every target, as the compiler's -fsanitize takes them")
 if(KV_SANITIZE)

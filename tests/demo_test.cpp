@@ -19,6 +19,7 @@ CommandResult runDemo(const QStringList &arguments, const QMap<QString, QString>
 {
     QMap<QString, QString> variables = environment;
     variables.insert("KVSIM_SPEED", environment.value("KVSIM_SPEED", "20"));
+    variables.insert("KVSIM_DELAY_MS", "1");
     return runProgram(QStringList(KV_BUILD_DIRECTORY "/examples/demo/kv-demo") + arguments, directory, variables);
 }
 
@@ -65,36 +66,59 @@ protected:
     QTemporaryDir m_output;
 };
 
-TEST_F(Demo, writesEveryModelInEveryFormatAndListsIt)
+/// The demo, played once for all that is looked at afterwards.
+class PlayedDemo : public testing::Test
 {
-    const CommandResult result = runDemo({m_output.path()});
-    ASSERT_EQ(result.exitCode, 0) << testing::PrintToString(result);
+protected:
+    static void SetUpTestSuite()
+    {
+        s_output = new QTemporaryDir;
+        s_result = new CommandResult(runDemo({s_output->path()}));
+    }
+
+    static void TearDownTestSuite()
+    {
+        delete s_result;
+        delete s_output;
+    }
+
+    void SetUp() override { ASSERT_EQ(s_result->exitCode, 0) << testing::PrintToString(*s_result); }
+
+    static QString file(const QString &name) { return s_output->filePath(name); }
+    static const CommandResult &result() { return *s_result; }
+
+private:
+    static inline QTemporaryDir *s_output = nullptr;
+    static inline CommandResult *s_result = nullptr;
+};
+
+TEST_F(PlayedDemo, writesEveryModelInEveryFormatAndListsIt)
+{
     const int points = storedPoints(KV_SOURCE_DIRECTORY "/simulator/recordings/signature.kvrec");
     for (const Model &model : kModels) {
         const QRegularExpression captured(
             QString("(^|\n)%1 +confirmed +%2 points +2 strokes +\\d+\\.\\d s\n").arg(model.name).arg(points));
-        EXPECT_TRUE(result.output.contains(captured)) << testing::PrintToString(result);
+        EXPECT_TRUE(result().output.contains(captured)) << testing::PrintToString(result());
         for (const auto &suffix : kSuffixes) {
             const QString name = QString("%1.%2").arg(QString(model.name).toLower(), suffix[0]);
             const QFileInfo written(file(name));
             EXPECT_GT(written.size(), 1000) << name.toStdString();
             const QStringList expected{name, suffix[1], QString("%1 x %2").arg(model.width).arg(model.height), "300",
                 QString::number(written.size()), QString::number(points)};
-            EXPECT_EQ(rowOf(result, name).join('|'), expected.join('|')) << testing::PrintToString(result);
+            EXPECT_EQ(rowOf(result(), name).join('|'), expected.join('|')) << testing::PrintToString(result());
         }
-        const QStringList record = result.output.split('\n').filter(QRegularExpression(
+        const QStringList record = result().output.split('\n').filter(QRegularExpression(
             QString("^%1 +%2 +%3 +%2  yes$").arg(model.name).arg(points).arg((24 * points + 1 + 2) / 3 * 4)));
-        EXPECT_EQ(record.size(), 1) << testing::PrintToString(result);
+        EXPECT_EQ(record.size(), 1) << testing::PrintToString(result());
     }
     for (const char *name : kPictures) {
         EXPECT_FALSE(QImage(file(name)).isNull()) << name;
-        EXPECT_EQ(rowOf(result, name).value(0).toStdString(), name);
+        EXPECT_EQ(rowOf(result(), name).value(0).toStdString(), name);
     }
 }
 
-TEST_F(Demo, showsTheFingerprintInEachOfItsPlaces)
+TEST_F(PlayedDemo, showsTheFingerprintInEachOfItsPlaces)
 {
-    ASSERT_EQ(runDemo({m_output.path()}).exitCode, 0);
     const QImage centre(file("s310x-finger-centre.png"));
     const QImage rectangle(file("s310x-finger-rectangle.png"));
     EXPECT_TRUE(hasRed(centre.copy(340, 180, 160, 200)));
@@ -107,14 +131,12 @@ TEST_F(Demo, showsTheFingerprintInEachOfItsPlaces)
     EXPECT_FALSE(hasRed(QImage(file("s300.bmp"))));
 }
 
-TEST_F(Demo, tellsWhatThePadsTellAboutThemselves)
+TEST_F(PlayedDemo, tellsWhatThePadsTellAboutThemselves)
 {
-    const CommandResult result = runDemo({m_output.path()});
-    const QStringList cells = rowOf(result, "R800");
-    EXPECT_TRUE(result.output.contains(QRegularExpression(
+    EXPECT_TRUE(result().output.contains(QRegularExpression(
         "\nR800 +Korvane +R800 +yes +0\\.\\.29870 +0\\.\\.20120 +8192 +1\\.0 +SIM-R800-\\S+ +KVR800 ")))
-        << testing::PrintToString(result);
-    EXPECT_TRUE(result.output.contains(QRegularExpression("\nS210 live push: \\d{3} images, \\d+ a second")));
+        << testing::PrintToString(result());
+    EXPECT_TRUE(result().output.contains(QRegularExpression("\nS210 live push: \\d{3} images, \\d+ a second")));
 }
 
 TEST_F(Demo, showsAWindowForEachPad)

@@ -3,9 +3,12 @@
 set(KV_REPOSITORY_DEFINITIONS
   KV_SOURCE_DIRECTORY="${PROJECT_SOURCE_DIR}" KV_BUILD_DIRECTORY="${CMAKE_BINARY_DIR}")
 
+add_library(kv_outside_command STATIC outsidecommand.cpp)
+target_link_libraries(kv_outside_command PUBLIC Qt5::Core GTest::gtest PRIVATE kv_warnings)
+
 # kv_add_repository_test(<name>): outside of the library, with the paths of the repository and of the build
 function(kv_add_repository_test name)
-  kv_add_test(${name} ${name}.cpp outsidecommand.cpp LIBRARIES Qt5::Core Qt5::Gui)
+  kv_add_test(${name} ${name}.cpp LIBRARIES kv_outside_command Qt5::Gui)
   target_compile_definitions(${name} PRIVATE ${KV_REPOSITORY_DEFINITIONS})
 endfunction()
 
