@@ -80,7 +80,7 @@ TEST_P(VirtualPadOfEachModel, ItsButtonsConfirmAndCancel)
     ASSERT_TRUE(until([&] { return family->GetDeviceConfirmOrCancelKeyStatus(family->type) == 1; }));
     click(face()->cancelArea());
     ASSERT_TRUE(until([&] { return family->GetDeviceConfirmOrCancelKeyStatus(family->type) == 0; }));
-    EXPECT_EQ(events, (std::vector<int>{1, 0}));
+    EXPECT_EQ(takeEvents(), (std::vector<int>{1, 0}));
     EXPECT_EQ(pointCount(), ARI_INK_EMPTY);
     press(QPoint(9, 9)); // on the body, which feels nothing
     release(QPoint(9, 9));
@@ -98,7 +98,7 @@ TEST_F(VirtualPadTest, CancellingClearsThePadsOwnScreen)
     write(0.2, 0.2, 0.4, 0.4);
     ASSERT_TRUE(until([&] { return lastStrokeEnded(); }));
     click(face()->confirmArea());
-    ASSERT_TRUE(until([&] { return !events.empty(); }));
+    ASSERT_TRUE(until([&] { return !takeEvents().empty(); }));
     EXPECT_TRUE(face()->hasInk());
     click(face()->cancelArea());
     EXPECT_TRUE(until([&] { return !face()->hasInk(); }));

@@ -16,7 +16,9 @@
 #include <atomic>
 #include <cstring>
 #include <functional>
+#include <mutex>
 #include <thread>
+#include <utility>
 
 class VirtualPadTest : public testing::Test
 {
@@ -25,7 +27,7 @@ protected:
     {
         setenv("KVSIM_RECORDING", "virtual", 1);
         setenv("XDG_RUNTIME_DIR", qPrintable(m_runtimeDirectory.path()), 1);
-        events = {};
+        takeEvents();
     }
     ~VirtualPadTest() override
     {
@@ -64,7 +66,10 @@ protected:
         family = &opened;
         m_isOpen = beside<bool>([&] { return opened.InitialDevice(opened.type, nullptr, 0, 0, 600, 300); });
         if (m_isOpen)
-            opened.SignPadEventCallback(opened.type, [](int event) { events.push_back(event); });
+            opened.SignPadEventCallback(opened.type, [](int event) {
+                const std::lock_guard lock(s_eventsLock);
+                s_events.push_back(event);
+            });
         return m_isOpen;
     }
 
@@ -157,9 +162,17 @@ protected:
 
     std::unique_ptr<virtualpad::PadWindow> window;
     const Family *family = nullptr;
-    inline static std::vector<int> events; ///< of the pad's buttons
+
+    /// What the pad's buttons told since the last time.
+    static std::vector<int> takeEvents()
+    {
+        const std::lock_guard lock(s_eventsLock);
+        return std::exchange(s_events, {});
+    }
 
 private:
+    inline static std::mutex s_eventsLock; ///< events come on the driver's thread
+    inline static std::vector<int> s_events;
     QTemporaryDir m_runtimeDirectory;
     bool m_isOpen = false;
 };
