@@ -236,7 +236,7 @@ TEST_F(VirtualPadTest, ServesAnotherProcess)
     second.start(KV_VIRTUALPAD, QStringList());
     ASSERT_TRUE(second.waitForFinished());
     EXPECT_EQ(second.exitCode(), 1);
-    EXPECT_EQ(second.readAllStandardError(), "kv-virtualpad: another virtual pad is open\n");
+    EXPECT_TRUE(second.readAllStandardError().startsWith("kv-virtualpad: another virtual pad is open\n"));
     process.terminate();
     process.waitForFinished();
     process.start(KV_VIRTUALPAD, {"--model", "S999"});
