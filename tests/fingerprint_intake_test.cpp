@@ -167,7 +167,7 @@ TYPED_TEST(FingerprintIntake, DrawsWithoutTheCanvasLock)
     HandRunPad<TypeParam> pad(400, 300);
     pad->m_mutexUpdateCanvas.lock();
     auto intake = std::async(std::launch::async, [&] { pad.takeIn(ridges(1), 10); });
-    const auto state = intake.wait_for(std::chrono::seconds(5));
+    const auto state = intake.wait_for(kPatience);
     pad->m_mutexUpdateCanvas.unlock();
     intake.wait();
     EXPECT_EQ(state, std::future_status::ready);

@@ -3,6 +3,7 @@
 #ifndef FINGERPRINTS_H
 #define FINGERPRINTS_H
 
+#include "patience.h"
 #include "returnedtext.h"
 
 #include <QRectF>
@@ -63,11 +64,11 @@ QWidget *fingerprintWidget(const QWidget &window);
 /// What a shown widget paints.
 QImage painted(QWidget &widget);
 
-/// Waits at most 5 s, with events processed.
+/// Waits with events processed; false when it never comes.
 template <class Condition>
 bool becomes(Condition condition)
 {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    const auto end = std::chrono::steady_clock::now() + kPatience;
     for (;;) {
         settle();
         if (condition())

@@ -2,6 +2,7 @@
 // return; and no lock is held over a receiver, nor over the transfer of a fingerprint to the pad's screen.
 #include "insidepads.h"
 #include "lockholder.h"
+#include "patience.h"
 
 #include <QTemporaryDir>
 
@@ -130,7 +131,7 @@ protected:
     template <class Locked, class Mutex>
     void expectReturns(Mutex &mutex, const Call &call)
     {
-        Holder<Locked> holder(mutex, 3s);
+        Holder<Locked> holder(mutex, kPatience);
         call.make(scene);
         EXPECT_FALSE(holder.hasReleased()) << call.name << " waited for the lock";
         holder.finish();
@@ -240,11 +241,11 @@ INSTANTIATE_TEST_SUITE_P(
 class FingerprintLockUse : public LockUse
 {
 protected:
-    FingerprintLockUse()
+    FingerprintLockUse() { setScreenDelay(100); }
+
+    void setScreenDelay(int ms)
     {
-        const auto setDelay =
-            reinterpret_cast<decltype(&KVSIM_SetScreenDelay)>(pad.driver.control("KVSIM_SetScreenDelay"));
-        setDelay(100);
+        reinterpret_cast<decltype(&KVSIM_SetScreenDelay)>(pad.driver.control("KVSIM_SetScreenDelay"))(ms);
     }
 
     void sendFingerprint()
@@ -276,6 +277,7 @@ TEST_P(FingerprintLockUse, takesInAFingerprintWithoutTheCanvasLock)
 
 TEST_P(FingerprintLockUse, holdsNoLockOverTheTransferToThePad)
 {
+    setScreenDelay(10000);
     sendFingerprint();
     waitForCall("ShowFPImageOnDevice");
     withOpenInstance(GetParam(), [](auto &inner) { expectAllFree(inner); });
@@ -294,7 +296,7 @@ TEST_P(FingerprintLockUse, mergesOnTheDisplayThreadUnderTheCanvasLock)
             std::this_thread::sleep_for(30ms);
             EXPECT_TRUE(white()) << "the merge did not wait for the lock";
         }
-        for (int i = 0; i < 2000; ++i) {
+        for (int i = 0; i < 60000; ++i) {
             std::this_thread::sleep_for(1ms);
             const CanvasLock locked(inner.m_mutexUpdateCanvas);
             if (!white())

@@ -52,7 +52,7 @@ void expectFree(Mutex &mutex, const char *name)
         return taken;
     };
     const auto takeSoon = [&takeAtOnce] {
-        for (int i = 0; i < 300; ++i) {
+        for (int i = 0; i < 10000; ++i) {
             if (takeAtOnce())
                 return true;
             std::this_thread::sleep_for(std::chrono::milliseconds(1));

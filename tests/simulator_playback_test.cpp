@@ -1,5 +1,6 @@
 /// @file
 /// The simulator as its environment sets it up: recordings, speed, models, pictures.
+#include "patience.h"
 #include "simulateddriver.h"
 
 #include <QImage>
@@ -97,7 +98,7 @@ TEST_F(PlaybackTest, KeepsTheRecordingsTimes)
     const std::chrono::milliseconds due[] = {60ms, 80ms, 120ms, 220ms, 260ms}; // 0, 20, 60, 160, 200 after the delay
     for (std::size_t i = 0; i < 5; ++i) {
         EXPECT_GE(received.times[i] - begin, due[i]) << i;
-        EXPECT_LT(received.times[i] - begin, due[i] + 2s) << i; // a busy machine is late, never early
+        EXPECT_LT(received.times[i] - begin, due[i] + kPatience) << i; // a busy machine is late, never early
     }
     driver.ClearDeviceContent(); // only the first one starts it
     std::this_thread::sleep_for(100ms);
@@ -109,13 +110,15 @@ TEST_F(PlaybackTest, SpeedIsAFactor)
     setenv("KVSIM_SPEED", "0.5", 1);
     EXPECT_GE(play(KVS300_DEVICE), 400ms);
     driver.UnInitial();
-    setenv("KVSIM_SPEED", "1000000", 1);
-    const auto fast = play(KVS300_DEVICE);
-    driver.UnInitial();
-    setenv("KVSIM_SPEED", "max", 1);
-    const auto fastest = play(KVS300_DEVICE);
-    EXPECT_LT(fast, 200ms);
-    EXPECT_LT(fastest, 200ms);
+    for (const char *speed : {"1000000", "max"}) {
+        setenv("KVSIM_SPEED", speed, 1);
+        const auto playFast = [this] {
+            const auto time = play(KVS300_DEVICE);
+            driver.UnInitial();
+            return time;
+        };
+        EXPECT_TRUE(takesLessThan(200ms, playFast)) << speed;
+    }
 }
 
 TEST_F(PlaybackTest, IsRepeatedAsOftenAsAskedFor)

@@ -14,6 +14,7 @@
 #include <QTest>
 
 #include <atomic>
+#include <chrono>
 #include <cstring>
 #include <functional>
 #include <mutex>
@@ -80,7 +81,7 @@ protected:
     }
 
     /// Waits, with the window alive, for something to become true.
-    static bool until(const std::function<bool()> &condition, int timeoutMs = 10000)
+    static bool until(const std::function<bool()> &condition, int timeoutMs = 60000)
     {
         QElapsedTimer time;
         time.start();
@@ -119,17 +120,20 @@ protected:
         release(area.center().toPoint());
     }
 
-    /// A stroke along a line, at a hand's pace.
-    void write(double fromX, double fromY, double toX, double toY) const
+    /// A stroke along a line, at a hand's pace. How long the pen was down for certain.
+    std::chrono::nanoseconds write(double fromX, double fromY, double toX, double toY) const
     {
         constexpr int kSteps = 20;
         press(place(fromX, fromY));
+        const auto isDown = std::chrono::steady_clock::now();
         for (int i = 1; i <= kSteps; ++i) {
             QTest::qWait(8);
             const double share = static_cast<double>(i) / kSteps;
             drag(place(fromX + (toX - fromX) * share, fromY + (toY - fromY) * share));
         }
+        const auto end = std::chrono::steady_clock::now();
         release(place(toX, toY));
+        return end - isDown;
     }
 
     int pointCount() const { return family->GetTotalInkPointsNumber(family->type); }

@@ -58,7 +58,7 @@ static int startsWith(const char *text, const char *start)
 
 #define WAIT_FOR_THE_SIGNATURE()                                                                                       \
     do {                                                                                                               \
-        for (int i = 0; taps == 0 && i < 5000; ++i)                                                                    \
+        for (int i = 0; taps == 0 && i < 60000; ++i)                                                                   \
             usleep(1000);                                                                                              \
         EXPECT(taps == 1);                                                                                             \
     } while (0)
