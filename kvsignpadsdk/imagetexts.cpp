@@ -1,6 +1,7 @@
 #include "imagetexts.h"
 
 #include "bitmapfile.h"
+#include "jpegfile.h"
 
 #include <QBuffer>
 
@@ -13,6 +14,8 @@ QByteArray encodedFast(const QImage &image, int nImageTypeID, bool transparent, 
 {
     if (nImageTypeID == EBITI_BITMAP)
         return bitmapfile::encoded(image);
+    if (nImageTypeID == EBITI_JPEG)
+        return jpegfile::encoded(image);
     if (nImageTypeID == EBITI_PNG && transparent)
         return kept != nullptr ? kept->encoded(image) : PngStream(PngStream::Memory::None).encoded(image);
     return {};

@@ -2,11 +2,13 @@
 #include "base64text.h"
 #include "bitmapfile.h"
 #include "inkbounds.h"
+#include "jpegfile.h"
 #include "opaquepixels.h"
 #include "recordedink.h"
 #include "svglines.h"
 
 #include <QBuffer>
+#include <QColorSpace>
 
 #include <random>
 
@@ -103,6 +105,51 @@ TEST(FastBitmap, EqualsQtsWriter)
     }
     EXPECT_TRUE(bitmapfile::encoded(QImage()).isEmpty());
     EXPECT_TRUE(bitmapfile::encoded(whiteCanvas({4, 4}).convertToFormat(QImage::Format_Mono)).isEmpty());
+}
+
+QByteArray jpegByQt(const QImage &image)
+{
+    QByteArray file;
+    QBuffer buffer(&file);
+    buffer.open(QIODevice::WriteOnly);
+    return image.save(&buffer, "JPEG") ? file : QByteArray();
+}
+
+TEST(FastJpeg, EqualsQtsWriter)
+{
+    std::mt19937 random(5);
+    for (int i = 0; i < 200; ++i) {
+        const QImage image = randomImage(random, randomSize(random), i % 2 == 0);
+        const QByteArray expected = jpegByQt(image);
+        ASSERT_FALSE(expected.isEmpty());
+        EXPECT_EQ(jpegfile::encoded(image), expected);
+    }
+    for (const std::string &name : recordingNames()) {
+        const QSize size(500, 300);
+        QImage canvas = whiteCanvas(size);
+        for (const plain::Segment &segment : segmentsOf(recordedPackets(name, KVM450_DEVICE), KVM450_DEVICE, size))
+            drawSegmentOrDot(canvas, segment, QColor(0, 0, 160, 90));
+        EXPECT_EQ(jpegfile::encoded(canvas), jpegByQt(canvas)) << name;
+    }
+}
+
+TEST(FastJpeg, LeavesOtherImagesToQt)
+{
+    EXPECT_TRUE(jpegfile::encoded(QImage()).isEmpty());
+    QImage image = whiteCanvas({30, 20});
+    EXPECT_FALSE(jpegfile::encoded(image).isEmpty());
+    EXPECT_TRUE(jpegfile::encoded(image.convertToFormat(QImage::Format_Indexed8)).isEmpty());
+    image.setDotsPerMeterX(5905);
+    EXPECT_TRUE(jpegfile::encoded(image).isEmpty());
+    image = whiteCanvas({30, 20});
+    image.setText("Title", "signature");
+    EXPECT_TRUE(jpegfile::encoded(image).isEmpty());
+    image = whiteCanvas({30, 20});
+    image.setColorSpace(QColorSpace(QColorSpace::AdobeRgb));
+    EXPECT_TRUE(jpegfile::encoded(image).isEmpty());
+    const QImage wide = whiteCanvas({65501, 1}); // more than the format holds
+    EXPECT_TRUE(jpegfile::encoded(wide).isEmpty());
+    EXPECT_TRUE(jpegByQt(wide).isEmpty());
 }
 
 TEST(FastBase64, EqualsQts)

@@ -1,0 +1,136 @@
+#include "jpegfile.h"
+
+#include <QBuffer>
+#include <QColorSpace>
+
+#include <csetjmp>
+#include <cstdio>
+#include <cstdlib>
+
+#include <jpeglib.h>
+
+namespace jpegfile {
+
+namespace {
+
+constexpr int kQuality = 75; // Qt's default
+constexpr int kUnitAt = 13; // of the resolution's unit in the file; both axes follow, two bytes each
+
+struct Compressor
+{
+    jpeg_compress_struct state{};
+    jpeg_error_mgr errors{};
+    std::jmp_buf onError{};
+    unsigned char *bytes = nullptr;
+    unsigned long size = 0;
+};
+
+// The library's own way out ends the process.
+[[noreturn]] void giveUp(j_common_ptr state)
+{
+    std::longjmp(static_cast<Compressor *>(state->client_data)->onError, 1);
+}
+
+void beSilent(j_common_ptr) { }
+
+void start(Compressor &compressor, const QImage &image, const QByteArray &resolution)
+{
+    jpeg_compress_struct &state = compressor.state;
+    jpeg_create_compress(&state);
+    jpeg_mem_dest(&state, &compressor.bytes, &compressor.size);
+    state.image_width = static_cast<JDIMENSION>(image.width());
+    state.image_height = static_cast<JDIMENSION>(image.height());
+    state.input_components = 4;
+    state.in_color_space = Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? JCS_EXT_BGRX : JCS_EXT_XRGB;
+    jpeg_set_defaults(&state);
+    const auto byte = [&resolution](int at) { return static_cast<unsigned char>(resolution[at]); };
+    state.density_unit = byte(0);
+    state.X_density = static_cast<UINT16>(byte(1) << 8 | byte(2));
+    state.Y_density = static_cast<UINT16>(byte(3) << 8 | byte(4));
+    jpeg_set_quality(&state, kQuality, TRUE);
+    jpeg_start_compress(&state, TRUE);
+}
+
+// Nothing in here may need a destructor: an error jumps out of it.
+bool compress(Compressor &compressor, const QImage &image, const QByteArray &resolution)
+{
+    compressor.state.err = jpeg_std_error(&compressor.errors);
+    compressor.errors.error_exit = giveUp;
+    compressor.errors.output_message = beSilent;
+    compressor.state.client_data = &compressor;
+    if (setjmp(compressor.onError) != 0)
+        return false;
+    start(compressor, image, resolution);
+    while (compressor.state.next_scanline < compressor.state.image_height) {
+        JSAMPROW row = const_cast<JSAMPROW>(image.constScanLine(static_cast<int>(compressor.state.next_scanline)));
+        jpeg_write_scanlines(&compressor.state, &row, 1);
+    }
+    jpeg_finish_compress(&compressor.state);
+    return true;
+}
+
+QByteArray written(const QImage &image, const QByteArray &resolution)
+{
+    Compressor compressor;
+    QByteArray file;
+    if (compress(compressor, image, resolution))
+        file = QByteArray(reinterpret_cast<const char *>(compressor.bytes), static_cast<int>(compressor.size));
+    jpeg_destroy_compress(&compressor.state);
+    std::free(compressor.bytes);
+    return file;
+}
+
+QByteArray byQt(const QImage &image)
+{
+    QByteArray file;
+    QBuffer buffer(&file);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "JPEG");
+    return file;
+}
+
+// Dots and hair lines of many colours, some of them translucent, beside blank blocks; or greys alone.
+QImage probe(bool coloured)
+{
+    QImage image(90, 61, QImage::Format_ARGB32);
+    image.fill(Qt::white);
+    unsigned random = 2463534242U;
+    for (int i = 0; i < 600; ++i) {
+        random = random * 1103515245U + 12345U;
+        const unsigned grey = random >> 24;
+        const int x = static_cast<int>(random >> 8) % 70;
+        image.setPixel(x, static_cast<int>(random >> 17) % 50, coloured ? random : 0xff000000U | grey * 0x010101U);
+    }
+    return image;
+}
+
+// The resolution as Qt writes it for an image that nobody gave one; empty when Qt's files are others than ours.
+QByteArray resolutionWrittenByQt()
+{
+    const QByteArray coloured = byQt(probe(true));
+    const QByteArray resolution = coloured.mid(kUnitAt, 5);
+    if (resolution.size() < 5 || written(probe(true), resolution) != coloured
+        || written(probe(false), resolution) != byQt(probe(false)))
+        return {};
+    return resolution;
+}
+
+bool isPlainCanvas(const QImage &image)
+{
+    static const QImage fresh(1, 1, QImage::Format_ARGB32);
+    return image.format() == QImage::Format_ARGB32 && image.dotsPerMeterX() == fresh.dotsPerMeterX()
+        && image.dotsPerMeterY() == fresh.dotsPerMeterY() && image.textKeys().isEmpty()
+        && !image.colorSpace().isValid();
+}
+
+} // namespace
+
+QByteArray encoded(const QImage &image)
+{
+    static const QByteArray resolution = resolutionWrittenByQt();
+    if (resolution.isEmpty() || image.isNull() || !isPlainCanvas(image))
+        return {};
+    return written(image, resolution);
+}
+
+} // namespace jpegfile

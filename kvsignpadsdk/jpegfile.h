@@ -1,0 +1,17 @@
+/// @file
+/// A JPEG file of the canvas, byte by byte as Qt's writer makes it, without Qt's copy of every row.
+#ifndef JPEGFILE_H
+#define JPEGFILE_H
+
+#include <QByteArray>
+#include <QImage>
+
+namespace jpegfile {
+
+/// The file's bytes at Qt's default quality. Empty for an image that is not a plain ARGB32 canvas, for one that JPEG
+/// cannot hold, and when Qt's writer makes other files than this one.
+QByteArray encoded(const QImage &image);
+
+} // namespace jpegfile
+
+#endif
