@@ -42,4 +42,13 @@ void show(QWidget &widget, const QImage &canvas, bool opaque)
     QPainter(&widget).drawImage(0, 0, opaque ? opaquepixels::viewWithoutAlpha(canvas) : canvas);
 }
 
+void coverWhatIsBehind(QWidget &widget, bool covers)
+{
+    if (covers == widget.testAttribute(Qt::WA_OpaquePaintEvent))
+        return;
+    widget.setAttribute(Qt::WA_OpaquePaintEvent, covers);
+    if (!covers)
+        widget.update();
+}
+
 } // namespace canvashost

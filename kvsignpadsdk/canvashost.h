@@ -28,6 +28,10 @@ QImage grown(const QImage &old, int width, int height);
 /// is known to be opaque is shown without looking at its alpha.
 void show(QWidget &widget, const QImage &canvas, bool opaque = false);
 
+/// Whether Qt may leave out painting what is behind the widget, because the canvas covers all of it. A change to what
+/// shows through paints the widget again.
+void coverWhatIsBehind(QWidget &widget, bool covers);
+
 template <class Pad>
 void fillContext(Pad &pad, int width, int height)
 {
@@ -100,6 +104,7 @@ void resize(Pad &pad)
         pad.clearCanvas(pad.m_SignCanvas, width, height);
         pad.clearCanvas(pad.m_FPOnlyCanvas, kFingerprintWidth, kFingerprintHeight);
     }
+    coverWhatIsBehind(pad, !pad.m_canvas.isNull());
     pad.update();
     KV_LOG(key, "<%ld>-leave with width=%d, height=%d !", width, height);
 }
@@ -113,7 +118,10 @@ void paint(Pad &pad, PaintBase paintBase)
     pad.m_internals.repaint.painted();
     const CanvasLock locked(pad.m_mutexUpdateCanvas);
     paintBase();
-    show(pad, pad.m_canvas, pad.m_internals.canvasOpacity.isOpaque(pad.m_canvas));
+    const bool opaque = pad.m_internals.canvasOpacity.isOpaque(pad.m_canvas);
+    show(pad, pad.m_canvas, opaque);
+    if (!opaque)
+        coverWhatIsBehind(pad, false);
     KV_LOG_INSIDE_THREAD(key, "<%ld>-leave !");
 }
 

@@ -1,5 +1,6 @@
 // Segments drawn with the kept painter, and merges of a segment's box, give the pixels of the plain way.
 #include "cs300signobj.h"
+#include "cs300signwidget.h"
 #include "cs310xsignobj.h"
 #include "openinstance.h"
 #include "recordedink.h"
@@ -48,6 +49,36 @@ TEST(FastSegmentsOnOneInstance, LeaveCopiesAlone)
     plain::drawSegment(expected, {{90, 20}, {10, 80}, 5}, Qt::black);
     pad.StartSignOnCanvas(10, 80, 5);
     EXPECT_EQ(pad.m_canvas, expected);
+}
+
+// Nothing is painted behind a canvas that covers it; through any other canvas the window must be seen.
+TEST(FastRepaint, ShowsWhatIsBehindACanvasThatIsNotOpaque)
+{
+    QWidget window;
+    window.setStyleSheet("background: #00ff00");
+    window.resize(80, 60);
+    auto *const pad = new CS300SignWidget(&window);
+    pad->setGeometry(10, 10, 60, 40);
+    window.show();
+    const auto shown = [&window] {
+        QCoreApplication::processEvents();
+        return window.grab().toImage();
+    };
+    const QRgb behind = shown().pixel(5, 5);
+    EXPECT_EQ(behind, 0xff00ff00);
+    EXPECT_TRUE(pad->testAttribute(Qt::WA_OpaquePaintEvent));
+    EXPECT_EQ(shown().pixel(40, 30), 0xffffffff);
+    pad->m_canvas.setPixel(30, 20, 0);
+    pad->repaint();
+    EXPECT_FALSE(pad->testAttribute(Qt::WA_OpaquePaintEvent));
+    EXPECT_EQ(shown().pixel(40, 30), behind);
+    EXPECT_EQ(shown().pixel(41, 30), 0xffffffff);
+    pad->m_canvas = QImage();
+    pad->update();
+    EXPECT_EQ(shown().pixel(41, 30), behind);
+    pad->resize(61, 40);
+    EXPECT_EQ(shown().pixel(41, 30), 0xffffffff);
+    EXPECT_TRUE(pad->testAttribute(Qt::WA_OpaquePaintEvent));
 }
 
 QImage layerWithRidges(const QSize &size)
