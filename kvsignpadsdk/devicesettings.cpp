@@ -43,4 +43,11 @@ void writeInfo(const ModelRow &model, const State &state, int nIndex, void *pOut
     }
 }
 
+int askText(const logging::Key &key, int (*operation)(char *, int), char *pText, int nMaxCount)
+{
+    const int nResult = operation == nullptr ? ARI_FAIL : operation(pText, nMaxCount);
+    KV_LOG(key, "<%ld>-leave with nResult=%d", nResult);
+    return nResult;
+}
+
 } // namespace devicesettings

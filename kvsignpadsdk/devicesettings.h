@@ -24,21 +24,15 @@ struct State
 /// Writes one item about the pad; an unknown index writes nothing.
 void writeInfo(const ModelRow &model, const State &state, int nIndex, void *pOutput);
 
-/// A text query of the driver: the caller's buffer and size go through unchanged.
-template <class Operation>
-int askText(Operation operation, char *pText, int nMaxCount)
-{
-    return operation == nullptr ? ARI_FAIL : operation(pText, nMaxCount);
-}
+/// Ends a text query: the caller's buffer and size go to the driver unchanged, its result back with the leave line.
+int askText(const logging::Key &key, int (*operation)(char *, int), char *pText, int nMaxCount);
 
 template <class Pad>
 int padId(Pad &pad, char *pPadID, int nMaxCount)
 {
     static constexpr logging::Key key{Pad::row.scope, "GetDevicePadID()"};
     KV_LOG(key, "<%ld>-enter, pPadID=%lx, nMaxCount=%d", logging::address(pPadID), nMaxCount);
-    const int nResult = askText(pad.m_pfn_KVSPDAPI_GetDevicePadID, pPadID, nMaxCount);
-    KV_LOG(key, "<%ld>-leave with nResult=%d", nResult);
-    return nResult;
+    return askText(key, pad.m_pfn_KVSPDAPI_GetDevicePadID, pPadID, nMaxCount);
 }
 
 template <class Pad>
@@ -46,9 +40,7 @@ int partsVersion(Pad &pad, char *pVersion, int nMaxCount)
 {
     static constexpr logging::Key key{Pad::row.scope, "GetDevicePartsVersion()"};
     KV_LOG(key, "<%ld>-enter, pVersion=%lx, nMaxCount=%d", logging::address(pVersion), nMaxCount);
-    const int nResult = askText(pad.m_pfn_KVSPDAPI_GetDevicePartsVersion, pVersion, nMaxCount);
-    KV_LOG(key, "<%ld>-leave with nResult=%d", nResult);
-    return nResult;
+    return askText(key, pad.m_pfn_KVSPDAPI_GetDevicePartsVersion, pVersion, nMaxCount);
 }
 
 template <class Pad>
@@ -56,9 +48,7 @@ int penId(Pad &pad, char *pPenID, int nMaxCount)
 {
     static constexpr logging::Key key{Pad::row.scope, "GetDevicePenID()"};
     KV_LOG(key, "<%ld>-enter, pPenID=%lx, nMaxCount=%d", logging::address(pPenID), nMaxCount);
-    const int nResult = askText(pad.m_pfn_KVSPDAPI_GetDevicePenID, pPenID, nMaxCount);
-    KV_LOG(key, "<%ld>-leave with nResult=%d", nResult);
-    return nResult;
+    return askText(key, pad.m_pfn_KVSPDAPI_GetDevicePenID, pPenID, nMaxCount);
 }
 
 template <class Pad>
@@ -66,9 +56,7 @@ int secureId(Pad &pad, char *pSecureID, int nMaxCount)
 {
     static constexpr logging::Key key{Pad::row.scope, "GetDeviceSecureID()"};
     KV_LOG(key, "<%ld>-enter, pSecureID=%lx, nMaxCount=%d", logging::address(pSecureID), nMaxCount);
-    const int nResult = askText(pad.m_pfn_KVSPDAPI_GetDeviceSecureID, pSecureID, nMaxCount);
-    KV_LOG(key, "<%ld>-leave with nResult=%d", nResult);
-    return nResult;
+    return askText(key, pad.m_pfn_KVSPDAPI_GetDeviceSecureID, pSecureID, nMaxCount);
 }
 
 template <class Pad>
