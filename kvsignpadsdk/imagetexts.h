@@ -164,9 +164,9 @@ char *svgText(Pad &pad)
     PrivateFile file("/tmp/KVeSign.svg");
     svgdrawing::draw(pad, file.device(), cut.size, 150, cut.box.topLeft());
     const QByteArray byteArray = file.publish();
-    KV_LOG(key, "<%ld>-byteArray size=%d", byteArray.size());
     if constexpr (Pad::row.logsSvgFileClosed)
         KV_LOG(key, "<%ld>-after call f.close()...");
+    KV_LOG(key, "<%ld>-byteArray size=%d", byteArray.size());
     int nBase64Size = 0;
     char *pBase64Data = base64text::newText(byteArray, &nBase64Size);
     KV_LOG(key, "<%ld>-nBase64Size=%d", nBase64Size);

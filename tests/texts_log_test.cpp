@@ -183,11 +183,11 @@ TEST_P(TextsLog, SvgText)
             member("GetTotalInkPointsNumber", "enter..."), {"", "leave with nInkCount=3"},
             member("GetSVGImageBase64Data", "enter, nInkCount=3"),
             member("SaveDrawingImageAsSVGFile", "enter, nDPI=150"), member("SaveDrawingImageAsSVGFile", "nInkCount=3"),
-            member("SaveDrawingImageAsSVGFile", "leave !"),
-            member("GetSVGImageBase64Data", text("byteArray size=%ld", static_cast<long>(file.size())))};
+            member("SaveDrawingImageAsSVGFile", "leave !")};
         const bool tellsOfClosing = GetParam().headless && type() != KVS210_DEVICE;
         if (tellsOfClosing)
             lines.push_back(member("GetSVGImageBase64Data", "after call f.close()..."));
+        lines.push_back(member("GetSVGImageBase64Data", text("byteArray size=%ld", static_cast<long>(file.size()))));
         lines.push_back(member("GetSVGImageBase64Data", text("nBase64Size=%zu", std::strlen(result))));
         return lines;
     }();
@@ -211,16 +211,18 @@ TEST_P(TextsLog, SvgText)
 
 TEST_P(TextsLog, SvgTextClipped)
 {
-    pad->SetSaveClipImageMargin(type(), true, 2, 1);
+    pad->SetSaveClipImageMargin(type(), true, 200, 100); // margins that reach the canvas's ends
     char *result = nullptr;
     const Entries log = logOf([&] { result = pad->GetSVGImageBase64Data(type()); });
     pad->FreeSVGImageBase64Data(type(), result);
-    EXPECT_EQ(std::count_if(log.begin(), log.end(),
-                  [&](const LogEntry &entry) {
-                      return entry.key == member("CheckSignImageBoundingBox", "").key
-                          && entry.text.find("leave with rcBoundBox") == 0;
-                  }),
-        1);
+    const LogEntry scanned =
+        member("CheckSignImageBoundingBox", "leave with rcBoundBox.Left=0, Right=159, Top=0, Bottom=99");
+    const auto found = std::find(log.begin(), log.end(), scanned);
+    ASSERT_NE(found, log.end());
+    ASSERT_NE(found + 1, log.end());
+    EXPECT_EQ(
+        found[1], member("GetSVGImageBase64Data", "after call CheckSignImageBoundingBox(), l=0, t=0, r=159, b=99"));
+    EXPECT_EQ(std::count(log.begin(), log.end(), scanned), 1);
 }
 
 TEST_P(TextsLog, Decoding)
@@ -311,6 +313,27 @@ TEST_P(PushLog, RegisteringAReceiver)
     EXPECT_EQ(leaveOf(2, 1, nullptr), why);
     EXPECT_EQ(leaveOf(2, 1, receive),
         exported(name.c_str(), "leave false due to (nType != EBITI_JPEG) && (nImageTypeID != EBITI_PNG) !"));
+}
+
+// The text goes back the way of every other, so that its release can be seen.
+TEST_P(PushLog, APushIsAnEncodingACallAndARelease)
+{
+    pad.driver.send(700, 800, 50, 0);
+    ASSERT_TRUE(KVS210_SetRealTimeSignBase64DataCallback(KVS210_DEVICE, 3, receive));
+    const Entries log = logOf([&] { pad.driver.send(900, 800, 60, 1); });
+    Entries push;
+    for (const LogEntry &entry : log) {
+        if (entry.key.find("RxS210") == std::string::npos && entry.key.find("StartSign") == std::string::npos
+            && entry.key.find("paintEvent") == std::string::npos)
+            push.push_back({entry.key, entry.text.substr(0, entry.text.find('='))});
+    }
+    EXPECT_EQ(push,
+        (Entries{member("CheckIfNeedToSendRealTimeSignBase64Data", "Enter..."),
+            member("EncodeBase64SignImage", "enter, nImageTypeID"),
+            member("EncodeBase64SignImage", "leave with pEncodeBase64Image"),
+            member("Base64EncodeFree", "enter, pEncodedData"),
+            member("Base64EncodeFree", "after call delete[] pEncodedData !"), member("Base64EncodeFree", "leave !"),
+            member("CheckIfNeedToSendRealTimeSignBase64Data", "leave !")}));
 }
 
 TEST_P(PushLog, RefusedOfficeCalls)
