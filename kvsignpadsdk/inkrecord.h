@@ -43,12 +43,14 @@ char *newText(Pad &pad, const logging::Key &key)
     return text;
 }
 
-/// The decoded points have inkLock too: a receiver on the driver's thread may ask for them.
+/// The decoded points have inkLock too: a receiver on the driver's thread may ask for them. Without a list nothing is
+/// kept.
 template <class Pad>
 void setDecoded(Pad &pad, inkpoints::List points)
 {
     const std::lock_guard<std::mutex> locked(pad.m_internals.inkLock);
-    pad.m_pDecodedPointDataList->swap(points);
+    if (pad.m_pDecodedPointDataList != nullptr)
+        pad.m_pDecodedPointDataList->swap(points);
 }
 
 template <class Pad>

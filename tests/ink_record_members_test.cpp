@@ -116,6 +116,10 @@ TYPED_TEST(InkRecordMembers, WithoutListsTheQueriesAnswerInkEmpty)
     EXPECT_EQ(this->pad->GetDecodeInkPointData(0, 1), ARI_INK_EMPTY);
     EXPECT_EQ(this->pad->GetDecodeInkPointData(5, 9), ARI_INK_EMPTY);
     EXPECT_EQ(this->pad->Base64Encode(EBITI_INK), nullptr);
+    for (const int type : {1, 2, 3, 4})
+        EXPECT_EQ(this->pad->Base64Decode(type, "AAAA", nullptr), ARI_INK_EMPTY) << type;
+    this->pad->Base64Decode(EBITI_INK, base64::encoded(recordOf(numbered(2))).constData(), nullptr);
+    EXPECT_EQ(this->pad->GetTotalDecodeInkPointsNumber(), ARI_INK_EMPTY) << "there is nothing to keep them in";
 }
 
 TYPED_TEST(InkRecordMembers, ClearingTheCanvasKeepsTheDecodedPoints)
