@@ -1,5 +1,7 @@
 #include "aboutbox.h"
 
+#include "widgetthread.h"
+
 #include <QMessageBox>
 
 #include <cstring>
@@ -21,7 +23,8 @@ static_assert(sizeof kText <= 128, "callers are promised that 128 bytes are enou
 
 void show(QWidget *pParent)
 {
-    QMessageBox::about(pParent, QStringLiteral("About"), QString::fromLatin1(kMessage));
+    if (widgetthread::canHaveWidgets())
+        QMessageBox::about(pParent, QStringLiteral("About"), QString::fromLatin1(kMessage));
 }
 
 void writeText(char *pOutput)

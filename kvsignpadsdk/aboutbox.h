@@ -7,7 +7,7 @@ class QWidget;
 
 namespace aboutbox {
 
-/// Shows the modal dialog; returns when the user has closed it.
+/// Shows the modal dialog; returns when the user has closed it, at once where there can be no dialog.
 void show(QWidget *pParent);
 
 /// Writes the text with its zero, 128 bytes at most.

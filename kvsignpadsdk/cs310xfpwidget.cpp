@@ -27,16 +27,18 @@ CS310XFPWidget::~CS310XFPWidget()
         *m_owner.newest = nullptr;
 }
 
-int CS310XFPWidget::SetDisplayedFPImageAt(QWidget *, int nFPLeft, int nFPTop, int nFPWidth, int nFPHeight)
+int CS310XFPWidget::SetDisplayedFPImageAt(QWidget *pParentWidget, int nFPLeft, int nFPTop, int nFPWidth, int nFPHeight)
 {
-    return fingerprinthost::place(*this, fingerprinthost::rectangle(nFPLeft, nFPTop, nFPWidth, nFPHeight), rect());
+    static constexpr logging::Key key{row.scope, "SetDisplayedFPImageAt()"};
+    KV_LOG(key, "<%ld>-Enter, pParentWidget=%lx, nFPLeft=%d, nFPTop=%d, nFPWidth=%d, nFPHeight=%d",
+        logging::address(pParentWidget), nFPLeft, nFPTop, nFPWidth, nFPHeight);
+    return fingerprinthost::place(*this, key, fingerprinthost::rectangle(nFPLeft, nFPTop, nFPWidth, nFPHeight), rect());
 }
 
 int CS310XFPWidget::SetDisplayedFPImageAt(
     int nCanvasWidth, int nCanvasHeight, int nFPLeft, int nFPTop, int nFPWidth, int nFPHeight)
 {
-    return fingerprinthost::placeOnCanvas(
-        *this, nCanvasWidth, nCanvasHeight, fingerprinthost::rectangle(nFPLeft, nFPTop, nFPWidth, nFPHeight));
+    return fingerprinthost::placeOnCanvas(*this, nCanvasWidth, nCanvasHeight, nFPLeft, nFPTop, nFPWidth, nFPHeight);
 }
 
 void CS310XFPWidget::UpdateFPImage(QImage image)

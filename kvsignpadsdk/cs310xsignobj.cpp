@@ -3,6 +3,7 @@
 #include "cs310xobj_showfpimageondevicethread.h"
 #include "fingerprintplacement.h"
 #include "paddefined.h"
+#include "widgetthread.h"
 
 #define KV_PAD CS310XSignObj
 #include "padmembers.inl"
@@ -38,13 +39,13 @@ int CS310XSignObj::SetDisplayedFPImageAt(
     KV_LOG(key, "<%ld>-Enter, nCanvasWidth=%d, nCanvasHeight=%d, nFPLeft=%d, nFPTop=%d, nFPWidth=%d, nFPHeight=%d",
         nCanvasWidth, nCanvasHeight, nFPLeft, nFPTop, nFPWidth, nFPHeight);
     int nResult = ARI_FAIL;
-    if (fingerprintplacement::canHaveWidgets()) {
+    if (widgetthread::canHaveWidgets()) {
         nResult = fingerprintplacement::addWidget(*this, nullptr)
                       .SetDisplayedFPImageAt(nCanvasWidth, nCanvasHeight, nFPLeft, nFPTop, nFPWidth, nFPHeight);
     } else {
         auto canvas = std::make_unique<FingerprintCanvas>();
-        nResult = fingerprinthost::placeOnCanvas(
-            *canvas, nCanvasWidth, nCanvasHeight, fingerprinthost::rectangle(nFPLeft, nFPTop, nFPWidth, nFPHeight));
+        nResult =
+            fingerprinthost::placeOnCanvas(*canvas, nCanvasWidth, nCanvasHeight, nFPLeft, nFPTop, nFPWidth, nFPHeight);
         const std::lock_guard<std::mutex> writing(m_internals.pixelsLock);
         m_pNewFPWidget = nullptr;
         m_internals.canvas = std::move(canvas);

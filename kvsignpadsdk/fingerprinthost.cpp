@@ -1,10 +1,15 @@
 #include "fingerprinthost.h"
 
+#include "fingerprintinternals.h"
+
 #include <QPainter>
 
 #include <algorithm>
 #include <cstdint>
 #include <limits>
+
+FingerprintInternals::FingerprintInternals() = default;
+FingerprintInternals::~FingerprintInternals() = default;
 
 void FingerprintCanvas::UpdateFPImage(const QImage &image)
 {

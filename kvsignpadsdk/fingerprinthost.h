@@ -53,13 +53,10 @@ QRect rectangle(int nFPLeft, int nFPTop, int nFPWidth, int nFPHeight);
 /// ARI_SUCCESS when both corners lie inside the area, else ARI_INVALID_PARAMETERS with its log line.
 int checkInside(const logging::Key &key, const QRect &rectangle, const QRect &area);
 
-/// Places the fingerprint in a host that keeps its size.
+/// Places the fingerprint in a host that keeps its size; the caller has logged its arguments.
 template <class FPHost>
-int place(FPHost &host, const QRect &rectangle, const QRect &area)
+int place(FPHost &host, const logging::Key &key, const QRect &rectangle, const QRect &area)
 {
-    static constexpr logging::Key key{FPHost::row.scope, "SetDisplayedFPImageAt()"};
-    KV_LOG(key, "<%ld>-Enter, nFPLeft=%d, nFPTop=%d, nFPRight=%d, nFPBottom=%d", rectangle.left(), rectangle.top(),
-        rectangle.right(), rectangle.bottom());
     {
         const std::lock_guard<std::mutex> writing(host.pixelsLock);
         host.m_NewFPRect = rectangle;
@@ -72,9 +69,14 @@ int place(FPHost &host, const QRect &rectangle, const QRect &area)
 
 /// Places it on a canvas of the size, which starts white.
 template <class FPHost>
-int placeOnCanvas(FPHost &host, int nCanvasWidth, int nCanvasHeight, const QRect &wanted)
+int placeOnCanvas(
+    FPHost &host, int nCanvasWidth, int nCanvasHeight, int nFPLeft, int nFPTop, int nFPWidth, int nFPHeight)
 {
-    const int nResult = place(host, wanted, rectangle(0, 0, nCanvasWidth, nCanvasHeight));
+    static constexpr logging::Key key{FPHost::row.scope, "SetDisplayedFPImageAt()"};
+    KV_LOG(key, "<%ld>-Enter, nCanvasWidth=%d, nCanvasHeight=%d, nFPLeft=%d, nFPTop=%d, nFPWidth=%d, nFPHeight=%d",
+        nCanvasWidth, nCanvasHeight, nFPLeft, nFPTop, nFPWidth, nFPHeight);
+    const int nResult =
+        place(host, key, rectangle(nFPLeft, nFPTop, nFPWidth, nFPHeight), rectangle(0, 0, nCanvasWidth, nCanvasHeight));
     if (nResult == ARI_SUCCESS) {
         const std::lock_guard<std::mutex> writing(host.pixelsLock);
         canvashost::clearCanvas(host.m_canvas, nCanvasWidth, nCanvasHeight);

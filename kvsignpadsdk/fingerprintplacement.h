@@ -16,9 +16,6 @@
 
 namespace fingerprintplacement {
 
-/// Whether this thread of this process may create widgets.
-bool canHaveWidgets();
-
 /// Visits the newest place, widget or canvas; false when there is none.
 template <class Pad, class Visit>
 bool withHost(Pad &pad, Visit visit)

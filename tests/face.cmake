@@ -21,3 +21,5 @@ endforeach()
 kv_add_test(diagnostics_log_test diagnostics_log_test.cpp PADS)
 kv_add_test(log_writers_test log_writers_test.cpp LIBRARIES kvsignpadsdk_inside)
 kv_add_test(about_test about_test.cpp PADS)
+# Brings no application object.
+kv_add_test(about_without_application_test hosts/about_without_application.cpp LIBRARIES kv_test_pads)

@@ -5,7 +5,7 @@ target_include_directories(kv_test_fingerprints PRIVATE ${CMAKE_CURRENT_SOURCE_D
   ${PROJECT_SOURCE_DIR}/kvsignpadsdk)
 target_link_libraries(kv_test_fingerprints PRIVATE Qt5::Widgets GTest::gtest kv_warnings)
 
-foreach(name intake display)
+foreach(name intake display log)
   kv_add_test(fingerprint_${name}_test fingerprint_${name}_test.cpp INSIDE LIBRARIES kv_test_fingerprints)
 endforeach()
 kv_add_test(fingerprint_display_thread_test fingerprint_display_thread_test.cpp INSIDE THREADS
