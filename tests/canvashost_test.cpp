@@ -146,6 +146,33 @@ TEST_P(CanvasHost, AResizeThatComesToNothingLeavesANullCanvasAndRecovers)
     });
 }
 
+TEST_P(CanvasHost, AResizeAsksForARepaintEvenOfTheSameSize)
+{
+    withNewInstance(GetParam(), 300, 150, [](auto &pad) {
+        using Pad = std::decay_t<decltype(pad)>;
+        if constexpr (std::is_base_of_v<QWidget, Pad>) {
+            struct Paints : QObject
+            {
+                int count = 0;
+                bool eventFilter(QObject *, QEvent *event) override
+                {
+                    count += event->type() == QEvent::Paint;
+                    return false;
+                }
+            } paints;
+            pad.show();
+            settle();
+            pad.installEventFilter(&paints);
+            settle();
+            EXPECT_EQ(paints.count, 0);
+            QResizeEvent resized(pad.size(), pad.size()); // Qt repaints by itself only what it has resized itself
+            QCoreApplication::sendEvent(&pad, &resized);
+            settle();
+            EXPECT_EQ(paints.count, 1);
+        }
+    });
+}
+
 TEST_P(CanvasHost, PaintingShowsTheCanvasAtTheTopLeft)
 {
     withNewInstance(GetParam(), 300, 150, [&](auto &pad) {

@@ -155,6 +155,19 @@ TEST_P(DriverRecognition, ClosesThePadOfAnotherModelWithoutTouchingItBefore)
     EXPECT_FALSE(driver.isOpen());
 }
 
+TEST_P(DriverRecognition, MakesTheListsForAPadOfAnotherModelToo)
+{
+    SimulatedDriver driver;
+    driver.setText("GetDevicePartsVersion", "KVX999");
+    withNewInstance(GetParam(), 40, 20, [](auto &pad) {
+        EXPECT_FALSE(pad.IsDeviceConnected());
+        EXPECT_FALSE(pad.m_bDeviceConnected);
+        EXPECT_NE(pad.m_pPointDataList, nullptr);
+        EXPECT_NE(pad.m_pDecodedPointDataList, nullptr);
+    });
+    EXPECT_FALSE(driver.isOpen());
+}
+
 // --- with a driver that the simulator cannot be
 
 std::string answeredText;

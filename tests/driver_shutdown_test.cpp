@@ -3,6 +3,10 @@
 #include "insidepads.h"
 #include "logmessages.h"
 
+#include <QLibrary>
+
+#include <functional>
+
 namespace {
 
 class DriverShutdown : public testing::TestWithParam<PadCase>
@@ -74,6 +78,35 @@ TEST_P(DriverShutdown, QuietsThePadClosesTheDriverAndFreesTheLists)
         EXPECT_EQ(instance.m_pfn_KVSPDAPI_UnInitial, unInitial) << "slots keep their values";
         instance.Shutdown();
         EXPECT_EQ(pad.driver.calls(), idleCall() + "UnInitial\n") << "there is nothing left to close";
+    });
+}
+
+/// Looks, while the driver is being closed, whether what its last packets need is still there.
+std::function<void()> whileClosing;
+
+int closeAndLook()
+{
+    whileClosing();
+    return KVSPDARI_SUCCESS;
+}
+
+TEST_P(DriverShutdown, KeepsTheListsUntilTheDriverIsClosed)
+{
+    withNewInstance(GetParam(), 40, 20, [](auto &pad) {
+        pad.m_plibKVSignPadDriver = new QLibrary;
+        pad.m_pPointDataList = new std::vector<_POINTDATA>(3);
+        pad.m_pDecodedPointDataList = new std::vector<_POINTDATA>(3);
+        pad.m_pfn_KVSPDAPI_UnInitial = closeAndLook;
+        int looks = 0;
+        whileClosing = [&] {
+            ++looks;
+            EXPECT_NE(pad.m_pPointDataList, nullptr);
+            EXPECT_NE(pad.m_pDecodedPointDataList, nullptr);
+        };
+        pad.Shutdown();
+        EXPECT_EQ(looks, 1);
+        EXPECT_EQ(pad.m_pPointDataList, nullptr);
+        EXPECT_EQ(pad.m_pDecodedPointDataList, nullptr);
     });
 }
 

@@ -58,6 +58,22 @@ TEST_P(InkPointsInside, CarryTheTickAndTheSecondOfTheirStoring)
     });
 }
 
+TEST_P(InkPointsInside, ThatCloseAStrokeHaveATickAndASecondOfTheirOwn)
+{
+    OpenPad pad(GetParam());
+    pad.driver.send({{1000, 900, 5, 0}});
+    withOpenInstance(GetParam(), [&](auto &instance) {
+        std::vector<_POINTDATA> &points = *instance.m_pPointDataList;
+        points.at(0).ulTickCount = 7;
+        points.at(0).pointTime = 8;
+        pad.driver.send({{1, 2, 3, 2}});
+        ASSERT_EQ(points.size(), 2u);
+        EXPECT_TRUE(points[1].bStrokeEnd);
+        EXPECT_GT(points[1].ulTickCount, 7u);
+        EXPECT_GT(points[1].pointTime, 8);
+    });
+}
+
 TEST_P(InkPointsInside, AreGivenBackByAClearAndTheListStays)
 {
     OpenPad pad(GetParam());

@@ -8,8 +8,9 @@
 
 namespace {
 
-/// Allocations of exactly this size fail while it is not 0.
+/// Allocations of exactly this size fail while it is not 0; those that may answer null, while this is set.
 size_t refusedSize = 0;
+bool refusedAsNull = false;
 
 void *allocate(size_t size)
 {
@@ -17,6 +18,11 @@ void *allocate(size_t size)
     if (memory == nullptr)
         throw std::bad_alloc();
     return memory;
+}
+
+void *allocateOrNull(size_t size)
+{
+    return refusedAsNull ? nullptr : std::malloc(size == 0 ? 1 : size);
 }
 
 } // namespace
@@ -32,11 +38,11 @@ void *operator new[](size_t size)
 }
 void *operator new(size_t size, const std::nothrow_t &) noexcept
 {
-    return std::malloc(size == 0 ? 1 : size);
+    return allocateOrNull(size);
 }
 void *operator new[](size_t size, const std::nothrow_t &) noexcept
 {
-    return std::malloc(size == 0 ? 1 : size);
+    return allocateOrNull(size);
 }
 void operator delete(void *memory) noexcept
 {
@@ -108,6 +114,41 @@ TYPED_TEST(OpenInstance, IsNotKeptWhenThereIsNoMemoryForIt)
     EXPECT_EQ(g_pSignWidget, nullptr);
     EXPECT_FALSE(g_bUseSignObj);
     EXPECT_TRUE(this->open());
+}
+
+TYPED_TEST(OpenInstance, IsNotKeptWhenThereIsNoMemoryForItsPoints)
+{
+    const LogTail log;
+    LogOn::set(true);
+    refusedAsNull = true;
+    EXPECT_FALSE(this->open());
+    refusedAsNull = false;
+    LogOn::set(false);
+    EXPECT_EQ(g_pSignWidget, nullptr);
+    EXPECT_FALSE(this->driver.isOpen());
+    const std::string key = std::string(PadTraits<TypeParam>::name) + "::IsDeviceConnected()";
+    std::vector<std::string> texts;
+    for (const LogEntry &entry : log.entries()) {
+        if (entry.key == key)
+            texts.push_back(entry.text);
+    }
+    ASSERT_EQ(texts.size(), 4u);
+    EXPECT_EQ(texts[2], "((m_pPointDataList || m_pDecodedPointDataList) == nullptr), out of memory !!!");
+    EXPECT_EQ(texts[3], "leave with m_bDeviceConnected=0");
+    EXPECT_TRUE(this->open());
+}
+
+TYPED_TEST(OpenInstance, AnswersAsWithoutOneWhenAMemberFindsNoMemory)
+{
+    ASSERT_TRUE(this->open());
+    this->driver.send({{1000, 900, 5, 0}});
+    refusedSize = 100; // the text of a time
+    char *const none = this->family.GetInkPointDataTimeInfo(this->family.type, 0);
+    refusedSize = 0;
+    EXPECT_EQ(none, nullptr) << "and no exception";
+    char *const text = this->family.GetInkPointDataTimeInfo(this->family.type, 0);
+    EXPECT_NE(text, nullptr);
+    this->family.FreeInkPointDataTimeInfo(this->family.type, text);
 }
 
 TYPED_TEST(OpenInstance, IsMarkedAsHeadlessByAnOpeningWithoutAParent)
