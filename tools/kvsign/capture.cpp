@@ -1,0 +1,174 @@
+// kvsign capture: waits for a signature, and writes it to any number of files.
+#include "captureoutputs.h"
+#include "failure.h"
+#include "interruption.h"
+#include "openpad.h"
+#include "pictureoptions.h"
+#include "progress.h"
+#include "subcommands.h"
+#include "terminal.h"
+
+#include <QElapsedTimer>
+#include <QJsonArray>
+#include <QThread>
+
+namespace {
+
+constexpr int kLook = 20; // milliseconds between two looks at the pad
+constexpr int kConfirmed = 1;
+
+constexpr Option kTimeoutOption{
+    "timeout t", "SECONDS", "How long to wait for confirm or cancel; 0 means for ever.", "60", nullptr};
+constexpr Option kSizeOption{
+    "size", "WIDTHxHEIGHT", "The canvas in pixels. Without it 800 wide, as the writing area is.", nullptr, nullptr};
+constexpr Option kDpiOption{"dpi", "DPI", "Dots per inch of the pictures, 150 or 300.", "300", "150 300"};
+constexpr Option kOptions[] = {kModelOption, kTimeoutOption, kSizeOption, kPenWidthOption, kNoPressureOption,
+    kColourOption, kClipOption, kDpiOption, kDriverOption, kJsonOption};
+constexpr Positional kPositionals[] = {{"OUTPUT",
+    "Files to write, each in the format that its suffix says: bmp, jpg, png, pdf, svg, ink, csv, json, inkml.", 1,
+    1000}};
+
+QSize canvasSize(const Arguments &arguments)
+{
+    if (!arguments.isSet(kSizeOption))
+        return {};
+    const QStringList parts = arguments.value(kSizeOption).split('x');
+    const QSize size(parts.first().toInt(), parts.last().toInt());
+    constexpr int kMost = 20000;
+    if (parts.size() != 2 || size.isEmpty() || size.width() > kMost || size.height() > kMost)
+        throw misused(QString("--size takes two numbers of pixels up to %1 such as 800x452, not \"%2\"")
+                          .arg(kMost)
+                          .arg(arguments.value(kSizeOption)));
+    return size;
+}
+
+struct CaptureState
+{
+    int points = 0;
+    int strokes = 0;
+    double seconds = 0; ///< since the first point
+};
+
+/// Looks at each stored point once.
+class Watch
+{
+public:
+    explicit Watch(const OpenPad &pad)
+        : m_pad(pad)
+    {
+    }
+
+    const CaptureState &look()
+    {
+        const int points = m_pad->GetTotalInkPointsNumber(m_pad->type);
+        for (; m_state.points < points; ++m_state.points) {
+            INKPOINTDATA point = {};
+            point.nIndex = m_state.points;
+            m_pad->GetInkPointData(m_pad->type, point);
+            m_state.strokes += point.bStrokeEnd ? 1 : 0;
+        }
+        if (m_state.points > 0 && !m_writing.isValid())
+            m_writing.start();
+        m_state.seconds = m_writing.isValid() ? static_cast<double>(m_writing.elapsed()) / 1000 : 0;
+        return m_state;
+    }
+
+private:
+    const OpenPad &m_pad;
+    CaptureState m_state;
+    QElapsedTimer m_writing;
+};
+
+void setPen(const Arguments &arguments, const OpenPad &pad)
+{
+    const QColor ink = colour(arguments, kColourOption);
+    pad->SetPenColor(pad->type, ink.red(), ink.green(), ink.blue());
+    pad->SetPenWidth(pad->type, penWidth(arguments, padModel(pad->model)));
+    if (arguments.isSet(kNoPressureOption) && pad->SetPenStyle(pad->type, false) != ARI_SUCCESS)
+        throw failed(QString("the %1 does not take another pen style").arg(pad->model));
+}
+
+/// Waits for confirm. Everything else throws.
+CaptureState waitForConfirm(const OpenPad &pad, int seconds)
+{
+    Watch watch(pad);
+    Progress progress;
+    QElapsedTimer waiting;
+    waiting.start();
+    for (;;) {
+        const int key = pad->GetKey(pad->type);
+        const CaptureState &state = watch.look();
+        if (key == kConfirmed)
+            return state;
+        if (key >= 0)
+            throw Failure{kCancelled, QString("the signer cancelled on the %1").arg(pad->model)};
+        throwIfInterrupted();
+        if (seconds > 0 && waiting.hasExpired(seconds * 1000LL))
+            throw Failure{kTimedOut, QString("nobody confirmed on the %1 within %2 s").arg(pad->model).arg(seconds)};
+        progress.show(QString("%1  sign and confirm   %2 points  %3 strokes  %4 s")
+                          .arg(pad->model, -5)
+                          .arg(state.points, 5)
+                          .arg(state.strokes, 3)
+                          .arg(state.seconds, 5, 'f', 1));
+        QThread::msleep(kLook);
+    }
+}
+
+QJsonObject summary(const OpenPad &pad, const CaptureState &state, const CaptureOutputs &outputs)
+{
+    QJsonArray files;
+    for (const CapturedFile &file : outputs.files())
+        files.append(QJsonObject{{"file", file.name}, {"format", file.format->name}, {"bytes", file.bytes}});
+    return {{"result", "confirmed"}, {"model", pad->model}, {"padId", pad.text(pad->GetHWPadID)},
+        {"version", pad.text(pad->GetHWVersion)}, {"points", state.points}, {"strokes", state.strokes},
+        {"seconds", state.seconds}, {"files", files}};
+}
+
+void tell(const QJsonObject &summary, const CaptureOutputs &outputs)
+{
+    say(QString("%1: %2 points, %3 strokes, %4 s")
+            .arg(summary["model"].toString())
+            .arg(summary["points"].toInt())
+            .arg(summary["strokes"].toInt())
+            .arg(summary["seconds"].toDouble(), 0, 'f', 1));
+    for (const CapturedFile &file : outputs.files())
+        say(QString("%1  %2 bytes").arg(file.name, grouped(file.bytes)));
+}
+
+int runCapture(const Arguments &arguments)
+{
+    const int seconds = arguments.wholeNumber(kTimeoutOption, 0, 86400);
+    const int dpi = arguments.choice(kDpiOption).toInt();
+    const QSize size = canvasSize(arguments);
+    const ClipMargin margin = clipMargin(arguments);
+    colour(arguments, kColourOption);
+    penWidth(arguments, *kPadModels);
+    CaptureOutputs outputs(arguments.positionals());
+    enterDriverDirectory(arguments);
+    const OpenPad pad(arguments.choice(kModelOption), size);
+    setPen(arguments, pad);
+    try {
+        const CaptureState state = waitForConfirm(pad, seconds);
+        if (margin.isSet)
+            pad->SetSaveClipImageMargin(pad->type, true, margin.x, margin.y);
+        outputs.write(pad, dpi);
+        const QJsonObject result = summary(pad, state, outputs);
+        if (arguments.isSet(kJsonOption))
+            sayJson(result);
+        else
+            tell(result, outputs);
+    } catch (const Failure &failure) {
+        const char *result = failure.code == kCancelled ? "cancelled"
+            : failure.code == kTimedOut                 ? "timed-out"
+                                                        : "failed";
+        if (arguments.isSet(kJsonOption))
+            sayJson({{"result", result}, {"model", pad->model}, {"message", failure.message}});
+        throw;
+    }
+    return kDone;
+}
+
+} // namespace
+
+const Subcommand kCaptureSubcommand{
+    "capture", "Wait for a signature on a pad and write it to files.", kOptions, kPositionals, runCapture, nullptr};

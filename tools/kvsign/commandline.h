@@ -1,0 +1,104 @@
+/// @file
+/// Options and arguments as rows, from which parsing, help and shell completion come.
+#ifndef COMMANDLINE_H
+#define COMMANDLINE_H
+
+#include <QCommandLineParser>
+#include <QString>
+#include <QStringList>
+
+#include <cstddef>
+
+struct Option
+{
+    const char *names; ///< "model m": the long name first
+    const char *value; ///< what it takes; null for a switch
+    const char *text;
+    const char *preset; ///< without the option; null for nothing
+    const char *choices; ///< for the shell: words, or kDirectories; null for nothing
+};
+
+inline constexpr const char *kDirectories = "/";
+
+inline constexpr Option kHelpOption{"help h", nullptr, "Show this help.", nullptr, nullptr};
+inline constexpr Option kJsonOption{"json j", nullptr, "Print the result as JSON.", nullptr, nullptr};
+
+/// The rows of a static array.
+template <class Row>
+class Rows
+{
+public:
+    constexpr Rows() = default;
+
+    template <std::size_t count>
+    constexpr Rows(const Row (&rows)[count])
+        : m_begin(rows)
+        , m_end(rows + count)
+    {
+    }
+
+    constexpr const Row *begin() const { return m_begin; }
+    constexpr const Row *end() const { return m_end; }
+
+private:
+    const Row *m_begin = nullptr;
+    const Row *m_end = nullptr;
+};
+
+/// What a subcommand takes besides options. The last one may come several times.
+struct Positional
+{
+    const char *syntax; ///< "INPUT"
+    const char *text;
+    int least;
+    int most;
+};
+
+class Arguments;
+
+/// What a subcommand runs with: a plain application object, one that can draw texts, or one that shows windows.
+enum class ApplicationKind
+{
+    Plain,
+    Drawing,
+    Windows
+};
+
+struct Subcommand
+{
+    const char *name;
+    const char *summary;
+    Rows<Option> options;
+    Rows<Positional> positionals;
+    int (*run)(const Arguments &);
+    ApplicationKind (*application)(const Arguments &); ///< null for a plain one
+};
+
+/// A parsed command line. Values that cannot be understood throw a Failure.
+class Arguments
+{
+public:
+    Arguments(const Subcommand &subcommand, const QStringList &words);
+
+    /// Throws when an option is unknown or the number of arguments is wrong.
+    void check() const;
+
+    QString help() const { return m_parser.helpText(); }
+    bool isSet(const Option &option) const;
+    QString value(const Option &option) const;
+    int wholeNumber(const Option &option, int least, int most) const;
+    double number(const Option &option, double least, double most) const;
+
+    /// Exactly one of the option's choices.
+    QString choice(const Option &option) const;
+    QStringList positionals() const { return m_parser.positionalArguments(); }
+
+private:
+    const Subcommand &m_subcommand;
+    QCommandLineParser m_parser;
+    bool m_understood;
+};
+
+QStringList namesOf(const Option &option);
+
+#endif

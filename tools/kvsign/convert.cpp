@@ -1,0 +1,92 @@
+// kvsign convert: ink from one format into another, or into a picture.
+#include "failure.h"
+#include "ink/inkinput.h"
+#include "outputfile.h"
+#include "pictureoptions.h"
+#include "progress.h"
+#include "subcommands.h"
+#include "terminal.h"
+
+#include <QFileInfo>
+
+namespace {
+
+constexpr Option kToOption{"to t", "FORMAT",
+    "Format of the output: ink, csv, json, inkml, png, jpg, bmp, svg or pdf. Without it the suffix says it.", nullptr,
+    "ink csv json inkml png jpg bmp svg pdf"};
+constexpr Option kDpiOption{"dpi", "DPI", "Dots per inch of pictures in print, 1 to 9600.", "300", "150 300 600"};
+constexpr Option kOptions[] = {kFromOption, kToOption, kModelOption, kScaleOption, kPenWidthOption, kNoPressureOption,
+    kColourOption, kBackgroundOption, kClipOption, kDpiOption, kJsonOption};
+constexpr Positional kPositionals[] = {
+    {"INPUT", "What to read; - is standard input.", 1, 1}, {"OUTPUT", "What to write; - is standard output.", 1, 1}};
+
+const InkFormat &outputFormat(const Arguments &arguments, const QString &path)
+{
+    const InkFormat *format =
+        arguments.isSet(kToOption) ? formatOfName(arguments.value(kToOption)) : formatOfPath(path);
+    if (format == nullptr)
+        throw misused(QString("%1: say with --to which of the formats %2 it is to have")
+                          .arg(path == "-" ? "standard output" : path, formatNames().join(", ")));
+    return *format;
+}
+
+/// Counts the points that pass.
+class Counter : public PointSink
+{
+public:
+    explicit Counter(PointSink &sink)
+        : m_sink(sink)
+    {
+    }
+
+    void put(const POINTDATA &point) override
+    {
+        ++m_points;
+        m_sink.put(point);
+    }
+    void finish() override { m_sink.finish(); }
+    qint64 points() const { return m_points; }
+
+private:
+    PointSink &m_sink;
+    qint64 m_points = 0;
+};
+
+int runConvert(const Arguments &arguments)
+{
+    const QString path = arguments.positionals().at(1);
+    const InkFormat &format = outputFormat(arguments, path);
+    Progress progress;
+    InkInput input(arguments.positionals().at(0), arguments.value(kFromOption), progress);
+    PictureSettings settings = pictureSettings(arguments, input);
+    settings.dpi = arguments.wholeNumber(kDpiOption, 1, 9600);
+    if (arguments.isSet(kJsonOption) && path == "-")
+        throw misused("--json and an output on standard output do not go together");
+
+    OutputFile output(path);
+    qint64 points = 0;
+    {
+        const std::unique_ptr<PointSink> sink =
+            format.write != nullptr ? format.write(output.device()) : format.draw(output.device(), settings);
+        Counter counter(*sink);
+        pour(input.points("converting"), counter);
+        points = counter.points();
+    }
+    output.commit();
+    progress.clear();
+    QJsonObject result{{"from", input.format().name}, {"to", format.name}, {"points", points}, {"file", output.name()},
+        {"bytes", output.size()}};
+    if (format.draw != nullptr) {
+        result["model"] = settings.model->name;
+        result["width"] = settings.size().width();
+        result["height"] = settings.size().height();
+    }
+    if (arguments.isSet(kJsonOption))
+        sayJson(result);
+    return kDone;
+}
+
+} // namespace
+
+const Subcommand kConvertSubcommand{
+    "convert", "Convert ink between formats, or draw it.", kOptions, kPositionals, runConvert, nullptr};

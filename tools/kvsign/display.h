@@ -1,0 +1,19 @@
+/// @file
+/// Whether windows can be shown. Qt ends the process when they cannot, so it is looked at before.
+#ifndef DISPLAY_H
+#define DISPLAY_H
+
+#include <QString>
+
+struct DisplayState
+{
+    bool isThere;
+    QString what; ///< the display, or what is wrong with it
+};
+
+DisplayState displayState();
+
+/// Throws a Failure when there is none.
+void needDisplay();
+
+#endif

@@ -1,0 +1,53 @@
+/// @file
+/// What the doctor looks at. Each look adds what it found, with the cure where something is wrong.
+#ifndef FINDINGS_H
+#define FINDINGS_H
+
+#include <QString>
+
+#include <vector>
+
+enum class Health
+{
+    Good,
+    Weak, ///< works, but not all of it, or not for long
+    Bad
+};
+
+struct Finding
+{
+    Health health;
+    QString subject;
+    QString what;
+    QString cure; ///< empty when it is good
+};
+
+using Findings = std::vector<Finding>;
+
+inline Finding good(const QString &subject, const QString &what)
+{
+    return {Health::Good, subject, what, {}};
+}
+
+inline Finding weak(const QString &subject, const QString &what, const QString &cure)
+{
+    return {Health::Weak, subject, what, cure};
+}
+
+inline Finding bad(const QString &subject, const QString &what, const QString &cure)
+{
+    return {Health::Bad, subject, what, cure};
+}
+
+void lookAtQt(Findings &findings);
+void lookAtImageFormats(Findings &findings);
+void lookAtFonts(Findings &findings);
+void lookAtDisplay(Findings &findings);
+void lookAtDriver(Findings &findings);
+void lookAtPermissions(Findings &findings);
+void lookAtPad(Findings &findings, const QString &model);
+
+/// Whether texts can be drawn without a display.
+bool canDrawOffscreen();
+
+#endif

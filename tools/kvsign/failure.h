@@ -1,0 +1,26 @@
+/// @file
+/// What ends a subcommand before its time.
+#ifndef FAILURE_H
+#define FAILURE_H
+
+#include "exitcodes.h"
+
+#include <QString>
+
+struct Failure
+{
+    ExitCode code;
+    QString message;
+};
+
+inline Failure failed(const QString &message)
+{
+    return {kFailed, message};
+}
+
+inline Failure misused(const QString &message)
+{
+    return {kUsage, message};
+}
+
+#endif

@@ -1,0 +1,42 @@
+/// @file
+/// Writes to a device in large pieces; what cannot be written throws.
+#ifndef BUFFEREDWRITER_H
+#define BUFFEREDWRITER_H
+
+#include "../failure.h"
+
+#include <QByteArray>
+#include <QIODevice>
+
+class BufferedWriter
+{
+public:
+    explicit BufferedWriter(QIODevice &device)
+        : m_device(device)
+    {
+    }
+
+    /// To append to. Call spill() now and then, and flush() at the end.
+    QByteArray &buffer() { return m_buffer; }
+
+    void spill()
+    {
+        if (m_buffer.size() >= kPiece)
+            flush();
+    }
+
+    void flush()
+    {
+        if (m_device.write(m_buffer) != m_buffer.size())
+            throw failed(m_device.errorString());
+        m_buffer.resize(0);
+    }
+
+private:
+    static constexpr int kPiece = 1 << 16;
+
+    QIODevice &m_device;
+    QByteArray m_buffer;
+};
+
+#endif

@@ -1,0 +1,46 @@
+/// @file
+/// A file of ink points, or standard input, that can be read several times from the front.
+#ifndef INKINPUT_H
+#define INKINPUT_H
+
+#include "../commandline.h"
+#include "inkformats.h"
+
+#include <QFile>
+#include <QTemporaryFile>
+
+#include <memory>
+
+class Progress;
+
+inline constexpr Option kFromOption{"from f", "FORMAT",
+    "Format of the input: ink, csv, json or inkml. Without it the suffix or the content says it.", nullptr,
+    "ink csv json inkml"};
+
+class InkInput
+{
+public:
+    /// "-" is standard input. Without a format's name the suffix or the content says which one it is.
+    InkInput(const QString &path, const QString &formatName, Progress &progress);
+
+    /// The points from the first one on, with the work's name in the progress line. Throws after the last one when
+    /// there was none, and when the user interrupts. Valid until it is called again.
+    PointSource &points(const QString &work);
+
+    QString name() const { return m_name; }
+    const InkFormat &format() const { return *m_format; }
+
+private:
+    void spool(QIODevice &device);
+    const InkFormat &formatFor(const QString &formatName, const QString &path);
+
+    QString m_name;
+    Progress &m_progress;
+    QFile m_file;
+    QTemporaryFile m_spooled;
+    QFile *m_device = &m_file;
+    const InkFormat *m_format = nullptr;
+    std::unique_ptr<PointSource> m_points;
+};
+
+#endif

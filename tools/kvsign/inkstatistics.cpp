@@ -1,0 +1,89 @@
+#include "inkstatistics.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr size_t kMostGaps = 10;
+constexpr int kPadWidthsPerDot = 100;
+
+/// Ticks are unsigned, and a broken record's may lie anywhere.
+qint64 apart(const POINTDATA &one, const POINTDATA &other)
+{
+    return static_cast<qint64>(other.ulTickCount - one.ulTickCount);
+}
+
+} // namespace
+
+void InkStatistics::add(const POINTDATA &point)
+{
+    ++points;
+    if (points == 1) {
+        m_first = point;
+        firstTime = point.pointTime;
+    } else {
+        addTime(point);
+    }
+    extent.add(point);
+    if (!point.bStrokeEnd) {
+        ++m_pressed;
+        leastPressure = std::min<int>(leastPressure, point.nPressureValue);
+        meanPressure += (point.nPressureValue - meanPressure) / static_cast<double>(m_pressed);
+        if (m_inStroke)
+            length += std::hypot(point.nX - m_last.nX, point.nY - m_last.nY);
+        ++m_pointsOfStroke;
+    }
+    m_inStroke = !point.bStrokeEnd;
+    m_last = point;
+    if (point.bStrokeEnd)
+        endStroke();
+}
+
+void InkStatistics::addTime(const POINTDATA &point)
+{
+    const qint64 between = apart(m_last, point);
+    if (between < 0)
+        ++backwards;
+    else if (m_inStroke && between > m_gapMilliseconds)
+        addGap(between);
+    else if (!m_inStroke) {
+        ++pauses;
+        pauseMilliseconds += between;
+        if (between > longestPause.milliseconds)
+            longestPause = {points, between};
+    }
+}
+
+void InkStatistics::addGap(qint64 between)
+{
+    ++gaps;
+    longestGaps.push_back({points, between});
+    std::stable_sort(longestGaps.begin(), longestGaps.end(),
+        [](const InkGap &one, const InkGap &other) { return one.milliseconds > other.milliseconds; });
+    if (longestGaps.size() > kMostGaps)
+        longestGaps.pop_back();
+}
+
+void InkStatistics::endStroke()
+{
+    ++strokes;
+    taps += m_pointsOfStroke <= 1 ? 1 : 0;
+    m_pointsOfStroke = 0;
+}
+
+void InkStatistics::finish()
+{
+    isClosed = !m_inStroke;
+    if (m_inStroke)
+        endStroke();
+    milliseconds = std::max<qint64>(apart(m_first, m_last), 0);
+    if (m_pressed == 0)
+        leastPressure = 0;
+}
+
+bool InkStatistics::isOnlyADot() const
+{
+    const int most = extent.smallestPad().width / kPadWidthsPerDot;
+    return extent.right - extent.left <= most && extent.bottom - extent.top <= most;
+}

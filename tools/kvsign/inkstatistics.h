@@ -1,0 +1,66 @@
+/// @file
+/// What can be said about a signature after looking at each of its points once.
+#ifndef INKSTATISTICS_H
+#define INKSTATISTICS_H
+
+#include "pictures/inkextent.h"
+
+#include <QtGlobal>
+
+#include <vector>
+
+/// Time between two points.
+struct InkGap
+{
+    qint64 point; ///< number of the point after it, from 1
+    qint64 milliseconds;
+};
+
+class InkStatistics
+{
+public:
+    /// Points of a stroke that are further apart than this have a gap between them.
+    explicit InkStatistics(int gapMilliseconds)
+        : m_gapMilliseconds(gapMilliseconds)
+    {
+    }
+
+    void add(const POINTDATA &point);
+
+    /// To be called after the last point.
+    void finish();
+
+    qint64 points = 0;
+    qint64 strokes = 0;
+    qint64 taps = 0; ///< strokes that draw nothing: a pen put down and lifted
+    qint64 milliseconds = 0; ///< from the first point to the last
+    qint64 firstTime = 0; ///< seconds since the epoch
+    double length = 0; ///< of all lines, in raw units
+    InkExtent extent;
+    int leastPressure = 32767;
+    double meanPressure = 0;
+    qint64 gaps = 0; ///< inside strokes
+    qint64 pauses = 0; ///< between strokes
+    qint64 pauseMilliseconds = 0;
+    std::vector<InkGap> longestGaps; ///< the longest first, ten at most
+    InkGap longestPause = {0, 0};
+    qint64 backwards = 0; ///< points whose tick is before that of the point before
+    bool isClosed = true; ///< the last stroke has its closing point
+
+    /// All of it lies in a spot of a hundredth of the pad's width.
+    bool isOnlyADot() const;
+
+private:
+    void addTime(const POINTDATA &point);
+    void addGap(qint64 apart);
+    void endStroke();
+
+    int m_gapMilliseconds;
+    POINTDATA m_first = {};
+    POINTDATA m_last = {};
+    bool m_inStroke = false;
+    qint64 m_pointsOfStroke = 0;
+    qint64 m_pressed = 0; ///< points that do not close a stroke
+};
+
+#endif

@@ -1,0 +1,59 @@
+#include "openpad.h"
+
+#include "failure.h"
+#include "padmodels.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+bool opens(const PadFamily &family, QSize canvas)
+{
+    const PadModel &model = padModel(family.model);
+    const int width = canvas.isEmpty() ? kCanvasWidth : canvas.width();
+    const int height = canvas.isEmpty() ? canvasHeight(model, kCanvasWidth) : canvas.height();
+    return family.InitialDevice(family.type, nullptr, 0, 0, width, height);
+}
+
+Failure noPad(const QString &model)
+{
+    const QFileInfo driver(QDir::current(), "libkvsignpaddrv.so");
+    const QString what = driver.exists()
+        ? QString("the driver %1 opens no %2").arg(driver.absoluteFilePath(), model == "auto" ? "pad" : model + " pad")
+        : QString("there is no pad driver %1").arg(driver.absoluteFilePath());
+    return {kNoPad, what + "; \"kvsign doctor\" tells more"};
+}
+
+} // namespace
+
+void enterDriverDirectory(const Arguments &arguments)
+{
+    const QString directory = arguments.value(kDriverOption);
+    if (!directory.isEmpty() && !QDir::setCurrent(directory))
+        throw Failure{kNoPad, QString("there is no directory %1 with a pad driver").arg(directory)};
+}
+
+OpenPad::OpenPad(const QString &model, QSize canvas)
+{
+    for (const PadFamily &family : kPadFamilies) {
+        const bool isWanted = model == "auto" || model == family.model;
+        if (m_family == nullptr && isWanted && opens(family, canvas))
+            m_family = &family;
+    }
+    if (m_family == nullptr)
+        throw noPad(model);
+}
+
+OpenPad::~OpenPad()
+{
+    m_family->UnInitialDevice(m_family->type);
+}
+
+QString OpenPad::text(decltype(PadFamily::GetHWPadID) query) const
+{
+    char characters[128] = {};
+    if (query == nullptr || query(m_family->type, characters, static_cast<int>(sizeof characters) - 1) != ARI_SUCCESS)
+        return {};
+    return QString::fromLocal8Bit(characters);
+}

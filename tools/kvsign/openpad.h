@@ -1,0 +1,35 @@
+/// @file
+/// A pad between InitialDevice and UnInitialDevice, without a window.
+#ifndef OPENPAD_H
+#define OPENPAD_H
+
+#include "commandline.h"
+#include "padfamilies.h"
+
+#include <QSize>
+
+inline constexpr Option kDriverOption{"driver d", "DIRECTORY",
+    "Where the pad driver libkvsignpaddrv.so is. Default: the working directory.", nullptr, kDirectories};
+
+/// Goes to the driver's directory, where the library looks for it. File names must be absolute by then.
+void enterDriverDirectory(const Arguments &arguments);
+
+class OpenPad
+{
+public:
+    /// "auto" takes the first model that answers. An empty size means the usual canvas. Throws when there is no pad.
+    OpenPad(const QString &model, QSize canvas);
+    ~OpenPad();
+    OpenPad(const OpenPad &) = delete;
+    OpenPad &operator=(const OpenPad &) = delete;
+
+    const PadFamily *operator->() const { return m_family; }
+
+    /// Says what the device answers to a query for a text; empty for none.
+    QString text(decltype(PadFamily::GetHWPadID) query) const;
+
+private:
+    const PadFamily *m_family = nullptr;
+};
+
+#endif

@@ -1,0 +1,37 @@
+/// @file
+/// Pictures of ink: each draws the points that are put into it as the library draws them on a canvas.
+#ifndef PICTURES_H
+#define PICTURES_H
+
+#include "../ink/pointstream.h"
+#include "../padmodels.h"
+
+#include <QColor>
+#include <QRectF>
+#include <QSize>
+
+#include <memory>
+
+class QIODevice;
+
+struct PictureSettings
+{
+    const PadModel *model = nullptr;
+    double scale = 1; ///< 1: the writing area is kCanvasWidth pixels wide
+    double penWidth = 0; ///< width level
+    bool withPressure = true;
+    QColor colour = Qt::black;
+    QColor background; ///< invalid: transparent where the format can, else white
+    int dpi = 300; ///< how many pixels fill an inch in print
+    QRectF part; ///< what is shown of the canvas, in pixels
+
+    QSize size() const { return part.size().toSize(); }
+};
+
+std::unique_ptr<PointSink> drawPng(QIODevice &device, const PictureSettings &settings);
+std::unique_ptr<PointSink> drawJpeg(QIODevice &device, const PictureSettings &settings);
+std::unique_ptr<PointSink> drawBmp(QIODevice &device, const PictureSettings &settings);
+std::unique_ptr<PointSink> drawSvg(QIODevice &device, const PictureSettings &settings);
+std::unique_ptr<PointSink> drawPdf(QIODevice &device, const PictureSettings &settings);
+
+#endif

@@ -1,0 +1,52 @@
+#include "segments.h"
+
+#include <QPainter>
+#include <QPen>
+
+#include <algorithm>
+
+Segments::Segments(const PictureSettings &settings)
+    : m_settings(settings)
+    , m_pixelsPerUnitX(kCanvasWidth * settings.scale / settings.model->width)
+    , m_pixelsPerUnitY(canvasHeight(*settings.model, kCanvasWidth) * settings.scale / settings.model->height)
+{
+}
+
+QPointF Segments::placeOf(const POINTDATA &point) const
+{
+    const PadModel &model = *m_settings.model;
+    const int x = std::clamp(point.nX - model.left, 0, model.width - 1);
+    const int y = std::clamp(point.nY - model.top, 0, model.height - 1);
+    return QPointF(x * m_pixelsPerUnitX, y * m_pixelsPerUnitY) - m_settings.part.topLeft();
+}
+
+double Segments::widthOf(const POINTDATA &point) const
+{
+    const PadModel &model = *m_settings.model;
+    const double pixels = m_settings.withPressure ? point.nPressureValue * model.pixelsPerPressure : model.fixedPixels;
+    return pixels * m_settings.penWidth * m_settings.scale;
+}
+
+std::optional<Segment> Segments::take(const POINTDATA &point)
+{
+    if (point.bStrokeEnd) {
+        m_inStroke = false;
+        return {};
+    }
+    const QPointF place = placeOf(point);
+    const QLineF line(m_last, place);
+    const bool draws = m_inStroke;
+    m_inStroke = true;
+    m_last = place;
+    if (!draws)
+        return {};
+    return Segment{line, widthOf(point)};
+}
+
+void drawSegment(QPainter &painter, const Segment &segment, const QColor &colour)
+{
+    // A pen takes a negative width, which only a broken pressure makes, for one of a pixel.
+    const double width = std::max(segment.width, 0.0);
+    painter.setPen(QPen(QBrush(colour), width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawLine(segment.line);
+}

@@ -1,0 +1,69 @@
+// kvsign replay: a signature as it was written.
+#include "replay/replay.h"
+#include "display.h"
+#include "failure.h"
+#include "ink/inkinput.h"
+#include "pictureoptions.h"
+#include "progress.h"
+#include "subcommands.h"
+#include "terminal.h"
+
+namespace {
+
+constexpr Option kSpeedOption{
+    "speed", "FACTOR", "How fast: 2 is twice as fast as the signer, max without waiting.", "1", "0.5 1 2 10 max"};
+constexpr Option kWindowOption{"window", nullptr, "Show the ink in a window.", nullptr, nullptr};
+constexpr Option kCloseOption{"close", nullptr, "Close the window at the end.", nullptr, nullptr};
+constexpr Option kFramesOption{
+    "frames", "DIRECTORY", "Write pictures into this directory: frame-00001.png and so on.", nullptr, kDirectories};
+constexpr Option kFpsOption{"fps", "FRAMES", "Pictures a second of the replay, 0.1 to 1000.", "25", nullptr};
+constexpr Option kOptions[] = {kFromOption, kSpeedOption, kWindowOption, kCloseOption, kFramesOption, kFpsOption,
+    kModelOption, kScaleOption, kPenWidthOption, kNoPressureOption, kColourOption, kBackgroundOption, kClipOption,
+    kJsonOption};
+constexpr Positional kPositionals[] = {{"INPUT", "What to read; - is standard input.", 1, 1}};
+
+double speed(const Arguments &arguments)
+{
+    return arguments.value(kSpeedOption) == "max" ? 0 : arguments.number(kSpeedOption, 0.001, 1000000);
+}
+
+ApplicationKind application(const Arguments &arguments)
+{
+    if (!arguments.isSet(kWindowOption))
+        return ApplicationKind::Plain;
+    needDisplay();
+    return ApplicationKind::Windows;
+}
+
+int runReplay(const Arguments &arguments)
+{
+    const double factor = speed(arguments);
+    const double framesPerSecond = arguments.number(kFpsOption, 0.1, 1000);
+    if (arguments.isSet(kWindowOption) && arguments.isSet(kFramesOption))
+        throw misused("--window and --frames do not go together");
+    Progress progress;
+    InkInput input(arguments.positionals().first(), arguments.value(kFromOption), progress);
+    const PictureSettings settings = pictureSettings(arguments, input);
+    if (arguments.isSet(kWindowOption)) {
+        replayInWindow(input, settings, factor, arguments.isSet(kCloseOption));
+        return kDone;
+    }
+    if (!arguments.isSet(kFramesOption)) {
+        replayAsNumbers(input.points("replaying"), factor, arguments.isSet(kJsonOption));
+        return kDone;
+    }
+    const QString directory = arguments.value(kFramesOption);
+    const int frames = replayAsFrames(input, settings, factor, framesPerSecond, directory);
+    progress.clear();
+    if (arguments.isSet(kJsonOption))
+        sayJson({{"frames", frames}, {"directory", directory}, {"width", settings.size().width()},
+            {"height", settings.size().height()}});
+    else
+        say(QString("%1 pictures in %2").arg(frames).arg(directory));
+    return kDone;
+}
+
+} // namespace
+
+const Subcommand kReplaySubcommand{"replay", "Write a signature again, as numbers, in a window or as pictures.",
+    kOptions, kPositionals, runReplay, application};

@@ -1,0 +1,141 @@
+#include "replaywindow.h"
+
+#include "../interruption.h"
+#include "../terminal.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace {
+
+constexpr int kFrame = 16; // milliseconds
+constexpr int kStatusHeight = 26;
+constexpr int kMoment = 700; // milliseconds that the whole signature stays when the window closes itself
+constexpr QRgb kPaper = 0xffffffff;
+constexpr QRgb kStatusBack = 0xffeceff1;
+constexpr QRgb kStatusText = 0xff37474f;
+
+} // namespace
+
+ReplayWindow::ReplayWindow(InkInput &input, const PictureSettings &settings, double speed, bool closesAtEnd)
+    : m_input(input)
+    , m_settings(settings)
+    , m_speed(speed)
+    , m_closesAtEnd(closesAtEnd)
+{
+    // The ink is drawn in the screen's own pixels.
+    const double ratio = devicePixelRatioF();
+    m_settings.scale *= ratio;
+    m_settings.part = QRectF(m_settings.part.topLeft() * ratio, m_settings.part.size() * ratio);
+    if (!m_settings.background.isValid())
+        m_settings.background = QColor(kPaper);
+    setFixedSize(settings.size() + QSize(0, kStatusHeight));
+    setWindowTitle(QString("%1 - kvsign replay").arg(QFileInfo(input.name()).fileName()));
+    m_timer.callOnTimeout(this, [this] { step(); });
+    restart();
+}
+
+void ReplayWindow::restart()
+{
+    m_picture = std::make_unique<RasterPicture>(m_settings, false);
+    m_times = std::make_unique<ReplayTimes>(m_speed);
+    m_points = &m_input.points("replaying");
+    m_atEnd = !m_points->next(m_next);
+    m_nextDue = m_times->dueAt(m_next);
+    m_count = 0;
+    m_shownUntil = 0;
+    m_running.start();
+    m_timer.start(kFrame);
+}
+
+void ReplayWindow::togglePause()
+{
+    if (m_timer.isActive()) {
+        m_shownUntil += static_cast<double>(m_running.elapsed());
+        m_timer.stop();
+    } else if (!m_atEnd) {
+        m_running.start();
+        m_timer.start(kFrame);
+    }
+    update();
+}
+
+void ReplayWindow::step()
+{
+    // Qt does not carry exceptions through its loop.
+    try {
+        throwIfInterrupted();
+        drawDue();
+    } catch (const Failure &failure) {
+        m_failure = std::make_unique<Failure>(failure);
+        close();
+    }
+    update();
+    if (!m_atEnd)
+        return;
+    m_timer.stop();
+    if (m_closesAtEnd)
+        QTimer::singleShot(kMoment, this, &QWidget::close);
+}
+
+void ReplayWindow::drawDue()
+{
+    const double now = m_shownUntil + static_cast<double>(m_running.elapsed());
+    while (!m_atEnd && m_nextDue <= now) {
+        m_picture->put(m_next);
+        m_drawn = m_next;
+        ++m_count;
+        m_atEnd = !m_points->next(m_next);
+        if (!m_atEnd)
+            m_nextDue = m_times->dueAt(m_next);
+    }
+}
+
+QString ReplayWindow::status() const
+{
+    const char *state = m_atEnd ? "end" : m_timer.isActive() ? "" : "pause";
+    return QString("%1 points    x %2   y %3   pressure %4    %5    space: pause, R: again, Esc: close")
+        .arg(grouped(m_count))
+        .arg(m_drawn.nX)
+        .arg(m_drawn.nY)
+        .arg(m_drawn.nPressureValue)
+        .arg(state);
+}
+
+void ReplayWindow::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    const QRect canvas(0, 0, width(), height() - kStatusHeight);
+    painter.drawImage(canvas, m_picture->image());
+    const QRect line(0, canvas.height(), width(), kStatusHeight);
+    painter.fillRect(line, QColor(kStatusBack));
+    painter.setPen(QColor(kStatusText));
+    painter.drawText(line.adjusted(10, 0, -10, 0), Qt::AlignVCenter | Qt::AlignLeft, status());
+}
+
+void ReplayWindow::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Space:
+        return togglePause();
+    case Qt::Key_R:
+        return restart();
+    case Qt::Key_Escape:
+    case Qt::Key_Q:
+        close();
+        return;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void replayInWindow(InkInput &input, const PictureSettings &settings, double speed, bool closesAtEnd)
+{
+    ReplayWindow window(input, settings, speed, closesAtEnd);
+    window.show();
+    QApplication::exec();
+    if (window.failure() != nullptr)
+        throw Failure(*window.failure());
+}

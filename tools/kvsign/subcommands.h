@@ -1,0 +1,19 @@
+/// @file
+/// The subcommands; each is in the file of its name.
+#ifndef SUBCOMMANDS_H
+#define SUBCOMMANDS_H
+
+#include "commandline.h"
+
+extern const Subcommand kCaptureSubcommand;
+extern const Subcommand kInfoSubcommand;
+extern const Subcommand kConvertSubcommand;
+extern const Subcommand kInspectSubcommand;
+extern const Subcommand kReplaySubcommand;
+extern const Subcommand kDoctorSubcommand;
+extern const Subcommand kCompletionSubcommand;
+
+inline constexpr const Subcommand *kSubcommands[] = {&kCaptureSubcommand, &kInfoSubcommand, &kConvertSubcommand,
+    &kInspectSubcommand, &kReplaySubcommand, &kDoctorSubcommand, &kCompletionSubcommand};
+
+#endif

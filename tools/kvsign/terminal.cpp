@@ -1,0 +1,34 @@
+#include "terminal.h"
+
+#include "failure.h"
+
+#include <QJsonDocument>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+void say(const QString &line)
+{
+    std::puts(line.toLocal8Bit().constData());
+}
+
+void sayJson(const QJsonObject &result)
+{
+    std::fputs(QJsonDocument(result).toJson().constData(), stdout);
+}
+
+void flushOutput()
+{
+    errno = 0;
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
+        throw failed(QString("standard output: %1").arg(QString::fromLocal8Bit(std::strerror(errno))));
+}
+
+QString grouped(qint64 number)
+{
+    QString text = QString::number(number);
+    for (int place = text.size() - 3; place > (number < 0 ? 1 : 0); place -= 3)
+        text.insert(place, ' ');
+    return text;
+}
