@@ -73,10 +73,12 @@ QByteArray written(const QImage &image, const QByteArray &resolution)
 {
     Compressor compressor;
     QByteArray file;
-    if (compress(compressor, image, resolution))
+    if (compress(compressor, image, resolution)) {
         file = QByteArray(reinterpret_cast<const char *>(compressor.bytes), static_cast<int>(compressor.size));
+        // Only now the pointer is right: memory may have run out where the library had freed what it points to.
+        std::free(compressor.bytes);
+    }
     jpeg_destroy_compress(&compressor.state);
-    std::free(compressor.bytes);
     return file;
 }
 
@@ -118,7 +120,8 @@ QByteArray resolutionWrittenByQt()
 bool isPlainCanvas(const QImage &image)
 {
     static const QImage fresh(1, 1, QImage::Format_ARGB32);
-    return image.format() == QImage::Format_ARGB32 && image.dotsPerMeterX() == fresh.dotsPerMeterX()
+    return image.width() <= JPEG_MAX_DIMENSION && image.height() <= JPEG_MAX_DIMENSION
+        && image.format() == QImage::Format_ARGB32 && image.dotsPerMeterX() == fresh.dotsPerMeterX()
         && image.dotsPerMeterY() == fresh.dotsPerMeterY() && image.textKeys().isEmpty()
         && !image.colorSpace().isValid();
 }
