@@ -35,6 +35,8 @@ bool CS210SignObj::InitialWPSSignCanvas(int nWidth, int nHeight)
 {
     static constexpr logging::Key key{row.scope, "InitialWPSSignCanvas()"};
     KV_LOG(key, "<%ld>-Enter, nWidth=%d, nHeight=%d", nWidth, nHeight);
+    // A receiver on the driver's thread may ask for a canvas while another thread encodes the old one.
+    const CanvasLock locked(m_mutexUpdateCanvas);
     clearCanvas(m_WPSSignCanvas, nWidth, nHeight);
     KV_LOG(key, "<%ld>-leave with bRet=%d !", true);
     return true;

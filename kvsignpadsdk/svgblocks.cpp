@@ -38,6 +38,7 @@ bool mayBeHalfWay(double value)
 
 void appendNumber(QByteArray &text, double value)
 {
+    value += 0.0; // no minus before a zero
     if (mayBeHalfWay(value)) {
         text += QByteArray::number(value, 'g', 6);
         return;

@@ -10,7 +10,10 @@
 #include <QBuffer>
 #include <QColorSpace>
 
+#include <fstream>
 #include <random>
+#include <sys/resource.h>
+#include <unistd.h>
 
 namespace {
 
@@ -152,6 +155,26 @@ TEST(FastJpeg, LeavesOtherImagesToQt)
     EXPECT_TRUE(jpegByQt(wide).isEmpty());
 }
 
+// Sanitizers reserve address space without end, so that a limit means nothing to them.
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+TEST(FastJpeg, IsEmptyWhereMemoryRunsOutInTheMiddle)
+{
+    std::mt19937 random(6);
+    const QImage image = randomImage(random, {3000, 3000}, true);
+    jpegfile::encoded(whiteCanvas({9, 9})); // what is made once is there
+    rlimit limit{};
+    ASSERT_EQ(::getrlimit(RLIMIT_AS, &limit), 0);
+    rlim_t pages = 0;
+    std::ifstream("/proc/self/statm") >> pages;
+    const rlimit tight{pages * static_cast<rlim_t>(::getpagesize()) + (rlim_t{1} << 20), limit.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_AS, &tight), 0);
+    const QByteArray result = jpegfile::encoded(image);
+    ::setrlimit(RLIMIT_AS, &limit);
+    EXPECT_EQ(result.size(), 0);
+    EXPECT_GT(jpegfile::encoded(image).size(), 4 << 20) << "more than may lie about unused";
+}
+#endif
+
 TEST(FastBase64, EqualsQts)
 {
     std::mt19937 random(4);
@@ -208,6 +231,8 @@ TEST(FastSvg, NumbersOfEveryForm)
         const QPointF from(number(), number());
         segments.push_back({from, i % 7 == 0 ? from : QPointF(number(), number()), i % 11 == 0 ? 0 : number()});
     }
+    // As on a canvas of a negative size, at its left edge.
+    segments.push_back({{-0.0, -1.0}, {-0.0, 3.0}, 2.0});
     expectSameSvg(segments, Qt::black);
 }
 

@@ -228,6 +228,8 @@ TEST_P(LivePushLockUse, takesTheCanvasLockForTheOfficeCanvas)
     if (GetParam().headless) {
         withOpenInstance(GetParam(), [this](auto &inner) {
             expectWaits<CanvasLock>(inner.m_mutexUpdateCanvas,
+                {"InitialWPSSignCanvas", [](const Scene &at) { KVS210_InitialWPSSignCanvas(at.pad.type(), 30, 20); }});
+            expectWaits<CanvasLock>(inner.m_mutexUpdateCanvas,
                 {"WPSBase64Encode", [](const Scene &at) {
                      KVS210_WPSBase64EncodeFree(at.pad.type(), KVS210_WPSBase64Encode(at.pad.type(), EBITI_PNG));
                  }});
