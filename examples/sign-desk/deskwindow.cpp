@@ -1,0 +1,298 @@
+#include "deskwindow.h"
+
+#include "sidepanel.h"
+#include "signfield.h"
+#include "trouble.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QMessageBox>
+
+namespace signdesk {
+
+namespace {
+
+double proportionsOf(const PadModel &model)
+{
+    return static_cast<double>(model.areaWidth) / model.areaHeight;
+}
+
+} // namespace
+
+DeskWindow::DeskWindow(QWidget *parent)
+    : QMainWindow(parent)
+    , m_signing(m_session)
+    , m_actions(*this)
+    , m_files(*this)
+    , m_view(new PageView)
+    , m_fingerprint(m_session, m_view->sheet())
+    , m_padPanel(new PadPanel(m_actions))
+    , m_penPanel(new PenPanel)
+    , m_placePanel(new PlacePanel)
+    , m_outputPanel(new OutputPanel(m_actions))
+    , m_status(new DeskStatus(*statusBar()))
+{
+    m_placePanel->setHasFingerprint(true); // the side panel is as wide as it can come to be
+    auto *const centre = new QWidget;
+    auto *const layout = new QHBoxLayout(centre);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_view, 1);
+    layout->addWidget(new SidePanel({m_padPanel, m_penPanel, m_placePanel, m_outputPanel}));
+    setCentralWidget(centre);
+    connectActions();
+    connectPanels();
+    connectSigning();
+    showPages(blankPages(), tr("blank sheet"));
+    chooseModel();
+    follow(SigningState::Closed);
+    look();
+    m_status->note(tr("Open the page to be signed, or start signing on the blank sheet."));
+    resize(1120, 800);
+}
+
+DeskWindow::~DeskWindow()
+{
+    m_rates.watch(nullptr);
+    m_fingerprint.end();
+    m_session.close();
+}
+
+void DeskWindow::connectActions()
+{
+    const auto on = [this](QAction *action, auto work) { connect(action, &QAction::triggered, this, work); };
+    on(m_actions.open, [this] {
+        if (!mayGo())
+            return;
+        const QString path = m_files.askForPage();
+        if (!path.isEmpty())
+            openPage(path);
+    });
+    on(m_actions.savePage, [this] { keepWhen(m_files.saveSignedPage(signedDocument()), tr("The page is saved.")); });
+    on(m_actions.exportSignature, [this] {
+        keepWhen(m_files.exportSignature(m_session, m_outputPanel->options()), tr("The signature is exported."));
+    });
+    on(m_actions.exportFingerprint, [this] { exportFingerprint(); });
+    on(m_actions.print,
+        [this] { keepWhen(m_files.print(signedDocument(), m_pages->count()), tr("The page is printed.")); });
+    on(m_actions.quit, [this] { close(); });
+    on(m_actions.start, [this] { start(); });
+    on(m_actions.confirm, [this] { m_signing.confirm(); });
+    on(m_actions.clear, [this] { clear(); });
+    on(m_actions.cancel, [this] { cancel(); });
+    on(m_actions.zoomIn, [this] { m_view->zoomBy(1.25); });
+    on(m_actions.zoomOut, [this] { m_view->zoomBy(0.8); });
+    on(m_actions.fitWidth, [this] { m_view->fitWidth(); });
+    on(m_actions.aboutDesk, [this] { aboutDesk(); });
+    on(m_actions.aboutLibrary, [this] { m_padPanel->model().AboutBox(this); });
+}
+
+void DeskWindow::connectPanels()
+{
+    PageSheet &sheet = m_view->sheet();
+    connect(m_padPanel, &PadPanel::modelChanged, this, &DeskWindow::chooseModel);
+    connect(m_penPanel, &PenPanel::penChanged, this, [this] { m_session.setPen(m_penPanel->pen()); });
+    connect(m_placePanel, &PlacePanel::pageChosen, this, &DeskWindow::showPage);
+    connect(m_placePanel, &PlacePanel::fieldChosen, this, [this](const QRectF &field) {
+        m_view->sheet().setField(field);
+        m_placePanel->setField(m_view->sheet().field(), m_view->sheet().pageSize());
+        m_view->showField();
+    });
+    connect(m_placePanel, &PlacePanel::fingerprintPlaceChosen, this, &DeskWindow::chooseFingerprintPlace);
+    connect(&sheet, &PageSheet::fieldChanged, this,
+        [this](const QRectF &field) { m_placePanel->setField(field, m_view->sheet().pageSize()); });
+    connect(&sheet, &PageSheet::sizeChanged, this, &DeskWindow::chooseFingerprintPlace);
+}
+
+void DeskWindow::connectSigning()
+{
+    connect(&m_signing, &Signing::stateChanged, this, &DeskWindow::follow);
+    connect(&m_signing, &Signing::looked, this, &DeskWindow::look);
+    connect(&m_signing, &Signing::cancelledOnPad, this, &DeskWindow::cancelOnPad);
+    connect(&m_signing, &Signing::confirmedWithoutInk, this,
+        [this] { m_status->note(tr("Nothing is written yet, so there is nothing to confirm.")); });
+}
+
+void DeskWindow::chooseModel()
+{
+    m_view->sheet().setProportions(proportionsOf(m_padPanel->model()));
+    m_placePanel->setHasFingerprint(m_padPanel->model().hasFingerprint);
+    m_actions.follow(m_signing.state(), m_padPanel->model().hasFingerprint);
+}
+
+void DeskWindow::chooseFingerprintPlace()
+{
+    if (m_signing.hasSignature())
+        return;
+    try {
+        m_fingerprint.setPlace(m_placePanel->fingerprintPlace());
+    } catch (const Trouble &trouble) {
+        showTrouble(this, trouble);
+    }
+}
+
+bool DeskWindow::openPage(const QString &path)
+{
+    try {
+        std::unique_ptr<Pages> pages = openPages(path);
+        end({});
+        showPages(std::move(pages), QFileInfo(path).fileName());
+        m_status->note(tr("Move the field to where the signature belongs, then start signing."));
+        return true;
+    } catch (const Trouble &trouble) {
+        showTrouble(this, trouble);
+        return false;
+    }
+}
+
+void DeskWindow::showPages(std::unique_ptr<Pages> pages, const QString &title)
+{
+    const std::unique_ptr<Pages> before = std::move(m_pages); // the view holds it until it has the new one
+    m_pages = std::move(pages);
+    m_placePanel->setPageCount(m_pages->count());
+    m_view->setPage(*m_pages, 0);
+    m_view->sheet().setField(usualField(m_pages->size(0), proportionsOf(m_padPanel->model())));
+    m_view->showField();
+    setWindowTitle(tr("%1[*] - Sign Desk").arg(title));
+}
+
+void DeskWindow::showPage(int page)
+{
+    m_view->setPage(*m_pages, page);
+}
+
+void DeskWindow::start()
+{
+    try {
+        PageSheet &sheet = m_view->sheet();
+        m_session.open(m_padPanel->model(), &sheet, sheet.fieldPixels());
+        m_session.setPen(m_penPanel->pen());
+        m_session.signWidget()->setAccessibleName(tr("Signature"));
+        m_session.signWidget()->setAccessibleDescription(tr("Grows while the signer writes on the pad"));
+        sheet.setSignWidget(m_session.signWidget());
+        m_rates.watch(m_session.signWidget());
+        m_signing.begin();
+        m_view->showField();
+        chooseFingerprintPlace();
+    } catch (const Trouble &trouble) {
+        showTrouble(this, trouble);
+    }
+}
+
+void DeskWindow::clear()
+{
+    if (!mayGo())
+        return;
+    m_fingerprint.forget();
+    if (m_signing.clear())
+        m_status->note(tr("The field is empty, to be signed anew."));
+    else
+        m_status->note(
+            tr("The field is empty, but the pad does not answer: see that it is plugged in, cancel, and start again."));
+}
+
+void DeskWindow::cancel()
+{
+    if (mayGo())
+        end(tr("Cancelled. The pad is closed."));
+}
+
+/// The signer's cancel takes back what is not confirmed.
+void DeskWindow::cancelOnPad()
+{
+    if (!m_isKept)
+        m_status->note(tr("The signer tapped cancel after confirming; the confirmed signature is kept."));
+    else
+        end(tr("The signer cancelled. The pad is closed."));
+}
+
+void DeskWindow::end(const QString &message)
+{
+    m_view->sheet().setSignWidget(nullptr);
+    m_rates.watch(nullptr);
+    m_fingerprint.end();
+    m_session.close();
+    m_signing.end();
+    m_isKept = true;
+    look();
+    m_status->note(message);
+}
+
+void DeskWindow::follow(SigningState state)
+{
+    m_actions.follow(state, m_padPanel->model().hasFingerprint);
+    m_padPanel->follow(state);
+    m_placePanel->setLocked(m_signing.hasSignature());
+    m_view->setLocked(m_signing.hasSignature());
+    if (state == SigningState::Confirmed)
+        m_isKept = false;
+    else if (!m_signing.hasSignature())
+        m_isKept = true;
+    setWindowModified(!m_isKept);
+    if (state == SigningState::Waiting)
+        m_status->note(tr("The signer may write on the pad."));
+    else if (state == SigningState::Confirmed)
+        m_status->note(tr("Confirmed. Save, export or print it, then cancel or clear for the next one."));
+    else if (state == SigningState::Changed)
+        m_status->note(tr("Something was written after the confirmation: confirm again, or clear."));
+}
+
+void DeskWindow::look()
+{
+    if (m_signing.state() == SigningState::Waiting && m_fingerprint.isTaken())
+        m_signing.setHasFingerprint(true);
+    const int points = m_session.points();
+    m_rates.look(points);
+    m_status->show(points, m_rates);
+}
+
+bool DeskWindow::mayGo()
+{
+    return m_isKept || m_files.mayGo();
+}
+
+SignedDocument DeskWindow::signedDocument()
+{
+    const FieldContent content = contentOf(m_session);
+    PlacedSignature signature;
+    signature.page = m_placePanel->page();
+    signature.strokes = content.strokes;
+    signature.field = m_view->sheet().field();
+    if (content.hasFingerprint) {
+        signature.fingerprint = m_fingerprint.picture();
+        signature.fingerprintField = m_fingerprint.rectangle();
+    }
+    return {*m_pages, signature};
+}
+
+void DeskWindow::exportFingerprint()
+{
+    if (!contentOf(m_session).hasFingerprint)
+        showTrouble(this, {tr("There is no fingerprint."), tr("Let the signer lay a finger on the pad's sensor.")});
+    else if (m_files.exportFingerprint(m_fingerprint.pngFile()))
+        m_status->note(tr("The fingerprint is exported."));
+}
+
+void DeskWindow::keepWhen(bool isWritten, const QString &message)
+{
+    if (!isWritten)
+        return;
+    m_isKept = true;
+    setWindowModified(false);
+    m_status->note(message);
+}
+
+void DeskWindow::aboutDesk()
+{
+    QMessageBox::about(this, tr("About Sign Desk"),
+        tr("Sign Desk lets a customer sign a page on a signature pad, and saves or prints it with the signature."));
+}
+
+void DeskWindow::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(mayGo());
+}
+
+} // namespace signdesk

@@ -1,0 +1,79 @@
+/// @file
+/// The window of the desk: the page at the left, what the clerk sets at the right.
+#ifndef DESKWINDOW_H
+#define DESKWINDOW_H
+
+#include "deskactions.h"
+#include "deskfiles.h"
+#include "deskstatus.h"
+#include "fingerprintplacing.h"
+#include "outputpanel.h"
+#include "padpanel.h"
+#include "pageview.h"
+#include "penpanel.h"
+#include "placepanel.h"
+#include "signing.h"
+
+#include <QMainWindow>
+
+namespace signdesk {
+
+class DeskWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    explicit DeskWindow(QWidget *parent = nullptr);
+    ~DeskWindow() override;
+
+    /// False, and the page as it was, when the file cannot be read: the clerk has been told why.
+    bool openPage(const QString &path);
+    void setModel(const PadModel &model) { m_padPanel->setModel(model); }
+
+    /// As the button does.
+    void start();
+
+    SigningState state() const { return m_signing.state(); }
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void connectActions();
+    void connectPanels();
+    void connectSigning();
+
+    void chooseModel();
+    void chooseFingerprintPlace();
+    void showPages(std::unique_ptr<Pages> pages, const QString &title);
+    void showPage(int page);
+    void clear();
+    void cancel();
+    void cancelOnPad();
+    void end(const QString &message);
+    void follow(SigningState state);
+    void look();
+    bool mayGo();
+    SignedDocument signedDocument();
+    void keepWhen(bool isWritten, const QString &message);
+    void exportFingerprint();
+    void aboutDesk();
+
+    PadSession m_session;
+    Signing m_signing;
+    Rates m_rates;
+    std::unique_ptr<Pages> m_pages;
+    DeskActions m_actions;
+    DeskFiles m_files;
+    PageView *m_view;
+    FingerprintPlacing m_fingerprint;
+    PadPanel *m_padPanel;
+    PenPanel *m_penPanel;
+    PlacePanel *m_placePanel;
+    OutputPanel *m_outputPanel;
+    DeskStatus *m_status;
+    bool m_isKept = true; ///< what is confirmed was saved or printed
+};
+
+} // namespace signdesk
+
+#endif

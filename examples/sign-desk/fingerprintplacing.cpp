@@ -1,0 +1,130 @@
+#include "fingerprintplacing.h"
+
+#include "signfield.h"
+#include "trouble.h"
+
+#include <algorithm>
+
+namespace signdesk {
+
+namespace {
+
+constexpr int kSensorWidth = 208;
+constexpr int kSensorHeight = 288;
+
+QSize fingerprintOfHeight(int height)
+{
+    return {std::max(1, height * kSensorWidth / kSensorHeight), std::max(1, height)};
+}
+
+} // namespace
+
+FingerprintPlacing::FingerprintPlacing(PadSession &session, PageSheet &sheet, QObject *parent)
+    : QObject(parent)
+    , m_session(session)
+    , m_sheet(sheet)
+{
+}
+
+void FingerprintPlacing::setPlace(FingerprintPlace place)
+{
+    m_place = place;
+    apply();
+}
+
+void FingerprintPlacing::apply()
+{
+    if (!m_session.isOpen() || !m_session.model().hasFingerprint)
+        return;
+    end();
+    QWidget *host = &m_sheet;
+    QRect place = inField();
+    if (m_place == FingerprintPlace::OwnField) {
+        m_ownField = host = new QWidget(&m_sheet);
+        host->setAccessibleName(tr("Fingerprint"));
+        m_sheet.setFingerprintWidget(host);
+        host->show();
+        place = host->rect();
+    }
+    if (KVS310X_SetDisplayedFPImageAt(
+            KVS310X_DEVICE, host, 0, 0, place.left(), place.top(), place.width(), place.height())
+        != ARI_SUCCESS)
+        throw Trouble{tr("The fingerprint has no room in this field."), tr("Make the signature's field larger.")};
+}
+
+void FingerprintPlacing::end()
+{
+    m_sheet.setFingerprintWidget(nullptr);
+    delete m_ownField;
+    m_isTaken = false;
+}
+
+bool FingerprintPlacing::isTaken()
+{
+    if (m_isTaken || !m_session.isOpen() || !m_session.model().hasFingerprint)
+        return m_isTaken;
+    // Without ink the canvas is given only when a finger was on the sensor.
+    if (m_session.points() == 0) {
+        char *text = KVS310X_Base64Encode(KVS310X_DEVICE, EBITI_BITMAP);
+        m_isTaken = text != nullptr;
+        KVS310X_Base64EncodeFree(KVS310X_DEVICE, text);
+    }
+    return m_isTaken;
+}
+
+QByteArray FingerprintPlacing::imageFile(int type) const
+{
+    if (!m_session.isOpen() || !m_session.model().hasFingerprint)
+        return {};
+    char *text = KVS310X_GetFPImageBase64Data(KVS310X_DEVICE, type, true);
+    const QByteArray file = QByteArray::fromBase64(text);
+    KVS310X_FreeFPImageBase64Data(KVS310X_DEVICE, text);
+    return file;
+}
+
+QImage FingerprintPlacing::picture() const
+{
+    return withoutPaper(QImage::fromData(imageFile(EBITI_BITMAP), "BMP"));
+}
+
+QByteArray FingerprintPlacing::pngFile() const
+{
+    return imageFile(EBITI_PNG);
+}
+
+QRectF FingerprintPlacing::rectangle() const
+{
+    if (m_place == FingerprintPlace::OwnField)
+        return fingerprintField(m_sheet.field(), m_sheet.pageSize());
+    const QRectF rectangle = inField();
+    return {m_sheet.field().topLeft() + rectangle.topLeft() / m_sheet.scale(), rectangle.size() / m_sheet.scale()};
+}
+
+/// In pixels of the signing widget.
+QRect FingerprintPlacing::inField() const
+{
+    const QSize field = m_sheet.fieldPixels().size();
+    const QSize half = fingerprintOfHeight(field.height() / 2);
+    if (m_place != FingerprintPlace::RightEnd)
+        return {QPoint((field.width() - half.width()) / 2, (field.height() - half.height()) / 2), half};
+    const QSize tall = fingerprintOfHeight(field.height() * 9 / 10);
+    const int gap = (field.height() - tall.height()) / 2;
+    return {QPoint(field.width() - gap - tall.width(), gap), tall};
+}
+
+QImage withoutPaper(const QImage &image)
+{
+    QImage ink = image.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < ink.height(); ++y) {
+        auto *const line = reinterpret_cast<QRgb *>(ink.scanLine(y));
+        for (int x = 0; x < ink.width(); ++x) {
+            const QRgb pixel = line[x];
+            const int alpha = 255 - std::min({qRed(pixel), qGreen(pixel), qBlue(pixel)});
+            const auto full = [=](int part) { return alpha == 0 ? 0 : 255 - (255 - part) * 255 / alpha; };
+            line[x] = qRgba(full(qRed(pixel)), full(qGreen(pixel)), full(qBlue(pixel)), alpha);
+        }
+    }
+    return ink;
+}
+
+} // namespace signdesk

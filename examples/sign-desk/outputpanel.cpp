@@ -1,0 +1,38 @@
+#include "outputpanel.h"
+
+#include "actionbutton.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+
+namespace signdesk {
+
+OutputPanel::OutputPanel(const DeskActions &actions, QWidget *parent)
+    : QGroupBox(tr("Result"), parent)
+    , m_cutsToInk(new QCheckBox(tr("Cut exports to the in&k")))
+    , m_resolution(new QComboBox)
+{
+    m_cutsToInk->setChecked(true);
+    m_cutsToInk->setAccessibleDescription(tr("Off: an exported signature shows the whole field"));
+    m_resolution->addItem(tr("300 dpi"), true);
+    m_resolution->addItem(tr("150 dpi"), false);
+    m_resolution->setAccessibleDescription(tr("Of an exported signature, in dots per inch"));
+
+    auto *const form = new QFormLayout(this);
+    auto *const onPage = new QHBoxLayout;
+    auto *const save = new ActionButton(tr("Sa&ve page..."), actions.savePage);
+    save->setInviting();
+    onPage->addWidget(save, 1);
+    onPage->addWidget(new ActionButton(tr("P&rint..."), actions.print), 1);
+    form->addRow(onPage);
+    form->addRow(new ActionButton(tr("E&xport signature..."), actions.exportSignature));
+    form->addRow(tr("Resol&ution"), m_resolution);
+    form->addRow(m_cutsToInk);
+}
+
+OutputOptions OutputPanel::options() const
+{
+    return {m_cutsToInk->isChecked(), m_resolution->currentData().toBool()};
+}
+
+} // namespace signdesk

@@ -1,0 +1,36 @@
+/// @file
+/// The part of the side panel where a signature begins and ends.
+#ifndef PADPANEL_H
+#define PADPANEL_H
+
+#include "deskactions.h"
+#include "padmodel.h"
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+
+namespace signdesk {
+
+class PadPanel : public QGroupBox
+{
+    Q_OBJECT
+public:
+    explicit PadPanel(const DeskActions &actions, QWidget *parent = nullptr);
+
+    const PadModel &model() const;
+    void setModel(const PadModel &model);
+    void follow(SigningState state);
+
+signals:
+    void modelChanged();
+
+private:
+    QComboBox *m_model;
+    QLabel *m_light;
+    QLabel *m_state;
+};
+
+} // namespace signdesk
+
+#endif

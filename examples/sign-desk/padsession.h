@@ -1,0 +1,65 @@
+/// @file
+/// A pad between InitialDevice and UnInitialDevice, as the window uses it.
+#ifndef PADSESSION_H
+#define PADSESSION_H
+
+#include "padmodel.h"
+
+#include <QColor>
+#include <QObject>
+#include <QPointer>
+#include <QRect>
+#include <QWidget>
+
+#include <atomic>
+
+namespace signdesk {
+
+struct Pen
+{
+    int width = 2; ///< 1 to 10
+    QColor colour = Qt::black;
+    bool followsPressure = true;
+};
+
+/// The library has one pad at a time, and so one session may be open.
+class PadSession : public QObject
+{
+    Q_OBJECT
+public:
+    explicit PadSession(QObject *parent = nullptr);
+    ~PadSession() override;
+
+    /// Opens the pad with the library's signing widget as a child of the parent. Throws a Trouble.
+    void open(const PadModel &model, QWidget *parent, const QRect &place);
+    void close();
+    bool isOpen() const { return m_model != nullptr; }
+
+    /// Only while it is open.
+    const PadModel &model() const { return *m_model; }
+    QWidget *signWidget() const { return m_widget; }
+
+    void setPen(const Pen &pen);
+
+    /// Empties pad, canvas and points. False when the pad did not obey.
+    bool clear();
+
+    /// Stored ink points; 0 without a pad.
+    int points() const;
+
+signals:
+    /// A tap on the pad's confirm or cancel button, on the GUI thread; taps from before a clear are dropped.
+    void tapped(bool isConfirm, int points);
+
+private:
+    static void receiveTap(int key);
+    void passOn(int key);
+
+    const PadModel *m_model = nullptr;
+    QPointer<QWidget> m_widget;
+    std::atomic<int> m_round{0}; ///< counts openings and clears
+};
+
+} // namespace signdesk
+
+#endif

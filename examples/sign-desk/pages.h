@@ -1,0 +1,41 @@
+/// @file
+/// What is to be signed: the pages of a PDF, a picture, or a blank sheet.
+#ifndef PAGES_H
+#define PAGES_H
+
+#include <QImage>
+#include <QSizeF>
+#include <QString>
+
+#include <memory>
+
+namespace signdesk {
+
+constexpr double kPointsPerMillimetre = 72 / 25.4;
+
+class Pages
+{
+public:
+    Pages() = default;
+    virtual ~Pages() = default;
+    Pages(const Pages &) = delete;
+    Pages &operator=(const Pages &) = delete;
+
+    virtual int count() const = 0;
+
+    /// In points, 72 to the inch.
+    virtual QSizeF size(int page) const = 0;
+
+    /// Opaque, of that many dots to the point. Null when it cannot be had.
+    virtual QImage render(int page, double dotsPerPoint) const = 0;
+};
+
+/// One white A4 sheet.
+std::unique_ptr<Pages> blankPages();
+
+/// A PDF or a picture that Qt can read. Throws a Trouble.
+std::unique_ptr<Pages> openPages(const QString &path);
+
+} // namespace signdesk
+
+#endif

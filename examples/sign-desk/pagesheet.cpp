@@ -1,0 +1,235 @@
+#include "pagesheet.h"
+
+#include "paperlesseffect.h"
+#include "signfield.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace signdesk {
+
+namespace {
+
+constexpr int kReach = 8; ///< pixels around the field where the mouse takes hold of it
+constexpr int kHandle = 12;
+constexpr int kRenderAfter = 120; ///< milliseconds without another change of size
+const QColor kAccent(38, 103, 181);
+
+} // namespace
+
+PageSheet::PageSheet(QWidget *parent)
+    : QWidget(parent)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    setAccessibleName(tr("Page to sign"));
+    setAccessibleDescription(tr("The arrow keys move the signature's field by a millimetre, with Ctrl by ten; "
+                                "plus and minus change its size."));
+    m_renderSoon.setSingleShot(true);
+    m_renderSoon.setInterval(kRenderAfter);
+    connect(&m_renderSoon, &QTimer::timeout, this, &PageSheet::renderPage);
+}
+
+void PageSheet::setPage(const Pages &pages, int page)
+{
+    m_pages = &pages;
+    m_page = page;
+    m_pageSize = pages.size(page);
+    setScale(m_scale);
+    renderPage();
+    setField(m_field);
+}
+
+void PageSheet::setScale(double pixelsPerPoint)
+{
+    m_scale = pixelsPerPoint;
+    const QSize page = (m_pageSize * m_scale).toSize();
+    setFixedSize(page.width() + 2 * kMargin, page.height() + 2 * kMargin);
+    m_renderSoon.start();
+    placeChildren();
+    update();
+}
+
+void PageSheet::setField(const QRectF &wish)
+{
+    QRectF field = fieldOnPage(wish, m_pageSize, m_proportions);
+    if (m_isSizeLocked && field.size() != m_field.size())
+        field = fieldOnPage({wish.topLeft(), m_field.size()}, m_pageSize, m_proportions);
+    if (field == m_field)
+        return;
+    m_field = field;
+    placeChildren();
+    update();
+    emit fieldChanged(m_field);
+}
+
+void PageSheet::setProportions(double widthToHeight)
+{
+    m_proportions = widthToHeight;
+    setField(m_field);
+}
+
+void PageSheet::setSizeLocked(bool isLocked)
+{
+    m_isSizeLocked = isLocked;
+    update();
+}
+
+void PageSheet::setSignWidget(QWidget *widget)
+{
+    m_signWidget = widget;
+    if (widget != nullptr)
+        widget->setGraphicsEffect(new PaperlessEffect(widget));
+    placeChildren();
+    update();
+}
+
+void PageSheet::setFingerprintWidget(QWidget *widget)
+{
+    m_fingerprintWidget = widget;
+    if (widget != nullptr)
+        widget->setGraphicsEffect(new PaperlessEffect(widget));
+    placeChildren();
+    update();
+}
+
+QRect PageSheet::fingerprintPixels() const
+{
+    return pixelsOf(fingerprintField(m_field, m_pageSize));
+}
+
+/// A field that only moves keeps its size in pixels.
+QRect PageSheet::pixelsOf(const QRectF &points) const
+{
+    return {(points.topLeft() * m_scale).toPoint() + QPoint(kMargin, kMargin), (points.size() * m_scale).toSize()};
+}
+
+void PageSheet::placeChildren()
+{
+    if (m_signWidget != nullptr)
+        m_signWidget->setGeometry(fieldPixels());
+    if (m_fingerprintWidget != nullptr)
+        m_fingerprintWidget->setGeometry(fingerprintPixels());
+    if (m_fieldSize != fieldPixels().size()) {
+        m_fieldSize = fieldPixels().size();
+        emit sizeChanged();
+    }
+}
+
+void PageSheet::renderPage()
+{
+    m_renderSoon.stop();
+    if (m_pages == nullptr)
+        return;
+    m_picture = QPixmap::fromImage(m_pages->render(m_page, m_scale * devicePixelRatioF()));
+    update();
+}
+
+QRect PageSheet::handle() const
+{
+    return {fieldPixels().bottomRight() - QPoint(kHandle / 2 - 2, kHandle / 2 - 2), QSize(kHandle, kHandle)};
+}
+
+PageSheet::Grip PageSheet::gripAt(const QPoint &position) const
+{
+    if (!m_isSizeLocked && handle().contains(position))
+        return Grip::Size;
+    return fieldPixels().adjusted(-kReach, -kReach, kReach, kReach).contains(position) ? Grip::Move : Grip::None;
+}
+
+void PageSheet::paintEvent(QPaintEvent * /*event*/)
+{
+    QPainter painter(this);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    paintPage(painter);
+    paintField(painter);
+}
+
+void PageSheet::paintPage(QPainter &painter) const
+{
+    const QRect page = rect().adjusted(kMargin, kMargin, -kMargin, -kMargin);
+    painter.setPen(Qt::NoPen);
+    for (int i = 4; i > 0; --i) { // a soft shadow
+        painter.setBrush(QColor(0, 0, 0, 12));
+        painter.drawRoundedRect(page.adjusted(-i, 2 - i, i, 2 + i), i + 1, i + 1);
+    }
+    painter.fillRect(page, Qt::white);
+    if (!m_picture.isNull()) {
+        painter.drawPixmap(page, m_picture);
+    } else {
+        painter.setPen(Qt::darkGray);
+        painter.drawText(page, Qt::AlignCenter, tr("This page cannot be shown."));
+    }
+}
+
+void PageSheet::paintField(QPainter &painter) const
+{
+    QColor light = kAccent;
+    light.setAlpha(28);
+    const QRectF frame = QRectF(fieldPixels()).adjusted(-2, -2, 2, 2);
+    painter.setBrush(m_signWidget == nullptr ? QBrush(light) : QBrush(Qt::NoBrush));
+    painter.setPen(QPen(kAccent, hasFocus() ? 3 : 1.5, m_signWidget == nullptr ? Qt::DashLine : Qt::SolidLine));
+    painter.drawRect(frame);
+    if (m_fingerprintWidget != nullptr)
+        painter.drawRect(QRectF(fingerprintPixels()).adjusted(-2, -2, 2, 2));
+    if (m_signWidget == nullptr) {
+        painter.setPen(kAccent.darker(120));
+        painter.drawText(frame, Qt::AlignCenter, tr("Signature"));
+    }
+    if (!m_isSizeLocked) {
+        painter.setPen(QPen(kAccent, 1.5));
+        painter.setBrush(Qt::white);
+        painter.drawEllipse(handle());
+    }
+}
+
+void PageSheet::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    m_grip = gripAt(event->pos());
+    m_grippedAt = event->localPos();
+    m_grippedField = m_field;
+}
+
+void PageSheet::mouseMoveEvent(QMouseEvent *event)
+{
+    const QPointF moved = (event->localPos() - m_grippedAt) / m_scale;
+    if (m_grip == Grip::Move)
+        setField(m_grippedField.translated(moved));
+    else if (m_grip == Grip::Size)
+        setField(m_grippedField.adjusted(0, 0, moved.x(), 0));
+    else
+        setCursor(gripAt(event->pos()) == Grip::Size ? Qt::SizeFDiagCursor
+                : gripAt(event->pos()) == Grip::Move ? Qt::SizeAllCursor
+                                                     : Qt::ArrowCursor);
+}
+
+void PageSheet::mouseReleaseEvent(QMouseEvent * /*event*/)
+{
+    m_grip = Grip::None;
+}
+
+void PageSheet::keyPressEvent(QKeyEvent *event)
+{
+    const double step = (event->modifiers().testFlag(Qt::ControlModifier) ? 10 : 1) * kPointsPerMillimetre;
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return setField(m_field.translated(-step, 0));
+    case Qt::Key_Right:
+        return setField(m_field.translated(step, 0));
+    case Qt::Key_Up:
+        return setField(m_field.translated(0, -step));
+    case Qt::Key_Down:
+        return setField(m_field.translated(0, step));
+    case Qt::Key_Plus:
+        return setField(m_field.adjusted(0, 0, step, 0));
+    case Qt::Key_Minus:
+        return setField(m_field.adjusted(0, 0, -step, 0));
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+} // namespace signdesk

@@ -1,0 +1,46 @@
+/// @file
+/// The page in its frame, as large as the clerk wants it.
+#ifndef PAGEVIEW_H
+#define PAGEVIEW_H
+
+#include "pagesheet.h"
+
+#include <QScrollArea>
+
+namespace signdesk {
+
+class PageView : public QScrollArea
+{
+    Q_OBJECT
+public:
+    explicit PageView(QWidget *parent = nullptr);
+
+    PageSheet &sheet() { return *m_sheet; }
+
+    /// Shows that page with the field in sight.
+    void setPage(const Pages &pages, int page);
+
+    void zoomBy(double factor);
+
+    /// As wide as the view, also when that changes.
+    void fitWidth();
+
+    /// Keeps the scale, and the field its size: while there is ink.
+    void setLocked(bool isLocked);
+
+    void showField();
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void applyFit();
+
+    PageSheet *m_sheet;
+    bool m_fitsWidth = true;
+    bool m_isLocked = false;
+};
+
+} // namespace signdesk
+
+#endif

@@ -1,0 +1,41 @@
+#include "screenshot.h"
+
+#include <QApplication>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace signdesk {
+
+namespace {
+
+constexpr int kLongest = 120000; ///< milliseconds
+constexpr int kSettle = 600; ///< for what is painted last: fingerprint, rates
+
+void finish(DeskWindow &window, const QString &path, bool isSigned)
+{
+    const bool isWritten = window.grab().save(path);
+    if (!isSigned)
+        std::fputs("kv-sign-desk: no signature was confirmed\n", stderr);
+    if (!isWritten)
+        std::fprintf(stderr, "kv-sign-desk: %s was not written\n", path.toLocal8Bit().constData());
+    QApplication::exit(isSigned && isWritten ? 0 : 1);
+}
+
+} // namespace
+
+void takeScreenshotAndQuit(DeskWindow &window, const QString &path)
+{
+    QTimer::singleShot(kLongest, &window, [&window, path] { finish(window, path, false); });
+    auto *const look = new QTimer(&window);
+    QObject::connect(look, &QTimer::timeout, &window, [&window, look, path] {
+        if (window.state() != SigningState::Confirmed)
+            return;
+        look->stop();
+        QTimer::singleShot(kSettle, &window, [&window, path] { finish(window, path, true); });
+    });
+    look->start(50);
+    QTimer::singleShot(200, &window, [&window] { window.start(); });
+}
+
+} // namespace signdesk

@@ -1,0 +1,47 @@
+/// @file
+/// The signature by itself, out of the library.
+#ifndef SIGNATUREOUTPUT_H
+#define SIGNATUREOUTPUT_H
+
+#include "padsession.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+namespace signdesk {
+
+struct OutputOptions
+{
+    bool cutsToInk = true;
+    bool isFine = true; ///< 300 dots to the inch, else 150
+};
+
+/// One of the formats in which the library writes.
+struct SignatureFormat
+{
+    int imageType; ///< IMAGE_TYPE_ID
+    const char *suffix;
+    const char *name;
+};
+
+const std::vector<SignatureFormat> &signatureFormats();
+
+/// Null for a suffix that is none of theirs.
+const SignatureFormat *formatOf(const QString &path);
+
+/// The format follows from the path's suffix. Throws a Trouble.
+void saveSignature(const PadSession &session, const QString &path, const OutputOptions &options);
+
+/// What is on the canvas, for a page.
+struct FieldContent
+{
+    QByteArray strokes; ///< an SVG picture of the whole field, empty without ink
+    bool hasFingerprint = false;
+};
+
+FieldContent contentOf(const PadSession &session);
+
+} // namespace signdesk
+
+#endif

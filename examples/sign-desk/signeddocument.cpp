@@ -1,0 +1,132 @@
+#include "signeddocument.h"
+
+#include "safefile.h"
+#include "trouble.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrinter>
+#include <QSvgRenderer>
+
+#include <algorithm>
+#include <utility>
+
+namespace signdesk {
+
+namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(signdesk::SignedDocument)
+};
+
+constexpr int kDotsPerInch = 300;
+constexpr double kDotsPerPoint = kDotsPerInch / 72.0;
+
+QPageSize pageSizeOf(const QSizeF &points)
+{
+    return QPageSize(points, QPageSize::Point, QString(), QPageSize::ExactMatch);
+}
+
+/// The page as large as it fits on the paper, in its middle.
+QRectF fitted(const QSizeF &page, const QRectF &paper)
+{
+    QRectF target({}, page.scaled(paper.size(), Qt::KeepAspectRatio));
+    target.moveCenter(paper.center());
+    return target;
+}
+
+} // namespace
+
+SignedDocument::SignedDocument(const Pages &pages, PlacedSignature signature)
+    : m_pages(pages)
+    , m_signature(std::move(signature))
+{
+}
+
+void SignedDocument::save(const QString &path) const
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix == QLatin1String("pdf"))
+        return writeFile(path, [this](QIODevice &file) {
+            writePdf(file);
+            return true;
+        });
+    if (suffix != QLatin1String("png"))
+        throw Trouble{Words::tr("%1: a signed page is not written in this format.").arg(QFileInfo(path).fileName()),
+            Words::tr("Let the name end with .pdf or .png.")};
+    const QImage page = signedPage();
+    writeFile(path, [&](QIODevice &file) { return page.save(&file, "PNG"); });
+}
+
+/// The page as a picture, the strokes as lines.
+void SignedDocument::paint(QPainter &painter, int page, const QRectF &target, double dotsPerPoint) const
+{
+    const QImage picture = m_pages.render(page, dotsPerPoint);
+    if (picture.isNull())
+        throw Trouble{Words::tr("Page %1 cannot be drawn.").arg(page + 1),
+            Words::tr("Open the file anew. The signature itself can still be exported.")};
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform | QPainter::LosslessImageRendering);
+    painter.drawImage(target, picture);
+    if (page != m_signature.page)
+        return;
+    const double scale = target.width() / m_pages.size(page).width();
+    const auto placed = [&](const QRectF &field) {
+        return QRectF(target.topLeft() + field.topLeft() * scale, field.size() * scale);
+    };
+    if (!m_signature.fingerprint.isNull())
+        painter.drawImage(placed(m_signature.fingerprintField), m_signature.fingerprint);
+    if (!m_signature.strokes.isEmpty())
+        QSvgRenderer(m_signature.strokes).render(&painter, placed(m_signature.field));
+}
+
+void SignedDocument::writePdf(QIODevice &file) const
+{
+    QPdfWriter writer(&file);
+    writer.setResolution(kDotsPerInch);
+    writer.setPageSize(pageSizeOf(m_pages.size(0)));
+    writer.setPageMargins({});
+    QPainter painter(&writer);
+    for (int page = 0; page < m_pages.count(); ++page) {
+        if (page > 0) {
+            writer.setPageSize(pageSizeOf(m_pages.size(page)));
+            writer.newPage();
+        }
+        paint(painter, page, {{}, m_pages.size(page) * kDotsPerPoint}, kDotsPerPoint);
+    }
+}
+
+QImage SignedDocument::signedPage() const
+{
+    const QSizeF size = m_pages.size(m_signature.page) * kDotsPerPoint;
+    QImage image(size.toSize(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    const int dotsPerMetre = qRound(kDotsPerInch / 0.0254);
+    image.setDotsPerMeterX(dotsPerMetre);
+    image.setDotsPerMeterY(dotsPerMetre);
+    QPainter painter(&image);
+    paint(painter, m_signature.page, {{}, size}, kDotsPerPoint);
+    return image;
+}
+
+void SignedDocument::print(QPrinter &printer) const
+{
+    const int first = std::max(1, printer.fromPage());
+    const int last = printer.toPage() == 0 ? m_pages.count() : std::min(printer.toPage(), m_pages.count());
+    QPainter painter;
+    if (!painter.begin(&printer))
+        throw Trouble{Words::tr("The printer does not take the page."),
+            Words::tr("See that it is switched on and has paper, or print into a file. The signature is still here.")};
+    for (int page = first; page <= last; ++page) {
+        if (page > first)
+            printer.newPage();
+        const QRectF paper(0, 0, printer.width(), printer.height());
+        const QRectF target = fitted(m_pages.size(page - 1), paper);
+        const double dots = std::min(kDotsPerPoint, target.width() / m_pages.size(page - 1).width());
+        paint(painter, page - 1, target, dots);
+    }
+}
+
+} // namespace signdesk
