@@ -231,7 +231,9 @@ TEST_P(CanvasHost, DrawingClearingPaintingAndResizingWaitForTheCanvas)
         expectWaitsForTheCanvas(pad, [&] { pad.StartSignOnCanvas(5, 5, 1); });
         expectWaitsForTheCanvas(pad, [&] { pad.ClearSignCanvas(); });
         if constexpr (std::is_base_of_v<QWidget, Pad>) {
-            expectWaitsForTheCanvas(pad, [&] { shown(pad); });
+            pad.show(); // a hidden widget that is grabbed is resized too, which waits as well
+            settle();
+            expectWaitsForTheCanvas(pad, [&] { pad.repaint(); });
             expectWaitsForTheCanvas(pad, [&] { resizeTo(pad, 31, 16); });
         }
     });

@@ -5,6 +5,8 @@
 
 #include <QFile>
 
+#include <cstring>
+#include <functional>
 #include <sys/resource.h>
 #include <thread>
 
@@ -126,6 +128,35 @@ TEST_P(DiagnosticsLog, PaintHandlersWriteToAFileOfTheirOwn)
     EXPECT_EQ(std::count_if(entries.begin(), entries.end(), ofPainting), GetParam().headless ? 0 : 2);
     const std::vector<LogEntry> elsewhere = main.entries();
     EXPECT_EQ(std::count_if(elsewhere.begin(), elsewhere.end(), ofPainting), 0);
+}
+
+TEST_P(DiagnosticsLog, FunctionsWithAFilePathUseTheWideBufferAlone)
+{
+    const std::string untouched = "untouched";
+    const auto expectWide = [&](const char *what, const std::function<int()> &call) {
+        std::strcpy(g_cKeyBuf, untouched.c_str());
+        g_wszKeyBuf[0] = L'\0';
+        LogOn::set(true);
+        call();
+        LogOn::set(false);
+        EXPECT_EQ(g_cKeyBuf, untouched) << what;
+        EXPECT_EQ(g_wszKeyBuf[0], L'<') << what;
+    };
+    wchar_t path[] = L"/nowhere/at/all.png";
+    const int type = family.type;
+    const auto useBoth = [&](const char *when) {
+        SCOPED_TRACE(when);
+        expectWide("save, device type", [&] { return family.SaveDrawingImage(type + 1, 3, path, 0); });
+        expectWide("save, image type", [&] { return family.SaveDrawingImage(type, 4, path, 0); });
+        expectWide("decode, device type", [&] { return family.Base64Decode(type + 1, 3, "AAAA", path); });
+        expectWide("decode, image type", [&] { return family.Base64Decode(type, 4, "AAAA", path); });
+        expectWide("decode, text", [&] { return family.Base64Decode(type, 3, "", path); });
+        expectWide("decode", [&] { return family.Base64Decode(type, 3, "AAAA", path); });
+    };
+    useBoth("without an instance");
+    expectWide("save", [&] { return family.SaveDrawingImage(type, 3, path, 0); });
+    const OpenPad pad(GetParam()); // its own saving asks for the number of points, which logs as everybody
+    useBoth("with one");
 }
 
 TEST_P(DiagnosticsLog, AFileThatCannotBeOpenedIsPassedOver)
