@@ -146,6 +146,18 @@ typedef struct _POINTDATA
     time_t pointTime; ///< seconds since the epoch when the point was stored
 } POINTDATA;
 
+/// How an instance maps raw values to its canvas. (The typedef's spelling is the interface's own.)
+typedef struct _SignContext
+{
+    int32_t nSignWndWidth; ///< canvas width in pixels
+    int32_t nSignWndHeight; ///< canvas height in pixels
+    int32_t nSignRawOffset_X; ///< raw x that maps to canvas x 0
+    int32_t nSignRawOffset_Y; ///< raw y that maps to canvas y 0
+    double dblWidthRatioOfSignWndOverSignRaw; ///< canvas pixels per raw x unit
+    double dblHeightRatioOfSignWndOverSignRaw; ///< canvas pixels per raw y unit
+    double dblSignPressureRatio; ///< pen width in pixels per raw pressure unit
+} SingContext;
+
 /// Range of one axis of the pad, in raw units.
 struct _tagKVAXIS
 {

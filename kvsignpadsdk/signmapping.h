@@ -6,20 +6,6 @@
 #include "LogFileUtil.h"
 #include "padmodels.h"
 
-#include <cstdint>
-
-/// How raw values map to the canvas. (The typedef's spelling is the interface's own.)
-typedef struct _SignContext
-{
-    int32_t nSignWndWidth; ///< canvas width in pixels
-    int32_t nSignWndHeight; ///< canvas height in pixels
-    int32_t nSignRawOffset_X; ///< raw x that maps to canvas x 0
-    int32_t nSignRawOffset_Y; ///< raw y that maps to canvas y 0
-    double dblWidthRatioOfSignWndOverSignRaw; ///< canvas pixels per raw x unit
-    double dblHeightRatioOfSignWndOverSignRaw; ///< canvas pixels per raw y unit
-    double dblSignPressureRatio; ///< pen width in pixels per raw pressure unit
-} SingContext;
-
 namespace signmapping {
 
 /// Pen width in pixels per unit of raw pressure, for a width level of 1 to 10.

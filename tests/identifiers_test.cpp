@@ -140,6 +140,13 @@ TEST(Records, HaveTheirLayout)
         KV_FIELD(_POINTDATA, bStrokeEnd, 6, 1),
         KV_FIELD(_POINTDATA, ulTickCount, 8, 8),
         KV_FIELD(_POINTDATA, pointTime, 16, 8),
+        KV_FIELD(_SignContext, nSignWndWidth, 0, 4),
+        KV_FIELD(_SignContext, nSignWndHeight, 4, 4),
+        KV_FIELD(_SignContext, nSignRawOffset_X, 8, 4),
+        KV_FIELD(_SignContext, nSignRawOffset_Y, 12, 4),
+        KV_FIELD(_SignContext, dblWidthRatioOfSignWndOverSignRaw, 16, 8),
+        KV_FIELD(_SignContext, dblHeightRatioOfSignWndOverSignRaw, 24, 8),
+        KV_FIELD(_SignContext, dblSignPressureRatio, 32, 8),
         KV_FIELD(_tagKVAXIS, nAXMin, 0, 4),
         KV_FIELD(_tagKVAXIS, nAXMax, 4, 4),
         KV_FIELD(_tagKVSDKVERSION, nMajorVersion, 0, 4),
@@ -151,6 +158,7 @@ TEST(Records, HaveTheirLayout)
     }
     EXPECT_EQ(sizeof(_INKPOINTDATA), 12u);
     EXPECT_EQ(sizeof(_POINTDATA), 24u);
+    EXPECT_EQ(sizeof(_SignContext), 40u);
     EXPECT_EQ(sizeof(_tagKVAXIS), 8u);
     EXPECT_EQ(sizeof(_tagKVSDKVERSION), 8u);
 }
@@ -158,6 +166,9 @@ TEST(Records, HaveTheirLayout)
 TEST(Records, HaveTheirTypes)
 {
     EXPECT_TRUE((std::is_same_v<INKPOINTDATA, _INKPOINTDATA>));
+    EXPECT_TRUE((std::is_same_v<SingContext, _SignContext>));
+    EXPECT_TRUE((std::is_same_v<decltype(_SignContext::nSignRawOffset_X), int>));
+    EXPECT_TRUE((std::is_same_v<decltype(_SignContext::dblSignPressureRatio), double>));
     EXPECT_TRUE((std::is_same_v<decltype(_INKPOINTDATA::nIndex), int>));
     EXPECT_TRUE((std::is_same_v<decltype(_INKPOINTDATA::nX), short>));
     EXPECT_TRUE((std::is_same_v<decltype(_INKPOINTDATA::nY), short>));

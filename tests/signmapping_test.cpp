@@ -210,16 +210,4 @@ TEST(SignMappingExamples, R800)
     EXPECT_DOUBLE_EQ(centre[2], 9.0);
 }
 
-TEST(SignMappingExamples, RecordHasItsFieldsInOrder)
-{
-    EXPECT_EQ(offsetof(_SignContext, nSignWndWidth), 0U);
-    EXPECT_EQ(offsetof(_SignContext, nSignWndHeight), 4U);
-    EXPECT_EQ(offsetof(_SignContext, nSignRawOffset_X), 8U);
-    EXPECT_EQ(offsetof(_SignContext, nSignRawOffset_Y), 12U);
-    EXPECT_EQ(offsetof(_SignContext, dblWidthRatioOfSignWndOverSignRaw), 16U);
-    EXPECT_EQ(offsetof(_SignContext, dblHeightRatioOfSignWndOverSignRaw), 24U);
-    EXPECT_EQ(offsetof(_SignContext, dblSignPressureRatio), 32U);
-    EXPECT_EQ(sizeof(SingContext), 40U);
-}
-
 } // namespace
