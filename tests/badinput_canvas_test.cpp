@@ -76,8 +76,20 @@ TEST_P(BadCanvas, sizes)
         pad->SetSaveClipImageMargin(pad.type(), true, 2, 2);
         expectPixelOutputs(pad, size);
         expectOtherOutputs(pad);
+        pad.driver.send(stroke(pad.type(), {{0.9, 0.9, 0.5}, {0.9, 0.9, 0.5}})); // a dot
         EXPECT_EQ(pad->Clear(pad.type()), ARI_SUCCESS);
         sign(pad);
+    }
+}
+
+TEST_P(BadCanvas, sizesOfOnePixelAndOfManyAreDrawnOn)
+{
+    for (const QSize &size : {QSize(1, 1), QSize(3, 2000), QSize(2000, 3), QSize(1920, 1080)}) {
+        OpenPad pad(GetParam(), size.width(), size.height());
+        pad.driver.send(stroke(pad.type(), {{0.0, 0.0, 1}, {1.0, 1.0, 1}}));
+        const QImage canvas = pad.canvas();
+        ASSERT_EQ(canvas.size(), size);
+        EXPECT_EQ(canvas.pixelColor(size.width() / 2, size.height() / 2), QColor(Qt::black));
     }
 }
 

@@ -108,6 +108,7 @@ TEST_P(CanvasWidget, RepaintsAtOnceWhileTheLeftButtonIsHeld)
     EXPECT_EQ(paintsAfter(widget, QEvent::MouseButtonPress, Qt::MiddleButton, Qt::MiddleButton), 0);
     EXPECT_EQ(paintsAfter(widget, QEvent::MouseMove, Qt::NoButton, Qt::NoButton), 0);
     EXPECT_EQ(paintsAfter(widget, QEvent::MouseMove, Qt::NoButton, Qt::RightButton), 0);
+    EXPECT_EQ(paintsAfter(widget, QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton), 0);
 }
 
 TEST_P(CanvasWidget, TheMouseNeitherDrawsNorStores)
@@ -118,6 +119,7 @@ TEST_P(CanvasWidget, TheMouseNeitherDrawsNorStores)
     QWidget *widget = pad.widget();
     pad.driver.send(stroke(pad.type(), {{0.1, 0.1, 0.5}, {0.9, 0.9, 0.5}}));
     const QImage before = pad.canvas();
+    const QImage shownBefore = widget->grab().toImage();
     for (int x = 0; x < 400; x += 20) {
         QMouseEvent press(QEvent::MouseButtonPress, QPointF(x, 100), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
         QMouseEvent move(QEvent::MouseMove, QPointF(x + 5, 110), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
@@ -126,6 +128,7 @@ TEST_P(CanvasWidget, TheMouseNeitherDrawsNorStores)
     }
     EXPECT_EQ(pad->GetTotalInkPointsNumber(pad.type()), 3);
     EXPECT_EQ(pad.canvas(), before);
+    EXPECT_EQ(widget->grab().toImage(), shownBefore);
 }
 
 INSTANTIATE_TEST_SUITE_P(AllPads, CanvasWidget, testing::ValuesIn(allPads()), padCaseName);

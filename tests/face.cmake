@@ -13,7 +13,6 @@ foreach(name wrong_device_type_test without_instance_test argument_checks_test f
   kv_add_test(${name} ${name}.cpp exportedcalls_table.cpp PADS)
 endforeach()
 kv_add_test(lifecycle_test lifecycle_test.cpp PADS THREADS)
-kv_add_test(mouse_test mouse_test.cpp PADS)
 
 foreach(name instance_fields_test instance_methods_test instance_defaults_test open_instance_inside_test)
   kv_add_test(${name} ${name}.cpp INSIDE)
