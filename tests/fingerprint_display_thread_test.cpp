@@ -147,7 +147,7 @@ TEST_P(SlowScreen, OnlyStrictlyBetterImagesReachTheScreen)
 // The driver's thread never waits for the transfer; what came in meanwhile is shown as one picture, the best.
 TEST_P(SlowScreen, DoesNotHoldUpTheIntake)
 {
-    constexpr int kTransferMs = 1500;
+    constexpr int kTransferMs = 800;
     FingerprintPad pad(GetParam(), 400, 300, kTransferMs);
     pad.driver.sendFingerprint(ridges(1), 1);
     EXPECT_TRUE(becomes([&] { return pad.driver.calls().find("ShowFPImageOnDevice") != std::string::npos; }));
