@@ -8,6 +8,8 @@
 #include "padmodels.h"
 #include "sharedfields.h"
 
+#include <exception>
+
 namespace penpackets {
 
 enum class Action
@@ -86,15 +88,10 @@ void tap(Pad &pad, const logging::Key &key, bool confirm)
     shared::set(pad.m_nPressDeviceConfirmOrCancelKey, confirm ? 1 : 0);
 }
 
-/// Handles one packet of the driver.
 template <class Pad>
-void handle(Pad &pad, int nX, int nY, int nP, int nPenStatus)
+void act(Pad &pad, const logging::Key &key, Action action, int nX, int nY, int nP)
 {
-    if (!shared::get(pad.m_bDeviceConnected))
-        return;
-    static constexpr logging::Key key{Pad::row.scope, Pad::penPacketFunction};
-    KV_LOG(key, "<%ld>-Enter, nX=%d, nY=%d, nP=%d, nPenStatus=%d", nX, nY, nP, nPenStatus);
-    switch (actionFor(Pad::row, shared::get(pad.m_bPenDown), shared::get(pad.m_nMaxPressureValue), nP, nPenStatus)) {
+    switch (action) {
     case Action::None:
         break;
     case Action::StartStroke:
@@ -115,6 +112,23 @@ void handle(Pad &pad, int nX, int nY, int nP, int nPenStatus)
     case Action::Confirm:
         tap(pad, key, true);
         break;
+    }
+}
+
+/// Handles one packet of the driver.
+template <class Pad>
+void handle(Pad &pad, int nX, int nY, int nP, int nPenStatus)
+{
+    if (!shared::get(pad.m_bDeviceConnected))
+        return;
+    static constexpr logging::Key key{Pad::row.scope, Pad::penPacketFunction};
+    KV_LOG(key, "<%ld>-Enter, nX=%d, nY=%d, nP=%d, nPenStatus=%d", nX, nY, nP, nPenStatus);
+    const Action action =
+        actionFor(Pad::row, shared::get(pad.m_bPenDown), shared::get(pad.m_nMaxPressureValue), nP, nPenStatus);
+    try {
+        act(pad, key, action, nX, nY, nP);
+    } catch (const std::exception &) {
+        // Out of memory: what is left of the packet is lost, the driver's thread is not. Its cancellation passes.
     }
     KV_LOG(key, "<%ld>-leave !");
 }

@@ -151,6 +151,23 @@ TYPED_TEST(OpenInstance, AnswersAsWithoutOneWhenAMemberFindsNoMemory)
     this->family.FreeInkPointDataTimeInfo(this->family.type, text);
 }
 
+TYPED_TEST(OpenInstance, LosesAPointAndNotTheDriversThreadWhenThereIsNoMemoryForIt)
+{
+    ASSERT_TRUE(this->open());
+    const auto count = [this] { return this->family.GetTotalInkPointsNumber(this->family.type); };
+    this->driver.send(1000, 900, 5, KVSPDARI_PS_PEN_DOWN);
+    const auto &points = *openinstance::as<TypeParam>().m_pPointDataList;
+    while (points.size() < 64 || points.size() < points.capacity())
+        this->driver.send(1000, 900, 5, KVSPDARI_PS_PEN_MOVE);
+    const int full = count();
+    refusedSize = 2 * points.size() * sizeof(_POINTDATA);
+    this->driver.send(1000, 900, 5, KVSPDARI_PS_PEN_MOVE);
+    refusedSize = 0;
+    EXPECT_EQ(count(), full);
+    this->driver.send(1000, 900, 5, KVSPDARI_PS_PEN_MOVE);
+    EXPECT_EQ(count(), full + 1) << "the stroke goes on";
+}
+
 TYPED_TEST(OpenInstance, IsMarkedAsHeadlessByAnOpeningWithoutAParent)
 {
     ASSERT_TRUE(this->open());
