@@ -4,6 +4,8 @@
 #include "fingerprintplacement.h"
 #include "paddefined.h"
 
+#include <QScopedValueRollback>
+
 #define KV_PAD CS310XSignWidget
 #include "padmembers.inl"
 #include "padmembers_fingerprint.inl"
@@ -79,10 +81,8 @@ char *CS310XSignWidget::GetFPImageBase64Data(int nImageTypeID, bool bFPImageOnly
     case NFPPA_SIGN_FP_SAME_WIDGET: {
         // Only for this call, under the canvas lock: Base64Encode never cuts.
         const CanvasLock locked(m_mutexUpdateCanvas);
-        const bool before = shared::get(m_bFPImageBase64DataOnly);
-        shared::set(m_bFPImageBase64DataOnly, bFPImageOnly);
+        const QScopedValueRollback<bool> only(m_bFPImageBase64DataOnly, bFPImageOnly);
         pFPImageBase64Data = imagetexts::encodeLockedImage(*this, nImageTypeID);
-        shared::set(m_bFPImageBase64DataOnly, before);
         break;
     }
     case NFPPA_SIGN_FP_DIFFERENT_WIDGET:

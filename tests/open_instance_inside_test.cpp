@@ -4,6 +4,7 @@
 #include "padclasses.h"
 
 #include <cstdlib>
+#include <cstring>
 #include <new>
 
 namespace {
@@ -149,6 +150,32 @@ TYPED_TEST(OpenInstance, AnswersAsWithoutOneWhenAMemberFindsNoMemory)
     char *const text = this->family.GetInkPointDataTimeInfo(this->family.type, 0);
     EXPECT_NE(text, nullptr);
     this->family.FreeInkPointDataTimeInfo(this->family.type, text);
+}
+
+TEST(OpenFingerprintInstance, EncodesTheWholeCanvasAfterATextOfTheFingerprintFoundNoMemory)
+{
+    SimulatedDriver driver;
+    QWidget window;
+    ASSERT_TRUE(KVS310X_InitialDevice(KVS310X_DEVICE, &window, 0, 0, 400, 200));
+    ASSERT_EQ(KVS310X_SetDisplayedFPImageAt(KVS310X_DEVICE, &window, 0, 0, 5, 5, 70, 60), ARI_SUCCESS);
+    driver.send({{3000, 2900, 5, 0}});
+    const auto sizeOf = [](char *text) {
+        const size_t size = text == nullptr ? 0 : std::strlen(text) + 1;
+        KVS310X_Base64EncodeFree(KVS310X_DEVICE, text);
+        return size;
+    };
+    const auto fingerprint = [] { return KVS310X_GetFPImageBase64Data(KVS310X_DEVICE, EBITI_BITMAP, true); };
+    const auto canvas = [] { return KVS310X_Base64Encode(KVS310X_DEVICE, EBITI_BITMAP); };
+    const size_t whole = sizeOf(canvas());
+    const size_t part = sizeOf(fingerprint());
+    ASSERT_LT(part, whole);
+    refusedSize = part;
+    char *const none = fingerprint();
+    refusedSize = 0;
+    EXPECT_EQ(none, nullptr) << "and no exception";
+    EXPECT_EQ(sizeOf(canvas()), whole);
+    EXPECT_EQ(sizeOf(fingerprint()), part);
+    KVS310X_UnInitialDevice(KVS310X_DEVICE);
 }
 
 TYPED_TEST(OpenInstance, LosesAPointAndNotTheDriversThreadWhenThereIsNoMemoryForIt)
