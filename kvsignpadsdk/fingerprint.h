@@ -16,6 +16,7 @@
 #include <QRectF>
 
 #include <cstring>
+#include <exception>
 #include <mutex>
 
 namespace fingerprint {
@@ -84,6 +85,22 @@ void takeNewPicture(Pad &pad)
     }
 }
 
+/// The display thread's merge.
+template <class Pad>
+void mergeShown(Pad &pad)
+{
+    try {
+        {
+            const CanvasLock locked(pad.m_mutexUpdateCanvas);
+            const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
+            pad.MergeSignCanvasAndFPCanvas();
+        }
+        strokes::requestRepaint(pad);
+    } catch (const std::exception &) {
+        // Out of memory: this merge is lost, the thread is not.
+    }
+}
+
 /// Sends a picture that was taken over to the pad; merges it into the canvas one pass later.
 template <class Pad>
 void showPicture(Pad &pad)
@@ -100,12 +117,7 @@ void showPicture(Pad &pad)
             static constexpr logging::Key key{Pad::row.scope, "ProcessShowFPImgaeRawDataOnDevice()"};
             KV_LOG(key, "<%ld>-b4 call MergeSignCanvasAndFPCanvas()...");
         }
-        {
-            const CanvasLock locked(pad.m_mutexUpdateCanvas);
-            const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
-            pad.MergeSignCanvasAndFPCanvas();
-        }
-        strokes::requestRepaint(pad);
+        mergeShown(pad);
     }
 }
 

@@ -9,13 +9,14 @@
 
 namespace {
 
-/// Allocations of exactly this size fail while it is not 0; those that may answer null, while this is set.
+/// Allocations of exactly this size fail while it is not 0; all, and those that may answer null, while these are set.
 size_t refusedSize = 0;
+bool refusedAll = false;
 bool refusedAsNull = false;
 
 void *allocate(size_t size)
 {
-    void *memory = size == refusedSize ? nullptr : std::malloc(size == 0 ? 1 : size);
+    void *memory = size == refusedSize || refusedAll ? nullptr : std::malloc(size == 0 ? 1 : size);
     if (memory == nullptr)
         throw std::bad_alloc();
     return memory;
@@ -176,6 +177,28 @@ TEST(OpenFingerprintInstance, EncodesTheWholeCanvasAfterATextOfTheFingerprintFou
     EXPECT_EQ(sizeOf(canvas()), whole);
     EXPECT_EQ(sizeOf(fingerprint()), part);
     KVS310X_UnInitialDevice(KVS310X_DEVICE);
+}
+
+// A pass of the display thread by hand, when the pad has shown a picture.
+TEST(OpenFingerprintInstance, LosesAMergeAndNotTheDisplayThreadWhenThereIsNoMemoryForIt)
+{
+    CS310XSignObj pad(400, 300);
+    pad.stopDisplayThread({"OpenFingerprintInstance", "()"});
+    pad.m_bDeviceConnected = true;
+    std::vector<unsigned char> image(208 * 288, 200);
+    std::fill_n(image.begin(), image.size() / 2, static_cast<unsigned char>(0));
+    pad.RxS310XSignPadFPRawData(image.data(), 208 * 288, 1);
+    const QImage blank = pad.m_canvas.copy();
+    const auto pass = [&pad] {
+        pad.m_bAlreadyShownFPImageRawDataOnDevice = true;
+        pad.ProcessShowFPImgaeRawDataOnDevice();
+    };
+    refusedAll = true;
+    pass();
+    refusedAll = false;
+    EXPECT_EQ(pad.m_canvas, blank);
+    pass();
+    EXPECT_NE(pad.m_canvas, blank);
 }
 
 TYPED_TEST(OpenInstance, LosesAPointAndNotTheDriversThreadWhenThereIsNoMemoryForIt)
