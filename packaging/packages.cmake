@@ -1,4 +1,5 @@
-# What is installed, and as which Debian packages: the library, what compiles against it, the pad simulator.
+# What is installed, and as which Debian packages: the library, what compiles against it, the pad simulator,
+# the command-line tool.
 
 set(KV_SIMULATOR_INSTALL ${CMAKE_INSTALL_LIBDIR}/kvsignpadsdk/simulator)
 configure_file(packaging/kvsignpadsdk.pc.in ${CMAKE_BINARY_DIR}/packaging/kvsignpadsdk.pc @ONLY)
@@ -22,13 +23,18 @@ install(DIRECTORY simulator/recordings
 install(FILES simulator/README.md simulator/FORMAT.md
   DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kvsignpad-simulator COMPONENT simulator)
 
+install(TARGETS kvsign RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT kvsign)
+install(FILES ${CMAKE_BINARY_DIR}/tools/man/kvsign.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT kvsign)
+install(FILES ${CMAKE_BINARY_DIR}/tools/completions/kvsign
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT kvsign)
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_VENDOR "Korvane")
 set(CPACK_PACKAGE_CONTACT "Korvane <support@korvane.example>")
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_COMPONENTS_ALL library development simulator)
+set(CPACK_COMPONENTS_ALL library development simulator kvsign)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
@@ -44,9 +50,14 @@ set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "signatures from Korvane signature pads
 set(CPACK_DEBIAN_SIMULATOR_PACKAGE_NAME kvsignpad-simulator)
 set(CPACK_DEBIAN_SIMULATOR_PACKAGE_SECTION devel)
 set(CPACK_DEBIAN_SIMULATOR_DESCRIPTION "a signature pad that plays recorded pens and fingers")
+set(CPACK_DEBIAN_KVSIGN_PACKAGE_NAME kvsign)
+set(CPACK_DEBIAN_KVSIGN_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_KVSIGN_PACKAGE_DEPENDS "libkvsignpadsdk1 (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_KVSIGN_DESCRIPTION "signatures from Korvane signature pads at the command line")
 
 # dpkg wants the licence and the changes under each package's own name.
-foreach(component_package library:libkvsignpadsdk1 development:libkvsignpadsdk-dev simulator:kvsignpad-simulator)
+foreach(component_package library:libkvsignpadsdk1 development:libkvsignpadsdk-dev simulator:kvsignpad-simulator
+    kvsign:kvsign)
   string(REPLACE ":" ";" pair ${component_package})
   list(GET pair 0 component)
   list(GET pair 1 package)

@@ -9,6 +9,16 @@ bool isDigit(QChar c)
     return c >= '0' && c <= '9';
 }
 
+bool isPrefix(QChar c)
+{
+    return c == '!' || c == '\'' || c == '"';
+}
+
+bool isLetterValue(QChar c)
+{
+    return c == '*' || c == '?' || c == 'T' || c == 'F';
+}
+
 bool isBlank(QChar c)
 {
     return c == ' ' || c == '\n' || c == '\r' || c == '\t';
@@ -58,17 +68,17 @@ void InkmlTrace::skipBlanks()
 bool InkmlTrace::takeValue(const InkmlChannel *channel, State &state, POINTDATA &point)
 {
     skipBlanks();
-    if (m_place < m_text.size() && QString("!'\"").contains(m_text.at(m_place)))
+    if (m_place < m_text.size() && isPrefix(m_text.at(m_place)))
         state.prefix = m_text.at(m_place++);
     skipBlanks();
     if (m_place == m_text.size() || m_text.at(m_place) == ',')
         return false;
     const int begin = m_place++;
-    if (!QString("*?TF").contains(m_text.at(begin))) {
+    if (!isLetterValue(m_text.at(begin))) {
         while (m_place < m_text.size() && (isDigit(m_text.at(m_place)) || m_text.at(m_place) == '.'))
             ++m_place;
     }
-    const QByteArray text = m_text.mid(begin, m_place - begin).toUtf8();
+    const QByteArray text = m_text.midRef(begin, m_place - begin).toUtf8();
     if (channel == nullptr)
         return true;
     takeNumber(state, text);

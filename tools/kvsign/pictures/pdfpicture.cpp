@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QPdfWriter>
 
+#include <cmath>
+
 namespace {
 
 constexpr double kPointsPerInch = 72;
@@ -21,8 +23,7 @@ public:
         , m_segments(m_settings)
         , m_writer(&device)
     {
-        const QSizeF inches = m_settings.part.size() / m_settings.dpi;
-        m_writer.setPageSize(QPageSize(inches * kPointsPerInch, QPageSize::Point, QString(), QPageSize::ExactMatch));
+        m_writer.setPageSize(QPageSize(pageSize(), QPageSize::Point, QString(), QPageSize::ExactMatch));
         m_writer.setPageMargins({0, 0, 0, 0});
         m_writer.setResolution(m_settings.dpi);
         m_writer.setTitle("Signature");
@@ -47,6 +48,13 @@ public:
     }
 
 private:
+    /// Pages are measured in whole points; they are rather a little too large than too small.
+    QSizeF pageSize() const
+    {
+        const QSizeF points = m_settings.part.size() * (kPointsPerInch / m_settings.dpi);
+        return {std::ceil(points.width()), std::ceil(points.height())};
+    }
+
     QIODevice &m_device;
     PictureSettings m_settings;
     Segments m_segments;

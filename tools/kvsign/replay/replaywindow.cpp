@@ -11,6 +11,7 @@
 namespace {
 
 constexpr int kFrame = 16; // milliseconds
+constexpr int kInterruptionLook = 100; // milliseconds
 constexpr int kStatusHeight = 26;
 constexpr int kMoment = 700; // milliseconds that the whole signature stays when the window closes itself
 constexpr QRgb kPaper = 0xffffffff;
@@ -34,6 +35,11 @@ ReplayWindow::ReplayWindow(InkInput &input, const PictureSettings &settings, dou
     setFixedSize(settings.size() + QSize(0, kStatusHeight));
     setWindowTitle(QString("%1 - kvsign replay").arg(QFileInfo(input.name()).fileName()));
     m_timer.callOnTimeout(this, [this] { step(); });
+    m_interruptions.callOnTimeout(this, [this] {
+        if (isInterrupted())
+            endWith({kCancelled, "interrupted"});
+    });
+    m_interruptions.start(kInterruptionLook);
     restart();
 }
 
@@ -66,11 +72,9 @@ void ReplayWindow::step()
 {
     // Qt does not carry exceptions through its loop.
     try {
-        throwIfInterrupted();
         drawDue();
     } catch (const Failure &failure) {
-        m_failure = std::make_unique<Failure>(failure);
-        close();
+        endWith(failure);
     }
     update();
     if (!m_atEnd)
@@ -78,6 +82,13 @@ void ReplayWindow::step()
     m_timer.stop();
     if (m_closesAtEnd)
         QTimer::singleShot(kMoment, this, &QWidget::close);
+}
+
+void ReplayWindow::endWith(const Failure &failure)
+{
+    m_failure = std::make_unique<Failure>(failure);
+    m_timer.stop();
+    close();
 }
 
 void ReplayWindow::drawDue()

@@ -30,6 +30,7 @@ private:
     void togglePause();
     void step();
     void drawDue();
+    void endWith(const Failure &failure);
     QString status() const;
 
     InkInput &m_input;
@@ -45,7 +46,8 @@ private:
     double m_nextDue = 0;
     bool m_atEnd = false;
     qint64 m_count = 0;
-    QTimer m_timer;
+    QTimer m_timer; ///< runs while there is something to draw
+    QTimer m_interruptions;
     QElapsedTimer m_running;
     double m_shownUntil = 0; ///< milliseconds of the replay before the last pause
 };
