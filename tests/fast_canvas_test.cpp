@@ -51,6 +51,21 @@ TEST(FastSegmentsOnOneInstance, LeaveCopiesAlone)
     EXPECT_EQ(pad.m_canvas, expected);
 }
 
+// Clearing a canvas while a copy is held gives it memory of its own, and the old memory goes with the copy.
+TEST(FastSegmentsOnOneInstance, FollowTheCanvasToOtherMemory)
+{
+    CS300SignObj pad(300, 100);
+    pad.StartSignOnCanvas(50, 50, 5);
+    {
+        const QImage held = pad.m_canvas;
+        pad.ClearSignCanvas();
+    }
+    QImage expected = whiteCanvas({300, 100});
+    plain::drawSegment(expected, {{50, 50}, {90, 20}, 5}, Qt::black);
+    pad.StartSignOnCanvas(90, 20, 5);
+    EXPECT_EQ(pad.m_canvas, expected);
+}
+
 // Nothing is painted behind a canvas that covers it; through any other canvas the window must be seen.
 TEST(FastRepaint, ShowsWhatIsBehindACanvasThatIsNotOpaque)
 {

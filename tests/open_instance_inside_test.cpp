@@ -9,10 +9,11 @@
 
 namespace {
 
-/// Allocations of exactly this size fail while it is not 0; all, and those that may answer null, while these are set.
+/// Allocations of exactly this size fail while it is not 0; all of them, while that is set.
 size_t refusedSize = 0;
 bool refusedAll = false;
-bool refusedAsNull = false;
+/// Of the next allocations that may answer null this one does; 0 for none.
+int refusedAsNull = 0;
 
 void *allocate(size_t size)
 {
@@ -24,7 +25,8 @@ void *allocate(size_t size)
 
 void *allocateOrNull(size_t size)
 {
-    return refusedAsNull ? nullptr : std::malloc(size == 0 ? 1 : size);
+    const bool refused = refusedAsNull > 0 && --refusedAsNull == 0;
+    return refused ? nullptr : std::malloc(size == 0 ? 1 : size);
 }
 
 } // namespace
@@ -118,25 +120,27 @@ TYPED_TEST(OpenInstance, IsNotKeptWhenThereIsNoMemoryForIt)
     EXPECT_TRUE(this->open());
 }
 
-TYPED_TEST(OpenInstance, IsNotKeptWhenThereIsNoMemoryForItsPoints)
+TYPED_TEST(OpenInstance, IsNotKeptWhenThereIsNoMemoryForEitherOfItsLists)
 {
-    const LogTail log;
-    LogOn::set(true);
-    refusedAsNull = true;
-    EXPECT_FALSE(this->open());
-    refusedAsNull = false;
-    LogOn::set(false);
-    EXPECT_EQ(g_pSignWidget, nullptr);
-    EXPECT_FALSE(this->driver.isOpen());
     const std::string key = std::string(PadTraits<TypeParam>::name) + "::IsDeviceConnected()";
-    std::vector<std::string> texts;
-    for (const LogEntry &entry : log.entries()) {
-        if (entry.key == key)
-            texts.push_back(entry.text);
+    for (const int list : {1, 2}) {
+        const LogTail log;
+        LogOn::set(true);
+        refusedAsNull = list;
+        EXPECT_FALSE(this->open());
+        LogOn::set(false);
+        EXPECT_EQ(refusedAsNull, 0);
+        EXPECT_EQ(g_pSignWidget, nullptr);
+        EXPECT_FALSE(this->driver.isOpen());
+        std::vector<std::string> texts;
+        for (const LogEntry &entry : log.entries()) {
+            if (entry.key == key)
+                texts.push_back(entry.text);
+        }
+        ASSERT_EQ(texts.size(), 4u);
+        EXPECT_EQ(texts[2], "((m_pPointDataList || m_pDecodedPointDataList) == nullptr), out of memory !!!");
+        EXPECT_EQ(texts[3], "leave with m_bDeviceConnected=0");
     }
-    ASSERT_EQ(texts.size(), 4u);
-    EXPECT_EQ(texts[2], "((m_pPointDataList || m_pDecodedPointDataList) == nullptr), out of memory !!!");
-    EXPECT_EQ(texts[3], "leave with m_bDeviceConnected=0");
     EXPECT_TRUE(this->open());
 }
 
