@@ -1,5 +1,7 @@
 #include "deskstatus.h"
 
+#include <QAccessible>
+
 namespace signdesk {
 
 DeskStatus::DeskStatus(QStatusBar &bar)
@@ -9,9 +11,9 @@ DeskStatus::DeskStatus(QStatusBar &bar)
     , m_packetRate(new QLabel)
     , m_repaintRate(new QLabel)
 {
-    m_note->setMargin(3);
+    m_note->setContentsMargins(14, 8, 14, 8);
+    m_note->setWordWrap(true);
     bar.setContentsMargins(8, 0, 8, 0);
-    bar.addWidget(m_note, 1);
     for (QLabel *label : {m_points, m_packetRate, m_repaintRate}) {
         label->setMargin(3);
         bar.addPermanentWidget(label);
@@ -20,6 +22,13 @@ DeskStatus::DeskStatus(QStatusBar &bar)
     m_packetRate->setObjectName(QStringLiteral("packetRate"));
     m_repaintRate->setObjectName(QStringLiteral("repaintRate"));
     m_note->setObjectName(QStringLiteral("note"));
+}
+
+void DeskStatus::note(const QString &message)
+{
+    m_note->setText(message);
+    QAccessibleEvent said(m_note, QAccessible::Alert); // a screen reader says it at once
+    QAccessible::updateAccessibility(&said);
 }
 
 void DeskStatus::show(int points, const Rates &rates)

@@ -1,5 +1,5 @@
 /// @file
-/// The window's last line: what to do next, and how fast packets and repaints come.
+/// What to do next, below the page; and at the window's lower edge how fast packets and repaints come.
 #ifndef DESKSTATUS_H
 #define DESKSTATUS_H
 
@@ -16,7 +16,10 @@ class DeskStatus : public QObject
 public:
     explicit DeskStatus(QStatusBar &bar);
 
-    void note(const QString &message) { m_note->setText(message); }
+    /// The line that note() writes; whoever lays it out owns it.
+    QLabel *line() const { return m_note; }
+
+    void note(const QString &message);
     void show(int points, const Rates &rates);
 
 private:

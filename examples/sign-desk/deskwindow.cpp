@@ -9,17 +9,10 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QMessageBox>
+#include <QStatusBar>
+#include <QVBoxLayout>
 
 namespace signdesk {
-
-namespace {
-
-double proportionsOf(const PadModel &model)
-{
-    return static_cast<double>(model.areaWidth) / model.areaHeight;
-}
-
-} // namespace
 
 DeskWindow::DeskWindow(QWidget *parent)
     : QMainWindow(parent)
@@ -39,7 +32,11 @@ DeskWindow::DeskWindow(QWidget *parent)
     auto *const layout = new QHBoxLayout(centre);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(m_view, 1);
+    auto *const left = new QVBoxLayout;
+    left->setSpacing(0);
+    left->addWidget(m_view, 1);
+    left->addWidget(m_status->line());
+    layout->addLayout(left, 1);
     layout->addWidget(new SidePanel({m_padPanel, m_penPanel, m_placePanel, m_outputPanel}));
     setCentralWidget(centre);
     connectActions();
@@ -117,7 +114,7 @@ void DeskWindow::connectSigning()
 
 void DeskWindow::chooseModel()
 {
-    m_view->sheet().setProportions(proportionsOf(m_padPanel->model()));
+    m_view->sheet().setProportions(m_padPanel->model().proportions());
     m_placePanel->setHasFingerprint(m_padPanel->model().hasFingerprint);
     m_actions.follow(m_signing.state(), m_padPanel->model().hasFingerprint);
 }
@@ -153,7 +150,7 @@ void DeskWindow::showPages(std::unique_ptr<Pages> pages, const QString &title)
     m_pages = std::move(pages);
     m_placePanel->setPageCount(m_pages->count());
     m_view->setPage(*m_pages, 0);
-    m_view->sheet().setField(usualField(m_pages->size(0), proportionsOf(m_padPanel->model())));
+    m_view->sheet().setField(usualField(m_pages->size(0), m_padPanel->model().proportions()));
     m_view->showField();
     setWindowTitle(tr("%1[*] - Sign Desk").arg(title));
 }

@@ -25,9 +25,12 @@ OutputPanel::OutputPanel(const DeskActions &actions, QWidget *parent)
     onPage->addWidget(save, 1);
     onPage->addWidget(new ActionButton(tr("P&rint..."), actions.print), 1);
     form->addRow(onPage);
-    form->addRow(new ActionButton(tr("E&xport signature..."), actions.exportSignature));
+    auto *const exported = new ActionButton(tr("E&xport signature..."), actions.exportSignature);
+    form->addRow(exported);
     form->addRow(tr("Resol&ution"), m_resolution);
     form->addRow(m_cutsToInk);
+    setTabOrder(exported, m_resolution);
+    setTabOrder(m_resolution, m_cutsToInk);
 }
 
 OutputOptions OutputPanel::options() const

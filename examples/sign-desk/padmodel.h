@@ -31,6 +31,8 @@ struct PadModel
     decltype(&KVS300_Base64Encode) Base64Encode;
     decltype(&KVS300_Base64EncodeFree) Base64EncodeFree;
     decltype(&KVS300_AboutBox) AboutBox;
+
+    double proportions() const { return static_cast<double>(areaWidth) / areaHeight; }
 };
 
 const std::array<PadModel, 5> &padModels();

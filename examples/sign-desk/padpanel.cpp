@@ -57,10 +57,10 @@ PadPanel::PadPanel(const DeskActions &actions, QWidget *parent)
     connect(m_model, qOverload<int>(&QComboBox::currentIndexChanged), this, &PadPanel::modelChanged);
     auto *const name = new QLabel(tr("&Model"));
     name->setBuddy(m_model);
+    auto *const start = new ActionButton(tr("S&tart signing"), actions.start); // made in the order of the tab key
+    start->setInviting();
     auto *const confirm = new ActionButton(tr("&Confirm"), actions.confirm);
     confirm->setInviting();
-    auto *const start = new ActionButton(tr("S&tart signing"), actions.start);
-    start->setInviting();
 
     auto *const grid = new QGridLayout(this);
     grid->addWidget(name, 0, 0);

@@ -28,6 +28,8 @@ PlacePanel::PlacePanel(QWidget *parent)
     connect(m_page, qOverload<int>(&QSpinBox::valueChanged), this, [this](int page) { emit pageChosen(page - 1); });
     connect(m_fingerprint, qOverload<int>(&QComboBox::currentIndexChanged), this,
         [this] { emit fingerprintPlaceChosen(fingerprintPlace()); });
+    m_page->setAccessibleDescription(tr("The page that is to bear the signature"));
+    setTabOrder(m_width, m_fingerprint);
     setPageCount(1);
     setHasFingerprint(false);
 }

@@ -290,7 +290,7 @@
     </message>
     <message>
         <source>Confirmed. Save, export or print it, then cancel or clear for the next one.</source>
-        <translation>Bestätigt. Jetzt speichern, exportieren oder drucken; dann abbrechen oder leeren für die nächste.</translation>
+        <translation>Bestätigt: jetzt speichern, exportieren oder drucken. Für die nächste leeren oder abbrechen.</translation>
     </message>
     <message>
         <source>Something was written after the confirmation: confirm again, or clear.</source>
@@ -654,6 +654,10 @@
     <message>
         <source>of %1</source>
         <translation>von %1</translation>
+    </message>
+    <message>
+        <source>The page that is to bear the signature</source>
+        <translation>Die Seite, auf die die Unterschrift kommt</translation>
     </message>
 </context>
 <context>

@@ -1,0 +1,27 @@
+# Tests of the sign desk: driven in its window, looked at in every scale, and started as a program.
+
+add_library(kv_signdesk_tests STATIC signdesk.cpp)
+target_link_libraries(kv_signdesk_tests PUBLIC kv_signdesk kv_test_pads Qt5::Test kv_outside_command PRIVATE kv_warnings)
+target_compile_options(kv_signdesk_tests PRIVATE ${KV_TEST_OPTIONS})
+target_compile_definitions(kv_signdesk_tests PUBLIC
+  KV_SIGNDESK="$<TARGET_FILE:kv-sign-desk>" KV_SIGNDESK_SOURCES="${PROJECT_SOURCE_DIR}/examples/sign-desk"
+  KV_SIGNDESK_GERMAN="${CMAKE_BINARY_DIR}/examples/sign-desk/sign-desk_de.qm"
+  KV_SIGNDESK_PICTURES="${CMAKE_BINARY_DIR}/sign-desk-pictures")
+
+kv_add_test(signdesk_test
+  signdesk_signing_test.cpp signdesk_outputs_test.cpp signdesk_troubles_test.cpp signdesk_words_test.cpp
+  PADS LIBRARIES kv_signdesk_tests)
+kv_add_test(signdesk_program_test signdesk_program_test.cpp PADS LIBRARIES kv_signdesk_tests)
+kv_add_test(signdesk_layout_test signdesk_layout_test.cpp PADS LIBRARIES kv_signdesk_tests)
+add_dependencies(signdesk_test kv_signdesk_translations)
+add_dependencies(signdesk_program_test kv-sign-desk)
+add_dependencies(signdesk_layout_test kv_signdesk_translations)
+
+# The scale factor holds for a whole process.
+get_test_property(signdesk_layout_test ENVIRONMENT environment)
+foreach(scale 1.25 2)
+  set(name signdesk_layout_at_${scale}_test)
+  add_test(NAME ${name} COMMAND signdesk_layout_test WORKING_DIRECTORY ${KV_DRIVER_DIRECTORY})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300 RESOURCE_LOCK kvsignpadsdk_files
+    ENVIRONMENT "${environment};QT_SCALE_FACTOR=${scale}")
+endforeach()

@@ -1,0 +1,206 @@
+#include "signdesk.h"
+
+#include "outsidecommand.h"
+
+#include <QElapsedTimer>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPointer>
+#include <QTimer>
+
+#include <chrono>
+#include <cstring>
+
+SignDeskTest::SignDeskTest()
+    : window(std::make_unique<signdesk::DeskWindow>())
+{
+    window->show();
+    window->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get(), 60000));
+}
+
+SignDeskTest::~SignDeskTest()
+{
+    window.reset();
+    settle();
+}
+
+QString SignDeskTest::nameOf(const Family &family)
+{
+    return QString::fromLatin1(family.prefix + 2, static_cast<int>(std::strlen(family.prefix)) - 3);
+}
+
+void SignDeskTest::choose(const Family &family)
+{
+    auto *const models = labelled<QComboBox>("Model");
+    ASSERT_TRUE(models != nullptr);
+    models->setFocus();
+    QTest::keyClick(models, Qt::Key_Home);
+    while (models->currentText() != nameOf(family) && models->currentIndex() + 1 < models->count())
+        QTest::keyClick(models, Qt::Key_Down);
+    ASSERT_EQ(models->currentText(), nameOf(family));
+}
+
+QAbstractButton *SignDeskTest::button(const QString &text) const
+{
+    for (QAbstractButton *found : window->findChildren<QAbstractButton *>())
+        if (found->isVisible() && found->text().remove('&') == text)
+            return found;
+    return nullptr;
+}
+
+QWidget *SignDeskTest::buddyOf(const QString &text) const
+{
+    for (const QLabel *label : window->findChildren<QLabel *>())
+        if (label->buddy() != nullptr && label->text().remove('&') == text)
+            return label->buddy();
+    return nullptr;
+}
+
+void SignDeskTest::click(const QString &buttonText) const
+{
+    QAbstractButton *found = button(buttonText);
+    ASSERT_TRUE(found != nullptr) << buttonText.toStdString();
+    ASSERT_TRUE(found->isEnabled()) << buttonText.toStdString();
+    QTest::mouseClick(found, Qt::LeftButton);
+}
+
+void SignDeskTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const
+{
+    window->activateWindow(); // which a dialog may have left without focus
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get(), 60000));
+    QWidget *focus = window->focusWidget();
+    QTest::keyClick(focus == nullptr ? window.get() : focus, key, modifiers);
+}
+
+QString SignDeskTest::note() const
+{
+    return window->findChild<QLabel *>("note")->text();
+}
+
+bool SignDeskTest::showsState(const QString &text) const
+{
+    for (const QLabel *label : window->findChildren<QLabel *>())
+        if (label->isVisible() && label->text() == text)
+            return true;
+    return false;
+}
+
+bool SignDeskTest::until(const std::function<bool()> &condition)
+{
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > end)
+            return false;
+        QTest::qWait(10);
+    }
+    return true;
+}
+
+void SignDeskTest::whenDialogComes(const std::function<void(QDialog &)> &work)
+{
+    ++m_awaited;
+    const QPointer<QWidget> before = QApplication::activeModalWidget();
+    auto *const look = new QTimer(window.get());
+    QObject::connect(look, &QTimer::timeout, window.get(), [=] {
+        auto *const dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        if (dialog == nullptr || dialog == before || !dialog->isVisible())
+            return;
+        look->deleteLater();
+        look->stop();
+        ++m_dialogs;
+        work(*dialog);
+    });
+    look->start(10);
+}
+
+void SignDeskTest::giveFile(QDialog &dialog, const QString &path)
+{
+    ASSERT_TRUE(qobject_cast<QFileDialog *>(&dialog) != nullptr) << dialog.windowTitle().toStdString();
+    auto *const name = dialog.findChild<QLineEdit *>("fileNameEdit");
+    ASSERT_TRUE(name != nullptr);
+    name->setText(path);
+    QTest::keyClick(name, Qt::Key_Return);
+}
+
+void SignDeskTest::answer(QDialog &dialog, const QString &buttonText)
+{
+    auto *const box = qobject_cast<QMessageBox *>(&dialog);
+    ASSERT_TRUE(box != nullptr) << dialog.windowTitle().toStdString();
+    said = box->text() + "\n" + box->informativeText();
+    for (QAbstractButton *choice : box->buttons())
+        if (choice->text().remove('&') == buttonText)
+            return QTest::mouseClick(choice, Qt::LeftButton);
+    ADD_FAILURE() << "no button " << buttonText.toStdString();
+    dialog.reject();
+}
+
+signdesk::PageSheet &SignDeskTest::sheet() const
+{
+    return *window->findChild<signdesk::PageSheet *>();
+}
+
+QWidget *SignDeskTest::signWidget() const
+{
+    for (QWidget *child : sheet().findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
+        if (child->accessibleName() == "Signature")
+            return child;
+    return nullptr;
+}
+
+void SignDeskTest::write(const Family &family, double fromX, double fromY, double toX, double toY)
+{
+    std::vector<Share> shares;
+    for (int i = 0; i <= 40; ++i) {
+        const double share = i / 40.0;
+        shares.push_back({fromX + (toX - fromX) * share, fromY + (toY - fromY) * share, 0.5});
+    }
+    driver.send(stroke(family.type, shares));
+}
+
+void SignDeskTest::signAndConfirm(const Family &family)
+{
+    choose(family);
+    click("Start signing");
+    ASSERT_TRUE(signWidget() != nullptr);
+    write(family);
+    tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON);
+    ASSERT_TRUE(until([&] { return showsState("Confirmed"); }));
+}
+
+QImage drawnPdf(const QString &path, int page)
+{
+    const QTemporaryDir directory;
+    const QString number = QString::number(page);
+    const CommandResult result = runProgram(
+        {"pdftoppm", "-r", "144", "-f", number, "-l", number, "-singlefile", "-png", path, "page"}, directory.path());
+    EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
+    return QImage(directory.filePath("page.png"));
+}
+
+QRect boxOf(const QImage &image, const std::function<bool(const QColor &)> &isTaken)
+{
+    QRect box;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (isTaken(image.pixelColor(x, y)))
+                box |= QRect(x, y, 1, 1);
+    return box;
+}
+
+testing::AssertionResult near(const QRectF &one, const QRectF &other, double tolerance)
+{
+    const bool isNear = std::abs(one.left() - other.left()) <= tolerance
+        && std::abs(one.top() - other.top()) <= tolerance && std::abs(one.right() - other.right()) <= tolerance
+        && std::abs(one.bottom() - other.bottom()) <= tolerance;
+    if (isNear)
+        return testing::AssertionSuccess();
+    const auto told = [](const QRectF &box) {
+        std::ostringstream text;
+        text << box.left() << "," << box.top() << " to " << box.right() << "," << box.bottom();
+        return text.str();
+    };
+    return testing::AssertionFailure() << told(one) << " is not near " << told(other);
+}

@@ -1,0 +1,121 @@
+// The sign desk's look at a scale factor, which is set from outside: no text is cut, and pictures are kept.
+#include "signdesk.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QGroupBox>
+#include <QLabel>
+#include <QScreen>
+#include <QSpinBox>
+#include <QTranslator>
+
+namespace {
+
+class Layout : public SignDeskTest, public testing::WithParamInterface<const char *>
+{
+protected:
+    Layout()
+    {
+        window.reset();
+        if (*GetParam() != '\0') {
+            EXPECT_TRUE(m_translator.load(GetParam()));
+            QCoreApplication::installTranslator(&m_translator);
+        }
+        window = std::make_unique<signdesk::DeskWindow>();
+        window->setModel(*signdesk::padModelOfName("S310X"));
+        window->show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get(), 60000));
+    }
+    ~Layout() override
+    {
+        window.reset();
+        QCoreApplication::removeTranslator(&m_translator);
+    }
+
+    /// What a control shows has room in it, and the control has room in what it lies in.
+    void expectRoom() const
+    {
+        settle();
+        int looked = 0;
+        for (const QWidget *widget : window->findChildren<QWidget *>()) {
+            const auto *const box = qobject_cast<const QComboBox *>(widget);
+            const bool isText = qobject_cast<const QLabel *>(widget) || qobject_cast<const QAbstractButton *>(widget)
+                || box || qobject_cast<const QAbstractSpinBox *>(widget) || qobject_cast<const QGroupBox *>(widget);
+            if (!widget->isVisible() || !isText)
+                continue;
+            ++looked;
+            const QSize wish = widget->minimumSizeHint();
+            EXPECT_GE(widget->width(), wish.width()) << describe(*widget);
+            EXPECT_GE(widget->height(), std::max(wish.height(), widget->heightForWidth(widget->width())))
+                << describe(*widget);
+            const QWidget *host = widget->parentWidget();
+            EXPECT_TRUE(host->rect().contains(widget->geometry())) << describe(*widget);
+            if (box != nullptr) {
+                EXPECT_GE(box->width(), box->sizeHint().width()) << describe(*widget); // for its longest choice
+            }
+        }
+        EXPECT_GE(looked, 30);
+    }
+
+    static std::string describe(const QWidget &widget)
+    {
+        return widget.metaObject()->className() + (" " + widget.property("text").toString()).toStdString();
+    }
+
+    void keepPicture(const QString &name) const
+    {
+        const QPixmap picture = window->grab();
+        EXPECT_EQ(picture.size(), (QSizeF(window->size()) * window->devicePixelRatioF()).toSize());
+        ASSERT_TRUE(QDir().mkpath(KV_SIGNDESK_PICTURES));
+        const QString scale = QString::number(window->devicePixelRatioF()).replace('.', '_');
+        const QString language = *GetParam() == '\0' ? "en" : "de";
+        EXPECT_TRUE(picture.save(QStringLiteral(KV_SIGNDESK_PICTURES "/%1-%2-%3.png").arg(name, language, scale)));
+    }
+
+private:
+    QTranslator m_translator;
+};
+
+TEST_P(Layout, NoTextIsCut)
+{
+    EXPECT_NEAR(window->devicePixelRatioF(), qEnvironmentVariable("QT_SCALE_FACTOR", "1").toDouble(), 0.001);
+    expectRoom();
+    keepPicture("before");
+    ASSERT_TRUE(window->openPage(KV_SIGNDESK_SOURCES "/sample/delivery-note.pdf"));
+    window->start();
+    write(kS310XFamily, 0.1, 0.3, 0.9, 0.6);
+    ASSERT_TRUE(until([&] { return window->state() == signdesk::SigningState::Writing; }));
+    expectRoom();
+    tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON);
+    ASSERT_TRUE(until([&] { return window->state() == signdesk::SigningState::Confirmed; }));
+    expectRoom();
+    keepPicture("confirmed");
+    window->resize(700, 420); // on a low screen the panel scrolls
+    settle();
+    expectRoom();
+    keepPicture("small");
+}
+
+TEST_P(Layout, ThePageIsAsSharpAsTheScreen)
+{
+    ASSERT_TRUE(window->openPage(KV_SIGNDESK_SOURCES "/sample/delivery-note.pdf"));
+    QTest::qWait(300);
+    const QImage shown = sheet().grab().toImage();
+    const double ratio = window->devicePixelRatioF();
+    const std::unique_ptr<signdesk::Pages> pages = signdesk::openPages(KV_SIGNDESK_SOURCES "/sample/delivery-note.pdf");
+    const QImage page = pages->render(0, sheet().scale() * ratio);
+    const int margin = qRound(signdesk::PageSheet::kMargin * ratio);
+    // The dark band at the page's head has its text in the page's own dots.
+    const QRect band(0, 0, page.width(), page.height() / 22);
+    int different = 0;
+    for (int y = band.top(); y < band.bottom(); ++y)
+        for (int x = band.left(); x < band.right(); ++x)
+            different += std::abs(qGray(page.pixel(x, y)) - qGray(shown.pixel(x + margin, y + margin))) > 60;
+    EXPECT_LT(different, band.width() * band.height() / 200);
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, Layout, testing::Values("", KV_SIGNDESK_GERMAN),
+    [](const auto &row) { return std::string(*row.param == '\0' ? "English" : "German"); });
+
+} // namespace

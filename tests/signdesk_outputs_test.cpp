@@ -1,0 +1,308 @@
+// What leaves the sign desk: signed pages, signatures, fingerprints, paper, read by other programs.
+#include "signdesk.h"
+
+#include "outsidecommand.h"
+
+#include <QComboBox>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QRegularExpression>
+#include <QSpinBox>
+
+#include <cstring>
+
+namespace {
+
+/// Where signAndConfirm's line lies on a page, in points.
+QRectF lineOf(const QRectF &field)
+{
+    return {field.x() + 0.2 * field.width(), field.center().y(), 0.6 * field.width(), 0};
+}
+
+QRectF inPoints(const QRect &dots)
+{
+    return {dots.x() / kDrawnScale, dots.y() / kDrawnScale, dots.width() / kDrawnScale, dots.height() / kDrawnScale};
+}
+
+bool isRed(const QColor &colour)
+{
+    return colour.red() > 180 && colour.green() < 120 && colour.blue() < 120;
+}
+
+constexpr double kPenWidth = 6; ///< points that the line may be broad
+
+class OutputOfEachModel : public SignDeskTest, public testing::WithParamInterface<Family>
+{
+};
+
+TEST_P(OutputOfEachModel, TheSignedPageHasTheInkAtItsPlace)
+{
+    signAndConfirm(GetParam());
+    const QString path = file("signed.pdf");
+    whenDialogComes([&](QDialog &dialog) { giveFile(dialog, path); });
+    press(Qt::Key_S, Qt::ControlModifier);
+    ASSERT_TRUE(happened());
+    EXPECT_EQ(note(), "The page is saved.");
+    EXPECT_FALSE(window->isWindowModified());
+
+    const QRectF line = lineOf(sheet().field());
+    const QImage page = drawnPdf(path);
+    EXPECT_EQ(page.size(), QSize(1190, 1684));
+    EXPECT_TRUE(near(inPoints(boxOf(page, isInk)), line, kPenWidth));
+
+    const QString picturePath = file("signed.png");
+    whenDialogComes([&](QDialog &dialog) { giveFile(dialog, picturePath); });
+    click("Save page...");
+    const QImage picture = QImage(picturePath).scaled(page.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    EXPECT_EQ(QImage(picturePath).dotsPerMeterX(), 11811); // 300 to the inch
+    EXPECT_TRUE(near(inPoints(boxOf(picture, isInk)), line, kPenWidth));
+}
+
+INSTANTIATE_TEST_SUITE_P(Models, OutputOfEachModel, testing::ValuesIn(kFamilies),
+    [](const auto &row) { return std::string(row.param.prefix, std::strlen(row.param.prefix) - 1); });
+
+class SignDeskOutput : public SignDeskTest
+{
+protected:
+    /// Three pages of their own sizes, each with its number of black squares at its top left.
+    QString threePages()
+    {
+        const QString path = file("three.pdf");
+        QPdfWriter writer(path);
+        writer.setResolution(72);
+        writer.setPageMargins({});
+        writer.setPageSize(QPageSize(kSizes[0], QPageSize::Point, QString(), QPageSize::ExactMatch));
+        QPainter painter(&writer);
+        for (int page = 0; page < 3; ++page) {
+            if (page > 0) {
+                writer.setPageSize(QPageSize(kSizes[page], QPageSize::Point, QString(), QPageSize::ExactMatch));
+                writer.newPage();
+            }
+            for (int i = 0; i <= page; ++i)
+                painter.fillRect(20 + 30 * i, 20, 20, 20, Qt::black);
+        }
+        return path;
+    }
+
+    void save(const QString &path)
+    {
+        whenDialogComes([&](QDialog &dialog) { giveFile(dialog, path); });
+        click("Save page...");
+        ASSERT_TRUE(happened());
+    }
+
+    QString exported(const QString &name)
+    {
+        const QString path = file(name);
+        whenDialogComes([&](QDialog &dialog) { giveFile(dialog, path); });
+        press(Qt::Key_E, Qt::ControlModifier);
+        EXPECT_TRUE(happened());
+        return path;
+    }
+
+    static constexpr QSizeF kSizes[] = {{400, 500}, {600, 300}, {420, 420}};
+};
+
+TEST_F(SignDeskOutput, TheSecondOfThreePagesIsSigned)
+{
+    const QString source = threePages();
+    whenDialogComes([&](QDialog &dialog) { giveFile(dialog, source); });
+    press(Qt::Key_O, Qt::ControlModifier);
+    ASSERT_TRUE(happened());
+    EXPECT_EQ(window->windowTitle(), "three.pdf[*] - Sign Desk");
+    auto *const page = labelled<QSpinBox>("Page");
+    page->setFocus();
+    QTest::keyClick(page, Qt::Key_Up);
+    EXPECT_EQ(sheet().pageSize(), kSizes[1]);
+    signAndConfirm(kS300Family);
+    EXPECT_FALSE(page->isEnabled());
+    const QString path = file("signed.pdf");
+    save(path);
+    const QRectF field = sheet().field();
+    for (int i = 0; i < 3; ++i) {
+        const QImage drawn = drawnPdf(path, i + 1);
+        EXPECT_EQ(drawn.size(), (kSizes[i] * kDrawnScale).toSize());
+        const QRect squares = boxOf(drawn.copy(0, 0, drawn.width(), 90), isInk);
+        EXPECT_TRUE(near(inPoints(squares), QRectF(20, 20, 20 + 30 * i, 20), 1)) << "page " << i + 1;
+        const QRect below = boxOf(drawn.copy(0, 90, drawn.width(), drawn.height() - 90), isInk).translated(0, 90);
+        if (i == 1)
+            EXPECT_TRUE(near(inPoints(below), lineOf(field), kPenWidth));
+        else
+            EXPECT_TRUE(below.isNull()) << "page " << i + 1;
+    }
+    const CommandResult info = runProgram({"pdfinfo", path}, "/");
+    EXPECT_TRUE(info.output.contains(QRegularExpression("Pages: +3\n"))) << testing::PrintToString(info);
+}
+
+TEST_F(SignDeskOutput, APictureIsSigned)
+{
+    QImage picture(800, 400, QImage::Format_RGB32); // 96 dots to the inch: 600 by 300 points
+    picture.setDotsPerMeterX(3780);
+    picture.setDotsPerMeterY(3780);
+    picture.fill(Qt::white);
+    for (int i = 0; i < 40; ++i)
+        for (int j = 0; j < 40; ++j)
+            picture.setPixelColor(40 + i, 40 + j, Qt::black);
+    ASSERT_TRUE(picture.save(file("form.jpg")));
+    ASSERT_TRUE(window->openPage(file("form.jpg")));
+    EXPECT_TRUE(near(QRectF({}, sheet().pageSize()), {0, 0, 600, 300}, 1));
+    signAndConfirm(kR800Family);
+    const QString path = file("signed.pdf");
+    save(path);
+    const QImage drawn = drawnPdf(path);
+    EXPECT_TRUE(near(inPoints(boxOf(drawn.copy(0, 0, 300, 300), isInk)), {30, 30, 30, 30}, 1.5));
+    const QRectF field = sheet().field();
+    EXPECT_TRUE(near(inPoints(boxOf(drawn.copy(300, 0, drawn.width() - 300, drawn.height()), isInk).translated(300, 0)),
+        lineOf(field), kPenWidth));
+}
+
+TEST_F(SignDeskOutput, TheSignatureIsExportedInEveryFormat)
+{
+    signAndConfirm(kS300Family);
+    const struct
+    {
+        const char *name;
+        const char *kind; // as file(1) says
+    } kinds[] = {{"a.png", "PNG image data"}, {"a.jpg", "JPEG image data"}, {"a.bmp", "PC bitmap"},
+        {"a.pdf", "PDF document"}, {"a.svg", "SVG"}};
+    const double canvasWidth = signWidget()->width();
+    for (const auto &kind : kinds) {
+        const QString path = exported(kind.name);
+        EXPECT_EQ(note(), "The signature is exported.");
+        const CommandResult told = runProgram({"file", "--brief", path}, "/");
+        EXPECT_TRUE(told.output.contains(kind.kind)) << kind.name << " is " << told.output.toStdString();
+    }
+    // The line and its margins of 6 pixels.
+    EXPECT_NEAR(QImage(file("a.bmp")).width(), 0.6 * canvasWidth + 12, 8);
+    EXPECT_EQ(QImage(file("a.png")).pixelColor(0, 0).alpha(), 0);
+    EXPECT_EQ(QImage(file("a.jpg")).dotsPerMeterX(), 11811);
+    ASSERT_EQ(runProgram({"rsvg-convert", "-o", file("svg.png"), file("a.svg")}, "/").exitCode, 0);
+    const QImage vector(file("svg.png"));
+    const QRect lines = boxOf(vector, [](const QColor &colour) { return colour.alpha() > 128; });
+    EXPECT_NEAR(lines.width(), 0.6 * vector.width() * canvasWidth / (0.6 * canvasWidth + 12), vector.width() * 0.05);
+    EXPECT_FALSE(boxOf(drawnPdf(file("a.pdf")), isInk).isEmpty());
+
+    QTest::mouseClick(button("Cut exports to the ink"), Qt::LeftButton, Qt::NoModifier, QPoint(8, 8));
+    labelled<QComboBox>("Resolution")->setCurrentIndex(1);
+    const QImage whole(exported("whole.bmp"));
+    EXPECT_EQ(whole.size(), signWidget()->size());
+    EXPECT_EQ(whole.dotsPerMeterX(), 5905); // 150 to the inch
+    EXPECT_EQ(QFileInfo(exported("without-suffix")).exists(), false);
+    EXPECT_TRUE(QFileInfo::exists(file("without-suffix.png")));
+}
+
+TEST_F(SignDeskOutput, ThePagesArePrinted)
+{
+    ASSERT_TRUE(window->openPage(threePages()));
+    signAndConfirm(kS210Family);
+    const QString path = file("printed.pdf");
+    whenDialogComes([&](QDialog &dialog) {
+        auto *const print = qobject_cast<QPrintDialog *>(&dialog);
+        ASSERT_TRUE(print != nullptr);
+        auto *const name = dialog.findChild<QLineEdit *>("filename");
+        ASSERT_TRUE(name != nullptr);
+        name->setText(path); // no printer is installed: it prints into a file
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    click("Print...");
+    ASSERT_TRUE(happened());
+    EXPECT_EQ(note(), "The page is printed.");
+    for (int page = 1; page <= 3; ++page)
+        EXPECT_FALSE(boxOf(drawnPdf(path, page), isInk).isEmpty()) << "page " << page;
+    // The first page, as large as the paper allows, has its square at the top left and the line at the lower right.
+    const QImage first = drawnPdf(path);
+    const QRect ink = boxOf(first, isInk);
+    EXPECT_LT(ink.left(), first.width() / 4);
+    EXPECT_GT(ink.right(), first.width() / 2);
+}
+
+struct FingerprintAt
+{
+    const char *choice;
+    bool isInField;
+};
+
+class FingerprintOnPage : public SignDeskOutput, public testing::WithParamInterface<FingerprintAt>
+{
+protected:
+    /// Dark rings, red on the page.
+    void layFingerOn()
+    {
+        std::vector<unsigned char> rings(208 * 288, 255);
+        for (int y = 0; y < 288; ++y)
+            for (int x = 0; x < 208; ++x)
+                if ((x / 8 + y / 8) % 2 == 0)
+                    rings[static_cast<std::size_t>(y * 208 + x)] = 0;
+        driver.sendFingerprint(rings, 50);
+    }
+};
+
+TEST_P(FingerprintOnPage, IsWhereTheWindowShowsIt)
+{
+    choose(kS310XFamily);
+    auto *const place = labelled<QComboBox>("Fingerprint");
+    ASSERT_TRUE(place != nullptr && place->isVisible());
+    place->setFocus();
+    QTest::keyClicks(place, GetParam().choice);
+    ASSERT_EQ(place->currentText(), GetParam().choice);
+    click("Start signing");
+    write(kS310XFamily, 0.1, 0.05, 0.9, 0.05);
+    layFingerOn();
+    // Shown on the page after the pad's own screen has it.
+    const auto shownBox = [&] { return boxOf(sheet().grab().toImage(), isRed); };
+    ASSERT_TRUE(until([&] { return !shownBox().isEmpty(); }));
+    const QRectF shown = shownBox().translated(-signdesk::PageSheet::kMargin, -signdesk::PageSheet::kMargin);
+    const double scale = sheet().scale();
+    const QRectF shownAt(shown.topLeft() / scale, shown.size() / scale);
+    EXPECT_EQ(sheet().field().contains(shownAt.center()), GetParam().isInField);
+
+    click("Confirm");
+    ASSERT_TRUE(showsState("Confirmed"));
+    const QString path = file("signed.pdf");
+    save(path);
+    const QRectF printed = inPoints(boxOf(drawnPdf(path), isRed));
+    EXPECT_TRUE(near(printed, shownAt, 3));
+
+    const QString picture = file("finger.png");
+    whenDialogComes([&](QDialog &dialog) { giveFile(dialog, picture); });
+    press(Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
+    ASSERT_TRUE(happened());
+    EXPECT_EQ(note(), "The fingerprint is exported.");
+    EXPECT_NEAR(1.0 * QImage(picture).width() / QImage(picture).height(), 208.0 / 288, 0.02);
+}
+
+INSTANTIATE_TEST_SUITE_P(Places, FingerprintOnPage,
+    testing::Values(FingerprintAt{"Centre of the field", true}, FingerprintAt{"Right end of the field", true},
+        FingerprintAt{"Field of its own", false}),
+    [](const auto &row) { return QString(row.param.choice).section(' ', 0, 0).toStdString(); });
+
+TEST_F(FingerprintOnPage, MayBeAllThereIs)
+{
+    choose(kS310XFamily);
+    click("Start signing");
+    layFingerOn();
+    ASSERT_TRUE(until([&] { return showsState("The signer writes"); }));
+    tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON);
+    ASSERT_TRUE(until([&] { return showsState("Confirmed"); }));
+    ASSERT_TRUE(until([&] { return !boxOf(signWidget()->grab().toImage(), isRed).isEmpty(); }));
+    save(file("signed.pdf"));
+    const QImage drawn = drawnPdf(file("signed.pdf"));
+    EXPECT_TRUE(sheet().field().contains(inPoints(boxOf(drawn, isRed))));
+}
+
+TEST_F(SignDeskOutput, WithoutAFingerThereIsNoFingerprint)
+{
+    signAndConfirm(kS310XFamily);
+    whenDialogComes([&](QDialog &dialog) { answer(dialog, "OK"); });
+    press(Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(happened());
+    EXPECT_EQ(said, "There is no fingerprint.\nLet the signer lay a finger on the pad's sensor.");
+    save(file("signed.pdf"));
+    EXPECT_TRUE(boxOf(drawnPdf(file("signed.pdf")), isRed).isNull());
+}
+
+} // namespace

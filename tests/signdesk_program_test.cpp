@@ -1,0 +1,94 @@
+// kv-sign-desk as it is started: options, what it says of wrong ones, a driver elsewhere or nowhere.
+#include "outsidecommand.h"
+#include "padsession.h"
+#include "trouble.h"
+
+#include "drivers.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QImage>
+#include <QTemporaryDir>
+
+namespace {
+
+const QString kProgram = KV_SIGNDESK;
+const QString kSample = KV_SIGNDESK_SOURCES "/sample/delivery-note.pdf";
+
+CommandResult run(const QStringList &arguments, const QString &directory = "/", const char *scale = "1")
+{
+    return runProgram(QStringList(kProgram) + arguments, directory,
+        {{"KVSIM_RECORDING", "signature-finger"}, {"KVSIM_SPEED", "20"}, {"KVSIM_DELAY_MS", "1"},
+            {"QT_SCALE_FACTOR", scale}, {"LC_ALL", "C.UTF-8"}});
+}
+
+TEST(SignDeskProgram, HelpNamesEveryOption)
+{
+    const CommandResult help = run({"--help"});
+    EXPECT_EQ(help.exitCode, 0);
+    for (const char *option : {"--model <model>", "--driver-directory <directory>", "--screenshot <file>", "[page]"})
+        EXPECT_TRUE(help.output.contains(option)) << option << "\n" << testing::PrintToString(help);
+}
+
+TEST(SignDeskProgram, RefusesWhatItCannotDo)
+{
+    const struct
+    {
+        QStringList arguments;
+        const char *told;
+    } rows[] = {
+        {{"--model", "S999"}, "kv-sign-desk: the models are S210, S300, S310X, R800 and M450\n"},
+        {{"--driver-directory", "/no/such"}, "kv-sign-desk: there is no directory /no/such\n"},
+        {{"a.pdf", "b.pdf"}, "kv-sign-desk: one page at a time\n"},
+    };
+    for (const auto &row : rows) {
+        const CommandResult result = run(row.arguments);
+        EXPECT_EQ(result.exitCode, 2);
+        EXPECT_TRUE(result.errors.endsWith(row.told)) << testing::PrintToString(result);
+    }
+}
+
+TEST(SignDeskProgram, TakesAPictureAtEachScale)
+{
+    const QString drivers = QDir::currentPath();
+    const QTemporaryDir place;
+    QSize first;
+    ASSERT_TRUE(QFile::copy(kSample, place.filePath("note.pdf")));
+    for (const char *scale : {"1", "1.25", "2"}) {
+        // Paths are those of the directory in which it was started.
+        const CommandResult result =
+            run({"--model", "s310x", "--driver-directory", drivers, "--screenshot", "desk.png", "note.pdf"},
+                place.path(), scale);
+        EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
+        const QImage picture(place.filePath("desk.png"));
+        if (first.isEmpty())
+            first = picture.size();
+        EXPECT_NEAR(picture.width(), first.width() * QString(scale).toDouble(), 2);
+        EXPECT_NEAR(picture.height(), first.height() * QString(scale).toDouble(), 2);
+        bool hasFingerprint = false;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                hasFingerprint |= qRed(picture.pixel(x, y)) > 230 && qGreen(picture.pixel(x, y)) < 30;
+        EXPECT_TRUE(hasFingerprint);
+    }
+}
+
+TEST(SignDeskSession, SaysThatThereIsNoDriver)
+{
+    const QTemporaryDir empty;
+    const InDirectory elsewhere(empty.path().toStdString());
+    QWidget parent;
+    signdesk::PadSession session;
+    for (const signdesk::PadModel &model : signdesk::padModels()) {
+        try {
+            session.open(model, &parent, QRect(0, 0, 200, 100));
+            ADD_FAILURE() << "opened without a driver";
+        } catch (const signdesk::Trouble &trouble) {
+            EXPECT_EQ(trouble.what, "There is no pad driver: " + empty.path() + "/libkvsignpaddrv.so does not exist.");
+            EXPECT_TRUE(trouble.cure.contains("--driver-directory"));
+        }
+        EXPECT_FALSE(session.isOpen());
+    }
+}
+
+} // namespace

@@ -1,0 +1,258 @@
+// The sign desk while a customer signs: states, buttons on the desk and on the pad, pen, place.
+#include "signdesk.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QLabel>
+#include <QSpinBox>
+
+#include <cstring>
+
+namespace {
+
+constexpr double kMillimetre = 72 / 25.4;
+
+class SignDeskOfEachModel : public SignDeskTest, public testing::WithParamInterface<Family>
+{
+};
+
+TEST_P(SignDeskOfEachModel, SignsInTheFieldAndConfirmsOnThePad)
+{
+    const Family &family = GetParam();
+    choose(family);
+    EXPECT_TRUE(showsState("No pad in use"));
+    EXPECT_FALSE(button("Confirm")->isEnabled());
+    EXPECT_FALSE(button("Save page...")->isEnabled());
+    click("Start signing");
+    ASSERT_TRUE(driver.isOpen());
+    EXPECT_TRUE(showsState("The signer may write"));
+    ASSERT_TRUE(signWidget() != nullptr);
+    EXPECT_EQ(signWidget()->geometry(), sheet().fieldPixels());
+    const RawArea raw = rawArea(family.type);
+    EXPECT_NEAR(sheet().field().width() / sheet().field().height(), 1.0 * raw.spanX / raw.spanY, 0.001);
+
+    write(family);
+    EXPECT_TRUE(until([&] { return showsState("The signer writes"); }));
+    EXPECT_EQ(window->findChild<QLabel *>("points")->text(), "42 points"); // 41 and the stroke's end
+    const QImage canvas = signWidget()->grab().toImage();
+    const QRectF drawn = boxOf(canvas, isInk);
+    const QSizeF size = canvas.size();
+    EXPECT_TRUE(near(drawn, {0.2 * size.width(), size.height() / 2, 0.6 * size.width(), 0}, 6));
+
+    tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON);
+    EXPECT_TRUE(until([&] { return showsState("Confirmed"); }));
+    EXPECT_TRUE(button("Save page...")->isEnabled());
+    EXPECT_TRUE(window->isWindowModified());
+}
+
+TEST_P(SignDeskOfEachModel, CancelOnThePadClosesIt)
+{
+    choose(GetParam());
+    click("Start signing");
+    write(GetParam());
+    tap(KVSPDARI_PS_PEN_DOWN_ON_CANCEL_BUTTON);
+    EXPECT_TRUE(until([&] { return showsState("No pad in use"); }));
+    EXPECT_EQ(note(), "The signer cancelled. The pad is closed.");
+    EXPECT_FALSE(driver.isOpen());
+    settle();
+    EXPECT_EQ(signWidget(), nullptr);
+    click("Start signing"); // and again
+    EXPECT_TRUE(driver.isOpen());
+}
+
+INSTANTIATE_TEST_SUITE_P(Models, SignDeskOfEachModel, testing::ValuesIn(kFamilies),
+    [](const auto &row) { return std::string(row.param.prefix, std::strlen(row.param.prefix) - 1); });
+
+TEST_F(SignDeskTest, NothingToConfirm)
+{
+    click("Start signing");
+    tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON);
+    EXPECT_TRUE(until([&] { return note() == "Nothing is written yet, so there is nothing to confirm."; }));
+    EXPECT_TRUE(showsState("The signer may write"));
+}
+
+TEST_F(SignDeskTest, TheKeyboardAloneSigns)
+{
+    choose(kR800Family);
+    press(Qt::Key_F2);
+    ASSERT_TRUE(driver.isOpen());
+    write(kR800Family);
+    ASSERT_TRUE(until([&] { return button("Confirm")->isEnabled(); }));
+    press(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_TRUE(showsState("Confirmed"));
+    whenDialogComes([&](QDialog &dialog) { answer(dialog, "Keep"); });
+    press(Qt::Key_Backspace, Qt::ControlModifier);
+    EXPECT_TRUE(happened());
+    EXPECT_TRUE(showsState("Confirmed"));
+    whenDialogComes([&](QDialog &dialog) { answer(dialog, "Discard"); });
+    press(Qt::Key_Backspace, Qt::ControlModifier);
+    EXPECT_TRUE(happened());
+    EXPECT_TRUE(showsState("The signer may write"));
+    EXPECT_EQ(KVR800_GetTotalInkPointsNumber(KVR800_DEVICE), ARI_INK_EMPTY);
+    press(Qt::Key_Escape, Qt::ShiftModifier);
+    EXPECT_TRUE(showsState("No pad in use"));
+    EXPECT_FALSE(driver.isOpen());
+}
+
+TEST_F(SignDeskTest, ClearBeforeConfirmingAsksNothing)
+{
+    click("Start signing");
+    write(kS210Family);
+    ASSERT_TRUE(until([&] { return showsState("The signer writes"); }));
+    click("Clear");
+    EXPECT_TRUE(showsState("The signer may write"));
+    EXPECT_EQ(boxOf(signWidget()->grab().toImage(), isInk), QRect());
+}
+
+TEST_F(SignDeskTest, ATapFromBeforeTheClearIsNotTaken)
+{
+    click("Start signing");
+    write(kS210Family);
+    tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON); // its event waits in the window's queue
+    click("Clear");
+    write(kS210Family);
+    EXPECT_TRUE(until([&] { return showsState("The signer writes"); }));
+    QTest::qWait(300);
+    EXPECT_TRUE(showsState("The signer writes"));
+}
+
+TEST_F(SignDeskTest, InkAfterTheConfirmationIsNotConfirmed)
+{
+    signAndConfirm(kS300Family);
+    write(kS300Family, 0.2, 0.7, 0.8, 0.7);
+    EXPECT_TRUE(until([&] { return showsState("Changed since: confirm anew"); }));
+    EXPECT_FALSE(button("Save page...")->isEnabled());
+    click("Confirm");
+    EXPECT_TRUE(showsState("Confirmed"));
+    EXPECT_TRUE(button("Save page...")->isEnabled());
+}
+
+TEST_F(SignDeskTest, CancelOnThePadKeepsWhatIsConfirmed)
+{
+    signAndConfirm(kM450Family);
+    tap(KVSPDARI_PS_PEN_DOWN_ON_CANCEL_BUTTON);
+    EXPECT_TRUE(until([&] { return note().endsWith("the confirmed signature is kept."); }));
+    EXPECT_TRUE(showsState("Confirmed"));
+    EXPECT_FALSE(boxOf(signWidget()->grab().toImage(), isInk).isEmpty());
+}
+
+TEST_F(SignDeskTest, ThePenWritesAsItIsSet)
+{
+    choose(kS300Family);
+    auto *const width = labelled<QSpinBox>("Width");
+    auto *const colour = labelled<QComboBox>("Colour");
+    ASSERT_TRUE(width && colour);
+    click("Start signing");
+    width->setFocus();
+    QTest::keyClick(width, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(width, "9");
+    colour->setFocus();
+    QTest::keyClicks(colour, "Red");
+    QTest::mouseClick(button("Width by pressure"), Qt::LeftButton, Qt::NoModifier, QPoint(8, 8));
+    write(kS300Family);
+    const QRect drawn =
+        boxOf(signWidget()->grab().toImage(), [](const QColor &c) { return c.red() > 120 && c.blue() < 60; });
+    EXPECT_NEAR(drawn.height(), 9, 2); // without pressure the level is the width in pixels
+    EXPECT_GT(drawn.width(), 100);
+
+    width->setFocus();
+    QTest::keyClick(width, Qt::Key_Up); // for what comes from now on
+    write(kS300Family, 0.2, 0.8, 0.8, 0.8);
+    const QImage lower = signWidget()->grab().toImage().copy(0, signWidget()->height() * 65 / 100, 9999, 9999);
+    EXPECT_NEAR(boxOf(lower, [](const QColor &c) { return c.red() > 120 && c.blue() < 60; }).height(), 10, 2);
+}
+
+TEST_F(SignDeskTest, TheFieldGoesWhereItIsPut)
+{
+    choose(kS300Family);
+    auto *const left = labelled<QDoubleSpinBox>("Left");
+    auto *const size = labelled<QDoubleSpinBox>("Size");
+    left->setFocus();
+    QTest::keyClick(left, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(left, left->locale().toString(20.0, 'f', 1) + " mm");
+    QTest::keyClick(left, Qt::Key_Return);
+    size->setValue(60);
+    EXPECT_NEAR(sheet().field().x(), 20 * kMillimetre, 0.1);
+    EXPECT_NEAR(sheet().field().width(), 60 * kMillimetre, 0.1);
+
+    const QRectF before = sheet().field();
+    sheet().setFocus();
+    press(Qt::Key_Right);
+    press(Qt::Key_Up, Qt::ControlModifier);
+    EXPECT_NEAR(sheet().field().x() - before.x(), kMillimetre, 0.01);
+    EXPECT_NEAR(sheet().field().y() - before.y(), -10 * kMillimetre, 0.01);
+    EXPECT_NEAR(left->value(), 21, 0.06);
+
+    const QPoint grip = sheet().fieldPixels().center();
+    QTest::mousePress(&sheet(), Qt::LeftButton, Qt::NoModifier, grip);
+    QMouseEvent drag(QEvent::MouseMove, grip + QPoint(60, -50), sheet().mapToGlobal(grip + QPoint(60, -50)),
+        Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    const QRect dragged = sheet().fieldPixels().translated(60, -50);
+    QCoreApplication::sendEvent(&sheet(), &drag);
+    QTest::mouseRelease(&sheet(), Qt::LeftButton, Qt::NoModifier, grip + QPoint(60, -50));
+    EXPECT_TRUE(near(sheet().fieldPixels(), dragged, 1));
+
+    for (int i = 0; i < 60; ++i)
+        press(Qt::Key_Left, Qt::ControlModifier); // never off the page
+    EXPECT_EQ(sheet().field().x(), 0);
+}
+
+TEST_F(SignDeskTest, InkKeepsItsSizeButMayMove)
+{
+    choose(kS300Family);
+    click("Start signing");
+    write(kS300Family);
+    ASSERT_TRUE(until([&] { return showsState("The signer writes"); }));
+    const QSize size = signWidget()->size();
+    const QImage ink = signWidget()->grab().toImage();
+    window->resize(1500, 900);
+    press(Qt::Key_Plus, Qt::ControlModifier);
+    sheet().setFocus();
+    press(Qt::Key_Plus);
+    EXPECT_FALSE(labelled<QDoubleSpinBox>("Size")->isEnabled());
+    press(Qt::Key_Left, Qt::ControlModifier);
+    settle();
+    EXPECT_EQ(signWidget()->size(), size);
+    EXPECT_EQ(signWidget()->geometry(), sheet().fieldPixels());
+    EXPECT_EQ(signWidget()->grab().toImage(), ink);
+
+    click("Clear"); // then the page is as wide as the window again
+    EXPECT_TRUE(until([&] { return signWidget()->width() > size.width(); }));
+    EXPECT_EQ(signWidget()->geometry(), sheet().fieldPixels());
+}
+
+TEST_F(SignDeskTest, TheLastLineTellsTheRates)
+{
+    click("Start signing");
+    const auto rate = [&](const char *name) {
+        return window->findChild<QLabel *>(name)->text().section(' ', 0, 0).toInt();
+    };
+    int packets = 0, repaints = 0;
+    EXPECT_TRUE(until([&] {
+        write(kS210Family);
+        packets = std::max(packets, rate("packetRate"));
+        repaints = std::max(repaints, rate("repaintRate"));
+        return packets > 20 && repaints > 2;
+    }));
+    EXPECT_TRUE(until([&] { return rate("packetRate") == 0 && rate("repaintRate") == 0; }));
+}
+
+TEST(RateMeter, CountsOverTheLastSecond)
+{
+    signdesk::RateMeter meter;
+    EXPECT_EQ(meter.perSecond(), 0);
+    meter.look(0, 100);
+    EXPECT_EQ(meter.perSecond(), 0);
+    meter.look(500, 200);
+    EXPECT_EQ(meter.perSecond(), 200);
+    meter.look(1000, 300);
+    meter.look(1500, 300);
+    EXPECT_EQ(meter.perSecond(), 100); // of the second from 500 on
+    meter.look(1600, 0); // cleared
+    EXPECT_EQ(meter.perSecond(), 0);
+    meter.look(1600, 50); // no time has passed
+    EXPECT_EQ(meter.perSecond(), 0);
+}
+
+} // namespace

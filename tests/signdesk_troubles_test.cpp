@@ -1,0 +1,134 @@
+// What goes wrong at the sign desk is told with its cure, and nothing is lost by it.
+#include "signdesk.h"
+
+#include <QFile>
+
+namespace {
+
+class SignDeskTroubles : public SignDeskTest
+{
+protected:
+    void startInVain()
+    {
+        whenDialogComes([&](QDialog &dialog) { answer(dialog, "OK"); });
+        click("Start signing");
+        EXPECT_TRUE(happened());
+        EXPECT_TRUE(showsState("No pad in use"));
+        EXPECT_EQ(signWidget(), nullptr);
+    }
+
+    QString written(const QString &name, const QByteArray &content)
+    {
+        QFile made(file(name));
+        EXPECT_TRUE(made.open(QIODevice::WriteOnly));
+        made.write(content);
+        return made.fileName();
+    }
+
+    void openInVain(const QString &path, const QString &why)
+    {
+        whenDialogComes([&](QDialog &dialog) { answer(dialog, "OK"); });
+        EXPECT_FALSE(window->openPage(path));
+        EXPECT_TRUE(happened());
+        EXPECT_EQ(
+            said, path + " cannot be opened: " + why + "\nChoose another file; the page shown before is still there.");
+        EXPECT_EQ(window->windowTitle(), "blank sheet[*] - Sign Desk");
+    }
+};
+
+TEST_F(SignDeskTroubles, NoPad)
+{
+    choose(kM450Family);
+    driver.setResult("Initial", KVSPDARI_LIBUSB_OPEN_DEVICE_FAIL);
+    startInVain();
+    EXPECT_TRUE(said.startsWith("No M450 was found.\nSee that the pad is plugged in")) << said.toStdString();
+    driver.setResult("Initial", KVSPDARI_SUCCESS);
+    click("Start signing");
+    EXPECT_TRUE(driver.isOpen());
+}
+
+TEST_F(SignDeskTroubles, AnotherModel)
+{
+    choose(kS300Family);
+    driver.setText("GetDevicePartsVersion", "KVR800 1.0");
+    startInVain();
+    EXPECT_TRUE(said.contains("that it is the chosen model"));
+}
+
+TEST_F(SignDeskTroubles, ThePadNoLongerObeys)
+{
+    click("Start signing");
+    write(kS210Family);
+    driver.setResult("ClearDeviceContent", KVSPDARI_LIBUSB_SENT_CMD_FAIL);
+    click("Clear");
+    EXPECT_TRUE(note().contains("the pad does not answer")) << note().toStdString();
+}
+
+TEST_F(SignDeskTroubles, UnreadablePages)
+{
+    signAndConfirm(kS300Family);
+    openInVain(file("nowhere.pdf"), "there is no such file.");
+    openInVain(written("text.pdf", "just text"), "it is neither a PDF nor a picture.");
+    openInVain(written("cut.pdf", "%PDF-1.5\n1 0 obj\n<<"), "it is a damaged PDF.");
+    openInVain(written("cut.png", "\x89PNG\r\n\x1a\n"), "it is neither a PDF nor a picture.");
+    EXPECT_TRUE(showsState("Confirmed")); // and the signature is still there
+    EXPECT_EQ(KVS300_GetTotalInkPointsNumber(KVS300_DEVICE), 42);
+    EXPECT_TRUE(window->isWindowModified());
+}
+
+TEST_F(SignDeskTroubles, UnwritableFiles)
+{
+    signAndConfirm(kS300Family);
+    const QString missing = file("no/such/folder.pdf");
+    const QString foreign = file("page.docx");
+    const struct
+    {
+        Qt::Key key; // with Ctrl
+        QString path;
+        QString told;
+    } rows[] = {
+        {Qt::Key_S, missing, missing + " was not written: there is no such folder.\nChoose another folder."},
+        {Qt::Key_S, "/proc/page.pdf", "/proc/page.pdf could not be written.\nSee that there is space on the disk"},
+        {Qt::Key_S, foreign, "page.docx: a signed page is not written in this format.\nLet the name end with .pdf"},
+        {Qt::Key_E, missing, missing + " was not written: there is no such folder.\nChoose another folder."},
+        {Qt::Key_E, "/proc/ink.svg", "/proc/ink.svg could not be written."}, // which the library does not notice
+        {Qt::Key_E, foreign, "page.docx: a signature is not written in this format.\nLet the name end with .png"},
+    };
+    for (const auto &row : rows) {
+        whenDialogComes([&](QDialog &dialog) {
+            whenDialogComes([&](QDialog &box) { answer(box, "OK"); });
+            giveFile(dialog, row.path);
+        });
+        press(row.key, Qt::ControlModifier);
+        EXPECT_TRUE(happened());
+        EXPECT_TRUE(said.startsWith(row.told)) << said.toStdString() << "\ninstead of\n" << row.told.toStdString();
+        EXPECT_TRUE(showsState("Confirmed"));
+        EXPECT_TRUE(window->isWindowModified());
+    }
+    EXPECT_FALSE(QFile::exists(foreign));
+    whenDialogComes([&](QDialog &dialog) { giveFile(dialog, file("page.pdf")); });
+    press(Qt::Key_S, Qt::ControlModifier); // all of it is still there
+    EXPECT_FALSE(boxOf(drawnPdf(file("page.pdf")), isInk).isEmpty());
+}
+
+TEST_F(SignDeskTroubles, AnUnsavedSignatureDoesNotGoUnasked)
+{
+    signAndConfirm(kS300Family);
+    whenDialogComes([&](QDialog &dialog) { answer(dialog, "Keep"); });
+    EXPECT_FALSE(window->close());
+    EXPECT_TRUE(happened());
+    EXPECT_EQ(said, "The signature is confirmed, but neither saved nor printed.\nShall it be discarded?");
+    EXPECT_TRUE(window->isVisible());
+    whenDialogComes([&](QDialog &dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    click("Cancel");
+    EXPECT_TRUE(happened());
+    EXPECT_TRUE(showsState("Confirmed"));
+    whenDialogComes([&](QDialog &dialog) { answer(dialog, "Keep"); });
+    press(Qt::Key_O, Qt::ControlModifier);
+    EXPECT_TRUE(happened());
+    whenDialogComes([&](QDialog &dialog) { answer(dialog, "Discard"); });
+    EXPECT_TRUE(window->close());
+    EXPECT_TRUE(happened());
+}
+
+} // namespace
