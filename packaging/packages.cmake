@@ -28,13 +28,17 @@ install(FILES ${CMAKE_BINARY_DIR}/tools/man/kvsign.1.gz DESTINATION ${CMAKE_INST
 install(FILES ${CMAKE_BINARY_DIR}/tools/completions/kvsign
   DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT kvsign)
 
+install(TARGETS kv-sign-desk RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT signdesk)
+install(FILES examples/sign-desk/sample/delivery-note.pdf
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kv-sign-desk COMPONENT signdesk)
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_VENDOR "Korvane")
 set(CPACK_PACKAGE_CONTACT "Korvane <support@korvane.example>")
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_COMPONENTS_ALL library development simulator kvsign)
+set(CPACK_COMPONENTS_ALL library development simulator kvsign signdesk)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
@@ -55,9 +59,14 @@ set(CPACK_DEBIAN_KVSIGN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_KVSIGN_PACKAGE_DEPENDS "libkvsignpadsdk1 (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_KVSIGN_DESCRIPTION "signatures from Korvane signature pads at the command line")
 
+set(CPACK_DEBIAN_SIGNDESK_PACKAGE_NAME kv-sign-desk)
+set(CPACK_DEBIAN_SIGNDESK_PACKAGE_SECTION graphics)
+set(CPACK_DEBIAN_SIGNDESK_PACKAGE_DEPENDS "libkvsignpadsdk1 (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_SIGNDESK_DESCRIPTION "signs pages on Korvane signature pads")
+
 # dpkg wants the licence and the changes under each package's own name.
 foreach(component_package library:libkvsignpadsdk1 development:libkvsignpadsdk-dev simulator:kvsignpad-simulator
-    kvsign:kvsign)
+    kvsign:kvsign signdesk:kv-sign-desk)
   string(REPLACE ":" ";" pair ${component_package})
   list(GET pair 0 component)
   list(GET pair 1 package)

@@ -10,6 +10,7 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <algorithm>
 #include <chrono>
 #include <cstring>
 
@@ -182,12 +183,19 @@ QImage drawnPdf(const QString &path, int page)
 
 QRect boxOf(const QImage &image, const std::function<bool(const QColor &)> &isTaken)
 {
-    QRect box;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            if (isTaken(image.pixelColor(x, y)))
-                box |= QRect(x, y, 1, 1);
-    return box;
+    int left = image.width(), top = image.height(), right = -1, bottom = -1;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb pixel = image.pixel(x, y);
+            if ((pixel & 0xffffff) == 0xffffff || !isTaken(QColor::fromRgba(pixel))) // most of it is paper
+                continue;
+            left = std::min(left, x);
+            right = std::max(right, x);
+            top = std::min(top, y);
+            bottom = y;
+        }
+    }
+    return right < 0 ? QRect() : QRect(QPoint(left, top), QPoint(right, bottom));
 }
 
 testing::AssertionResult near(const QRectF &one, const QRectF &other, double tolerance)

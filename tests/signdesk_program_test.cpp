@@ -15,11 +15,14 @@ namespace {
 const QString kProgram = KV_SIGNDESK;
 const QString kSample = KV_SIGNDESK_SOURCES "/sample/delivery-note.pdf";
 
+const QMap<QString, QString> kQuickly{
+    {"KVSIM_RECORDING", "signature-finger"}, {"KVSIM_SPEED", "20"}, {"KVSIM_DELAY_MS", "1"}, {"LC_ALL", "C.UTF-8"}};
+
 CommandResult run(const QStringList &arguments, const QString &directory = "/", const char *scale = "1")
 {
-    return runProgram(QStringList(kProgram) + arguments, directory,
-        {{"KVSIM_RECORDING", "signature-finger"}, {"KVSIM_SPEED", "20"}, {"KVSIM_DELAY_MS", "1"},
-            {"QT_SCALE_FACTOR", scale}, {"LC_ALL", "C.UTF-8"}});
+    QMap<QString, QString> environment = kQuickly;
+    environment["QT_SCALE_FACTOR"] = scale;
+    return runProgram(QStringList(kProgram) + arguments, directory, environment);
 }
 
 TEST(SignDeskProgram, HelpNamesEveryOption)
@@ -71,6 +74,23 @@ TEST(SignDeskProgram, TakesAPictureAtEachScale)
                 hasFingerprint |= qRed(picture.pixel(x, y)) > 230 && qGreen(picture.pixel(x, y)) < 30;
         EXPECT_TRUE(hasFingerprint);
     }
+}
+
+TEST(SignDeskProgram, IsStartedAsTheReadmeSays)
+{
+    const QString readme = sectionOf(contentOf(KV_SIGNDESK_SOURCES "/../../README.md"), "At the counter");
+    const QStringList commands = indentedBlock(readme);
+    ASSERT_EQ(commands.size(), 2);
+    EXPECT_EQ(commands[0], "cd build/release/simulator");
+    const QTemporaryDir place;
+    const QString picture = place.filePath("desk.png");
+    // In this build's own directory, and with an end.
+    const CommandResult result =
+        runProgram({"sh", "-c", commands[1] + " --screenshot " + picture}, QDir::currentPath(), kQuickly);
+    EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
+    EXPECT_FALSE(QImage(picture).isNull());
+    for (const char *option : {"--driver-directory", "--screenshot"})
+        EXPECT_TRUE(readme.contains(option)) << option;
 }
 
 TEST(SignDeskSession, SaysThatThereIsNoDriver)

@@ -66,6 +66,7 @@ void PageView::resizeEvent(QResizeEvent *event)
 {
     QScrollArea::resizeEvent(event);
     applyFit();
+    showField();
 }
 
 void PageView::applyFit()

@@ -10,7 +10,7 @@ namespace signdesk {
 namespace {
 
 constexpr int kLongest = 120000; ///< milliseconds
-constexpr int kSettle = 600; ///< for what is painted last: fingerprint, rates
+constexpr int kSettle = 300; ///< for what is painted last: fingerprint, rates
 
 void finish(DeskWindow &window, const QString &path, bool isSigned)
 {
