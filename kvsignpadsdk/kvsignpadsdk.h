@@ -301,7 +301,8 @@ KVSIGNPADSDK_EXPORT int KVM450_GetDecodeInkPointData(int nDeviceType, int nIndex
 
 // --- About ---
 
-/// Shows the about box, modal, until the user closes it. Needs a running QApplication; pParent may be null.
+/// Shows the about box, modal, until the user closes it. Needs a QApplication and its thread: shows nothing without
+/// them. pParent may be null.
 KVSIGNPADSDK_EXPORT void KVS210_AboutBox(QWidget *pParent);
 KVSIGNPADSDK_EXPORT void KVS300_AboutBox(QWidget *pParent);
 KVSIGNPADSDK_EXPORT void KVS310X_AboutBox(QWidget *pParent);
