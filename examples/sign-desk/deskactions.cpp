@@ -13,45 +13,42 @@ DeskActions::DeskActions(QMainWindow &window)
     makeMenus(window);
 }
 
-QAction *DeskActions::make(const QString &text, const QKeySequence &shortcut, const QString &statusTip)
+QAction *DeskActions::make(const QString &text, const char *shortcut, const QString &statusTip)
 {
     auto *const action = new QAction(text, this);
-    action->setShortcut(shortcut);
+    action->setShortcut(QKeySequence(QLatin1String(shortcut), QKeySequence::PortableText));
     action->setStatusTip(statusTip);
     return action;
 }
 
 void DeskActions::makeFileActions()
 {
-    open = make(tr("&Open page..."), QKeySequence(Qt::CTRL | Qt::Key_O), tr("Choose the PDF or picture to be signed"));
-    savePage = make(tr("&Save signed page..."), QKeySequence(Qt::CTRL | Qt::Key_S),
-        tr("Write the page with the signature on it, as PDF or PNG"));
-    exportSignature = make(tr("&Export signature..."), QKeySequence(Qt::CTRL | Qt::Key_E),
-        tr("Write the signature alone, as PNG, SVG, PDF, JPEG or BMP"));
-    exportFingerprint = make(tr("Export &fingerprint..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E),
-        tr("Write the fingerprint alone, as PNG"));
-    print = make(tr("&Print..."), QKeySequence(Qt::CTRL | Qt::Key_P), tr("Print the page with the signature on it"));
-    quit = make(tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), tr("Close the window"));
+    open = make(tr("&Open page..."), "Ctrl+O", tr("Choose the PDF or picture to be signed"));
+    savePage = make(tr("&Save signed page..."), "Ctrl+S", tr("Write the page with the signature on it, as PDF or PNG"));
+    exportSignature =
+        make(tr("&Export signature..."), "Ctrl+E", tr("Write the signature alone, as PNG, SVG, PDF, JPEG or BMP"));
+    exportFingerprint = make(tr("Export &fingerprint..."), "Ctrl+Shift+E", tr("Write the fingerprint alone, as PNG"));
+    print = make(tr("&Print..."), "Ctrl+P", tr("Print the page with the signature on it"));
+    quit = make(tr("&Quit"), "Ctrl+Q", tr("Close the window"));
     quit->setMenuRole(QAction::QuitRole);
 }
 
 void DeskActions::makeSignatureActions()
 {
-    start = make(tr("&Start signing"), QKeySequence(Qt::Key_F2), tr("Open the pad, so that the signer can write"));
-    confirm = make(tr("&Confirm"), QKeySequence(Qt::CTRL | Qt::Key_Return),
+    start = make(tr("&Start signing"), "F2", tr("Open the pad, so that the signer can write"));
+    confirm = make(tr("&Confirm"), "Ctrl+Return",
         tr("Accept the signature as it is, as the signer's tap on the pad's confirm button does"));
-    clear = make(tr("C&lear"), QKeySequence(Qt::CTRL | Qt::Key_Backspace), tr("Empty the field, to be signed anew"));
-    cancel =
-        make(tr("C&ancel"), QKeySequence(Qt::SHIFT | Qt::Key_Escape), tr("Give up this signature and close the pad"));
+    clear = make(tr("C&lear"), "Ctrl+Backspace", tr("Empty the field, to be signed anew"));
+    cancel = make(tr("C&ancel"), "Shift+Esc", tr("Give up this signature and close the pad"));
 }
 
 void DeskActions::makeOtherActions()
 {
-    zoomIn = make(tr("Zoom &in"), QKeySequence(Qt::CTRL | Qt::Key_Plus), tr("Show the page larger"));
-    zoomOut = make(tr("Zoom &out"), QKeySequence(Qt::CTRL | Qt::Key_Minus), tr("Show the page smaller"));
-    fitWidth = make(tr("&Fit width"), QKeySequence(Qt::CTRL | Qt::Key_0), tr("Show the page as wide as the window"));
-    aboutDesk = make(tr("&About Sign Desk"), {}, tr("What this program is"));
-    aboutLibrary = make(tr("About the pad &library"), {}, tr("The version of the signature pads' library"));
+    zoomIn = make(tr("Zoom &in"), "Ctrl++", tr("Show the page larger"));
+    zoomOut = make(tr("Zoom &out"), "Ctrl+-", tr("Show the page smaller"));
+    fitWidth = make(tr("&Fit width"), "Ctrl+0", tr("Show the page as wide as the window"));
+    aboutDesk = make(tr("&About Sign Desk"), "", tr("What this program is"));
+    aboutLibrary = make(tr("About the pad &library"), "", tr("The version of the signature pads' library"));
 }
 
 void DeskActions::makeMenus(QMainWindow &window)

@@ -37,7 +37,7 @@ public:
     QAction *aboutLibrary;
 
 private:
-    QAction *make(const QString &text, const QKeySequence &shortcut, const QString &statusTip);
+    QAction *make(const QString &text, const char *shortcut, const QString &statusTip);
     void makeFileActions();
     void makeSignatureActions();
     void makeOtherActions();

@@ -69,10 +69,11 @@ void Signing::receiveTap(bool isConfirm, int points)
 void Signing::look()
 {
     const int points = m_session.points();
-    if (m_state == SigningState::Waiting && (points > 0 || m_hasFingerprint))
+    if (m_state == SigningState::Waiting && (points > 0 || m_hasFingerprint)) {
         setState(SigningState::Writing);
-    else if (m_state == SigningState::Confirmed && points != m_confirmedPoints)
+    } else if (m_state == SigningState::Confirmed && points != m_confirmedPoints) {
         setState(SigningState::Changed);
+    }
     emit looked();
 }
 
