@@ -66,9 +66,11 @@ int runDoctor(const Arguments &arguments)
     lookAtImageFormats(findings);
     lookAtFonts(findings);
     lookAtDisplay(findings);
-    lookAtDriver(findings);
     lookAtPermissions(findings);
-    lookAtPad(findings, model);
+    if (lookAtDriver(findings))
+        lookAtPad(findings, model);
+    else
+        findings.push_back(bad("pad", "cannot be asked without a driver", "cure the driver first"));
     const bool isWell = std::none_of(
         findings.begin(), findings.end(), [](const Finding &finding) { return finding.health == Health::Bad; });
     if (arguments.isSet(kJsonOption))

@@ -29,6 +29,7 @@ void InkStatistics::add(const POINTDATA &point)
     if (!point.bStrokeEnd) {
         ++m_pressed;
         leastPressure = std::min<int>(leastPressure, point.nPressureValue);
+        mostPressure = std::max<int>(mostPressure, point.nPressureValue);
         meanPressure += (point.nPressureValue - meanPressure) / static_cast<double>(m_pressed);
         if (m_inStroke)
             length += std::hypot(point.nX - m_last.nX, point.nY - m_last.nY);
@@ -79,7 +80,7 @@ void InkStatistics::finish()
         endStroke();
     milliseconds = std::max<qint64>(apart(m_first, m_last), 0);
     if (m_pressed == 0)
-        leastPressure = 0;
+        leastPressure = mostPressure = 0;
 }
 
 bool InkStatistics::isOnlyADot() const

@@ -37,7 +37,8 @@ public:
     qint64 firstTime = 0; ///< seconds since the epoch
     double length = 0; ///< of all lines, in raw units
     InkExtent extent;
-    int leastPressure = 32767;
+    int leastPressure = 32767; ///< pressures without those of closing points
+    int mostPressure = -32768;
     double meanPressure = 0;
     qint64 gaps = 0; ///< inside strokes
     qint64 pauses = 0; ///< between strokes

@@ -47,7 +47,7 @@ QJsonObject result(const InkInput &input, const InkStatistics &ink)
     QJsonArray gaps;
     for (const InkGap &gap : ink.longestGaps)
         gaps.append(shown(gap));
-    QJsonObject pressure = range(ink.leastPressure, ink.extent.mostPressure);
+    QJsonObject pressure = range(ink.leastPressure, ink.mostPressure);
     pressure["mean"] = ink.meanPressure;
     return {{"file", input.name()}, {"format", input.format().name}, {"points", ink.points}, {"strokes", ink.strokes},
         {"taps", ink.taps}, {"durationMs", ink.milliseconds}, {"inkLength", ink.length},
@@ -98,7 +98,7 @@ void tell(const InkInput &input, const InkStatistics &ink)
             .arg(pad.name));
     sayRow("box", QString("x %1 to %2, y %3 to %4").arg(box.left).arg(box.right).arg(box.top).arg(box.bottom));
     sayRow("pressure",
-        QString("%1 to %2, mean %3").arg(ink.leastPressure).arg(box.mostPressure).arg(ink.meanPressure, 0, 'f', 0));
+        QString("%1 to %2, mean %3").arg(ink.leastPressure).arg(ink.mostPressure).arg(ink.meanPressure, 0, 'f', 0));
     sayRow("fits", QString("%1 is the smallest pad that could have written it").arg(pad.name));
     for (const QString &note : notes(ink))
         sayRow("note", note);

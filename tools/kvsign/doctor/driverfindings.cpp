@@ -5,6 +5,10 @@
 #include <QFileInfo>
 #include <QLibrary>
 
+#include <algorithm>
+
+#include <link.h>
+
 namespace {
 
 constexpr char kDriver[] = "libkvsignpaddrv.so";
@@ -29,16 +33,30 @@ constexpr Operation kOperations[] = {
     {"ShowFPImageOnDevice", "S310X"},
 };
 
-/// ELF's number for this processor is in the first bytes of every program of this system, so this one's are compared.
+using Header = ElfW(Ehdr);
+
+bool readHeader(const QString &path, Header &header)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly)
+        && file.read(reinterpret_cast<char *>(&header), sizeof header) == static_cast<qint64>(sizeof header);
+}
+
+/// Whether it is a library for the same processor as this program.
 bool isForThisProcessor(const QString &path)
 {
-    constexpr int kClass = 4, kMachine = 18, kEnd = 20;
-    QFile driver(path), own("/proc/self/exe");
-    if (!driver.open(QIODevice::ReadOnly) || !own.open(QIODevice::ReadOnly))
-        return true;
-    const QByteArray theirs = driver.read(kEnd), ours = own.read(kEnd);
-    return theirs.size() == kEnd && theirs.left(kClass + 1) == ours.left(kClass + 1)
-        && theirs.mid(kMachine) == ours.mid(kMachine);
+    Header theirs = {}, ours = {};
+    return readHeader(path, theirs) && readHeader("/proc/self/exe", ours)
+        && std::equal(theirs.e_ident, theirs.e_ident + EI_VERSION, ours.e_ident) && theirs.e_machine == ours.e_machine;
+}
+
+/// The table at a library's end is missing when a download or copy was cut off. Loading such a file ends the process.
+bool isWhole(const QString &path)
+{
+    Header header = {};
+    readHeader(path, header);
+    const quint64 end = header.e_shoff + quint64{header.e_shentsize} * header.e_shnum;
+    return static_cast<quint64>(QFileInfo(path).size()) >= end;
 }
 
 void lookAtOperations(Findings &findings, QLibrary &driver)
@@ -72,17 +90,21 @@ bool lookAtFile(Findings &findings, const QFileInfo &file)
             "install the driver for " + QSysInfo::currentCpuArchitecture()));
         return false;
     }
+    if (!isWhole(path)) {
+        findings.push_back(bad("driver file", path + " is cut off", "copy it again, whole"));
+        return false;
+    }
     findings.push_back(good("driver file", path));
     return true;
 }
 
 } // namespace
 
-void lookAtDriver(Findings &findings)
+bool lookAtDriver(Findings &findings)
 {
     const QFileInfo file(QDir::current(), kDriver);
     if (!lookAtFile(findings, file))
-        return;
+        return false;
     if ((QFile::permissions(file.filePath()) & QFile::WriteOther) != 0)
         findings.push_back(weak("driver file", "everybody may change it, and so what runs in programs that sign",
             QString("chmod o-w %1").arg(file.absoluteFilePath())));
@@ -90,8 +112,9 @@ void lookAtDriver(Findings &findings)
     if (!driver.load()) {
         findings.push_back(bad("driver", driver.errorString(),
             QString("ldd %1 names the libraries that it lacks; install them").arg(file.absoluteFilePath())));
-        return;
+        return false;
     }
     lookAtOperations(findings, driver);
     driver.unload();
+    return true;
 }

@@ -43,8 +43,12 @@ void lookAtQt(Findings &findings);
 void lookAtImageFormats(Findings &findings);
 void lookAtFonts(Findings &findings);
 void lookAtDisplay(Findings &findings);
-void lookAtDriver(Findings &findings);
 void lookAtPermissions(Findings &findings);
+
+/// Whether it can be loaded.
+bool lookAtDriver(Findings &findings);
+
+/// To be called with a driver that can be loaded.
 void lookAtPad(Findings &findings, const QString &model);
 
 /// Whether texts can be drawn without a display.

@@ -24,14 +24,6 @@ bool isBlank(QChar c)
     return c == ' ' || c == '\n' || c == '\r' || c == '\t';
 }
 
-qint64 sumOf(qint64 one, qint64 other)
-{
-    qint64 sum = 0;
-    if (__builtin_add_overflow(one, other, &sum))
-        throw QString("the differences add up to more than a record holds");
-    return sum;
-}
-
 } // namespace
 
 InkmlTrace::InkmlTrace(const QString &text, const std::vector<const InkmlChannel *> &channels)
@@ -81,7 +73,8 @@ bool InkmlTrace::takeValue(const InkmlChannel *channel, State &state, POINTDATA 
     const QByteArray text = m_text.midRef(begin, m_place - begin).toUtf8();
     if (channel == nullptr)
         return true;
-    takeNumber(state, text);
+    if (!takeNumber(state, text))
+        throw at(QString("the differences of %1 add up to more than a record holds").arg(channel->name));
     QByteArray value = state.text;
     if (channel->field == Field::StrokeEnd) // the channel says that the tip touches
         value = value == "T" ? "0" : value == "F" ? "1" : value;
@@ -91,10 +84,10 @@ bool InkmlTrace::takeValue(const InkmlChannel *channel, State &state, POINTDATA 
     return true;
 }
 
-void InkmlTrace::takeNumber(State &state, const QByteArray &text)
+bool InkmlTrace::takeNumber(State &state, const QByteArray &text)
 {
     if (text == "*")
-        return;
+        return true;
     bool isNumber = false;
     const qint64 number = text.toLongLong(&isNumber);
     if (state.prefix == '!' || !isNumber) {
@@ -102,11 +95,17 @@ void InkmlTrace::takeNumber(State &state, const QByteArray &text)
         // Two values may lie further apart than a difference can say; nobody asks for that one.
         state.velocity = static_cast<qint64>(static_cast<quint64>(number) - static_cast<quint64>(state.value));
         state.value = number;
-        return;
+        return true;
     }
-    state.velocity = state.prefix == '\'' ? number : sumOf(state.velocity, number);
-    state.value = sumOf(state.value, state.velocity);
+    qint64 velocity = number;
+    const bool isSecond = state.prefix == '"';
+    if (isSecond && __builtin_add_overflow(state.velocity, number, &velocity))
+        return false;
+    state.velocity = velocity;
+    if (__builtin_add_overflow(state.value, velocity, &state.value))
+        return false;
     state.text = QByteArray::number(state.value);
+    return true;
 }
 
 QString InkmlTrace::at(const QString &what) const

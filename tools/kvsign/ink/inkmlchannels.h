@@ -50,7 +50,7 @@ private:
 
     void skipBlanks();
     bool takeValue(const InkmlChannel *channel, State &state, POINTDATA &point);
-    void takeNumber(State &state, const QByteArray &text);
+    static bool takeNumber(State &state, const QByteArray &text);
     QString at(const QString &what) const;
 
     QString m_text;

@@ -64,6 +64,7 @@ void JsonTokens::next()
     m_text.resize(0);
     if (c == kEnd) {
         m_kind = Kind::End;
+        ++m_tokenColumn;
     } else if (std::strchr("[]{}:,", c) != nullptr && c != 0) {
         m_kind = Kind::Structure;
         m_text += static_cast<char>(c);

@@ -12,7 +12,6 @@
 struct InkExtent
 {
     int left = 32767, right = -32768, top = 32767, bottom = -32768; ///< raw units, inclusive
-    int mostPressure = 0;
 
     void add(const POINTDATA &point)
     {
@@ -20,7 +19,6 @@ struct InkExtent
         right = std::max<int>(right, point.nX);
         top = std::min<int>(top, point.nY);
         bottom = std::max<int>(bottom, point.nY);
-        mostPressure = std::max<int>(mostPressure, point.nPressureValue);
     }
 
     bool liesOn(const PadModel &model) const

@@ -8,7 +8,19 @@
 
 namespace {
 
+constexpr qint64 kMostPixels = qint64{1} << 28; // a gigabyte of memory
 constexpr double kInchesPerMetre = 1 / 0.0254;
+
+QImage canvas(QSize size)
+{
+    const bool isSane = static_cast<qint64>(size.width()) * size.height() <= kMostPixels;
+    QImage image(isSane ? size : QSize(), QImage::Format_ARGB32);
+    if (image.isNull())
+        throw failed(QString("a picture of %1 by %2 pixels is too large; --scale makes it smaller")
+                         .arg(size.width())
+                         .arg(size.height()));
+    return image;
+}
 
 class RasterSink : public PointSink
 {
@@ -41,12 +53,8 @@ private:
 RasterPicture::RasterPicture(const PictureSettings &settings, bool canBeTransparent)
     : m_segments(settings)
     , m_colour(settings.colour)
-    , m_image(settings.size(), QImage::Format_ARGB32)
+    , m_image(canvas(settings.size()))
 {
-    if (m_image.isNull())
-        throw failed(QString("there is no memory for a picture of %1 by %2 pixels")
-                         .arg(settings.size().width())
-                         .arg(settings.size().height()));
     const QColor plain = canBeTransparent ? Qt::transparent : Qt::white;
     m_image.fill(settings.background.isValid() ? settings.background : plain);
     const int dotsPerMetre = static_cast<int>(settings.dpi * kInchesPerMetre);

@@ -48,5 +48,9 @@ void drawSegment(QPainter &painter, const Segment &segment, const QColor &colour
     // A pen takes a negative width, which only a broken pressure makes, for one of a pixel.
     const double width = std::max(segment.width, 0.0);
     painter.setPen(QPen(QBrush(colour), width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawLine(segment.line);
+    // Of a line without length only pens of up to one pixel leave a mark.
+    if (segment.line.p1() == segment.line.p2() && width > 1)
+        painter.drawPoint(segment.line.p2());
+    else
+        painter.drawLine(segment.line);
 }

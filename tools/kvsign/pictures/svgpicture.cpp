@@ -30,8 +30,8 @@ public:
         m_xml.writeDefaultNamespace("http://www.w3.org/2000/svg");
         const QSize size = m_settings.size();
         const double millimetres = 25.4 / m_settings.dpi;
-        m_xml.writeAttribute("width", rounded(size.width() * millimetres) + "mm");
-        m_xml.writeAttribute("height", rounded(size.height() * millimetres) + "mm");
+        m_xml.writeAttribute("width", QString("%1mm").arg(size.width() * millimetres, 0, 'g', 8));
+        m_xml.writeAttribute("height", QString("%1mm").arg(size.height() * millimetres, 0, 'g', 8));
         m_xml.writeAttribute("viewBox", QString("0 0 %1 %2").arg(size.width()).arg(size.height()));
         if (m_settings.background.isValid())
             writeBackground();

@@ -35,9 +35,6 @@ public:
 
     void write(const QImage &image)
     {
-        if (m_written.size() == kMostFrames)
-            throw failed(
-                QString("there would be more than %1 frames; --speed and --fps make them fewer").arg(kMostFrames));
         const QString name = m_directory.filePath(QString("frame-%1.png").arg(m_written.size() + 1, 5, 10, QChar('0')));
         OutputFile file(name);
         if (!image.save(&file.device(), "PNG"))
@@ -61,15 +58,30 @@ private:
     QStringList m_written;
 };
 
+/// Looks before anything is written, for a broken clock can make a replay of years.
+void checkNumber(InkInput &input, double speed, double step)
+{
+    ReplayTimes times(speed);
+    PointSource &points = input.points("counting frames");
+    POINTDATA point;
+    double end = 0;
+    while (points.next(point))
+        end = times.dueAt(point);
+    if (end / step >= kMostFrames)
+        throw failed(
+            QString("there would be more than %1 pictures; --speed and --fps make them fewer").arg(kMostFrames));
+}
+
 } // namespace
 
 int replayAsFrames(
     InkInput &input, const PictureSettings &settings, double speed, double framesPerSecond, const QString &directory)
 {
+    const double step = 1000 / framesPerSecond;
+    checkNumber(input, speed, step);
     Frames frames(directory);
     RasterPicture picture(settings, false);
     ReplayTimes times(speed);
-    const double step = 1000 / framesPerSecond;
     double nextFrame = 0;
     PointSource &points = input.points("writing frames");
     POINTDATA point;

@@ -1,0 +1,85 @@
+// A long record passes through in little memory, and a terminal sees how far it is.
+#include "kvsign.h"
+
+#include <QRegularExpression>
+
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+using namespace kvsign;
+
+class KvsignBig : public Place
+{
+protected:
+    void writeRecord(const QString &name, int count) const
+    {
+        Points points(static_cast<size_t>(count));
+        for (int i = 0; i < count; ++i)
+            points[static_cast<size_t>(i)] = {300 + i % 1900, 300 + i % 1100, 400 + i % 300, i % 997 == 996,
+                static_cast<quint64>(5 * i), 1700000000 + i / 200};
+        write(name, recordBytes(points).toBase64());
+    }
+
+    /// Runs it and answers the most memory that it had at once, in kilobytes.
+    long memoryOf(const QStringList &arguments) const
+    {
+        std::vector<QByteArray> words{KV_KVSIGN};
+        for (const QString &argument : arguments)
+            words.push_back(argument.toLocal8Bit());
+        std::vector<char *> pointers;
+        for (QByteArray &word : words)
+            pointers.push_back(word.data());
+        pointers.push_back(nullptr);
+        const QByteArray directory = file(".").toLocal8Bit();
+        const pid_t child = fork();
+        if (child == 0) {
+            if (chdir(directory.constData()) == 0)
+                execv(pointers[0], pointers.data());
+            _exit(127);
+        }
+        int status = 0;
+        rusage usage = {};
+        EXPECT_EQ(wait4(child, &status, 0, &usage), child);
+        EXPECT_EQ(status, 0) << arguments.join(' ').toStdString();
+        return usage.ru_maxrss;
+    }
+};
+
+// Sanitizers keep what was freed, and measure nothing then.
+#ifndef KV_SANITIZED
+TEST_F(KvsignBig, passesThroughInLittleMemory)
+{
+    writeRecord("small.ink", 1000);
+    writeRecord("big.ink", 1000000);
+    const long least = memoryOf({"convert", "small.ink", "small.json"});
+    const long pictureLeast = memoryOf({"convert", "small.ink", "small.svg"});
+    constexpr long kMore = 4096; // kilobytes; the points themselves are 24000
+    EXPECT_LT(memoryOf({"inspect", "big.ink"}), least + kMore);
+    const auto comesBackThrough = [&](const QString &ink, const QString &other) {
+        EXPECT_LT(memoryOf({"convert", ink, other}), least + kMore) << other.toStdString();
+        EXPECT_LT(memoryOf({"convert", other, "back.ink"}), least + kMore) << other.toStdString();
+        EXPECT_TRUE(read("back.ink") == read(ink)) << other.toStdString();
+    };
+    comesBackThrough("big.ink", "big.csv");
+    writeRecord("long.ink", 300000); // 7200 kilobytes of points
+    comesBackThrough("long.ink", "long.json");
+    comesBackThrough("long.ink", "long.inkml");
+    EXPECT_LT(memoryOf({"convert", "long.ink", "long.svg"}), pictureLeast + kMore);
+}
+#endif
+
+TEST_F(KvsignBig, showsATerminalABar)
+{
+    writeRecord("big.ink", 400000);
+    const QString shown = python("import os, pty, sys; os.chdir(sys.argv[1]); sys.exit(pty.spawn(sys.argv[2:]))",
+        {file("."), KV_KVSIGN, "convert", "big.ink", "big.svg"});
+    EXPECT_TRUE(shown.contains(QRegularExpression("converting  \\[#+\\.+\\] +\\d+ %"))) << shown.toStdString();
+    EXPECT_TRUE(shown.endsWith("\r\033[K")) << "the bar is left there";
+    const CommandResult quiet = runWell({"convert", "big.ink", "big.csv"});
+    EXPECT_EQ(quiet.output + quiet.errors, "");
+}
+
+} // namespace

@@ -1,0 +1,167 @@
+// kvsign doctor and info: what they say of good and of broken installations.
+#include "kvsign.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+namespace {
+
+using namespace kvsign;
+
+class KvsignDoctor : public Place
+{
+protected:
+    /// The finding about a subject in the directory's installation.
+    QJsonObject finding(const QString &driverDirectory, const QString &subject,
+        const QMap<QString, QString> &environment = {}, int exitCode = 1) const
+    {
+        const CommandResult result =
+            run({"doctor", "--json", "--model", "S310X", "--driver", driverDirectory}, environment);
+        EXPECT_EQ(result.exitCode, exitCode) << testing::PrintToString(result);
+        const QJsonObject document = QJsonDocument::fromJson(result.output.toUtf8()).object();
+        EXPECT_EQ(document["well"].toBool(), exitCode == 0);
+        QJsonObject found;
+        for (const QJsonValue &value : document["findings"].toArray()) {
+            const QJsonObject item = value.toObject();
+            EXPECT_EQ(item.contains("cure"), item["state"].toString() != "ok")
+                << item["subject"].toString().toStdString();
+            if (item["subject"].toString() == subject)
+                found = item;
+        }
+        EXPECT_FALSE(found.isEmpty()) << subject.toStdString() << " in\n" << testing::PrintToString(result);
+        return found;
+    }
+
+    void findsWrong(const QJsonObject &finding, const char *what, const char *cure) const
+    {
+        EXPECT_EQ(finding["state"].toString(), "wrong");
+        EXPECT_TRUE(finding["finding"].toString().contains(what)) << finding["finding"].toString().toStdString();
+        EXPECT_TRUE(finding["cure"].toString().contains(cure)) << finding["cure"].toString().toStdString();
+    }
+};
+
+const char *const kOperations[] = {"Initial", "UnInitial", "OpenDeviceLCD", "ClearDeviceContent", "GetDevicePenID",
+    "GetDevicePadID", "GetDeviceSecureID", "GetDevicePartsVersion", "ShowVersionInfoOnDevice", "SetDevicePenStyle",
+    "ShowFPImageOnDevice"};
+
+TEST_F(KvsignDoctor, isContentWithAGoodInstallation)
+{
+    const CommandResult result = run({"doctor"});
+    EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
+    for (const char *operation : kOperations)
+        EXPECT_TRUE(result.output.contains(QString("ok    driver operation %1: there\n").arg(operation)))
+            << testing::PrintToString(result);
+    for (const char *line :
+        {"ok    Qt module Core: 5.15", "ok    Qt module Svg: 5.15", "ok    image format png: ",
+            "ok    image format jpg: ", "ok    fonts: ", "ok    /tmp: ", "ok    pad: S210, version \"KVS210 SIM 1.0\""})
+        EXPECT_TRUE(result.output.contains(line)) << line << " in\n" << testing::PrintToString(result);
+    EXPECT_FALSE(result.output.contains("WRONG"));
+}
+
+TEST_F(KvsignDoctor, findsAnOperationThatTheDriverLacks)
+{
+    for (const char *operation : {"SetDevicePenStyle", "ShowFPImageOnDevice"})
+        findsWrong(finding(kDriverDirectory + "/without/" + operation, QString("driver operation %1").arg(operation)),
+            "missing, which", "install the driver's newest version");
+}
+
+TEST_F(KvsignDoctor, findsADriverThatIsNone)
+{
+    findsWrong(finding(kDriverDirectory + "/broken", "driver file"), "is no library for this kind of computer",
+        "install the driver for x86_64");
+    findsWrong(finding(KV_SOURCE_DIRECTORY, "driver file"), "libkvsignpaddrv.so does not exist", "--driver DIRECTORY");
+    QDir(file(".")).mkpath("directory/libkvsignpaddrv.so");
+    findsWrong(finding(file("directory"), "driver file"), "is no file", "put the driver's file there");
+    QByteArray driver = contentOf(kDriverDirectory + "/libkvsignpaddrv.so");
+    QDir(file(".")).mkpath("cut");
+    write("cut/libkvsignpaddrv.so", driver.left(3000));
+    findsWrong(finding(file("cut"), "driver file"), "is cut off", "copy it again");
+    findsWrong(finding(file("cut"), "pad"), "cannot be asked", "cure the driver first");
+    QDir(file(".")).mkpath("lacking");
+    write("lacking/libkvsignpaddrv.so", driver.replace("libstdc++.so.6", "libstdc++.so.X"));
+    findsWrong(finding(file("lacking"), "driver"), "libstdc++.so.X", "ldd ");
+}
+
+TEST_F(KvsignDoctor, findsADriverThatEverybodyMayChange)
+{
+    QDir(file(".")).mkpath("open");
+    const QString driver = file("open/libkvsignpaddrv.so");
+    ASSERT_TRUE(QFile::copy(QFileInfo(kDriverDirectory + "/libkvsignpaddrv.so").canonicalFilePath(), driver));
+    QFile::setPermissions(driver, QFile::permissions(driver) | QFile::WriteOther);
+    const CommandResult result = run({"doctor", "--driver", file("open")});
+    EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
+    EXPECT_TRUE(result.output.contains("note  driver file: everybody may change it")) << testing::PrintToString(result);
+    EXPECT_TRUE(result.output.contains("cure: chmod o-w ")) << testing::PrintToString(result);
+}
+
+TEST_F(KvsignDoctor, findsAPadOfAnotherModel)
+{
+    findsWrong(finding(kDriverDirectory, "pad", {{"KVSIM_VERSION", "KVR800"}}), "none answers as S310X", "this model");
+    EXPECT_EQ(finding(kDriverDirectory, "pad", {}, 0)["finding"].toString(), "S310X, version \"KVS310X SIM 1.0\"");
+}
+
+TEST_F(KvsignDoctor, looksForADisplay)
+{
+    const QMap<QString, QString> without{{"QT_QPA_PLATFORM", {}}, {"DISPLAY", {}}, {"WAYLAND_DISPLAY", {}}};
+    const QJsonObject missing = finding(kDriverDirectory, "display", without, 0);
+    EXPECT_EQ(missing["state"].toString(), "note");
+    EXPECT_EQ(missing["finding"].toString(), "DISPLAY is not set");
+    const CommandResult onScreen =
+        runProgram({"xvfb-run", "-a", KV_KVSIGN, "doctor"}, kDriverDirectory, {{"QT_QPA_PLATFORM", {}}});
+    EXPECT_TRUE(onScreen.output.contains("ok    display: the X display :")) << testing::PrintToString(onScreen);
+}
+
+TEST_F(KvsignDoctor, worksWithoutQtsPlugins)
+{
+    const CommandResult result = run({"doctor"}, {{"QT_PLUGIN_PATH", "/nowhere"}, {"DISPLAY", {}}});
+    EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
+}
+
+struct Model
+{
+    const char *name;
+    int x;
+    int y;
+    int pressure;
+    bool hasPenId;
+    bool hasFingerprint;
+};
+
+const Model kModels[] = {{"S210", 2360, 1430, 2048, true, false}, {"S300", 2300, 1300, 2048, true, false},
+    {"S310X", 21170, 11490, 2048, true, true}, {"R800", 29870, 20120, 8192, false, false},
+    {"M450", 29870, 20120, 8192, false, false}};
+
+TEST_F(KvsignDoctor, infoTellsWhatThePadsTell)
+{
+    for (const Model &model : kModels) {
+        const QJsonObject info = runJson({"info", "--model", model.name});
+        EXPECT_EQ(info["library"].toString(), "1.0.5.1");
+        EXPECT_TRUE(info["qt"].toString().startsWith("5.15"));
+        const QJsonObject pad = info["pad"].toObject();
+        EXPECT_EQ(pad["model"].toString(), model.name);
+        EXPECT_EQ(pad["product"].toString(), model.name);
+        EXPECT_EQ(pad["vendor"].toString(), "Korvane");
+        EXPECT_TRUE(pad["connected"].toBool());
+        EXPECT_EQ(pad["driver"].toString(), "1.0");
+        EXPECT_EQ(pad["x"]["max"].toInt(), model.x);
+        EXPECT_EQ(pad["y"]["max"].toInt(), model.y);
+        EXPECT_EQ(pad["pressure"]["max"].toInt(), model.pressure);
+        EXPECT_EQ(pad["padId"].toString(), QString("SIM-%1-PadID-0001").arg(model.name));
+        EXPECT_EQ(pad.contains("penId"), model.hasPenId);
+        EXPECT_EQ(pad["fingerprint"].toBool(), model.hasFingerprint);
+    }
+    const QString text = runWell({"info", "-m", "S210"}, {{"KVSIM_VERSION", "KVS190 old"}}).output;
+    EXPECT_TRUE(text.contains("\nversion      KVS190 old\n")) << text.toStdString();
+    EXPECT_TRUE(text.contains("\npressure     0 to 1024\n")) << text.toStdString();
+}
+
+TEST_F(KvsignDoctor, infoTellsTheVersionsWithoutAPadToo)
+{
+    const CommandResult result = run({"info", "--json", "--driver", KV_SOURCE_DIRECTORY});
+    EXPECT_EQ(result.exitCode, 5) << testing::PrintToString(result);
+    const QJsonObject info = QJsonDocument::fromJson(result.output.toUtf8()).object();
+    EXPECT_EQ(info["kvsign"].toString(), "1.0.5.1");
+    EXPECT_TRUE(info["pad"].isNull());
+}
+
+} // namespace
