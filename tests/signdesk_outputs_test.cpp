@@ -92,7 +92,7 @@ protected:
     {
         const QString path = file(name);
         whenDialogComes([&](QDialog &dialog) { giveFile(dialog, path); });
-        press(Qt::Key_E, Qt::ControlModifier);
+        press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
         EXPECT_TRUE(happened());
         return path;
     }
@@ -180,14 +180,15 @@ TEST_F(SignDeskOutput, TheSignatureIsExportedInEveryFormat)
         const CommandResult told = runProgram({"file", "--brief", path}, "/");
         EXPECT_TRUE(told.output.contains(kind.kind)) << kind.name << " is " << told.output.toStdString();
     }
-    // The line and its margins of 6 pixels.
-    EXPECT_NEAR(QImage(file("a.bmp")).width(), 0.6 * canvasWidth + 12, 8);
+    // The line, the pen's width of half of 2048 * 2 / 306 pixels at its ends, and margins of 6.
+    const double cutWidth = 0.6 * canvasWidth + 6.7 + 12;
+    EXPECT_NEAR(QImage(file("a.bmp")).width(), cutWidth, 4);
     EXPECT_EQ(QImage(file("a.png")).pixelColor(0, 0).alpha(), 0);
     EXPECT_EQ(QImage(file("a.jpg")).dotsPerMeterX(), 11811);
     ASSERT_EQ(runProgram({"rsvg-convert", "-o", file("svg.png"), file("a.svg")}, "/").exitCode, 0);
     const QImage vector(file("svg.png"));
     const QRect lines = boxOf(vector, [](const QColor &colour) { return colour.alpha() > 128; });
-    EXPECT_NEAR(lines.width(), 0.6 * vector.width() * canvasWidth / (0.6 * canvasWidth + 12), vector.width() * 0.05);
+    EXPECT_NEAR(lines.width(), vector.width() * (cutWidth - 12) / cutWidth, vector.width() * 0.03);
     EXPECT_FALSE(boxOf(drawnPdf(file("a.pdf")), isInk).isEmpty());
 
     QTest::mouseClick(button("Cut exports to the ink"), Qt::LeftButton, Qt::NoModifier, QPoint(8, 8));
@@ -273,7 +274,7 @@ TEST_P(FingerprintOnPage, IsWhereTheWindowShowsIt)
 
     const QString picture = file("finger.png");
     whenDialogComes([&](QDialog &dialog) { giveFile(dialog, picture); });
-    press(Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
+    press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
     ASSERT_TRUE(happened());
     EXPECT_EQ(note(), "The fingerprint is exported.");
     EXPECT_NEAR(1.0 * QImage(picture).width() / QImage(picture).height(), 208.0 / 288, 0.02);
@@ -302,7 +303,7 @@ TEST_F(SignDeskOutput, WithoutAFingerThereIsNoFingerprint)
 {
     signAndConfirm(kS310XFamily);
     whenDialogComes([&](QDialog &dialog) { answer(dialog, "OK"); });
-    press(Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
+    press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_TRUE(happened());
     EXPECT_EQ(said, "There is no fingerprint.\nLet the signer lay a finger on the pad's sensor.");
     save(file("signed.pdf"));

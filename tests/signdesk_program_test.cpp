@@ -47,7 +47,7 @@ TEST(SignDeskProgram, RefusesWhatItCannotDo)
     for (const auto &row : rows) {
         const CommandResult result = run(row.arguments);
         EXPECT_EQ(result.exitCode, 2);
-        EXPECT_TRUE(result.errors.endsWith(row.told)) << testing::PrintToString(result);
+        EXPECT_TRUE(result.errors.contains(row.told)) << testing::PrintToString(result);
     }
 }
 
@@ -74,6 +74,16 @@ TEST(SignDeskProgram, TakesAPictureAtEachScale)
                 hasFingerprint |= qRed(picture.pixel(x, y)) > 230 && qGreen(picture.pixel(x, y)) < 30;
         EXPECT_TRUE(hasFingerprint);
     }
+}
+
+TEST(SignDeskProgram, TakesNoPictureOfASignatureThatDidNotComeToBe)
+{
+    const QTemporaryDir empty;
+    const CommandResult result = run({"--screenshot", "desk.png"}, empty.path());
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.errors.contains("kv-sign-desk: There is no pad driver: " + empty.path()))
+        << testing::PrintToString(result);
+    EXPECT_TRUE(result.errors.contains("kv-sign-desk: no signature was confirmed\n"));
 }
 
 TEST(SignDeskProgram, IsStartedAsTheReadmeSays)

@@ -70,6 +70,10 @@ TEST_F(SignDeskTroubles, UnreadablePages)
     openInVain(file("nowhere.pdf"), "there is no such file.");
     openInVain(written("text.pdf", "just text"), "it is neither a PDF nor a picture.");
     openInVain(written("cut.pdf", "%PDF-1.5\n1 0 obj\n<<"), "it is a damaged PDF.");
+    openInVain(written("none.pdf",
+                   "%PDF-1.4\n1 0 obj\n<</Type/Catalog/Pages 2 0 R>>\nendobj\n"
+                   "2 0 obj\n<</Type/Pages/Kids[]/Count 0>>\nendobj\ntrailer\n<</Root 1 0 R/Size 3>>\n%%EOF\n"),
+        "it has no page.");
     openInVain(written("cut.png", "\x89PNG\r\n\x1a\n"), "it is neither a PDF nor a picture.");
     EXPECT_TRUE(showsState("Confirmed")); // and the signature is still there
     EXPECT_EQ(KVS300_GetTotalInkPointsNumber(KVS300_DEVICE), 42);
@@ -83,23 +87,28 @@ TEST_F(SignDeskTroubles, UnwritableFiles)
     const QString foreign = file("page.docx");
     const struct
     {
-        Qt::Key key; // with Ctrl
+        Qt::KeyboardModifiers modifiers; // of S: with Shift the signature alone
         QString path;
         QString told;
     } rows[] = {
-        {Qt::Key_S, missing, missing + " was not written: there is no such folder.\nChoose another folder."},
-        {Qt::Key_S, "/proc/page.pdf", "/proc/page.pdf could not be written.\nSee that there is space on the disk"},
-        {Qt::Key_S, foreign, "page.docx: a signed page is not written in this format.\nLet the name end with .pdf"},
-        {Qt::Key_E, missing, missing + " was not written: there is no such folder.\nChoose another folder."},
-        {Qt::Key_E, "/proc/ink.svg", "/proc/ink.svg could not be written."}, // which the library does not notice
-        {Qt::Key_E, foreign, "page.docx: a signature is not written in this format.\nLet the name end with .png"},
+        {Qt::ControlModifier, missing, missing + " was not written: there is no such folder.\nChoose another folder."},
+        {Qt::ControlModifier, "/proc/page.pdf",
+            "/proc/page.pdf could not be written.\nSee that there is space on the disk"},
+        {Qt::ControlModifier, foreign,
+            "page.docx: a signed page is not written in this format.\nLet the name end with .pdf"},
+        {Qt::ControlModifier | Qt::ShiftModifier, missing,
+            missing + " was not written: there is no such folder.\nChoose another folder."},
+        {Qt::ControlModifier | Qt::ShiftModifier, "/proc/ink.svg",
+            "/proc/ink.svg could not be written."}, // which the library does not notice
+        {Qt::ControlModifier | Qt::ShiftModifier, foreign,
+            "page.docx: a signature is not written in this format.\nLet the name end with .png"},
     };
     for (const auto &row : rows) {
         whenDialogComes([&](QDialog &dialog) {
             whenDialogComes([&](QDialog &box) { answer(box, "OK"); });
             giveFile(dialog, row.path);
         });
-        press(row.key, Qt::ControlModifier);
+        press(Qt::Key_S, row.modifiers);
         EXPECT_TRUE(happened());
         EXPECT_TRUE(said.startsWith(row.told)) << said.toStdString() << "\ninstead of\n" << row.told.toStdString();
         EXPECT_TRUE(showsState("Confirmed"));
@@ -117,7 +126,7 @@ TEST_F(SignDeskTroubles, AnUnsavedSignatureDoesNotGoUnasked)
     whenDialogComes([&](QDialog &dialog) { answer(dialog, "Keep"); });
     EXPECT_FALSE(window->close());
     EXPECT_TRUE(happened());
-    EXPECT_EQ(said, "The signature is confirmed, but neither saved nor printed.\nShall it be discarded?");
+    EXPECT_EQ(said, "The signature is neither saved nor printed.\nShall it be discarded?");
     EXPECT_TRUE(window->isVisible());
     whenDialogComes([&](QDialog &dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
     click("Cancel");
@@ -129,6 +138,26 @@ TEST_F(SignDeskTroubles, AnUnsavedSignatureDoesNotGoUnasked)
     whenDialogComes([&](QDialog &dialog) { answer(dialog, "Discard"); });
     EXPECT_TRUE(window->close());
     EXPECT_TRUE(happened());
+}
+
+TEST_F(SignDeskTroubles, InkThatIsNotConfirmedDoesNotGoUnaskedEither)
+{
+    click("Start signing");
+    write(kS210Family);
+    ASSERT_TRUE(until([&] { return showsState("The signer writes"); }));
+    whenDialogComes([&](QDialog &dialog) { answer(dialog, "Keep"); });
+    EXPECT_FALSE(window->close());
+    EXPECT_TRUE(happened());
+    EXPECT_EQ(KVS210_GetTotalInkPointsNumber(KVS210_DEVICE), 42);
+    click("Cancel"); // says it all
+    EXPECT_TRUE(window->close());
+}
+
+TEST(SignDeskPages, LargeOnesAreDrawnAsFinelyAsCanBeAfforded)
+{
+    EXPECT_EQ(signdesk::affordableDots({595, 842}, 300.0 / 72), 300.0 / 72);
+    const double dots = signdesk::affordableDots({14400, 14400}, 300.0 / 72); // the largest that a PDF should have
+    EXPECT_NEAR(14400 * dots, 6325, 1);
 }
 
 } // namespace

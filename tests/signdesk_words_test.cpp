@@ -188,6 +188,32 @@ void expectTabOrder(QMainWindow &window, QWidget &page)
     EXPECT_EQ(window.focusWidget(), &page); // and round again
 }
 
+/// Wherever the focus is, also in a text field, which has keys of its own.
+TEST_F(SignDeskTest, ShortcutsWorkFromEveryControl)
+{
+    choose(kS310XFamily);
+    QObject context;
+    for (QAction *action : window->findChildren<QAction *>()) {
+        const QKeySequence shortcut = action->shortcut();
+        if (shortcut.isEmpty())
+            continue;
+        action->disconnect(); // only whether it would be done
+        action->setEnabled(true);
+        bool isTriggered = false;
+        QObject::connect(action, &QAction::triggered, &context, [&] { isTriggered = true; });
+        for (QWidget *control : controlsOf(*window)) {
+            if (!control->isEnabled())
+                continue;
+            control->setFocus();
+            isTriggered = false;
+            QTest::keySequence(control, shortcut);
+            EXPECT_TRUE(isTriggered) << shortcut.toString().toStdString() << " in "
+                                     << control->metaObject()->className();
+        }
+        action->disconnect();
+    }
+}
+
 TEST_F(SignDeskTest, TabReachesEveryControlFromTheTopDown)
 {
     choose(kS310XFamily);

@@ -13,6 +13,7 @@ DeskActions::DeskActions(QMainWindow &window)
     makeMenus(window);
 }
 
+// No shortcut may be one that a text field takes for itself, on X11 such as Ctrl+E and Ctrl+Backspace.
 QAction *DeskActions::make(const QString &text, const char *shortcut, const QString &statusTip)
 {
     auto *const action = new QAction(text, this);
@@ -25,9 +26,9 @@ void DeskActions::makeFileActions()
 {
     open = make(tr("&Open page..."), "Ctrl+O", tr("Choose the PDF or picture to be signed"));
     savePage = make(tr("&Save signed page..."), "Ctrl+S", tr("Write the page with the signature on it, as PDF or PNG"));
-    exportSignature =
-        make(tr("&Export signature..."), "Ctrl+E", tr("Write the signature alone, as PNG, SVG, PDF, JPEG or BMP"));
-    exportFingerprint = make(tr("Export &fingerprint..."), "Ctrl+Shift+E", tr("Write the fingerprint alone, as PNG"));
+    exportSignature = make(
+        tr("&Export signature..."), "Ctrl+Shift+S", tr("Write the signature alone, as PNG, SVG, PDF, JPEG or BMP"));
+    exportFingerprint = make(tr("Export &fingerprint..."), "Ctrl+Shift+F", tr("Write the fingerprint alone, as PNG"));
     print = make(tr("&Print..."), "Ctrl+P", tr("Print the page with the signature on it"));
     quit = make(tr("&Quit"), "Ctrl+Q", tr("Close the window"));
     quit->setMenuRole(QAction::QuitRole);
@@ -38,7 +39,7 @@ void DeskActions::makeSignatureActions()
     start = make(tr("&Start signing"), "F2", tr("Open the pad, so that the signer can write"));
     confirm = make(tr("&Confirm"), "Ctrl+Return",
         tr("Accept the signature as it is, as the signer's tap on the pad's confirm button does"));
-    clear = make(tr("C&lear"), "Ctrl+Backspace", tr("Empty the field, to be signed anew"));
+    clear = make(tr("C&lear"), "F4", tr("Empty the field, to be signed anew"));
     cancel = make(tr("C&ancel"), "Shift+Esc", tr("Give up this signature and close the pad"));
 }
 

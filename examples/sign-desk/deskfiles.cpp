@@ -114,7 +114,7 @@ bool DeskFiles::print(const SignedDocument &document, int pageCount)
 bool DeskFiles::mayGo()
 {
     QMessageBox box(QMessageBox::Question, QApplication::applicationDisplayName(),
-        tr("The signature is confirmed, but neither saved nor printed."), QMessageBox::NoButton, &m_window);
+        tr("The signature is neither saved nor printed."), QMessageBox::NoButton, &m_window);
     box.setInformativeText(tr("Shall it be discarded?"));
     QAbstractButton *const discard = box.addButton(tr("&Discard"), QMessageBox::DestructiveRole);
     QPushButton *const keep = box.addButton(tr("&Keep"), QMessageBox::RejectRole);

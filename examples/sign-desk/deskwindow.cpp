@@ -61,7 +61,7 @@ void DeskWindow::connectActions()
 {
     const auto on = [this](QAction *action, auto work) { connect(action, &QAction::triggered, this, work); };
     on(m_actions.open, [this] {
-        if (!mayGo())
+        if (!mayLeave())
             return;
         const QString path = m_files.askForPage();
         if (!path.isEmpty())
@@ -91,7 +91,7 @@ void DeskWindow::connectPanels()
     PageSheet &sheet = m_view->sheet();
     connect(m_padPanel, &PadPanel::modelChanged, this, &DeskWindow::chooseModel);
     connect(m_penPanel, &PenPanel::penChanged, this, [this] { m_session.setPen(m_penPanel->pen()); });
-    connect(m_placePanel, &PlacePanel::pageChosen, this, &DeskWindow::showPage);
+    connect(m_placePanel, &PlacePanel::pageChosen, this, [this](int page) { m_view->setPage(*m_pages, page); });
     connect(m_placePanel, &PlacePanel::fieldChosen, this, [this](const QRectF &field) {
         m_view->sheet().setField(field);
         m_placePanel->setField(m_view->sheet().field(), m_view->sheet().pageSize());
@@ -155,11 +155,6 @@ void DeskWindow::showPages(std::unique_ptr<Pages> pages, const QString &title)
     setWindowTitle(tr("%1[*] - Sign Desk").arg(title));
 }
 
-void DeskWindow::showPage(int page)
-{
-    m_view->setPage(*m_pages, page);
-}
-
 void DeskWindow::start()
 {
     try {
@@ -180,7 +175,7 @@ void DeskWindow::start()
 
 void DeskWindow::clear()
 {
-    if (!mayGo())
+    if (!mayDiscard())
         return;
     m_fingerprint.forget();
     if (m_signing.clear())
@@ -192,7 +187,7 @@ void DeskWindow::clear()
 
 void DeskWindow::cancel()
 {
-    if (mayGo())
+    if (mayDiscard())
         end(tr("Cancelled. The pad is closed."));
 }
 
@@ -245,9 +240,17 @@ void DeskWindow::look()
     m_status->show(points, m_rates);
 }
 
-bool DeskWindow::mayGo()
+/// What is not confirmed goes at a word.
+bool DeskWindow::mayDiscard()
 {
     return m_isKept || m_files.mayGo();
+}
+
+/// What is written on the page does not go with it unasked, confirmed or not.
+bool DeskWindow::mayLeave()
+{
+    const bool isNew = m_signing.hasSignature() && (!m_isKept || m_signing.state() != SigningState::Confirmed);
+    return !isNew || m_files.mayGo();
 }
 
 SignedDocument DeskWindow::signedDocument()
@@ -289,7 +292,7 @@ void DeskWindow::aboutDesk()
 
 void DeskWindow::closeEvent(QCloseEvent *event)
 {
-    event->setAccepted(mayGo());
+    event->setAccepted(mayLeave());
 }
 
 } // namespace signdesk

@@ -45,14 +45,14 @@ private:
     void chooseModel();
     void chooseFingerprintPlace();
     void showPages(std::unique_ptr<Pages> pages, const QString &title);
-    void showPage(int page);
     void clear();
     void cancel();
     void cancelOnPad();
     void end(const QString &message);
     void follow(SigningState state);
     void look();
-    bool mayGo();
+    bool mayDiscard();
+    bool mayLeave();
     SignedDocument signedDocument();
     void keepWhen(bool isWritten, const QString &message);
     void exportFingerprint();

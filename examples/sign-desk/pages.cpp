@@ -11,6 +11,7 @@
 #include <poppler-qt5.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace signdesk {
 
@@ -21,8 +22,9 @@ struct Words
     Q_DECLARE_TR_FUNCTIONS(signdesk::Pages)
 };
 
-QSize dotsOf(const QSizeF &points, double dotsPerPoint)
+QSize dotsOf(const QSizeF &points, double wishedDotsPerPoint)
 {
+    const double dotsPerPoint = affordableDots(points, wishedDotsPerPoint);
     return {std::max(1, qRound(points.width() * dotsPerPoint)), std::max(1, qRound(points.height() * dotsPerPoint))};
 }
 
@@ -91,7 +93,8 @@ public:
     QImage render(int page, double dotsPerPoint) const override
     {
         const std::unique_ptr<Poppler::Page> found(m_document->page(page));
-        const QImage image = found == nullptr ? QImage() : found->renderToImage(72 * dotsPerPoint, 72 * dotsPerPoint);
+        const double dots = 72 * affordableDots(size(page), dotsPerPoint);
+        const QImage image = found == nullptr ? QImage() : found->renderToImage(dots, dots);
         return image.convertToFormat(QImage::Format_RGB32);
     }
 
@@ -118,6 +121,13 @@ std::unique_ptr<Pages> openPdf(const QString &path)
 }
 
 } // namespace
+
+double affordableDots(const QSizeF &page, double dotsPerPoint)
+{
+    constexpr double kMost = 40e6; // a sheet of A2 at 300 dots to the inch
+    const double area = page.width() * page.height();
+    return area * dotsPerPoint * dotsPerPoint <= kMost ? dotsPerPoint : std::sqrt(kMost / area);
+}
 
 std::unique_ptr<Pages> blankPages()
 {

@@ -26,9 +26,12 @@ public:
     /// In points, 72 to the inch.
     virtual QSizeF size(int page) const = 0;
 
-    /// Opaque, of that many dots to the point. Null when it cannot be had.
+    /// Opaque, of that many dots to the point, or of as many as can be afforded. Null when it cannot be had.
     virtual QImage render(int page, double dotsPerPoint) const = 0;
 };
+
+/// The wished dots to the point, or fewer for pages so large that their picture would take all memory.
+double affordableDots(const QSizeF &page, double dotsPerPoint);
 
 /// One white A4 sheet.
 std::unique_ptr<Pages> blankPages();

@@ -1,6 +1,7 @@
 #include "screenshot.h"
 
 #include <QApplication>
+#include <QMessageBox>
 #include <QTimer>
 
 #include <cstdio>
@@ -29,9 +30,14 @@ void takeScreenshotAndQuit(DeskWindow &window, const QString &path)
     QTimer::singleShot(kLongest, &window, [&window, path] { finish(window, path, false); });
     auto *const look = new QTimer(&window);
     QObject::connect(look, &QTimer::timeout, &window, [&window, look, path] {
-        if (window.state() != SigningState::Confirmed)
+        const auto *const trouble = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (trouble == nullptr && window.state() != SigningState::Confirmed)
             return;
         look->stop();
+        if (trouble != nullptr) { // nobody is there to read it
+            std::fprintf(stderr, "kv-sign-desk: %s\n", trouble->text().toLocal8Bit().constData());
+            return finish(window, path, false);
+        }
         QTimer::singleShot(kSettle, &window, [&window, path] { finish(window, path, true); });
     });
     look->start(50);

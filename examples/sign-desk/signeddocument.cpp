@@ -100,14 +100,16 @@ void SignedDocument::writePdf(QIODevice &file) const
 
 QImage SignedDocument::signedPage() const
 {
-    const QSizeF size = m_pages.size(m_signature.page) * kDotsPerPoint;
+    const QSizeF page = m_pages.size(m_signature.page);
+    const double dotsPerPoint = affordableDots(page, kDotsPerPoint);
+    const QSizeF size = page * dotsPerPoint;
     QImage image(size.toSize(), QImage::Format_RGB32);
     image.fill(Qt::white);
-    const int dotsPerMetre = qRound(kDotsPerInch / 0.0254);
+    const int dotsPerMetre = qRound(dotsPerPoint * 72 / 0.0254);
     image.setDotsPerMeterX(dotsPerMetre);
     image.setDotsPerMeterY(dotsPerMetre);
     QPainter painter(&image);
-    paint(painter, m_signature.page, {{}, size}, kDotsPerPoint);
+    paint(painter, m_signature.page, {{}, size}, dotsPerPoint);
     return image;
 }
 

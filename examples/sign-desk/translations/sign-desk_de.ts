@@ -191,10 +191,6 @@
         <translation>fingerabdruck</translation>
     </message>
     <message>
-        <source>The signature is confirmed, but neither saved nor printed.</source>
-        <translation>Die Unterschrift ist bestätigt, aber weder gespeichert noch gedruckt.</translation>
-    </message>
-    <message>
         <source>Shall it be discarded?</source>
         <translation>Soll sie verworfen werden?</translation>
     </message>
@@ -205,6 +201,10 @@
     <message>
         <source>&amp;Keep</source>
         <translation>&amp;Behalten</translation>
+    </message>
+    <message>
+        <source>The signature is neither saved nor printed.</source>
+        <translation>Die Unterschrift ist weder gespeichert noch gedruckt.</translation>
     </message>
 </context>
 <context>
