@@ -1,11 +1,13 @@
 # Tests of the sign desk: driven in its window, looked at in every scale, and started as a program.
 
+find_program(KV_LUPDATE lupdate HINTS /usr/lib/qt5/bin)
 add_library(kv_signdesk_tests STATIC signdesk.cpp)
 target_link_libraries(kv_signdesk_tests PUBLIC kv_signdesk kv_test_pads Qt5::Test kv_outside_command PRIVATE kv_warnings)
 target_compile_options(kv_signdesk_tests PRIVATE ${KV_TEST_OPTIONS})
 target_compile_definitions(kv_signdesk_tests PUBLIC
   KV_SIGNDESK="$<TARGET_FILE:kv-sign-desk>" KV_SIGNDESK_SOURCES="${PROJECT_SOURCE_DIR}/examples/sign-desk"
   KV_SIGNDESK_GERMAN="${CMAKE_BINARY_DIR}/examples/sign-desk/sign-desk_de.qm"
+  KV_LUPDATE="${KV_LUPDATE}"
   KV_SIGNDESK_PICTURES="${CMAKE_BINARY_DIR}/sign-desk-pictures")
 
 kv_add_test(signdesk_test

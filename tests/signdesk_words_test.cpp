@@ -272,7 +272,7 @@ TEST(SignDeskGerman, TranslatesEveryWord)
     const QDir sources(KV_SIGNDESK_SOURCES);
     const QTemporaryDir place;
     const QString found = place.filePath("found.ts");
-    const CommandResult result = runProgram({"lupdate", "-silent", sources.path(), "-ts", found}, "/");
+    const CommandResult result = runProgram({KV_LUPDATE, "-silent", sources.path(), "-ts", found}, "/");
     ASSERT_EQ(result.exitCode, 0) << testing::PrintToString(result);
     const QMap<QString, QString> wanted = messagesOf(found);
     const QMap<QString, QString> german = messagesOf(sources.filePath("translations/sign-desk_de.ts"));

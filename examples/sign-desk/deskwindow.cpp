@@ -225,6 +225,8 @@ void DeskWindow::follow(SigningState state)
     setWindowModified(!m_isKept);
     if (state == SigningState::Waiting)
         m_status->note(tr("The signer may write on the pad."));
+    else if (state == SigningState::Writing)
+        m_status->note(tr("Confirm here, or on the pad, when all is written."));
     else if (state == SigningState::Confirmed)
         m_status->note(tr("Confirmed. Save, export or print it, then cancel or clear for the next one."));
     else if (state == SigningState::Changed)

@@ -316,6 +316,10 @@
         <source>Sign Desk lets a customer sign a page on a signature pad, and saves or prints it with the signature.</source>
         <translation>Mit Sign Desk unterschreibt ein Kunde eine Seite auf einem Unterschriftenpad; sie wird mit der Unterschrift gespeichert oder gedruckt.</translation>
     </message>
+    <message>
+        <source>Confirm here, or on the pad, when all is written.</source>
+        <translation>Ist alles geschrieben, hier oder am Pad bestätigen.</translation>
+    </message>
 </context>
 <context>
     <name>signdesk::FingerprintPlacing</name>
