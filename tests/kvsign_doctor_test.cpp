@@ -107,7 +107,7 @@ TEST_F(KvsignDoctor, looksForADisplay)
     EXPECT_EQ(missing["state"].toString(), "note");
     EXPECT_EQ(missing["finding"].toString(), "DISPLAY is not set");
     const CommandResult onScreen =
-        runProgram({"xvfb-run", "-a", KV_KVSIGN, "doctor"}, kDriverDirectory, {{"QT_QPA_PLATFORM", {}}});
+        runProgram({"xvfb-run", "-a", KV_KVSIGN, "doctor"}, kDriverDirectory, {{"QT_QPA_PLATFORM", {}}, kOnScreen});
     EXPECT_TRUE(onScreen.output.contains("ok    display: the X display :")) << testing::PrintToString(onScreen);
 }
 

@@ -99,7 +99,7 @@ TEST_F(KvsignReplay, showsAWindow)
     EXPECT_GE(running.elapsed(), 600);
     const CommandResult onScreen =
         runProgram({"xvfb-run", "-a", KV_KVSIGN, "replay", "--window", "--close", "--speed", "max", "a.ink"}, file("."),
-            {{"QT_QPA_PLATFORM", {}}});
+            {{"QT_QPA_PLATFORM", {}}, kOnScreen});
     EXPECT_EQ(onScreen.exitCode, 0) << testing::PrintToString(onScreen);
     write("half.csv", "x,y,pressure,stroke_end,tick_ms,time_s\n300,300,9,0,1,1\n900,900,9,0,2,2\nhalf");
     const CommandResult broken =

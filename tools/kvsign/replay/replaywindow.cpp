@@ -14,6 +14,8 @@ constexpr int kFrame = 16; // milliseconds
 constexpr int kInterruptionLook = 100; // milliseconds
 constexpr int kStatusHeight = 26;
 constexpr int kMoment = 700; // milliseconds that the whole signature stays when the window closes itself
+constexpr int kBorder = 10;
+constexpr char kKeys[] = "space: pause, R: again, Esc: close";
 constexpr QRgb kPaper = 0xffffffff;
 constexpr QRgb kStatusBack = 0xffeceff1;
 constexpr QRgb kStatusText = 0xff37474f;
@@ -33,6 +35,7 @@ ReplayWindow::ReplayWindow(InkInput &input, const PictureSettings &settings, dou
     if (!m_settings.background.isValid())
         m_settings.background = QColor(kPaper);
     setFixedSize(settings.size() + QSize(0, kStatusHeight));
+    setAccessibleName("The signature as it is written");
     setWindowTitle(QString("%1 - kvsign replay").arg(QFileInfo(input.name()).fileName()));
     m_timer.callOnTimeout(this, [this] { step(); });
     m_interruptions.callOnTimeout(this, [this] {
@@ -107,7 +110,7 @@ void ReplayWindow::drawDue()
 QString ReplayWindow::status() const
 {
     const char *state = m_atEnd ? "end" : m_timer.isActive() ? "" : "pause";
-    return QString("%1 points    x %2   y %3   pressure %4    %5    space: pause, R: again, Esc: close")
+    return QString("%1 points    x %2   y %3   pressure %4    %5")
         .arg(grouped(m_count))
         .arg(m_drawn.nX)
         .arg(m_drawn.nY)
@@ -123,7 +126,11 @@ void ReplayWindow::paintEvent(QPaintEvent *)
     const QRect line(0, canvas.height(), width(), kStatusHeight);
     painter.fillRect(line, QColor(kStatusBack));
     painter.setPen(QColor(kStatusText));
-    painter.drawText(line.adjusted(10, 0, -10, 0), Qt::AlignVCenter | Qt::AlignLeft, status());
+    const QRect text = line.adjusted(kBorder, 0, -kBorder, 0);
+    painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeft, status());
+    const QFontMetrics metrics = painter.fontMetrics();
+    if (metrics.horizontalAdvance(status()) + metrics.horizontalAdvance(kKeys) + kBorder < text.width())
+        painter.drawText(text, Qt::AlignVCenter | Qt::AlignRight, kKeys);
 }
 
 void ReplayWindow::keyPressEvent(QKeyEvent *event)
