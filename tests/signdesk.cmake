@@ -11,7 +11,8 @@ target_compile_definitions(kv_signdesk_tests PUBLIC
   KV_SIGNDESK_PICTURES="${CMAKE_BINARY_DIR}/sign-desk-pictures")
 
 kv_add_test(signdesk_test
-  signdesk_signing_test.cpp signdesk_outputs_test.cpp signdesk_troubles_test.cpp signdesk_words_test.cpp
+  signdesk_signing_test.cpp signdesk_outputs_test.cpp signdesk_fingerprint_test.cpp signdesk_troubles_test.cpp
+  signdesk_words_test.cpp
   PADS LIBRARIES kv_signdesk_tests)
 kv_add_test(signdesk_program_test signdesk_program_test.cpp PADS LIBRARIES kv_signdesk_tests)
 kv_add_test(signdesk_layout_test signdesk_layout_test.cpp PADS LIBRARIES kv_signdesk_tests)

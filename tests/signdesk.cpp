@@ -126,6 +126,13 @@ void SignDeskTest::giveFile(QDialog &dialog, const QString &path)
     QTest::keyClick(name, Qt::Key_Return);
 }
 
+void SignDeskTest::save(const QString &path)
+{
+    whenDialogComes([&](QDialog &dialog) { giveFile(dialog, path); });
+    click("Save page...");
+    ASSERT_TRUE(happened());
+}
+
 void SignDeskTest::answer(QDialog &dialog, const QString &buttonText)
 {
     auto *const box = qobject_cast<QMessageBox *>(&dialog);
@@ -179,6 +186,11 @@ QImage drawnPdf(const QString &path, int page)
         {"pdftoppm", "-r", "144", "-f", number, "-l", number, "-singlefile", "-png", path, "page"}, directory.path());
     EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
     return QImage(directory.filePath("page.png"));
+}
+
+QRectF inPoints(const QRect &dots)
+{
+    return {dots.x() / kDrawnScale, dots.y() / kDrawnScale, dots.width() / kDrawnScale, dots.height() / kDrawnScale};
 }
 
 QRect boxOf(const QImage &image, const std::function<bool(const QColor &)> &isTaken)

@@ -52,6 +52,9 @@ protected:
     /// As a save or open dialog: that path, then the button that accepts.
     static void giveFile(QDialog &dialog, const QString &path);
 
+    /// Saves the signed page by its button and dialog.
+    void save(const QString &path);
+
     /// Presses one of a message box's buttons, and keeps what the box says.
     void answer(QDialog &dialog, const QString &buttonText);
     QString said;
@@ -82,6 +85,8 @@ private:
 /// What pdftoppm draws of a page, counted from 1, at 144 dots per inch.
 QImage drawnPdf(const QString &path, int page = 1);
 constexpr double kDrawnScale = 2; ///< dots of it to the point
+
+QRectF inPoints(const QRect &dots);
 
 /// The box around the pixels that the condition takes.
 QRect boxOf(const QImage &image, const std::function<bool(const QColor &)> &isTaken);

@@ -23,16 +23,6 @@ QRectF lineOf(const QRectF &field)
     return {field.x() + 0.2 * field.width(), field.center().y(), 0.6 * field.width(), 0};
 }
 
-QRectF inPoints(const QRect &dots)
-{
-    return {dots.x() / kDrawnScale, dots.y() / kDrawnScale, dots.width() / kDrawnScale, dots.height() / kDrawnScale};
-}
-
-bool isRed(const QColor &colour)
-{
-    return colour.red() > 180 && colour.green() < 120 && colour.blue() < 120;
-}
-
 constexpr double kPenWidth = 6; ///< points that the line may be broad
 
 class OutputOfEachModel : public SignDeskTest, public testing::WithParamInterface<Family>
@@ -79,13 +69,6 @@ protected:
                 painter.fillRect(20 + 30 * i, 20, 20, 20, Qt::black);
         }
         return path;
-    }
-
-    void save(const QString &path)
-    {
-        whenDialogComes([&](QDialog &dialog) { giveFile(dialog, path); });
-        click("Save page...");
-        ASSERT_TRUE(happened());
     }
 
     QString exported(const QString &name)
@@ -223,91 +206,6 @@ TEST_F(SignDeskOutput, ThePagesArePrinted)
     const QRect ink = boxOf(first, isInk);
     EXPECT_LT(ink.left(), first.width() / 4);
     EXPECT_GT(ink.right(), first.width() / 2);
-}
-
-struct FingerprintAt
-{
-    const char *choice;
-    bool isInField;
-};
-
-class FingerprintOnPage : public SignDeskOutput, public testing::WithParamInterface<FingerprintAt>
-{
-protected:
-    /// Dark rings, red on the page.
-    void layFingerOn()
-    {
-        std::vector<unsigned char> rings(208 * 288, 255);
-        for (int y = 0; y < 288; ++y)
-            for (int x = 0; x < 208; ++x)
-                if ((x / 8 + y / 8) % 2 == 0)
-                    rings[static_cast<std::size_t>(y * 208 + x)] = 0;
-        driver.sendFingerprint(rings, 50);
-    }
-};
-
-TEST_P(FingerprintOnPage, IsWhereTheWindowShowsIt)
-{
-    choose(kS310XFamily);
-    auto *const place = labelled<QComboBox>("Fingerprint");
-    ASSERT_TRUE(place != nullptr && place->isVisible());
-    place->setFocus();
-    QTest::keyClicks(place, GetParam().choice);
-    ASSERT_EQ(place->currentText(), GetParam().choice);
-    click("Start signing");
-    write(kS310XFamily, 0.1, 0.05, 0.9, 0.05);
-    layFingerOn();
-    // Shown on the page after the pad's own screen has it.
-    const auto shownBox = [&] { return boxOf(sheet().grab().toImage(), isRed); };
-    ASSERT_TRUE(until([&] { return !shownBox().isEmpty(); }));
-    const QRectF shown = shownBox().translated(-signdesk::PageSheet::kMargin, -signdesk::PageSheet::kMargin);
-    const double scale = sheet().scale();
-    const QRectF shownAt(shown.topLeft() / scale, shown.size() / scale);
-    EXPECT_EQ(sheet().field().contains(shownAt.center()), GetParam().isInField);
-
-    click("Confirm");
-    ASSERT_TRUE(showsState("Confirmed"));
-    const QString path = file("signed.pdf");
-    save(path);
-    const QRectF printed = inPoints(boxOf(drawnPdf(path), isRed));
-    EXPECT_TRUE(near(printed, shownAt, 3));
-
-    const QString picture = file("finger.png");
-    whenDialogComes([&](QDialog &dialog) { giveFile(dialog, picture); });
-    press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
-    ASSERT_TRUE(happened());
-    EXPECT_EQ(note(), "The fingerprint is exported.");
-    EXPECT_NEAR(1.0 * QImage(picture).width() / QImage(picture).height(), 208.0 / 288, 0.02);
-}
-
-INSTANTIATE_TEST_SUITE_P(Places, FingerprintOnPage,
-    testing::Values(FingerprintAt{"Centre of the field", true}, FingerprintAt{"Right end of the field", true},
-        FingerprintAt{"Field of its own", false}),
-    [](const auto &row) { return QString(row.param.choice).section(' ', 0, 0).toStdString(); });
-
-TEST_F(FingerprintOnPage, MayBeAllThereIs)
-{
-    choose(kS310XFamily);
-    click("Start signing");
-    layFingerOn();
-    ASSERT_TRUE(until([&] { return showsState("The signer writes"); }));
-    tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON);
-    ASSERT_TRUE(until([&] { return showsState("Confirmed"); }));
-    ASSERT_TRUE(until([&] { return !boxOf(signWidget()->grab().toImage(), isRed).isEmpty(); }));
-    save(file("signed.pdf"));
-    const QImage drawn = drawnPdf(file("signed.pdf"));
-    EXPECT_TRUE(sheet().field().contains(inPoints(boxOf(drawn, isRed))));
-}
-
-TEST_F(SignDeskOutput, WithoutAFingerThereIsNoFingerprint)
-{
-    signAndConfirm(kS310XFamily);
-    whenDialogComes([&](QDialog &dialog) { answer(dialog, "OK"); });
-    press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_TRUE(happened());
-    EXPECT_EQ(said, "There is no fingerprint.\nLet the signer lay a finger on the pad's sensor.");
-    save(file("signed.pdf"));
-    EXPECT_TRUE(boxOf(drawnPdf(file("signed.pdf")), isRed).isNull());
 }
 
 } // namespace

@@ -1,0 +1,98 @@
+// The fingerprint of an S310X at the sign desk: on the screen, on the saved page, by itself.
+#include "signdesk.h"
+
+#include <QComboBox>
+
+namespace {
+
+bool isRed(const QColor &colour)
+{
+    return colour.red() > 180 && colour.green() < 120 && colour.blue() < 120;
+}
+
+struct FingerprintAt
+{
+    const char *choice;
+    bool isInField;
+};
+
+class FingerprintOnPage : public SignDeskTest, public testing::WithParamInterface<FingerprintAt>
+{
+protected:
+    /// Dark rings, red on the page.
+    void layFingerOn()
+    {
+        std::vector<unsigned char> rings(208 * 288, 255);
+        for (int y = 0; y < 288; ++y)
+            for (int x = 0; x < 208; ++x)
+                if ((x / 8 + y / 8) % 2 == 0)
+                    rings[static_cast<std::size_t>(y * 208 + x)] = 0;
+        driver.sendFingerprint(rings, 50);
+    }
+};
+
+TEST_P(FingerprintOnPage, IsWhereTheWindowShowsIt)
+{
+    choose(kS310XFamily);
+    auto *const place = labelled<QComboBox>("Fingerprint");
+    ASSERT_TRUE(place != nullptr && place->isVisible());
+    place->setFocus();
+    QTest::keyClicks(place, GetParam().choice);
+    ASSERT_EQ(place->currentText(), GetParam().choice);
+    click("Start signing");
+    write(kS310XFamily, 0.1, 0.05, 0.9, 0.05);
+    layFingerOn();
+    // Shown on the page after the pad's own screen has it.
+    const auto shownBox = [&] { return boxOf(sheet().grab().toImage(), isRed); };
+    ASSERT_TRUE(until([&] { return !shownBox().isEmpty(); }));
+    const QRectF shown = shownBox().translated(-signdesk::PageSheet::kMargin, -signdesk::PageSheet::kMargin);
+    const double scale = sheet().scale();
+    const QRectF shownAt(shown.topLeft() / scale, shown.size() / scale);
+    EXPECT_EQ(sheet().field().contains(shownAt.center()), GetParam().isInField);
+
+    click("Confirm");
+    ASSERT_TRUE(showsState("Confirmed"));
+    const QString path = file("signed.pdf");
+    save(path);
+    const QRectF printed = inPoints(boxOf(drawnPdf(path), isRed));
+    EXPECT_TRUE(near(printed, shownAt, 3));
+
+    const QString picture = file("finger.png");
+    whenDialogComes([&](QDialog &dialog) { giveFile(dialog, picture); });
+    press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    ASSERT_TRUE(happened());
+    EXPECT_EQ(note(), "The fingerprint is exported.");
+    EXPECT_NEAR(1.0 * QImage(picture).width() / QImage(picture).height(), 208.0 / 288, 0.02);
+}
+
+INSTANTIATE_TEST_SUITE_P(Places, FingerprintOnPage,
+    testing::Values(FingerprintAt{"Centre of the field", true}, FingerprintAt{"Right end of the field", true},
+        FingerprintAt{"Field of its own", false}),
+    [](const auto &row) { return QString(row.param.choice).section(' ', 0, 0).toStdString(); });
+
+TEST_F(FingerprintOnPage, MayBeAllThereIs)
+{
+    choose(kS310XFamily);
+    click("Start signing");
+    layFingerOn();
+    ASSERT_TRUE(until([&] { return showsState("The signer writes"); }));
+    tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON);
+    ASSERT_TRUE(until([&] { return showsState("Confirmed"); }));
+    ASSERT_TRUE(until([&] { return !boxOf(signWidget()->grab().toImage(), isRed).isEmpty(); }));
+    save(file("signed.pdf"));
+    const QImage drawn = drawnPdf(file("signed.pdf"));
+    EXPECT_TRUE(sheet().field().contains(inPoints(boxOf(drawn, isRed))));
+}
+
+TEST_F(SignDeskTest, WithoutAFingerThereIsNoFingerprint)
+{
+    signAndConfirm(kS310XFamily);
+    whenDialogComes([&](QDialog &dialog) { answer(dialog, "OK"); });
+    press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(happened());
+    EXPECT_EQ(said, "There is no fingerprint.\nLet the signer lay a finger on the pad's sensor.");
+    save(file("signed.pdf"));
+    EXPECT_TRUE(boxOf(drawnPdf(file("signed.pdf")), isRed).isNull());
+}
+
+} // namespace
