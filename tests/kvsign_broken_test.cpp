@@ -171,10 +171,10 @@ TEST_F(KvsignBroken, aFullDiskIsAFailure)
 
 TEST_F(KvsignBroken, anInterruptedConversionLeavesNothing)
 {
-    Points points(400000, {1500, 900, 500, false, 7, 0});
+    Points points(1000000, {1500, 900, 500, false, 7, 0});
     for (size_t i = 0; i < points.size(); ++i)
         points[i].x = 300 + static_cast<int>(i % 2000);
-    write("long.ink", record(points));
+    write("long.ink", recordBytes(points).toBase64());
     QProcess process;
     process.setWorkingDirectory(file("."));
     process.start(KV_KVSIGN, {"convert", "--model", "S300", "long.ink", "long.svg"});

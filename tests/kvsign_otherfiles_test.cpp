@@ -82,4 +82,15 @@ TEST_F(KvsignOtherFiles, findsTheFormatInTheContent)
     }
 }
 
+TEST_F(KvsignOtherFiles, mayHaveAnyName)
+{
+    const QString name = QString::fromUtf8("Zo\u00eb \u5b57 'a\".ink");
+    write(name, record(kPoints));
+    for (const char *locale : {"C", "C.UTF-8"}) {
+        const CommandResult result = run({"convert", "--json", name, name + ".csv"}, {{"LC_ALL", locale}});
+        EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
+        EXPECT_TRUE(QFile::remove(file(name + ".csv"))) << locale;
+    }
+}
+
 } // namespace
