@@ -1,7 +1,7 @@
 #include "openpad.h"
 
 #include "failure.h"
-#include "padmodels.h"
+#include "padareas.h"
 
 #include <QDir>
 #include <QFileInfo>

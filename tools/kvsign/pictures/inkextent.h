@@ -3,7 +3,7 @@
 #ifndef INKEXTENT_H
 #define INKEXTENT_H
 
-#include "../padmodels.h"
+#include "../padareas.h"
 
 #include <kvsignpadsdk_global.h>
 

@@ -4,7 +4,7 @@
 #define PICTURES_H
 
 #include "../ink/pointstream.h"
-#include "../padmodels.h"
+#include "../padareas.h"
 
 #include <QColor>
 #include <QRectF>

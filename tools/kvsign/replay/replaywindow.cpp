@@ -73,18 +73,24 @@ void ReplayWindow::togglePause()
 
 void ReplayWindow::step()
 {
-    // Qt does not carry exceptions through its loop.
-    try {
-        drawDue();
-    } catch (const Failure &failure) {
-        endWith(failure);
-    }
+    guarded([this] { drawDue(); });
     update();
     if (!m_atEnd)
         return;
     m_timer.stop();
     if (m_closesAtEnd)
         QTimer::singleShot(kMoment, this, &QWidget::close);
+}
+
+/// Qt does not carry exceptions through its loop.
+template <class Step>
+void ReplayWindow::guarded(Step step)
+{
+    try {
+        step();
+    } catch (const Failure &failure) {
+        endWith(failure);
+    }
 }
 
 void ReplayWindow::endWith(const Failure &failure)
@@ -139,7 +145,7 @@ void ReplayWindow::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Space:
         return togglePause();
     case Qt::Key_R:
-        return restart();
+        return guarded([this] { restart(); });
     case Qt::Key_Escape:
     case Qt::Key_Q:
         close();

@@ -28,6 +28,8 @@ protected:
 private:
     void restart();
     void togglePause();
+    template <class Step>
+    void guarded(Step step);
     void step();
     void drawDue();
     void endWith(const Failure &failure);

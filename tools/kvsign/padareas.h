@@ -1,7 +1,7 @@
 /// @file
 /// The writing areas of the five models, and how thick their pens are: what a picture of an ink record needs.
-#ifndef PADMODELS_H
-#define PADMODELS_H
+#ifndef PADAREAS_H
+#define PADAREAS_H
 
 #include <QString>
 
