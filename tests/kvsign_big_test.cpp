@@ -3,10 +3,6 @@
 
 #include <QRegularExpression>
 
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 namespace {
 
 using namespace kvsign;
@@ -23,28 +19,17 @@ protected:
         write(name, recordBytes(points).toBase64());
     }
 
-    /// Runs it and answers the most memory that it had at once, in kilobytes.
+    /// Runs it and answers the most memory that it had at once, in kilobytes. A process begins with its parent's mark,
+    /// so its parent must be a small one.
     long memoryOf(const QStringList &arguments) const
     {
-        std::vector<QByteArray> words{KV_KVSIGN};
-        for (const QString &argument : arguments)
-            words.push_back(argument.toLocal8Bit());
-        std::vector<char *> pointers;
-        for (QByteArray &word : words)
-            pointers.push_back(word.data());
-        pointers.push_back(nullptr);
-        const QByteArray directory = file(".").toLocal8Bit();
-        const pid_t child = fork();
-        if (child == 0) {
-            if (chdir(directory.constData()) == 0)
-                execv(pointers[0], pointers.data());
-            _exit(127);
-        }
-        int status = 0;
-        rusage usage = {};
-        EXPECT_EQ(wait4(child, &status, 0, &usage), child);
-        EXPECT_EQ(status, 0) << arguments.join(' ').toStdString();
-        return usage.ru_maxrss;
+        const char measure[] = "import os, subprocess, sys\n"
+                               "os.chdir(sys.argv[1])\n"
+                               "child = subprocess.Popen(sys.argv[2:], stdout=subprocess.DEVNULL)\n"
+                               "_, status, usage = os.wait4(child.pid, 0)\n"
+                               "print(usage.ru_maxrss)\n"
+                               "sys.exit(os.waitstatus_to_exitcode(status))";
+        return python(measure, QStringList{file("."), KV_KVSIGN} + arguments).toLong();
     }
 };
 
@@ -57,6 +42,7 @@ TEST_F(KvsignBig, passesThroughInLittleMemory)
     const long least = memoryOf({"convert", "small.ink", "small.json"});
     const long pictureLeast = memoryOf({"convert", "small.ink", "small.svg"});
     constexpr long kMore = 4096; // kilobytes; the points themselves are 24000
+    EXPECT_GT(least, 1000);
     EXPECT_LT(memoryOf({"inspect", "big.ink"}), least + kMore);
     const auto comesBackThrough = [&](const QString &ink, const QString &other) {
         EXPECT_LT(memoryOf({"convert", ink, other}), least + kMore) << other.toStdString();
