@@ -50,8 +50,9 @@ void drawBar(QPainter &painter, QPointF foot, double microseconds, double most, 
 {
     const double tall = height(microseconds, most);
     painter.fillRect(QRectF(foot.x(), foot.y() - tall, 30, tall), colour);
-    const QString label =
-        microseconds < 10 ? QString::number(microseconds, 'f', 1) : QString::number(std::lround(microseconds));
+    const QString label = microseconds < 10 ? QString::number(microseconds, 'f', 1)
+        : microseconds < 10000              ? QString::number(std::lround(microseconds))
+                                            : QString::number(std::lround(microseconds / 1000)) + "k";
     painter.drawText(QRectF(foot.x() - 15, foot.y() - tall - 18, 60, 16), Qt::AlignCenter, label);
 }
 

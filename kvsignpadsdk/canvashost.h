@@ -116,7 +116,9 @@ void paint(Pad &pad, PaintBase paintBase)
     static constexpr logging::Key key{Pad::row.scope, "paintEvent()"};
     KV_LOG_INSIDE_THREAD(key, "<%ld>-Enter...");
     pad.m_internals.repaint.painted();
+    pad.m_internals.repaint.setWaiting(true);
     const CanvasLock locked(pad.m_mutexUpdateCanvas);
+    pad.m_internals.repaint.setWaiting(false);
     paintBase();
     const bool opaque = pad.m_internals.canvasOpacity.isOpaque(pad.m_canvas);
     show(pad, pad.m_canvas, opaque);

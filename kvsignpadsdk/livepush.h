@@ -35,6 +35,7 @@ void push(Pad &pad)
             receiver(text);
             pad.Base64EncodeFree(text);
         }
+        pad.m_internals.repaint.letPaint(); // images of a large canvas follow each other without a gap
     }
     KV_LOG(key, "<%ld>-leave !");
 }

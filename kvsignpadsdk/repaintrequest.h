@@ -18,8 +18,16 @@ public:
     /// To be called first thing in the paint handler: what is drawn from now on needs a new request.
     void painted() { m_pending.store(false); }
 
+    /// The paint handler says that it waits for the canvas, or that it has it.
+    void setWaiting(bool waiting) { m_waiting.store(waiting); }
+
+    /// For a thread that holds the canvas most of the time: gives a paint handler that waits for it its turn. Returns
+    /// at once when none does, after a few milliseconds in any case.
+    void letPaint() const;
+
 private:
     std::atomic<bool> m_pending{false};
+    std::atomic<bool> m_waiting{false};
 };
 
 #endif

@@ -134,4 +134,23 @@ TEST_P(RepaintRequests, showAClearAtOnceOnItsOwnThread)
     EXPECT_EQ(shown(), white);
 }
 
+// The images of a large canvas follow each other without a gap, each under the canvas lock.
+TEST(RepaintRequestsDuringALivePush, areMetBetweenItsImages)
+{
+    static std::atomic<int> pushes;
+    pushes = 0;
+    OpenPad pad({&kS210Family, false}, 1920, 1080);
+    Watcher watcher(pad.widget());
+    ASSERT_TRUE(KVS210_SetRealTimeSignBase64DataCallback(KVS210_DEVICE, EBITI_PNG, [](char *) { ++pushes; }));
+    std::vector<Share> shares;
+    for (int i = 0; i < 42; ++i)
+        shares.push_back({0.3 + i / 100.0, i % 2 == 0 ? 0.4 : 0.5, 0.3});
+    const auto packets = stroke(pad.type(), shares);
+    std::thread driver([&] { pad.driver.send(packets); });
+    while (pushes < 40)
+        QApplication::processEvents();
+    driver.join();
+    EXPECT_GE(watcher.paints, 10);
+}
+
 INSTANTIATE_TEST_SUITE_P(WidgetPads, RepaintRequests, testing::ValuesIn(widgetPads()), padCaseName);
