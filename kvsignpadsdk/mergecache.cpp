@@ -38,10 +38,11 @@ MergeCache::Known MergeCache::known(const Parts &parts)
 
 QRect MergeCache::boxOf(const QPointF &from, const QPointF &to, double width)
 {
-    constexpr double kFar = 1 << 20; // beyond any canvas
-    const double reach = std::min(std::max(width, 0.0) / 2 + 2, kFar);
-    const auto low = [reach](double a, double b) { return static_cast<int>(std::floor(std::min(a, b) - reach)); };
-    const auto high = [reach](double a, double b) { return static_cast<int>(std::ceil(std::max(a, b) + reach)); };
+    constexpr double kFar = 1 << 29; // beyond any canvas, and a box as wide as twice that is still counted in an int
+    const double reach = std::max(width, 0.0) / 2 + 2;
+    const auto kept = [=](double at) { return static_cast<int>(at > -kFar ? std::min(at, kFar) : -kFar); };
+    const auto low = [=](double a, double b) { return kept(std::floor(std::min(a, b) - reach)); };
+    const auto high = [=](double a, double b) { return kept(std::ceil(std::max(a, b) + reach)); };
     return {
         QPoint(low(from.x(), to.x()), low(from.y(), to.y())), QPoint(high(from.x(), to.x()), high(from.y(), to.y()))};
 }

@@ -158,6 +158,24 @@ TEST_F(FastMerge, EqualsTheWholeMergeAfterEverySegment)
     expectMerged("after a segment outside");
 }
 
+// A pad's errors may lie farther out than an int counts pixels.
+TEST_F(FastMerge, EqualsTheWholeMergeOfSegmentsThatComeFromAfar)
+{
+    layer = pad.m_FPOnlyCanvas = layerWithRidges(size);
+    for (const double far : {4e4, 1e6, 1.2e9, 3e9, 5e14}) {
+        draw(200, 100, 5);
+        draw(far, 150, 5);
+        expectMerged("to the right");
+        draw(-far, 170, 5);
+        expectMerged("across");
+        draw(100, 100, 5);
+        expectMerged("back");
+        draw(110, far, 5);
+        draw(120, -far, 5);
+        expectMerged("up and down");
+    }
+}
+
 TEST_F(FastMerge, SeesChangesThatDoNotComeFromSegments)
 {
     layer = pad.m_FPOnlyCanvas = layerWithRidges(size);
