@@ -130,16 +130,14 @@ TEST_F(KvsignDocuments, readmesCommandsWork)
     EXPECT_TRUE(result.output.contains("\nstrokes     2\n")) << testing::PrintToString(result);
 }
 
-// Without building anything: a target that does not exist is an error even so.
+// Ninja is asked whether it knows what is to be built: nothing is.
 TEST_F(KvsignDocuments, readmeSaysHowTheToolsAreBuilt)
 {
-    static const QRegularExpression command("`(cmake --build build/release --target [^`]+)`");
-    const QString build = command.match(contentOf(KV_SOURCE_DIRECTORY "/README.md")).captured(1);
-    for (const char *tool : {" kvsign", " kv-sign-desk", " kv-virtualpad"})
-        EXPECT_TRUE(build.contains(tool)) << tool;
-    QDir(file(".")).mkdir("build");
-    QFile::link(KV_BUILD_DIRECTORY, file("build/release"));
-    const CommandResult result = runProgram({"sh", "-c", build + " -- -n"}, file("."));
+    static const QRegularExpression command("`cmake --build build/release --target ([^`]+)`");
+    const QString targets = command.match(contentOf(KV_SOURCE_DIRECTORY "/README.md")).captured(1);
+    EXPECT_EQ(targets, "kvsign kv-sign-desk kv-virtualpad");
+    const CommandResult result =
+        runProgram(QStringList{"ninja", "-C", KV_BUILD_DIRECTORY, "-t", "query"} + targets.split(' '), file("."));
     EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
 }
 
