@@ -52,14 +52,6 @@ constexpr int kMoves = 2000;
 constexpr KVSIM_PACKET kBegin{0, 0, 0, KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON};
 constexpr KVSIM_PACKET kEnd{0, 0, 0, KVSPDARI_PS_PEN_DOWN_ON_CANCEL_BUTTON};
 
-std::vector<PadCase> headlessPads()
-{
-    std::vector<PadCase> pads;
-    for (const Family &family : kFamilies)
-        pads.push_back({&family, true});
-    return pads;
-}
-
 std::vector<KVSIM_PACKET> zigzag(int deviceType)
 {
     std::vector<Share> shares;
@@ -144,4 +136,31 @@ TEST_P(PacketAllocations, areCountedAtAll)
     EXPECT_GE(allocationsOf(zigzag(type)), 5);
 }
 
-INSTANTIATE_TEST_SUITE_P(HeadlessPads, PacketAllocations, testing::ValuesIn(headlessPads()), padCaseName);
+// In a widget the GUI thread waits meanwhile, so that one request for a repaint is posted for all.
+INSTANTIATE_TEST_SUITE_P(Pads, PacketAllocations, testing::ValuesIn(allPads()), padCaseName);
+
+namespace {
+
+using PacketAllocationsWithAFingerprint = PacketAllocations;
+
+} // namespace
+
+TEST_P(PacketAllocationsWithAFingerprint, ofMovesAreThoseOfTheListOfPoints)
+{
+    std::vector<unsigned char> ridges(208 * 288);
+    for (size_t i = 0; i < ridges.size(); ++i)
+        ridges[i] = i / 5 % 2 == 0 ? 0 : 255;
+    const QImage before = pad.canvas();
+    pad.driver.sendFingerprint(ridges, 90);
+    pad.driver.send(zigzag(type)); // what the fingerprint needs is made now
+    const QImage shown = pad.canvas();
+    int red = 0;
+    for (int y = 0; y < shown.height(); ++y)
+        for (int x = 0; x < shown.width(); ++x)
+            red += shown.pixel(x, y) == 0xffff0000 && before.pixel(x, y) == 0xffffffff;
+    EXPECT_GT(red, 100) << "the fingerprint that the moves are merged with";
+    EXPECT_LE(allocationsOf(zigzag(type)), growthOf(kMoves));
+}
+
+INSTANTIATE_TEST_SUITE_P(Pads, PacketAllocationsWithAFingerprint,
+    testing::Values(PadCase{&kS310XFamily, true}, PadCase{&kS310XFamily, false}), padCaseName);
