@@ -4,6 +4,7 @@
 #include "inkbounds.h"
 #include "jpegfile.h"
 #include "opaquepixels.h"
+#include "pngstream.h"
 #include "recordedink.h"
 #include "svglines.h"
 
@@ -153,6 +154,54 @@ TEST(FastJpeg, LeavesOtherImagesToQt)
     const QImage wide = whiteCanvas({65501, 1}); // more than the format holds
     EXPECT_TRUE(jpegfile::encoded(wide).isEmpty());
     EXPECT_TRUE(jpegByQt(wide).isEmpty());
+}
+
+QByteArray byPlain(const QImage &image, const char *format, bool transparent)
+{
+    char *text = plain::imageText(image, format, transparent);
+    const QByteArray bytes = QByteArray::fromBase64(text);
+    delete[] text;
+    return bytes;
+}
+
+void expectEveryWayEqual(const QImage &image, PngStream &kept)
+{
+    EXPECT_EQ(bitmapfile::encoded(image), byPlain(image, "BMP", false));
+    EXPECT_EQ(jpegfile::encoded(image), byPlain(image, "JPG", false));
+    const QByteArray png = kept.encoded(image);
+    if (image.width() * image.height() > 5000) { // smaller ones are Qt's
+        EXPECT_EQ(png, byPlain(image, "PNG", true));
+    }
+    QImage expected = image;
+    plain::makeWhiteTransparent(expected);
+    EXPECT_EQ(opaquepixels::whiteTransparent(image), expected);
+}
+
+// While the signature grows, in the colours of ink, whole and cut to it.
+TEST(FastImages, OfEveryRecordingOnEveryModel)
+{
+    const QColor colours[] = {Qt::black, QColor(0, 0, 160, 90), Qt::red};
+    const QSize size(300, 150);
+    int turn = 0;
+    for (const Family &family : kFamilies) {
+        for (const std::string &name : recordingNames()) {
+            SCOPED_TRACE(family.prefix + name);
+            PngStream kept(PngStream::Memory::BetweenImages);
+            const QColor colour = colours[turn++ % 3];
+            const auto segments = segmentsOf(recordedPackets(name, family.type), family.type, size);
+            QImage canvas = whiteCanvas(size);
+            for (size_t i = 0; i < segments.size(); ++i) {
+                drawSegmentOrDot(canvas, segments[i], colour);
+                if (i + 1 != segments.size() && i != segments.size() / 2)
+                    continue;
+                const inkbounds::Box box = inkbounds::scanQuietly(canvas);
+                EXPECT_EQ(QRect(QPoint(box.left, box.top), QPoint(box.right, box.bottom)), plain::boundingBox(canvas));
+                expectEveryWayEqual(canvas, kept);
+                const QRect clip = inkbounds::withMargins(box, size.width(), size.height(), 5, 7);
+                expectEveryWayEqual(inkbounds::partInside(canvas, clip), kept);
+            }
+        }
+    }
 }
 
 // Sanitizers reserve address space without end, so that a limit means nothing to them.
