@@ -158,7 +158,7 @@ TEST_F(FastMerge, EqualsTheWholeMergeAfterEverySegment)
     expectMerged("after a segment outside");
 }
 
-// A pad's errors may lie farther out than an int counts pixels.
+// Packets are kept on the canvas; whoever calls the member itself may come from farther than an int counts pixels.
 TEST_F(FastMerge, EqualsTheWholeMergeOfSegmentsThatComeFromAfar)
 {
     layer = pad.m_FPOnlyCanvas = layerWithRidges(size);
