@@ -166,6 +166,21 @@ TEST_F(KvsignCapture, findsOutBeforeSomebodySigns)
     EXPECT_EQ(files(), QStringList());
 }
 
+// The first file fits; that the second does not is found when the last of it leaves memory.
+TEST_F(KvsignCapture, leavesNoFileWhenOneOfThemCannotBeFinished)
+{
+    QProcess process;
+    process.setWorkingDirectory(file("."));
+    const QString limited =
+        R"(trap '' XFSZ; ulimit -f 11; KVSIM_SPEED=max KVSIM_RECORDING=initials "$0" capture -m S300 a.ink b.inkml)";
+    process.start("bash", {"-c", limited, KV_KVSIGN});
+    ASSERT_TRUE(process.waitForFinished(60000));
+    EXPECT_EQ(process.exitCode(), 1);
+    const QByteArray errors = process.readAllStandardError();
+    EXPECT_TRUE(errors.contains("b.inkml")) << errors.toStdString();
+    EXPECT_EQ(files(), QStringList());
+}
+
 TEST_F(KvsignCapture, closesThePadWhenItIsInterrupted)
 {
     QProcess process;

@@ -2,6 +2,7 @@
 
 #include "failure.h"
 #include "openpad.h"
+#include "unwritable.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -53,6 +54,8 @@ void CaptureOutputs::write(const OpenPad &pad, int dpi)
             writeInk(record, *output.format, *output.file);
     }
     for (Output &output : m_outputs)
+        output.file->finish();
+    for (Output &output : m_outputs)
         output.file->commit();
 }
 
@@ -69,7 +72,7 @@ void CaptureOutputs::writePicture(const OpenPad &pad, int dpi, Output &output)
         throw failed(QString("%1: the picture could not be made").arg(output.file->name()));
     const QByteArray content = picture.readAll();
     if (output.file->device().write(content) != content.size())
-        throw failed(QString("%1: %2").arg(output.file->name(), output.file->device().errorString()));
+        throw unwritable(output.file->device());
     picture.remove();
 }
 

@@ -2,6 +2,7 @@
 
 #include "failure.h"
 #include "interruption.h"
+#include "unwritable.h"
 
 #include <QFileInfo>
 
@@ -21,14 +22,20 @@ OutputFile::OutputFile(const QString &path)
     const bool canBeReplaced = path != "-" && (!there.exists() || there.isFile() || there.isDir());
     m_device = canBeReplaced ? static_cast<QFileDevice *>(&m_file) : &m_spooled;
     const bool isOpen = canBeReplaced ? m_file.open(QIODevice::WriteOnly) : m_spooled.open();
+    m_device->setObjectName(m_name);
     if (!isOpen)
-        throw failed(QString("%1: %2").arg(m_name, m_device->errorString()));
+        throw unwritable(*m_device);
+}
+
+void OutputFile::finish()
+{
+    if (!m_device->flush())
+        throw unwritable(*m_device);
 }
 
 void OutputFile::commit()
 {
-    if (!m_device->flush())
-        throw failed(QString("%1: %2").arg(m_name, m_device->errorString()));
+    finish();
     m_size = m_device->size();
     if (m_device == &m_file) {
         if (!m_file.commit())

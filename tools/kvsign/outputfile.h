@@ -18,6 +18,9 @@ public:
     QIODevice &device() { return *m_device; }
     QString name() const { return m_name; }
 
+    /// Writes what is still in memory. Where several files belong together all are finished before one is put in place.
+    void finish();
+
     /// Puts the content in its place. Without it nothing is left behind.
     void commit();
 

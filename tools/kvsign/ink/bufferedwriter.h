@@ -3,10 +3,9 @@
 #ifndef BUFFEREDWRITER_H
 #define BUFFEREDWRITER_H
 
-#include "../failure.h"
+#include "../unwritable.h"
 
 #include <QByteArray>
-#include <QIODevice>
 
 class BufferedWriter
 {
@@ -28,7 +27,7 @@ public:
     void flush()
     {
         if (m_device.write(m_buffer) != m_buffer.size())
-            throw failed(m_device.errorString());
+            throw unwritable(m_device);
         m_buffer.resize(0);
     }
 

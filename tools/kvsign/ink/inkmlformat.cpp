@@ -1,6 +1,7 @@
 #include "inkmlformat.h"
 
 #include "../failure.h"
+#include "../unwritable.h"
 #include "inkmlchannels.h"
 
 #include <QXmlStreamReader>
@@ -192,7 +193,7 @@ public:
             endTrace();
         m_xml.writeEndDocument();
         if (m_xml.hasError())
-            throw failed(m_device.errorString());
+            throw unwritable(m_device);
     }
 
 private:

@@ -1,7 +1,7 @@
 // PDF: one page as large as the picture, drawn in lines.
 #include "pictures.h"
 
-#include "../failure.h"
+#include "../unwritable.h"
 #include "segments.h"
 
 #include <QPageSize>
@@ -29,7 +29,7 @@ public:
         m_writer.setTitle("Signature");
         m_writer.setCreator("kvsign");
         if (!m_painter.begin(&m_writer))
-            throw failed(device.errorString());
+            throw unwritable(device);
         if (m_settings.background.isValid())
             m_painter.fillRect(QRect({0, 0}, m_settings.size()), m_settings.background);
     }
@@ -44,7 +44,7 @@ public:
     void finish() override
     {
         if (!m_painter.end())
-            throw failed(m_device.errorString());
+            throw unwritable(m_device);
     }
 
 private:

@@ -1,6 +1,7 @@
 #include "rasterpicture.h"
 
 #include "../failure.h"
+#include "../unwritable.h"
 
 #include <QIODevice>
 
@@ -37,9 +38,8 @@ public:
     void finish() override
     {
         if (!m_picture.image().save(&m_device, m_format))
-            throw failed(m_device.errorString().isEmpty() || m_device.errorString() == "Unknown error"
-                    ? QString("Qt cannot write %1 pictures of this size").arg(m_format)
-                    : m_device.errorString());
+            throw saysWhy(m_device) ? unwritable(m_device)
+                                    : failed(QString("Qt cannot write %1 pictures of this size").arg(m_format));
     }
 
 private:

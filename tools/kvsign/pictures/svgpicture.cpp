@@ -1,7 +1,7 @@
 // SVG, a line for each segment: written as it comes, where Qt's generator holds the whole drawing.
 #include "pictures.h"
 
-#include "../failure.h"
+#include "../unwritable.h"
 #include "segments.h"
 
 #include <QIODevice>
@@ -50,7 +50,7 @@ public:
     {
         m_xml.writeEndDocument();
         if (m_xml.hasError())
-            throw failed(m_device.errorString());
+            throw unwritable(m_device);
     }
 
 private:

@@ -1,6 +1,7 @@
 #include "../failure.h"
 #include "../outputfile.h"
 #include "../pictures/rasterpicture.h"
+#include "../unwritable.h"
 #include "replay.h"
 
 #include <QDir>
@@ -38,7 +39,7 @@ public:
         const QString name = m_directory.filePath(QString("frame-%1.png").arg(m_written.size() + 1, 5, 10, QChar('0')));
         OutputFile file(name);
         if (!image.save(&file.device(), "PNG"))
-            throw failed(QString("%1: %2").arg(name, file.device().errorString()));
+            throw unwritable(file.device());
         file.commit();
         m_written += name;
     }

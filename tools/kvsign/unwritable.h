@@ -1,0 +1,23 @@
+/// @file
+/// What is wrong with a device that could not be written.
+#ifndef UNWRITABLE_H
+#define UNWRITABLE_H
+
+#include "failure.h"
+
+#include <QIODevice>
+
+/// Whether the device itself says why; Qt has no words for a piece that was written in part.
+inline bool saysWhy(const QIODevice &device)
+{
+    return !device.errorString().isEmpty() && device.errorString() != "Unknown error";
+}
+
+/// Names the device by its object name, where it has one.
+inline Failure unwritable(const QIODevice &device)
+{
+    const QString why = saysWhy(device) ? device.errorString() : QString("there is no room for all of it");
+    return failed(device.objectName().isEmpty() ? why : QString("%1: %2").arg(device.objectName(), why));
+}
+
+#endif
