@@ -71,8 +71,11 @@ TEST_P(FingerprintThreads, MeetWithoutHarm)
         ASSERT_TRUE(pad.isOpen());
         if (!driver.joinable())
             driver = std::thread([&] { drive(simulated, stop, sent); });
-        for (int round = 0; round < 15; ++round)
+        int round = 0;
+        EXPECT_TRUE(becomes([&] {
             useAll(pad, other, path, round);
+            return ++round >= 15 && sent > 3;
+        }));
         if (session == 2) { // closed under the driver's hands
             KVS310X_UnInitialDevice(kDevice);
             EXPECT_FALSE(pad.driver.isOpen());
@@ -80,7 +83,6 @@ TEST_P(FingerprintThreads, MeetWithoutHarm)
             driver.join();
         }
     }
-    EXPECT_GT(sent.load(), 3);
 }
 
 // After all that turmoil the canvas is what the last ink and the best fingerprint make it.
@@ -90,11 +92,12 @@ TEST_P(FingerprintThreads, TheLastPictureIsWholeAgain)
     std::atomic<bool> stop{false};
     std::atomic<int> sent{0};
     std::thread driver([&] { drive(pad.driver, stop, sent); });
-    for (int round = 0; round < 20; ++round) {
+    int round = 0;
+    EXPECT_TRUE(becomes([&] {
         const Text text = textOf(pad, EBITI_BITMAP);
         KVS310X_Clear(kDevice);
-        settle();
-    }
+        return ++round >= 20 && sent > 0;
+    }));
     stop = true;
     driver.join();
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
@@ -115,7 +118,8 @@ TEST(FingerprintThreadsOfAWidget, AParentMayGoWhileItsWidgetIsUpdated)
     std::atomic<bool> stop{false};
     std::atomic<int> sent{0};
     std::thread driver([&] { drive(pad.driver, stop, sent); });
-    for (int round = 0; round < 30; ++round) {
+    int round = 0;
+    EXPECT_TRUE(becomes([&] {
         QWidget other;
         other.resize(100, 100);
         other.show();
@@ -123,9 +127,9 @@ TEST(FingerprintThreadsOfAWidget, AParentMayGoWhileItsWidgetIsUpdated)
         settle();
         const Text text = fingerprintText(pad, EBITI_PNG, true);
         EXPECT_FALSE(text.isNull());
-    }
+        return ++round >= 30 && sent > 0;
+    }));
     EXPECT_TRUE(fingerprintText(pad, EBITI_PNG, true).isNull());
     stop = true;
     driver.join();
-    EXPECT_GT(sent.load(), 0);
 }
