@@ -82,7 +82,7 @@ TEST(FastBounds, EqualTheScanOfEveryPixel)
     std::mt19937 random(2);
     for (int i = 0; i < 300; ++i) {
         QImage image = whiteCanvas(randomSize(random));
-        for (auto dots = random() % 4; dots > 0; --dots)
+        for (auto dots = random() % 12; dots > 0; --dots)
             image.setPixel(static_cast<int>(random() % static_cast<size_t>(image.width())),
                 static_cast<int>(random() % static_cast<size_t>(image.height())), static_cast<QRgb>(random()));
         const QRect expected = plain::boundingBox(image);

@@ -3,7 +3,6 @@
 #include "recordeddriver.h"
 
 #include <fstream>
-#include <iostream>
 #include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -15,7 +14,6 @@ namespace {
 
 using namespace kvsim;
 using namespace std::chrono_literals;
-using Clock = std::chrono::steady_clock;
 using Kind = Event::Kind;
 
 unsigned char picture[8];
@@ -292,34 +290,6 @@ TEST_F(RecorderTest, AKilledProcessLosesNothing)
     for (std::size_t i = 0; i < recording.events.size(); ++i)
         ASSERT_EQ(recording.events[i].packet.x, static_cast<int>(i) + 1);
     munmap(delivered, 4096);
-}
-
-/// Per packet, with the recorder in between or not.
-double microsecondsPerPacket(const RealDriverFace &real)
-{
-    const std::vector<KVSIM_PACKET> packets(2000, {1000, 900, 800, 1});
-    double best = 1e9;
-    for (int round = 0; round < 5; ++round) {
-        const auto begin = Clock::now();
-        real.SendPackets(packets.data(), static_cast<int>(packets.size()));
-        const std::chrono::duration<double, std::micro> time = Clock::now() - begin;
-        best = std::min(best, time.count() / static_cast<double>(packets.size()));
-    }
-    return best;
-}
-
-void takePacket(int, int, int, int) { }
-
-TEST_F(RecorderTest, CostsLessThanAHundredthOfAPacketsPeriod)
-{
-    driver.Initial(KVS300_DEVICE, takePacket, nullptr);
-    const double with = microsecondsPerPacket(real);
-    driver.UnInitial();
-    real.Initial(KVS300_DEVICE, takePacket, nullptr);
-    const double without = microsecondsPerPacket(real);
-    real.UnInitial();
-    std::cout << "per packet: " << with - without << " us for the recorder, " << without << " us without it\n";
-    EXPECT_LT(with - without, 50); // a packet comes every 5000 us
 }
 
 TEST_F(RecorderTest, AnOperationThatTheRealDriverLacksAnswersMinusOne)

@@ -32,7 +32,8 @@ private:
     QComboBox *m_finger;
     QSpinBox *m_score;
     QPushButton *m_touch;
-    QTemporaryDir m_directory; ///< for pictures of other formats
+    /// For pictures of other formats. What the driver is told has no blank in it, whatever TMPDIR has.
+    QTemporaryDir m_directory{QStringLiteral("/tmp/kv-virtualpad-XXXXXX")};
     int m_chosen = 0;
     int m_pictures = 0;
 };
