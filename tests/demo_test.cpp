@@ -19,7 +19,7 @@ CommandResult runDemo(const QStringList &arguments, const QMap<QString, QString>
 {
     QMap<QString, QString> variables = environment;
     variables.insert("KVSIM_SPEED", environment.value("KVSIM_SPEED", "20"));
-    variables.insert("KVSIM_DELAY_MS", "1");
+    variables.insert("KVSIM_DELAY_MS", "100");
     return runProgram(QStringList(KV_BUILD_DIRECTORY "/examples/demo/kv-demo") + arguments, directory, variables);
 }
 

@@ -39,7 +39,7 @@ int shortNumber(const QByteArray &bytes, int place)
 
 CommandResult runIn(const QString &directory, const QStringList &arguments, const QMap<QString, QString> &environment)
 {
-    QMap<QString, QString> variables{{"KVSIM_SPEED", "max"}, {"KVSIM_DELAY_MS", "1"}};
+    QMap<QString, QString> variables{{"KVSIM_SPEED", "max"}, {"KVSIM_DELAY_MS", "100"}};
     for (auto variable = environment.begin(); variable != environment.end(); ++variable)
         variables.insert(variable.key(), variable.value());
     return runProgram(QStringList(KV_KVSIGN) + arguments, directory, variables);

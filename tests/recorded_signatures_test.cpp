@@ -35,8 +35,8 @@ protected:
         SimulatedDriver();
         setenv("KVSIM_RECORDING", GetParam().name, 1);
         setenv("KVSIM_SPEED", "max", 1);
-        // A widget has its size before the first packet comes.
-        setenv("KVSIM_DELAY_MS", "80", 1);
+        // The pad is open, and a widget has its size, before the first packet comes.
+        setenv("KVSIM_DELAY_MS", "3600000", 1);
     }
     ~RecordedSignatures() override
     {
@@ -68,6 +68,7 @@ TEST_P(RecordedSignatures, AreDrawnAsStored)
 {
     OpenPad pad(GetParam().pad, 500, 260);
     ASSERT_TRUE(pad.isOpen());
+    ASSERT_EQ(reinterpret_cast<decltype(&KVSIM_EndDelay)>(pad.driver.control("KVSIM_EndDelay"))(), 0);
     ASSERT_EQ(
         reinterpret_cast<decltype(&KVSIM_WaitUntilPlayed)>(pad.driver.control("KVSIM_WaitUntilPlayed"))(30000), 1);
     const std::vector<KVSIM_PACKET> packets = packetsOfStoredPoints(pad);

@@ -16,7 +16,7 @@ const QString kProgram = KV_SIGNDESK;
 const QString kSample = KV_SIGNDESK_SOURCES "/sample/delivery-note.pdf";
 
 const QMap<QString, QString> kQuickly{
-    {"KVSIM_RECORDING", "signature-finger"}, {"KVSIM_SPEED", "20"}, {"KVSIM_DELAY_MS", "1"}, {"LC_ALL", "C.UTF-8"}};
+    {"KVSIM_RECORDING", "signature-finger"}, {"KVSIM_SPEED", "20"}, {"KVSIM_DELAY_MS", "100"}, {"LC_ALL", "C.UTF-8"}};
 
 CommandResult run(const QStringList &arguments, const QString &directory = "/", const char *scale = "1")
 {
