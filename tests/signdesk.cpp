@@ -62,10 +62,9 @@ QWidget *SignDeskTest::buddyOf(const QString &text) const
 
 void SignDeskTest::click(const QString &buttonText) const
 {
-    QAbstractButton *found = button(buttonText);
-    ASSERT_TRUE(found != nullptr) << buttonText.toStdString();
-    ASSERT_TRUE(found->isEnabled()) << buttonText.toStdString();
-    QTest::mouseClick(found, Qt::LeftButton);
+    const auto isReady = [&] { return button(buttonText) != nullptr && button(buttonText)->isEnabled(); };
+    ASSERT_TRUE(until(isReady)) << buttonText.toStdString();
+    QTest::mouseClick(button(buttonText), Qt::LeftButton);
 }
 
 void SignDeskTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const

@@ -35,6 +35,7 @@ protected:
         return dynamic_cast<Widget *>(buddyOf(text));
     }
 
+    /// Clicks as soon as the button can be clicked.
     void click(const QString &buttonText) const;
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
 
