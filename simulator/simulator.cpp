@@ -174,14 +174,14 @@ void Simulator::releaseEndedSessions()
 int Simulator::unInitial()
 {
     const int wished = noteCall("UnInitial", "");
+    SessionPtr closed;
     std::vector<SessionPtr> sessions;
     std::shared_ptr<VirtualLink> link;
     {
         const std::lock_guard lock(m_mutex);
-        if (m_session) {
-            m_unplugged = m_unplugged && !m_session->comesBack();
-            m_retired.push_back(std::move(m_session));
-        }
+        closed = std::move(m_session);
+        if (closed)
+            m_retired.push_back(closed);
         sessions = m_retired; // whoever calls second waits for the last callback as well
         link = std::move(m_pad.link);
         m_pad.faults = {};
@@ -191,6 +191,11 @@ int Simulator::unInitial()
         link->stop();
     for (const SessionPtr &session : sessions)
         session->stop();
+    if (closed && closed->comesBack()) {
+        const std::lock_guard lock(m_mutex);
+        m_unplugged = false; // and not before: till now the session may have pulled it out
+    }
+    closed.reset();
     sessions.clear();
     releaseEndedSessions();
     return wished;
