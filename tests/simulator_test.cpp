@@ -306,7 +306,10 @@ TEST_F(SimulatorTest, ASlowPictureIsGivenUpOnRequestAndOnClosing)
     ASSERT_EQ(open(KVS310X_DEVICE), KVSPDARI_SUCCESS);
     const auto begin = Clock::now();
     for (const bool byFlag : {true, false}) {
+        driver.ForgetCalls();
         std::thread stopper([&] {
+            while (calls().find("ShowFPImageOnDevice") == std::string::npos)
+                std::this_thread::yield();
             std::this_thread::sleep_for(20ms);
             if (byFlag)
                 __atomic_store_n(&abort, true, __ATOMIC_RELEASE);
