@@ -26,19 +26,6 @@ public:
 
     void RxR800SignPadRawData(int nX, int nY, int nP, int nPenStatus);
 
-    bool &tapMark()
-    {
-        return m_bPenDownOnCancelButton;
-    }
-    QImage &inkCanvas()
-    {
-        return m_canvas;
-    }
-    bool hasDisplayThread() const
-    {
-        return false;
-    }
-
     QImage m_canvas;
     QColor m_drawColor = Qt::black;
     QLibrary *m_plibKVSignPadDriver = nullptr; ///< owned

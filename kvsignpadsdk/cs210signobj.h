@@ -34,19 +34,6 @@ public:
     char *WPSEncodeBase64SignImage(int nImageTypeID);
     void WPSBase64EncodeFree(char *pEncodedData);
 
-    bool &tapMark()
-    {
-        return m_bPenDownOnCancelButton;
-    }
-    QImage &inkCanvas()
-    {
-        return m_canvas;
-    }
-    bool hasDisplayThread() const
-    {
-        return false;
-    }
-
     QImage m_canvas;
     QColor m_drawColor = Qt::black;
     QLibrary *m_plibKVSignPadDriver = nullptr; ///< owned

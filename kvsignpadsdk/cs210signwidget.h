@@ -31,19 +31,6 @@ public:
     bool SetRealTimeSignBase64DataCallback(int nType, SIGNPAD_SIGN_BASE64_DATA_CALLBACK pfnSignBase64DataCallback);
     void CheckIfNeedToSendRealTimeSignBase64Data();
 
-    bool &tapMark()
-    {
-        return m_bPenDownOnCancelButton;
-    }
-    QImage &inkCanvas()
-    {
-        return m_canvas;
-    }
-    bool hasDisplayThread() const
-    {
-        return false;
-    }
-
     QImage m_canvas;
     QColor m_drawColor = Qt::black;
     QLibrary *m_plibKVSignPadDriver = nullptr; ///< owned

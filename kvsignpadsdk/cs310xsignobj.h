@@ -35,11 +35,6 @@ public:
     int SetDisplayedFPImageAt(
         int nCanvasWidth, int nCanvasHeight, int nFPLeft, int nFPTop, int nFPWidth, int nFPHeight);
 
-    bool &tapMark()
-    {
-        return m_bPenDownOnCancelButton;
-    }
-
     QImage m_canvas; ///< what is shown and encoded: ink and fingerprint merged
     QImage m_SignCanvas; ///< ink only
     QImage m_FPOnlyCanvas; ///< the accepted fingerprint at its top left

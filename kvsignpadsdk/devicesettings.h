@@ -6,6 +6,7 @@
 #include "LogFileUtil.h"
 #include "inkpoints.h"
 #include "padmodels.h"
+#include "padparts.h"
 #include "sharedfields.h"
 #include "signmapping.h"
 
@@ -146,7 +147,7 @@ template <class Pad>
 int clearPadScreen(Pad &pad, const logging::Key &key)
 {
     constexpr bool kWholeArea = Pad::row.tapMark == TapMark::ConfirmOrCancel;
-    if (__atomic_exchange_n(&pad.tapMark(), false, __ATOMIC_ACQ_REL)) {
+    if (__atomic_exchange_n(&padparts::tapMark(pad), false, __ATOMIC_ACQ_REL)) {
         if constexpr (kWholeArea)
             KV_LOG(key, "<%ld>-m_bPenDownOnDeviceConfirmOrCancelArea = false, only clear UI canvas !");
         else

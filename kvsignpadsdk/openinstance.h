@@ -3,6 +3,8 @@
 #ifndef OPENINSTANCE_H
 #define OPENINSTANCE_H
 
+#include "padparts.h"
+
 /// The open instance, a widget or a headless object of the family that created it; null while closed.
 extern void *g_pSignWidget;
 
@@ -22,7 +24,7 @@ Pad &as()
 template <class Pad>
 void destroyed(Pad &pad)
 {
-    if (pad.m_plibKVSignPadDriver != nullptr || pad.hasDisplayThread())
+    if (pad.m_plibKVSignPadDriver != nullptr || padparts::hasDisplayThread(pad))
         pad.Shutdown();
     if (g_pSignWidget == &pad)
         g_pSignWidget = nullptr;

@@ -8,10 +8,7 @@ char *GetFPImageBase64Data(int nImageTypeID, bool bFPImageOnly);
 void FreeFPImageBase64Data(char *pFPImageBase64Data);
 
 // For the shared templates.
-
-QImage &inkCanvas() { return m_SignCanvas; }
 QImage fingerprintLayer();
-bool hasDisplayThread() const { return m_pShowFPImageOnDeviceThread != nullptr; }
 void startDisplayThread();
 void stopDisplayThread(const logging::Key &key);
 void updateFingerprintHost();

@@ -6,6 +6,7 @@
 #include "LogFileUtil.h"
 #include "inkpoints.h"
 #include "padmodels.h"
+#include "padparts.h"
 #include "sharedfields.h"
 
 #include <exception>
@@ -77,7 +78,7 @@ template <class Pad>
 void tap(Pad &pad, const logging::Key &key, bool confirm)
 {
     if (!confirm || Pad::row.tapMark == TapMark::ConfirmOrCancel)
-        shared::set(pad.tapMark(), true);
+        shared::set(padparts::tapMark(pad), true);
     if (const SIGNPAD_EVENT_CALLBACK receiver = shared::get(pad.m_pfnSignPadEventCallback))
         receiver(confirm ? 1 : 0);
     if (confirm)

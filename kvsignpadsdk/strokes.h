@@ -7,6 +7,7 @@
 #include "canvaslock.h"
 #include "mergecache.h"
 #include "padmodels.h"
+#include "padparts.h"
 #include "sharedfields.h"
 
 #include <QColor>
@@ -55,8 +56,8 @@ template <class Pad>
 void drawInk(Pad &pad, const QPointF &from, const QPointF &to, double width)
 {
     const QColor colour = drawColour(pad);
-    if (!pad.m_internals.brush.draw(pad.inkCanvas(), from, to, width, colour))
-        drawSegment(pad.inkCanvas(), from, to, penFor(width, colour));
+    if (!pad.m_internals.brush.draw(padparts::inkCanvas(pad), from, to, width, colour))
+        drawSegment(padparts::inkCanvas(pad), from, to, penFor(width, colour));
 }
 
 /// Draws from the last point to this one, with the pen of this one. dblPressure is the mapped pressure.

@@ -66,10 +66,10 @@ TEST_P(ClearContent, WithoutTheOperationOnlyPointsAndClippingGo)
 {
     withNewInstance(GetParam(), 40, 20, [](auto &pad) {
         fillUp(pad);
-        pad.tapMark() = true;
+        padparts::tapMark(pad) = true;
         EXPECT_EQ(pad.ClearDeviceContent(), ARI_FAIL);
         EXPECT_EQ(pad.m_canvas.pixelColor(7, 7), QColor(Qt::red));
-        EXPECT_TRUE(pad.tapMark());
+        EXPECT_TRUE(padparts::tapMark(pad));
         EXPECT_TRUE(pad.m_pPointDataList->empty());
         EXPECT_EQ(pad.m_pPointDataList->capacity(), 0U);
         EXPECT_FALSE(pad.m_bClipImage);
@@ -98,12 +98,12 @@ TEST_P(ClearContent, AfterATapThatClearedThePadLeavesItAlone)
             return -7;
         };
         pad.m_pfn_KVSPDAPI_ClearDeviceContent = clearPad;
-        pad.tapMark() = true;
+        padparts::tapMark(pad) = true;
         const LogTail log;
         const LogOn on;
         EXPECT_EQ(pad.ClearDeviceContent(), ARI_SUCCESS);
         EXPECT_EQ(calls, 0);
-        EXPECT_FALSE(pad.tapMark());
+        EXPECT_FALSE(padparts::tapMark(pad));
         EXPECT_TRUE(isWhite(pad));
         EXPECT_TRUE(pad.m_pPointDataList->empty());
         EXPECT_FALSE(pad.m_bClipImage);

@@ -179,7 +179,7 @@ TEST_P(DriverShutdown, EndsTheDisplayThreadAndTheFingerprintWidget)
             EXPECT_EQ(messagesOf(log, "CS310XFPWidget::Shutdown()"), (Lines{"<%ld>-Enter...", "<%ld>-leave !"}));
             settle();
         } else {
-            EXPECT_FALSE(instance.hasDisplayThread());
+            EXPECT_FALSE(padparts::hasDisplayThread(instance));
         }
     });
 }

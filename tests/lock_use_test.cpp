@@ -289,7 +289,7 @@ TEST_P(FingerprintLockUse, holdsNoLockOverTheTransferToThePad)
 TEST_P(FingerprintLockUse, mergesOnTheDisplayThreadUnderTheCanvasLock)
 {
     withOpenInstance(GetParam(), [this](auto &inner) {
-        const auto white = [&inner] { return inner.m_canvas == inner.inkCanvas(); };
+        const auto white = [&inner] { return inner.m_canvas == padparts::inkCanvas(inner); };
         {
             const CanvasLock locked(inner.m_mutexUpdateCanvas);
             sendFingerprint();

@@ -58,7 +58,7 @@ TEST_P(PenStates, PacketsBeforeTheConnectionLeaveNoTrace)
             penpackets::handle(pad, 5000, 5000, 500, status);
         EXPECT_EQ(log.lines(), Lines());
         EXPECT_FALSE(pad.m_bPenDown);
-        EXPECT_FALSE(pad.tapMark());
+        EXPECT_FALSE(padparts::tapMark(pad));
         EXPECT_EQ(pad.m_nPressDeviceConfirmOrCancelKey, -1);
         EXPECT_TRUE(pad.m_pPointDataList->empty());
         EXPECT_EQ(pad.m_canvas, before);
@@ -109,12 +109,12 @@ TEST_P(PenStates, TapsMarkWhatTheClassSays)
         pad.m_bDeviceConnected = true;
         penpackets::handle(pad, 1, 1, 1, 0);
         penpackets::handle(pad, 1, 1, 1, 4);
-        EXPECT_EQ(pad.tapMark(), differenceOf(GetParam()).confirmMarks);
+        EXPECT_EQ(padparts::tapMark(pad), differenceOf(GetParam()).confirmMarks);
         EXPECT_EQ(pad.m_nPressDeviceConfirmOrCancelKey, 1);
         EXPECT_FALSE(pad.m_bPenDown);
-        pad.tapMark() = false;
+        padparts::tapMark(pad) = false;
         penpackets::handle(pad, 1, 1, 1, 3);
-        EXPECT_TRUE(pad.tapMark());
+        EXPECT_TRUE(padparts::tapMark(pad));
         EXPECT_EQ(pad.m_nPressDeviceConfirmOrCancelKey, 0);
     });
 }
