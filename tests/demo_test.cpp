@@ -1,4 +1,5 @@
 // The demo, played quickly: what it writes, what it prints, and how it fails.
+#include "capturesizes.h"
 #include "outsidecommand.h"
 
 #include <QDir>
@@ -33,16 +34,6 @@ QStringList rowOf(const CommandResult &result, const QString &name)
     }
     return {};
 }
-
-struct Model
-{
-    const char *name;
-    int width;
-    int height;
-};
-
-const Model kModels[] = {
-    {"S210", 800, 485}, {"S300", 800, 452}, {"S310X", 800, 434}, {"R800", 800, 539}, {"M450", 800, 539}};
 
 const char *const kSuffixes[][2] = {{"bmp", "BMP"}, {"jpg", "JPEG"}, {"png", "PNG"}, {"pdf", "PDF"}, {"svg", "SVG"}};
 

@@ -1,4 +1,5 @@
 // The programs and commands in README.md and docs/hosts.md, done as a reader would do them.
+#include "countpixels.h"
 #include "outsidecommand.h"
 
 #include <QColor>
@@ -98,10 +99,7 @@ TEST_P(DocumentedProgram, writesTheSignatureThatIsConfirmed)
     const QImage picture(file("signature.png"));
     ASSERT_EQ(picture.size(), QSize(800, 452));
     EXPECT_EQ(picture.dotsPerMeterX(), 11811);
-    int inked = 0;
-    for (int y = 0; y < picture.height(); ++y)
-        for (int x = 0; x < picture.width(); ++x)
-            inked += picture.pixelColor(x, y).alpha() == 255 ? 1 : 0;
+    const int inked = countPixels(picture, [](QRgb pixel) { return qAlpha(pixel) == 255; });
     EXPECT_GT(inked, 2000);
     EXPECT_LT(inked, 100000);
 }

@@ -1,6 +1,7 @@
 #include "kvsign.h"
 
 #include "base64.h"
+#include "countpixels.h"
 
 #include <QJsonDocument>
 #include <QPainter>
@@ -170,11 +171,7 @@ int differingPixels(const QImage &one, const QImage &other, int shade)
 
 int inkPixels(const QImage &image)
 {
-    int count = 0;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            count += qGray(image.pixel(x, y)) < 128 ? 1 : 0;
-    return count;
+    return countPixels(image, [](QRgb pixel) { return qGray(pixel) < 128; });
 }
 
 } // namespace kvsign

@@ -1,4 +1,6 @@
 // kvsign capture: what it writes, and how it ends when there is nothing to write.
+#include "capturesizes.h"
+#include "countpixels.h"
 #include "kvsign.h"
 
 #include <QElapsedTimer>
@@ -21,16 +23,6 @@ protected:
         EXPECT_TRUE(result.errors.contains(why)) << testing::PrintToString(result);
     }
 };
-
-struct Model
-{
-    const char *name;
-    int width;
-    int height;
-};
-
-const Model kModels[] = {
-    {"S210", 800, 485}, {"S300", 800, 452}, {"S310X", 800, 434}, {"R800", 800, 539}, {"M450", 800, 539}};
 
 const char *const kSuffixes[] = {"bmp", "jpg", "png", "pdf", "svg", "ink", "csv", "json", "inkml"};
 
@@ -75,11 +67,7 @@ TEST_F(KvsignCapture, takesThePenAndTheCanvas)
     const QImage pen(file("pen.png"));
     EXPECT_EQ(pen.size(), QSize(600, 300));
     EXPECT_EQ(pen.dotsPerMeterX(), 5905);
-    int red = 0;
-    for (int y = 0; y < pen.height(); ++y)
-        for (int x = 0; x < pen.width(); ++x)
-            red += pen.pixel(x, y) == 0xffc00000U ? 1 : 0;
-    EXPECT_GT(red, 3000);
+    EXPECT_GT(countPixels(pen, QColor("#c00000")), 3000);
     runWell({"capture", "-m", "S300", "--clip", "7,3", "clip.png"});
     const QImage clip(file("clip.png"));
     EXPECT_LT(clip.width(), 700);

@@ -1,4 +1,5 @@
 // Pictures of ink: as the library draws them, in any size, looked at by other programs.
+#include "countpixels.h"
 #include "kvsign.h"
 
 #include "outsideprogram.h"
@@ -102,11 +103,7 @@ TEST_F(KvsignPictures, takeThePenAndTheColours)
     const QImage coloured(file("c.png"));
     EXPECT_EQ(coloured.pixelColor(0, 0), QColor(255, 255, 0));
     EXPECT_EQ(coloured.dotsPerMeterX(), 3779);
-    int red = 0;
-    for (int y = 0; y < coloured.height(); ++y)
-        for (int x = 0; x < coloured.width(); ++x)
-            red += coloured.pixel(x, y) == 0xffff0000U ? 1 : 0;
-    EXPECT_GT(red, 2000);
+    EXPECT_GT(countPixels(coloured, QColor("#ff0000")), 2000);
     runWell({"convert", "a.ink", "t.png"});
     EXPECT_EQ(QImage(file("t.png")).pixelColor(0, 0).alpha(), 0);
     runWell({"convert", "a.ink", "c.svg", "--color", "navy", "--background", "yellow"});
