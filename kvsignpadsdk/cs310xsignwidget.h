@@ -36,6 +36,7 @@ public:
     int SetDisplayedFPImageAt(QWidget *pParentWidget, int nFPLeft, int nFPTop, int nFPWidth, int nFPHeight);
 
     int placeOnThis(const logging::Key &key, const QRect &rectangle);
+
     QImage m_canvas; ///< what is shown and encoded: ink and fingerprint merged
     QImage m_SignCanvas; ///< ink only
     QImage m_FPOnlyCanvas; ///< the accepted fingerprint at its top left

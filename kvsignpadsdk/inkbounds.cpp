@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
-#include <iterator>
 #include <limits>
+#include <vector>
 
 namespace inkbounds {
 
@@ -63,56 +63,39 @@ int highSide(int side, int margin, int size)
     return toInt(widened < size ? widened : size - 1);
 }
 
-const QRgb *rowOf(const QImage &canvas, int y)
+// First and last index of an element that is not 0; false when there is none.
+bool ends(const std::vector<QRgb> &values, int &first, int &last)
 {
-    return reinterpret_cast<const QRgb *>(canvas.constScanLine(y));
-}
-
-bool isInk(QRgb pixel)
-{
-    return (pixel & kWhite) != kWhite;
-}
-
-// Looks at all of them without a branch, which costs less than to stop at the first.
-bool haveInk(const QRgb *pixels, int count)
-{
-    QRgb ink = 0;
-    for (int i = 0; i < count; ++i)
-        ink |= ~pixels[i];
-    return (ink & kWhite) != 0;
+    const auto isSet = [](QRgb value) { return value != 0; };
+    const auto found = std::find_if(values.begin(), values.end(), isSet);
+    if (found == values.end())
+        return false;
+    first = static_cast<int>(found - values.begin());
+    last = static_cast<int>(values.rend() - std::find_if(values.rbegin(), values.rend(), isSet)) - 1;
+    return true;
 }
 
 } // namespace
 
-// From outside to inside: what lies within the box is never read.
 Box scanQuietly(const QImage &canvas)
 {
     const int width = canvas.width();
-    int top = 0;
-    while (top < canvas.height() && !haveInk(rowOf(canvas, top), width))
-        ++top;
-    if (top == canvas.height())
-        return {};
-    int bottom = canvas.height() - 1;
-    while (!haveInk(rowOf(canvas, bottom), width))
-        --bottom;
-    int left = width;
-    int right = -1;
-    for (int y = top; y <= bottom; ++y) {
-        const QRgb *const row = rowOf(canvas, y);
-        const QRgb *const end = row + width;
-        if (haveInk(row, left))
-            left = static_cast<int>(std::find_if(row, end, isInk) - row);
-        if (haveInk(row + right + 1, width - right - 1))
-            right = static_cast<int>(
-                        std::find_if(std::reverse_iterator(end), std::reverse_iterator(row), isInk).base() - row)
-                - 1;
+    std::vector<QRgb> columns(static_cast<size_t>(width));
+    std::vector<QRgb> rows(static_cast<size_t>(canvas.height()));
+    for (int y = 0; y < canvas.height(); ++y) {
+        const auto *pixels = reinterpret_cast<const QRgb *>(canvas.constScanLine(y));
+        QRgb *column = columns.data();
+        QRgb row = 0;
+        for (int x = 0; x < width; ++x) {
+            const QRgb ink = ~pixels[x] & kWhite;
+            row |= ink;
+            column[x] |= ink;
+        }
+        rows[static_cast<size_t>(y)] = row;
     }
     Box box;
-    box.left = left;
-    box.top = top;
-    box.right = right;
-    box.bottom = bottom;
+    if (ends(columns, box.left, box.right))
+        ends(rows, box.top, box.bottom);
     return box;
 }
 
@@ -120,9 +103,9 @@ Box scanLogged(const QImage &canvas)
 {
     Box box;
     for (int y = 0; y < canvas.height(); ++y) {
-        const QRgb *const row = rowOf(canvas, y);
+        const auto *row = reinterpret_cast<const QRgb *>(canvas.constScanLine(y));
         for (int x = 0; x < canvas.width(); ++x) {
-            if (isInk(row[x]))
+            if ((row[x] & kWhite) != kWhite)
                 widen(box, x, y, row[x]);
         }
         if (logging::isOn())

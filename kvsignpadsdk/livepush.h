@@ -34,8 +34,8 @@ void push(Pad &pad)
         if (char *text = pad.EncodeBase64SignImage(shared::get(pad.m_nRealTimeSignBase64Data_ImageTypeID))) {
             receiver(text);
             pad.Base64EncodeFree(text);
+            pad.m_internals.repaint.letPaint(); // images of a large canvas follow each other without a gap
         }
-        pad.m_internals.repaint.letPaint(); // images of a large canvas follow each other without a gap
     }
     KV_LOG(key, "<%ld>-leave !");
 }

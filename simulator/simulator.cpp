@@ -193,7 +193,8 @@ int Simulator::unInitial()
         session->stop();
     if (closed && closed->comesBack()) {
         const std::lock_guard lock(m_mutex);
-        m_unplugged = false; // and not before: till now the session may have pulled it out
+        if (!m_session)
+            m_unplugged = false; // and not before: till now the closed session may have pulled it out
     }
     closed.reset();
     sessions.clear();

@@ -4,6 +4,7 @@
 #include "patience.h"
 #include "simulateddriver.h"
 
+#include <atomic>
 #include <fstream>
 #include <map>
 
@@ -191,6 +192,32 @@ TEST_F(FaultPlayback, APadThatIsPluggedInAgainGoesOn)
         std::this_thread::yield();
     driver.UnInitial(); // the recording would have plugged it in
     EXPECT_EQ(open(), KVSPDARI_SUCCESS);
+}
+
+// Others keep the driver busy, so that it is closed before, while and after the recording's fault is taken in.
+TEST_F(FaultPlayback, APadThatComesBackCanBeOpenedWheneverItWasClosed)
+{
+    script("0 200 200 5 0\nunplug 0\n0 201 200 5 1\nplug 60000\n");
+    setenv("KVSIM_SPEED", "1", 1);
+    std::atomic<bool> done{false};
+    std::vector<std::thread> others;
+    for (int i = 0; i < 3; ++i)
+        others.emplace_back([&] {
+            while (!done)
+                driver.Calls(nullptr, 0);
+        });
+    int opened = 0;
+    for (; opened < 300 && open() == KVSPDARI_SUCCESS; ++opened) {
+        driver.ClearDeviceContent();
+        while (driver.SetDevicePenStyle(true) == KVSPDARI_SUCCESS)
+            std::this_thread::yield();
+        driver.UnInitial();
+        driver.ForgetCalls();
+    }
+    done = true;
+    for (std::thread &other : others)
+        other.join();
+    EXPECT_EQ(opened, 300);
 }
 
 TEST_F(FaultPlayback, UnpluggingEndsAPicture)

@@ -1,4 +1,5 @@
 // A widget's repaint is asked for from the driver's thread, runs on the GUI thread, and one request waits at a time.
+#include "patience.h"
 #include "penthread.h"
 
 #include <QScreen>
@@ -147,9 +148,11 @@ TEST(RepaintRequestsDuringALivePush, areMetBetweenItsImages)
         shares.push_back({0.3 + i / 100.0, i % 2 == 0 ? 0.4 : 0.5, 0.3});
     const auto packets = stroke(pad.type(), shares);
     std::thread driver([&] { pad.driver.send(packets); });
-    while (pushes < 40)
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    while (pushes < 40 && std::chrono::steady_clock::now() < end)
         QApplication::processEvents();
     driver.join();
+    EXPECT_GE(pushes, 40);
     EXPECT_GE(watcher.paints, 10);
 }
 

@@ -4,6 +4,7 @@ set(kv_everycall everycall.cpp)
 kv_add_test(signing_beside_calls_test signing_beside_calls_test.cpp ${kv_everycall} PADS THREADS)
 kv_add_test(taps_call_back_test taps_call_back_test.cpp ${kv_everycall} PADS THREADS)
 kv_add_test(repaint_requests_test repaint_requests_test.cpp PADS THREADS)
+kv_add_test(repaint_turns_test repaint_turns_test.cpp INSIDE THREADS)
 kv_add_test(hostwindow_destroyed_test hostwindow_destroyed_test.cpp PADS THREADS)
 kv_add_test(lock_use_test lock_use_test.cpp INSIDE THREADS)
 
