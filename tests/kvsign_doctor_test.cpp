@@ -111,10 +111,12 @@ TEST_F(KvsignDoctor, looksForADisplay)
     EXPECT_TRUE(onScreen.output.contains("ok    display: the X display :")) << testing::PrintToString(onScreen);
 }
 
-TEST_F(KvsignDoctor, worksWithoutQtsPlugins)
+TEST_F(KvsignDoctor, findsThatThereIsNoSuchDirectory)
 {
-    const CommandResult result = run({"doctor"}, {{"QT_PLUGIN_PATH", "/nowhere"}, {"DISPLAY", {}}});
-    EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
+    const CommandResult result = run({"doctor", "--driver", "/no/such"});
+    EXPECT_EQ(result.exitCode, 1) << testing::PrintToString(result);
+    EXPECT_TRUE(result.output.contains("WRONG driver file: there is no directory /no/such"))
+        << testing::PrintToString(result);
 }
 
 struct Model

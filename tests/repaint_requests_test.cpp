@@ -147,10 +147,15 @@ TEST(RepaintRequestsDuringALivePush, areMetBetweenItsImages)
     for (int i = 0; i < 42; ++i)
         shares.push_back({0.3 + i / 100.0, i % 2 == 0 ? 0.4 : 0.5, 0.3});
     const auto packets = stroke(pad.type(), shares);
-    std::thread driver([&] { pad.driver.send(packets); });
+    std::atomic<bool> done{false};
+    std::thread driver([&] {
+        while (!done)
+            pad.driver.send(packets);
+    });
     const auto end = std::chrono::steady_clock::now() + kPatience;
-    while (pushes < 40 && std::chrono::steady_clock::now() < end)
+    while ((pushes < 40 || watcher.paints < 10) && std::chrono::steady_clock::now() < end)
         QApplication::processEvents();
+    done = true;
     driver.join();
     EXPECT_GE(pushes, 40);
     EXPECT_GE(watcher.paints, 10);

@@ -39,7 +39,7 @@ protected:
     void click(const QString &buttonText) const;
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
 
-    /// The line at the window's lower edge, and the one beside the light.
+    /// The line below the page, and the one beside the light.
     QString note() const;
     bool showsState(const QString &text) const;
 

@@ -19,15 +19,15 @@ struct FingerprintAt
 class FingerprintOnPage : public SignDeskTest, public testing::WithParamInterface<FingerprintAt>
 {
 protected:
-    /// Dark rings, red on the page.
+    /// A chequerboard, red on the page.
     void layFingerOn()
     {
-        std::vector<unsigned char> rings(208 * 288, 255);
+        std::vector<unsigned char> squares(208 * 288, 255);
         for (int y = 0; y < 288; ++y)
             for (int x = 0; x < 208; ++x)
                 if ((x / 8 + y / 8) % 2 == 0)
-                    rings[static_cast<std::size_t>(y * 208 + x)] = 0;
-        driver.sendFingerprint(rings, 50);
+                    squares[static_cast<std::size_t>(y * 208 + x)] = 0;
+        driver.sendFingerprint(squares, 50);
     }
 };
 

@@ -51,6 +51,14 @@ TEST(SignDeskProgram, RefusesWhatItCannotDo)
     }
 }
 
+TEST(SignDeskProgram, EndsWhenThePageOfAPictureCannotBeOpened)
+{
+    const QTemporaryDir place;
+    const CommandResult result = run({"--screenshot", place.filePath("desk.png"), "/no/such/page.pdf"});
+    EXPECT_EQ(result.exitCode, 1) << testing::PrintToString(result);
+    EXPECT_TRUE(result.errors.contains("page.pdf")) << testing::PrintToString(result);
+}
+
 TEST(SignDeskProgram, TakesAPictureAtEachScale)
 {
     const QString drivers = QDir::currentPath();

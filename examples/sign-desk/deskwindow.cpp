@@ -242,7 +242,7 @@ void DeskWindow::look()
     m_status->show(points, m_rates);
 }
 
-/// What is not confirmed goes at a word.
+/// Asks, unless what is written was saved.
 bool DeskWindow::mayDiscard()
 {
     return m_isKept || m_files.mayGo();

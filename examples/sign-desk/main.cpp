@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLibraryInfo>
+#include <QTimer>
 #include <QTranslator>
 
 #include <cstdio>
@@ -68,8 +69,8 @@ int run(const QCommandLineParser &parser, const Options &options)
         window.setModel(*model);
     }
     window.show();
-    if (!page.isEmpty())
-        window.openPage(page);
+    if (!page.isEmpty()) // within exec, which a message about the page could not end otherwise
+        QTimer::singleShot(0, &window, [&window, page] { window.openPage(page); });
     if (parser.isSet(options.screenshot))
         takeScreenshotAndQuit(window, picture);
     return QApplication::exec();

@@ -144,10 +144,12 @@ int runCapture(const Arguments &arguments)
     colour(arguments, kColourOption);
     penWidth(arguments, *kPadModels);
     CaptureOutputs outputs(arguments.positionals());
-    enterDriverDirectory(arguments);
-    const OpenPad pad(arguments.choice(kModelOption), size);
-    setPen(arguments, pad);
+    QString model = arguments.choice(kModelOption);
     try {
+        enterDriverDirectory(arguments);
+        const OpenPad pad(model, size);
+        model = pad->model;
+        setPen(arguments, pad);
         const CaptureState state = waitForConfirm(pad, seconds);
         if (margin.isSet)
             pad->SetSaveClipImageMargin(pad->type, true, margin.x, margin.y);
@@ -162,7 +164,7 @@ int runCapture(const Arguments &arguments)
             : failure.code == kTimedOut                 ? "timed-out"
                                                         : "failed";
         if (arguments.isSet(kJsonOption))
-            sayJson({{"result", result}, {"model", pad->model}, {"message", failure.message}});
+            sayJson({{"result", result}, {"model", model}, {"message", failure.message}});
         throw;
     }
     return kDone;

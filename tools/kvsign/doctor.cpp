@@ -57,17 +57,27 @@ ApplicationKind application(const Arguments &)
     return canDrawOffscreen() ? ApplicationKind::Drawing : ApplicationKind::Plain;
 }
 
+bool lookAtDriverDirectory(Findings &findings, const Arguments &arguments)
+{
+    try {
+        enterDriverDirectory(arguments);
+        return true;
+    } catch (const Failure &failure) {
+        findings.push_back(bad("driver file", failure.message, "say --driver with the directory that has it"));
+        return false;
+    }
+}
+
 int runDoctor(const Arguments &arguments)
 {
     const QString model = arguments.choice(kModelOption);
-    enterDriverDirectory(arguments);
     Findings findings;
     lookAtQt(findings);
     lookAtImageFormats(findings);
     lookAtFonts(findings);
     lookAtDisplay(findings);
     lookAtPermissions(findings);
-    if (lookAtDriver(findings))
+    if (lookAtDriverDirectory(findings, arguments) && lookAtDriver(findings))
         lookAtPad(findings, model);
     else
         findings.push_back(bad("pad", "cannot be asked without a driver", "cure the driver first"));
