@@ -21,3 +21,5 @@ kv_add_test(kvsign_formats_test
 kv_add_test(kvsign_window_test kvsign_window_test.cpp PADS LIBRARIES kv_kvsign kv_kvsign_tests)
 kv_add_test(kvsign_documents_test kvsign_documents_test.cpp LIBRARIES kv_kvsign_tests)
 add_dependencies(kvsign_commands_test kvsignpaddrv_without_SetDevicePenStyle kvsignpaddrv_without_ShowFPImageOnDevice)
+
+kv_add_test(driverfile_test driverfile_test.cpp LIBRARIES kv_driverfile)

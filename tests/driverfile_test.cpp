@@ -1,0 +1,209 @@
+// The permission check of the driver's file: what in its place others could write, and how to end that.
+#include "driverfile.h"
+#include "filewriters.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <grp.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+using namespace driverfile;
+
+std::string workingDirectory()
+{
+    char *const path = getcwd(nullptr, 0);
+    const std::string text = path;
+    std::free(path);
+    return text;
+}
+
+/// A folder of its own below the temporary files, with a driver in folder `pad`.
+class DriverFile : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        std::string place = testing::TempDir() + "driverfile.XXXXXX";
+        ASSERT_NE(mkdtemp(place.data()), nullptr);
+        char *const path = realpath(place.c_str(), nullptr);
+        m_place = path;
+        std::free(path);
+        folder("pad");
+        file("pad/libkvsignpaddrv.so");
+    }
+
+    void TearDown() override { ASSERT_EQ(std::system(("rm -rf " + m_place).c_str()), 0); }
+
+    std::string at(const std::string &name) const { return m_place + '/' + name; }
+
+    void folder(const std::string &name, mode_t mode = 0755) const
+    {
+        ASSERT_EQ(mkdir(at(name).c_str(), 0700), 0);
+        ASSERT_EQ(chmod(at(name).c_str(), mode), 0);
+    }
+
+    void file(const std::string &name, mode_t mode = 0755) const
+    {
+        std::ofstream(at(name)) << "driver";
+        ASSERT_EQ(chmod(at(name).c_str(), mode), 0);
+    }
+
+    void link(const std::string &target, const std::string &name) const
+    {
+        ASSERT_EQ(symlink(target.c_str(), at(name).c_str()), 0);
+    }
+
+    void mode(const std::string &name, mode_t mode) const { ASSERT_EQ(chmod(at(name).c_str(), mode), 0); }
+
+    /// What is found in a folder; empty for nothing.
+    std::string found(const std::string &directory) const
+    {
+        const auto weakness = weaknessIn(directory.front() == '/' ? directory : at(directory));
+        return weakness ? weakness->sentence() : "";
+    }
+
+    std::string everybody(const std::string &name) const
+    {
+        return at(name) + " can be written by everybody; cure: chmod o-w " + at(name);
+    }
+
+private:
+    std::string m_place;
+};
+
+TEST_F(DriverFile, isSafeWhereOnlyItsOwnerWrites)
+{
+    EXPECT_EQ(found("pad"), "");
+    mode("pad", 0700);
+    mode("pad/libkvsignpaddrv.so", 0600);
+    EXPECT_EQ(found("pad"), "");
+}
+
+TEST_F(DriverFile, isUnsafeWhereEverybodyWritesTheFile)
+{
+    mode("pad/libkvsignpaddrv.so", 0757);
+    EXPECT_EQ(found("pad"), everybody("pad/libkvsignpaddrv.so"));
+}
+
+TEST_F(DriverFile, isUnsafeWhereEverybodyWritesItsFolder)
+{
+    mode("pad", 0757);
+    EXPECT_EQ(found("pad"), everybody("pad"));
+    mode("pad", 01777); // others put libraries beside it, which it may load
+    EXPECT_EQ(found("pad"), everybody("pad"));
+}
+
+TEST_F(DriverFile, isUnsafeWhereEverybodyWritesAFolderAbove)
+{
+    folder("above", 0757);
+    folder("above/pad");
+    file("above/pad/libkvsignpaddrv.so");
+    EXPECT_EQ(found("above/pad"), everybody("above"));
+    mode("above", 01777); // only its owner may rename `pad`
+    EXPECT_EQ(found("above/pad"), "");
+}
+
+TEST_F(DriverFile, isLookedForWhereLinksLead)
+{
+    folder("open", 0757);
+    file("open/real.so");
+    folder("linked");
+    link("../open/real.so", "linked/libkvsignpaddrv.so");
+    EXPECT_EQ(found("linked"), everybody("open"));
+    link(at("linked"), "folderlink");
+    EXPECT_EQ(found("folderlink"), everybody("open"));
+    mode("open", 0755);
+    EXPECT_EQ(found("folderlink"), "");
+}
+
+TEST_F(DriverFile, isUnsafeWhereTheLinkItselfCanBeReplaced)
+{
+    folder("open", 0757);
+    link(at("pad/libkvsignpaddrv.so"), "open/libkvsignpaddrv.so");
+    EXPECT_EQ(found("open"), everybody("open"));
+    link(at("pad"), "open/way");
+    EXPECT_EQ(found("open/way"), everybody("open"));
+    mode("open", 01777); // the link is the own user's
+    EXPECT_EQ(found("open/way"), "");
+}
+
+TEST_F(DriverFile, isFoundFromTheWorkingDirectoryAndThroughDots)
+{
+    const std::string before = workingDirectory();
+    ASSERT_EQ(chdir(at("pad").c_str()), 0);
+    EXPECT_FALSE(weaknessIn("."));
+    EXPECT_FALSE(weaknessOf("libkvsignpaddrv.so"));
+    mode("pad", 0757);
+    EXPECT_EQ(weaknessIn(".")->sentence(), everybody("pad"));
+    EXPECT_EQ(weaknessIn("../pad/../pad")->sentence(), everybody("pad"));
+    EXPECT_EQ(weaknessOf("libkvsignpaddrv.so")->sentence(), everybody("pad"));
+    ASSERT_EQ(chdir(before.c_str()), 0);
+}
+
+TEST_F(DriverFile, hasNoEndlessWays)
+{
+    folder("round");
+    link("libkvsignpaddrv.so", "round/libkvsignpaddrv.so");
+    EXPECT_EQ(found("round"), "");
+    EXPECT_EQ(found("none"), "");
+    EXPECT_EQ(found("pad/libkvsignpaddrv.so"), "");
+    EXPECT_EQ(found("/"), "");
+}
+
+TEST_F(DriverFile, quotesWhatAShellWouldTakeApart)
+{
+    folder("a pad's");
+    file("a pad's/libkvsignpaddrv.so", 0666);
+    EXPECT_NE(found("a pad's").find("chmod o-w '" + at("a pad'\\''s/libkvsignpaddrv.so") + "'"), std::string::npos)
+        << found("a pad's");
+}
+
+struct stat ownedBy(uid_t owner, gid_t group, mode_t mode)
+{
+    struct stat status = {};
+    status.st_uid = owner;
+    status.st_gid = group;
+    status.st_mode = mode;
+    return status;
+}
+
+TEST(FileWriters, areItsOwnerWhenThatIsNeitherTheUserNorRoot)
+{
+    const Asker asker{4711};
+    EXPECT_TRUE(foreignOwner(asker, ownedBy(4711, 1, 0644)).isNobody());
+    EXPECT_TRUE(foreignOwner(asker, ownedBy(0, 1, 0644)).isNobody());
+    EXPECT_EQ(foreignOwner(asker, ownedBy(4712, 1, 0644)).who, "the user 4712");
+    EXPECT_EQ(foreignOwner(asker, ownedBy(1, 1, 0644)).who, getpwuid(1)->pw_name);
+    EXPECT_EQ(foreignOwner(Asker{0}, ownedBy(4711, 1, 0644)).cure, "chown root");
+}
+
+TEST(FileWriters, areAGroupUnlessItIsThePrivateOneOfTheUserOrOfRoot)
+{
+    const Asker asker{1}; // an account that every system has, with a group of its own name
+    const gid_t own = getpwuid(1)->pw_gid;
+    ASSERT_STREQ(getgrgid(own)->gr_name, getpwuid(1)->pw_name);
+    EXPECT_TRUE(writersByMode(asker, ownedBy(1, own, 0664), false).isNobody());
+    EXPECT_TRUE(writersByMode(asker, ownedBy(1, 0, 0664), false).isNobody());
+    EXPECT_TRUE(writersByMode(asker, ownedBy(1, 4711, 0644), false).isNobody());
+    EXPECT_EQ(writersByMode(asker, ownedBy(1, 4711, 0664), false).who, "the group 4711");
+    EXPECT_EQ(writersByMode(asker, ownedBy(1, 4711, 0664), false).cure, "chmod g-w");
+    const group *const users = getgrnam("users"); // of many accounts, none of them of that name
+    ASSERT_NE(users, nullptr);
+    EXPECT_EQ(writersByMode(asker, ownedBy(1, users->gr_gid, 0664), false).who, "the group users");
+}
+
+TEST(FileWriters, areThoseOfAnAccessList)
+{
+    const Asker asker{1};
+    const gid_t own = getpwuid(1)->pw_gid;
+    EXPECT_EQ(writersByMode(asker, ownedBy(1, own, 0664), true).cure, "setfacl -b");
+    EXPECT_TRUE(writersByMode(asker, ownedBy(1, own, 0644), true).isNobody());
+}
+
+} // namespace

@@ -1,0 +1,44 @@
+/// @file
+/// Who may write a file or a folder, by its owner, its mode and its access list.
+#ifndef FILEWRITERS_H
+#define FILEWRITERS_H
+
+#include <string>
+#include <sys/stat.h>
+
+namespace driverfile {
+
+/// In whose name is asked.
+struct Asker
+{
+    uid_t user;
+
+    /// The effective user of this process.
+    static Asker self();
+
+    /// The user itself, root, and owners that this process's user namespace does not map.
+    bool trusts(uid_t owner) const;
+
+    /// Whether nobody but the user or root is in the group, going by the names: a user's private group.
+    bool trustsGroup(gid_t group) const;
+};
+
+/// Who else may write it, and how to end that: "everybody" and "chmod o-w". Empty for nobody.
+struct Writers
+{
+    std::string who;
+    std::string cure; ///< the command without the path
+
+    bool isNobody() const { return who.empty(); }
+};
+
+/// Whom the owner makes a danger: the owner can always change the mode.
+Writers foreignOwner(const Asker &asker, const struct stat &status);
+
+/// Who may write by the mode.
+/// @param hasAccessList whether there is one, whose mask the group's bits then are
+Writers writersByMode(const Asker &asker, const struct stat &status, bool hasAccessList);
+
+} // namespace driverfile
+
+#endif
