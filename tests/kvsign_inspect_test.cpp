@@ -3,6 +3,8 @@
 
 #include <QJsonArray>
 
+#include <limits>
+
 namespace {
 
 using namespace kvsign;
@@ -83,6 +85,21 @@ TEST_F(KvsignInspect, seesWhatIsOdd)
         inspected({{32000, -900, 1, false, 0, 0}, {1600, 900, 1, false, 5, 0}, {1600, 900, 1, true, 9, 0}})["notes"]
             .toArray();
     EXPECT_EQ(far, QJsonArray({"points lie outside of the writing area of every model"}));
+}
+
+TEST_F(KvsignInspect, doesNotOverflowOnHostileTicks)
+{
+    constexpr quint64 kLast = std::numeric_limits<quint64>::max();
+    constexpr double kMost = 9223372036854775807.0;
+    const QJsonObject result = inspected({{1500, 900, 1, true, 0, std::numeric_limits<qint64>::max()},
+        {1500, 900, 1, true, kLast, 0}, {1500, 900, 1, true, 1000, 0}, {1500, 900, 1, true, kLast, 0}});
+    EXPECT_EQ(result["durationMs"].toDouble(), kMost);
+    EXPECT_EQ(result["pauseMs"].toDouble(), kMost);
+    EXPECT_TRUE(result["notes"].toArray().contains("the time goes backwards at 1 points"));
+    const QString text = runWell({"inspect", "a.ink"}).output;
+    EXPECT_FALSE(text.contains("-")) << text.toStdString();
+    EXPECT_TRUE(text.contains("written     in second 9223372036854775807, outside of the years 1 to 9999\n"))
+        << text.toStdString();
 }
 
 TEST_F(KvsignInspect, keepsTheTenLongestGaps)

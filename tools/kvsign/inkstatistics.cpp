@@ -2,16 +2,26 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
 constexpr size_t kMostGaps = 10;
 constexpr int kPadWidthsPerDot = 100;
 
-/// Ticks are unsigned, and a broken record's may lie anywhere.
+/// Ticks are unsigned, and a broken record's may lie anywhere. Two are at most as far apart as the result can say.
 qint64 apart(const POINTDATA &one, const POINTDATA &other)
 {
-    return static_cast<qint64>(other.ulTickCount - one.ulTickCount);
+    constexpr quint64 kMost = std::numeric_limits<qint64>::max();
+    const quint64 forwards = other.ulTickCount - one.ulTickCount, back = one.ulTickCount - other.ulTickCount;
+    return other.ulTickCount >= one.ulTickCount ? static_cast<qint64>(std::min(forwards, kMost))
+                                                : -static_cast<qint64>(std::min(back, kMost));
+}
+
+qint64 sum(qint64 one, qint64 other)
+{
+    qint64 result = 0;
+    return __builtin_add_overflow(one, other, &result) ? std::numeric_limits<qint64>::max() : result;
 }
 
 } // namespace
@@ -50,7 +60,7 @@ void InkStatistics::addTime(const POINTDATA &point)
         addGap(between);
     else if (!m_inStroke) {
         ++pauses;
-        pauseMilliseconds += between;
+        pauseMilliseconds = sum(pauseMilliseconds, between);
         if (between > longestPause.milliseconds)
             longestPause = {points, between};
     }

@@ -67,9 +67,18 @@ void sayRow(const char *title, const QString &text)
     say(QString("%1%2").arg(title, -12).arg(text));
 }
 
+/// A broken record may name a second that no calendar has.
+QString momentOf(qint64 time)
+{
+    constexpr qint64 kFirst = -62135596800, kLast = 253402300799; // the years 1 to 9999
+    if (time < kFirst || time > kLast)
+        return QString("in second %1, outside of the years 1 to 9999").arg(time);
+    return QDateTime::fromSecsSinceEpoch(time).toString(Qt::ISODate).replace('T', ' ');
+}
+
 void tellTimes(const InkStatistics &ink)
 {
-    sayRow("written", QDateTime::fromSecsSinceEpoch(ink.firstTime).toString(Qt::ISODate).replace('T', ' '));
+    sayRow("written", momentOf(ink.firstTime));
     sayRow("duration", seconds(ink.milliseconds));
     QString pauses = QString::number(ink.pauses);
     if (ink.pauses > 0)
