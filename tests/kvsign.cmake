@@ -16,7 +16,7 @@ kv_add_test(kvsign_commands_test
   LIBRARIES kv_kvsign_tests)
 kv_add_test(kvsign_formats_test
   kvsign_lossless_test.cpp kvsign_otherfiles_test.cpp kvsign_broken_test.cpp kvsign_pictures_test.cpp
-  kvsign_big_test.cpp
+  kvsign_big_test.cpp kvsign_inkml_test.cpp kvsign_tables_test.cpp
   LIBRARIES kv_kvsign_tests)
 kv_add_test(kvsign_window_test kvsign_window_test.cpp PADS LIBRARIES kv_kvsign kv_kvsign_tests)
 kv_add_test(kvsign_documents_test kvsign_documents_test.cpp LIBRARIES kv_kvsign_tests)

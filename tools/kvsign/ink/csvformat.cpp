@@ -1,9 +1,9 @@
 #include "csvformat.h"
 
 #include "bufferedwriter.h"
+#include "filledpoints.h"
 #include "pointfields.h"
-
-#include <QList>
+#include "textlines.h"
 
 #include <algorithm>
 #include <vector>
@@ -12,91 +12,180 @@ namespace {
 
 constexpr int kLongestLine = 4096;
 
-QByteArray withoutMarks(QByteArray cell)
+/// What a spreadsheet says before the names: "sep=;".
+constexpr char kSeparatorLine[] = "sep=";
+
+struct Cell
 {
-    cell = cell.trimmed();
-    if (cell.size() >= 2 && cell.startsWith('"') && cell.endsWith('"'))
-        cell = cell.mid(1, cell.size() - 2).trimmed();
-    return cell;
+    QByteArray text;
+    bool isQuoted = false;
+};
+
+/// Cells between separators, in quotation marks or not; two marks inside of such a cell are one.
+std::vector<Cell> cellsOf(const QByteArray &line, char separator)
+{
+    std::vector<Cell> cells(1);
+    bool isInside = false;
+    for (int i = 0; i < line.size(); ++i) {
+        const char c = line.at(i);
+        if (c == '"' && isInside && i + 1 < line.size() && line.at(i + 1) == '"') {
+            cells.back().text += c;
+            ++i;
+        } else if (c == '"') {
+            isInside = !isInside;
+            cells.back().isQuoted = true;
+        } else if (c == separator && !isInside) {
+            cells.emplace_back();
+        } else {
+            cells.back().text += c;
+        }
+    }
+    for (Cell &cell : cells)
+        cell.text = cell.text.trimmed();
+    return cells;
+}
+
+bool isEmpty(const Cell &cell)
+{
+    return cell.text.isEmpty();
+}
+
+/// Letters and digits alone, small: "Tick (ms)" and "tick_ms" are one.
+QByteArray plain(const QByteArray &name)
+{
+    QByteArray letters;
+    for (const char c : name.toLower()) {
+        if ((c >= 'a' && c <= 'z') || (c >= '0' && c <= '9'))
+            letters += c;
+    }
+    return letters;
 }
 
 class CsvSource : public PointSource
 {
 public:
     CsvSource(QIODevice &device, const QString &name)
-        : m_device(device)
+        : m_lines(device)
         , m_name(name)
     {
         QByteArray line;
-        if (readLine(line))
-            takeTitles(line);
+        if (!readLine(line))
+            return;
+        if (line.toLower().startsWith(kSeparatorLine) || line.toLower().startsWith(QByteArray("\"") + kSeparatorLine))
+            takeSeparator(line);
+        else
+            m_separator = separatorOf(line);
+        takeTitles(line);
     }
 
     bool next(POINTDATA &point) override
     {
-        QByteArray line;
-        if (!readLine(line))
-            return false;
-        const QList<QByteArray> cells = line.split(m_separator);
-        if (cells.size() != static_cast<int>(m_columns.size()))
-            throw broken(QString("%1 cells below %2 names").arg(cells.size()).arg(m_columns.size()));
-        for (size_t i = 0; i < m_columns.size(); ++i) {
-            const FieldRow &row = *m_columns[i];
-            const QString why = takeField(point, row.field, withoutMarks(cells[static_cast<int>(i)]));
-            if (!why.isEmpty())
-                throw broken(QString("%1 %2").arg(row.column, why));
-        }
+        point = {};
+        if (!takeLine(point))
+            return m_filled.close(point);
+        m_filled.fill(point);
         return true;
     }
 
 private:
-    Failure broken(const QString &what) const { return failed(QString("%1:%2: %3").arg(m_name).arg(m_line).arg(what)); }
+    Failure broken(const QString &what) const
+    {
+        return failed(QString("%1:%2: %3").arg(m_name).arg(m_lines.number()).arg(what));
+    }
 
     /// The next line with something in it.
     bool readLine(QByteArray &line)
     {
         do {
-            line = m_device.readLine(kLongestLine);
-            if (line.isEmpty())
+            if (!m_lines.next(line, kLongestLine))
                 return false;
-            ++m_line;
-            if (!line.endsWith('\n') && line.size() >= kLongestLine - 1)
+            if (m_lines.isTooLong())
                 throw broken("the line is too long for a point");
-            if (m_line == 1 && line.startsWith("\xef\xbb\xbf"))
-                line.remove(0, 3);
         } while (line.trimmed().isEmpty());
         return true;
     }
 
+    /// Goes on to the line of names.
+    void takeSeparator(QByteArray &line)
+    {
+        const int place = line.indexOf('=') + 1;
+        m_separator = line.size() > place ? line.at(place) : ',';
+        if (!readLine(line))
+            line.clear();
+    }
+
+    static char separatorOf(const QByteArray &titles)
+    {
+        for (const char separator : {'\t', ';'}) {
+            if (titles.contains(separator))
+                return separator;
+        }
+        return ',';
+    }
+
     void takeTitles(const QByteArray &line)
     {
-        for (const char separator : {';', '\t'}) {
-            if (line.contains(separator))
-                m_separator = separator;
-        }
-        for (const QByteArray &cell : line.split(m_separator))
-            m_columns.push_back(&rowOf(withoutMarks(cell)));
+        for (const Cell &cell : cellsOf(line, m_separator))
+            m_columns.push_back(isEmpty(cell) ? nullptr : &rowOf(cell.text));
+        while (!m_columns.empty() && m_columns.back() == nullptr)
+            m_columns.pop_back();
         for (const FieldRow &row : kFields) {
             const auto times = std::count(m_columns.begin(), m_columns.end(), &row);
-            if (times != 1)
+            const bool isRequired = row.field == Field::X || row.field == Field::Y;
+            if (times > 1 || (times == 0 && isRequired))
                 throw broken(QString("the column %1 is %2").arg(row.column, times == 0 ? "missing" : "there twice"));
+            if (times == 0)
+                m_filled.lacks(row.field);
+            if (row.field == Field::StrokeEnd)
+                m_filled.setCloses(times == 0);
         }
     }
 
+    /// The first name that begins with the letters; for a spreadsheet's user may have shortened it.
     const FieldRow &rowOf(const QByteArray &title) const
     {
+        const QByteArray letters = plain(title);
         for (const FieldRow &row : kFields) {
-            if (title == row.column)
+            if (!letters.isEmpty() && plain(row.column).startsWith(letters))
                 return row;
         }
         throw broken(QString("there is no column \"%1\"").arg(QString::fromUtf8(title.left(40))));
     }
 
-    QIODevice &m_device;
+    bool takeLine(POINTDATA &point)
+    {
+        QByteArray line;
+        std::vector<Cell> cells;
+        do {
+            if (!readLine(line))
+                return false;
+            cells = cellsOf(line, m_separator);
+        } while (std::all_of(cells.begin(), cells.end(), isEmpty));
+        while (cells.size() > m_columns.size() && isEmpty(cells.back()))
+            cells.pop_back();
+        if (cells.size() != m_columns.size())
+            throw broken(QString("%1 cells below %2 names").arg(cells.size()).arg(m_columns.size()));
+        for (size_t i = 0; i < m_columns.size(); ++i)
+            takeCell(point, m_columns[i], cells[i]);
+        return true;
+    }
+
+    void takeCell(POINTDATA &point, const FieldRow *row, Cell &cell) const
+    {
+        if (row == nullptr)
+            return;
+        if (m_separator != ',' || cell.isQuoted)
+            cell.text.replace(',', '.'); // the decimal comma
+        const QString why = takeField(point, row->field, cell.text);
+        if (!why.isEmpty())
+            throw broken(QString("%1 %2").arg(row->column, why));
+    }
+
+    TextLines m_lines;
     QString m_name;
-    qint64 m_line = 0;
     char m_separator = ',';
-    std::vector<const FieldRow *> m_columns;
+    std::vector<const FieldRow *> m_columns; ///< null for one without a name
+    FilledPoints m_filled;
 };
 
 class CsvSink : public PointSink

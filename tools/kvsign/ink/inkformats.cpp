@@ -5,6 +5,7 @@
 #include "inkmlformat.h"
 #include "jsonformat.h"
 #include "recordformat.h"
+#include "textlines.h"
 
 #include <QFileInfo>
 
@@ -50,13 +51,15 @@ const InkFormat *formatOfPath(const QString &path)
 
 const InkFormat &formatOfContent(const QByteArray &begin)
 {
-    const QByteArray text = begin.trimmed();
-    const QByteArray line = text.left(text.indexOf('\n'));
+    const QByteArray text = decodedBegin(begin).trimmed();
+    const int end = text.indexOf('\n');
+    const QByteArray line = end < 0 ? text : text.left(end);
     if (text.startsWith('{'))
         return kJson;
     if (text.startsWith('<'))
         return kInkml;
-    return line.contains("pressure") ? kCsv : kRecord;
+    const bool hasSeparator = line.contains(',') || line.contains(';') || line.contains('\t');
+    return hasSeparator ? kCsv : kRecord; // Base64 has none of them
 }
 
 QStringList formatNames()

@@ -1,114 +1,84 @@
 #include "inkmlchannels.h"
 
+#include <QXmlStreamAttributes>
+
 #include <algorithm>
 
 namespace {
 
-bool isDigit(QChar c)
+struct Unit
 {
-    return c >= '0' && c <= '9';
+    const char *name;
+    double factor;
+};
+
+/// The standard's units of length in hundredths of a millimetre.
+constexpr Unit kLengths[] = {{"m", 100000}, {"cm", 1000}, {"mm", 100}, {"um", 0.1}, {"in", 2540}, {"pt", 2540 / 72.0},
+    {"pc", 2540 / 6.0}, {"himetric", 1}};
+
+/// Units of time in milliseconds.
+constexpr Unit kTimes[] = {{"s", 1000}, {"ms", 1}, {"us", 0.001}, {"ns", 0.000001}, {"min", 60000}, {"h", 3600000}};
+
+template <size_t count>
+const Unit *find(const Unit (&units)[count], const QString &name)
+{
+    const auto *found = std::find_if(units, units + count, [&](const Unit &unit) { return name == unit.name; });
+    return found == units + count ? nullptr : found;
 }
 
-bool isPrefix(QChar c)
+bool isLength(const std::optional<Field> &field)
 {
-    return c == '!' || c == '\'' || c == '"';
+    return field == Field::X || field == Field::Y;
 }
 
-bool isLetterValue(QChar c)
+void takeUnits(InkmlColumn &column, const QString &units)
 {
-    return c == '*' || c == '?' || c == 'T' || c == 'F';
-}
-
-bool isBlank(QChar c)
-{
-    return c == ' ' || c == '\n' || c == '\r' || c == '\t';
+    if (isLength(column.field)) {
+        const Unit *const unit = find(kLengths, units);
+        column.factor = unit != nullptr ? unit->factor : 1;
+        column.isPhysical = unit != nullptr;
+    }
+    if (column.field == Field::Tick) {
+        const Unit *const unit = find(kTimes, units);
+        column.factor = unit != nullptr ? unit->factor : 1;
+    }
+    if (column.field == Field::Pressure && units == "%")
+        column.factor = 2048 / 100.0; // of what most of the pads tell
 }
 
 } // namespace
 
-InkmlTrace::InkmlTrace(const QString &text, const std::vector<const InkmlChannel *> &channels)
-    : m_text(text)
-    , m_channels(channels)
-    , m_states(channels.size())
+bool InkmlFormat::has(Field field) const
 {
+    return std::any_of(
+        columns.begin(), columns.end(), [field](const InkmlColumn &column) { return column.field == field; });
 }
 
-bool InkmlTrace::next(POINTDATA &point)
+InkmlFormat InkmlFormat::plain()
 {
-    skipBlanks();
-    if (m_place == m_text.size())
-        return false;
-    ++m_points;
-    for (size_t i = 0; i < m_channels.size(); ++i) {
-        if (!takeValue(m_channels[i], m_states[i], point))
-            throw at(QString("%1 values where the trace format has %2").arg(i).arg(m_channels.size()));
+    InkmlFormat format;
+    for (const Field field : {Field::X, Field::Y}) {
+        InkmlColumn column;
+        column.name = field == Field::X ? "X" : "Y";
+        column.field = field;
+        format.columns.push_back(column);
     }
-    skipBlanks();
-    if (m_place < m_text.size() && m_text.at(m_place) != ',')
-        throw at(QString("more values than the trace format's %1").arg(m_channels.size()));
-    ++m_place;
-    m_place = std::min(m_place, m_text.size());
-    return true;
+    format.regular = format.columns.size();
+    return format;
 }
 
-void InkmlTrace::skipBlanks()
+InkmlColumn inkmlColumn(const QXmlStreamAttributes &attributes)
 {
-    while (m_place < m_text.size() && isBlank(m_text.at(m_place)))
-        ++m_place;
-}
-
-bool InkmlTrace::takeValue(const InkmlChannel *channel, State &state, POINTDATA &point)
-{
-    skipBlanks();
-    if (m_place < m_text.size() && isPrefix(m_text.at(m_place)))
-        state.prefix = m_text.at(m_place++);
-    skipBlanks();
-    if (m_place == m_text.size() || m_text.at(m_place) == ',')
-        return false;
-    const int begin = m_place++;
-    if (!isLetterValue(m_text.at(begin))) {
-        while (m_place < m_text.size() && (isDigit(m_text.at(m_place)) || m_text.at(m_place) == '.'))
-            ++m_place;
+    InkmlColumn column;
+    column.name = attributes.value("name").toString();
+    if (column.name.isEmpty())
+        throw QString("a channel has no name");
+    for (const InkmlChannel &channel : kInkmlChannels) {
+        if (column.name == channel.name)
+            column.field = channel.field;
     }
-    const QByteArray text = m_text.midRef(begin, m_place - begin).toUtf8();
-    if (channel == nullptr)
-        return true;
-    if (!takeNumber(state, text))
-        throw at(QString("the differences of %1 add up to more than a record holds").arg(channel->name));
-    QByteArray value = state.text;
-    if (channel->field == Field::StrokeEnd) // the channel says that the tip touches
-        value = value == "T" ? "0" : value == "F" ? "1" : value;
-    const QString why = takeField(point, channel->field, value);
-    if (!why.isEmpty())
-        throw at(QString("%1 %2").arg(channel->name, why));
-    return true;
-}
-
-bool InkmlTrace::takeNumber(State &state, const QByteArray &text)
-{
-    if (text == "*")
-        return true;
-    bool isNumber = false;
-    const qint64 number = text.toLongLong(&isNumber);
-    if (state.prefix == '!' || !isNumber) {
-        state.text = text.startsWith('+') ? text.mid(1) : text;
-        // Two values may lie further apart than a difference can say; nobody asks for that one.
-        state.velocity = static_cast<qint64>(static_cast<quint64>(number) - static_cast<quint64>(state.value));
-        state.value = number;
-        return true;
-    }
-    qint64 velocity = number;
-    const bool isSecond = state.prefix == '"';
-    if (isSecond && __builtin_add_overflow(state.velocity, number, &velocity))
-        return false;
-    state.velocity = velocity;
-    if (__builtin_add_overflow(state.value, velocity, &state.value))
-        return false;
-    state.text = QByteArray::number(state.value);
-    return true;
-}
-
-QString InkmlTrace::at(const QString &what) const
-{
-    return QString("point %1: %2").arg(m_points).arg(what);
+    takeUnits(column, attributes.value("units").toString());
+    column.isReversed = isLength(column.field) && attributes.value("orientation") == "-ve";
+    column.respectTo = attributes.value("respectTo").toString().section('#', -1);
+    return column;
 }

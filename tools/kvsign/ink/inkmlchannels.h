@@ -1,5 +1,5 @@
 /// @file
-/// The channels of InkML traces that hold an ink point, and a trace's text as values.
+/// The channels of InkML that hold parts of an ink point, and trace formats: which channels a trace's values belong to.
 #ifndef INKMLCHANNELS_H
 #define INKMLCHANNELS_H
 
@@ -7,57 +7,56 @@
 
 #include <QString>
 
+#include <optional>
 #include <vector>
 
+class QXmlStreamAttributes;
+
+/// As they are written.
 struct InkmlChannel
 {
     Field field;
     const char *name;
     const char *type;
     const char *units; ///< null for none
-    bool isRequired;
 };
 
 inline constexpr InkmlChannel kInkmlChannels[] = {
-    {Field::X, "X", "integer", "dev", true},
-    {Field::Y, "Y", "integer", "dev", true},
-    {Field::Pressure, "F", "integer", "dev", true},
-    {Field::Tick, "T", "integer", "ms", true},
-    {Field::StrokeEnd, "S", "boolean", nullptr, false},
-    {Field::Time, "clock", "integer", "s", false},
+    {Field::X, "X", "integer", "dev"},
+    {Field::Y, "Y", "integer", "dev"},
+    {Field::Pressure, "F", "integer", "dev"},
+    {Field::Tick, "T", "integer", "ms"},
+    {Field::StrokeEnd, "S", "boolean", nullptr},
+    {Field::Time, "clock", "integer", "s"},
 };
 
-/// Reads a trace's values: as they are, as first (') or second (") differences, or repeated (*).
-class InkmlTrace
+/// A channel of a trace format that is read.
+struct InkmlColumn
 {
-public:
-    /// The channels in the order of the trace format; null for one that is dropped.
-    InkmlTrace(const QString &text, const std::vector<const InkmlChannel *> &channels);
-
-    /// The next point; false after the last one. Throws a QString that says what is wrong.
-    bool next(POINTDATA &point);
-
-    qint64 points() const { return m_points; }
-
-private:
-    struct State
-    {
-        QByteArray text; ///< the value before
-        qint64 value = 0;
-        qint64 velocity = 0;
-        QChar prefix = '!';
-    };
-
-    void skipBlanks();
-    bool takeValue(const InkmlChannel *channel, State &state, POINTDATA &point);
-    static bool takeNumber(State &state, const QByteArray &text);
-    QString at(const QString &what) const;
-
-    QString m_text;
-    const std::vector<const InkmlChannel *> &m_channels;
-    std::vector<State> m_states;
-    int m_place = 0;
-    qint64 m_points = 0;
+    QString name;
+    std::optional<Field> field; ///< none: its values are dropped
+    double factor = 1; ///< from its units to hundredths of a millimetre, or milliseconds
+    bool isPhysical = false; ///< it has a unit of length
+    bool isReversed = false; ///< its values grow to the left or upwards
+    QString respectTo; ///< the id of a timestamp, without the mark; empty for none
 };
+
+/// The regular channels, and behind them those that a point may leave out.
+struct InkmlFormat
+{
+    std::vector<InkmlColumn> columns;
+    size_t regular = 0;
+
+    bool has(Field field) const;
+
+    /// Written here: its traces tell where strokes end, and nothing of them is to be changed.
+    bool isOwn() const { return has(Field::StrokeEnd) && has(Field::Time); }
+
+    /// X and Y, which a document has that says nothing else.
+    static InkmlFormat plain();
+};
+
+/// The column that a channel element's attributes describe. Throws a QString that says what is wrong.
+InkmlColumn inkmlColumn(const QXmlStreamAttributes &attributes);
 
 #endif

@@ -14,8 +14,10 @@
 
 class QIODevice;
 
-/// Takes the channels in any order, values in full or as differences, and other channels, which it drops. Without S
-/// each trace gets a closing point, without `clock` the times are those of T.
+/// Takes what the standard allows: contexts, sources and groups, channels in any order and units, differences, unknown
+/// and repeated values, traces that continue others, views of traces in definitions. Traces of a pen in the air and
+/// other channels are dropped. A document needs no more than X and Y: filledpoints.h says what stands for the rest,
+/// inkmlfit.h how numbers become those of a record.
 std::unique_ptr<PointSource> readInkml(QIODevice &device, const QString &name);
 
 std::unique_ptr<PointSink> writeInkml(QIODevice &device);

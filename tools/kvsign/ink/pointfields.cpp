@@ -1,6 +1,7 @@
 #include "pointfields.h"
 
 #include <charconv>
+#include <cmath>
 #include <limits>
 
 namespace {
@@ -13,6 +14,45 @@ void append(QByteArray &text, Number number)
     text.append(digits, static_cast<int>(end.ptr - digits));
 }
 
+/// A number out of a double's range is one that is too small when its exponent is negative.
+bool isTiny(const QByteArray &text)
+{
+    return text.contains("e-") || text.contains("E-");
+}
+
+QString notANumber(const QByteArray &text)
+{
+    return QString("is \"%1\", not a number").arg(QString::fromUtf8(text.left(40)));
+}
+
+template <class Number>
+QString outOfRange(const QByteArray &text)
+{
+    return QString("is %1, a record holds %2 to %3")
+        .arg(QString::fromUtf8(text.left(40)))
+        .arg(std::numeric_limits<Number>::min())
+        .arg(std::numeric_limits<Number>::max());
+}
+
+template <class Number>
+bool holds(long double number)
+{
+    // The largest 64-bit numbers may not be long doubles; the power of two behind them is one.
+    constexpr long double kBehind = 2.0L * static_cast<long double>(std::numeric_limits<Number>::max() / 2 + 1);
+    return number >= static_cast<long double>(std::numeric_limits<Number>::min()) && number < kBehind;
+}
+
+template <class Number>
+QString takeRounded(const QByteArray &text, long double decimal, Number &number)
+{
+    const long double rounded = std::round(decimal);
+    if (!holds<Number>(rounded))
+        return outOfRange<Number>(text);
+    number = static_cast<Number>(rounded);
+    return {};
+}
+
+/// Whole numbers to the last digit, others rounded.
 template <class Number>
 QString take(const QByteArray &text, Number &number)
 {
@@ -20,19 +60,22 @@ QString take(const QByteArray &text, Number &number)
     const std::from_chars_result result = std::from_chars(text.constData(), end, number);
     if (result.ec == std::errc() && result.ptr == end)
         return {};
-    const QString shown = QString::fromUtf8(text.left(40));
-    if (result.ec == std::errc::result_out_of_range && result.ptr == end)
-        return QString("is %1, a record holds %2 to %3")
-            .arg(shown)
-            .arg(std::numeric_limits<Number>::min())
-            .arg(std::numeric_limits<Number>::max());
-    return QString("is \"%1\", not a whole number").arg(shown);
+    bool isTooLarge = false;
+    const std::optional<double> decimal = decimalNumber(text, isTooLarge);
+    if (isTooLarge)
+        return outOfRange<Number>(text);
+    if (!decimal.has_value())
+        return notANumber(text);
+    return takeRounded(text, *decimal, number);
 }
 
 QString takeFlag(const QByteArray &text, bool &flag)
 {
-    flag = text == "1" || text == "true";
-    if (flag || text == "0" || text == "false")
+    const QByteArray word = text.toLower();
+    bool isTooLarge = false;
+    const double number = decimalNumber(word, isTooLarge).value_or(-1);
+    flag = number == 1 || word == "true";
+    if (flag || number == 0 || word == "false")
         return {};
     return QString("is \"%1\", not 0 or 1").arg(QString::fromUtf8(text.left(40)));
 }
@@ -73,6 +116,42 @@ QString takeField(POINTDATA &point, Field field, const QByteArray &text)
         return take(text, point.ulTickCount);
     case Field::Time:
         return take(text, point.pointTime);
+    }
+    return {};
+}
+
+std::optional<double> decimalNumber(const QByteArray &text, bool &isTooLarge)
+{
+    const QByteArray unsignedText = text.startsWith('+') ? text.mid(1) : text;
+    const char *const begin = unsignedText.constData(), *const end = begin + unsignedText.size();
+    const char first = begin[0] == '-' ? begin[1] : begin[0];
+    double number = 0;
+    const std::from_chars_result result = std::from_chars(begin, end, number);
+    const bool isNumber = result.ptr == end && result.ec != std::errc::invalid_argument
+        && ((first >= '0' && first <= '9') || first == '.'); // neither "inf" nor "nan"
+    isTooLarge = isNumber && result.ec == std::errc::result_out_of_range && !isTiny(unsignedText);
+    if (!isNumber || isTooLarge)
+        return {};
+    return result.ec == std::errc() ? number : 0;
+}
+
+QString setField(POINTDATA &point, Field field, long double value)
+{
+    const QByteArray shown = QByteArray::number(static_cast<double>(value), 'g', 12);
+    switch (field) {
+    case Field::X:
+        return takeRounded(shown, value, point.nX);
+    case Field::Y:
+        return takeRounded(shown, value, point.nY);
+    case Field::Pressure:
+        return takeRounded(shown, value, point.nPressureValue);
+    case Field::StrokeEnd:
+        point.bStrokeEnd = value != 0;
+        return {};
+    case Field::Tick:
+        return takeRounded(shown, value, point.ulTickCount);
+    case Field::Time:
+        return takeRounded(shown, value, point.pointTime);
     }
     return {};
 }

@@ -8,6 +8,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <optional>
+
 enum class Field
 {
     X,
@@ -40,7 +42,15 @@ inline constexpr int kFieldCount = sizeof kFields / sizeof kFields[0];
 /// Appends the field as a number; the stroke end as 0 or 1.
 void appendField(QByteArray &text, const POINTDATA &point, Field field);
 
-/// Takes the field from its text. Answers why it cannot be, or an empty text.
+/// Takes the field from its text: whole numbers to the last digit, decimals and exponents rounded; 0, 1, true or false
+/// for the stroke end. Answers why it cannot be, or an empty text.
 QString takeField(POINTDATA &point, Field field, const QByteArray &text);
+
+/// Takes the field from a number, rounded; the stroke end is true for all but 0.
+QString setField(POINTDATA &point, Field field, long double value);
+
+/// The text as a finite number. One that is too small for a double is 0; for one that is too large there is none, and
+/// isTooLarge is set.
+std::optional<double> decimalNumber(const QByteArray &text, bool &isTooLarge);
 
 #endif

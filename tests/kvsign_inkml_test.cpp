@@ -1,0 +1,212 @@
+// W3C InkML in the styles of many programs: samples of different kinds, and what each of the standard's ways to say a
+// point comes to. The expected numbers are worked out by hand from the standard.
+#include "kvsign.h"
+
+namespace {
+
+using namespace kvsign;
+
+constexpr int kPressure = 512; // stands for one that is not told
+
+class KvsignInkml : public Place
+{
+protected:
+    Points readSample(const char *name) const
+    {
+        runWell({"convert", QString(KV_TEST_DATA) + "/inkml/" + name, "read.ink"});
+        return pointsOf(read("read.ink"));
+    }
+
+    Points readText(const QByteArray &content) const
+    {
+        write("text.inkml", content);
+        runWell({"convert", "text.inkml", "read.ink"});
+        return pointsOf(read("read.ink"));
+    }
+
+    static void areEqual(const Points &points, const Points &expected)
+    {
+        EXPECT_EQ(listed(points).toStdString(), listed(expected).toStdString());
+    }
+};
+
+QByteArray inkOf(const QByteArray &content)
+{
+    return "<ink xmlns=\"http://www.w3.org/2003/InkML\">" + content + "</ink>";
+}
+
+/// Of a format with a channel of this name and these attributes behind X and Y.
+QByteArray inkWith(const QByteArray &channel, const QByteArray &trace)
+{
+    return inkOf("<traceFormat><channel name='X'/><channel name='Y'/><channel " + channel + "/></traceFormat><trace>"
+        + trace + "</trace>");
+}
+
+TEST_F(KvsignInkml, needsNoMoreThanXAndY)
+{
+    const Points points = readSample("plain.inkml");
+    ASSERT_EQ(points.size(), 27U + 1 + 10 + 1);
+    areEqual({points[0], points[26], points[27], points[28], points[38]},
+        {{10, 0, kPressure, false, 0, 0}, {93, 205, kPressure, false, 26 * 5, 0}, {93, 205, kPressure, true, 26 * 5, 0},
+            {130, 155, kPressure, false, 27 * 5, 0}, {131, 149, kPressure, true, 36 * 5, 0}});
+}
+
+// The standard's own example of prefixes, with the positions of its table.
+TEST_F(KvsignInkml, addsUpFirstAndSecondDifferences)
+{
+    const int expected[][2] = {{1125, 18432}, {1148, 18475}, {1178, 18510}, {1211, 18540}, {1251, 18567}, {1297, 18596},
+        {1349, 18633}, {1404, 18676}, {1461, 18723}, {1521, 18776}, {1584, 18823}};
+    const Points points = readSample("differences.inkml");
+    ASSERT_EQ(points.size(), 12U);
+    for (size_t i = 0; i < 11; ++i) {
+        EXPECT_EQ(points[i].x, expected[i][0]) << i;
+        EXPECT_EQ(points[i].y, expected[i][1]) << i;
+    }
+    EXPECT_TRUE(points[11].end);
+}
+
+TEST_F(KvsignInkml, takesPressureAndTimeFromATabletsService)
+{
+    areEqual(readSample("tablet.inkml"),
+        {{1000, 2000, 300, false, 1000, 1600000001}, {1100, 2100, 400, false, 1010, 1600000001},
+            {1200, 2250, 500, false, 1020, 1600000001}, {1200, 2250, 500, true, 1020, 1600000001},
+            {3000, 2000, 310, false, 2500, 1600000002}, {3050, 1900, 0, false, 2510, 1600000002},
+            {3050, 1900, 0, true, 2510, 1600000002}});
+}
+
+// Hundredths of a millimetre; Y grows upwards from 4.75 to 5 cm; 7.5 ms are 8.
+TEST_F(KvsignInkml, knowsUnitsAndDirections)
+{
+    areEqual(readSample("millimetres.inkml"),
+        {{1025, 4750, 0, false, 0, 0}, {1150, 4850, 512, false, 8, 0}, {1275, 5000, 2048, false, 15, 0},
+            {1275, 5000, 2048, true, 15, 0}});
+}
+
+TEST_F(KvsignInkml, keepsTheShapeOfDecimals)
+{
+    areEqual(readSample("normalised.inkml"),
+        {{1250, 2500, 1024, false, 0, 0}, {1250, 3750, 1536, false, 5, 0}, {10000, 5000, 2048, false, 10, 0},
+            {10000, 5000, 2048, true, 10, 0}});
+    areEqual(readText(inkOf("<trace>282.5 45.25, 283 46</trace>")),
+        {{28250, 4525, kPressure, false, 0, 0}, {28300, 4600, kPressure, false, 5, 0},
+            {28300, 4600, kPressure, true, 5, 0}});
+    areEqual(readText(inkOf("<trace>10.0 20e0, 13. 1.8e+1</trace>")),
+        {{10, 20, kPressure, false, 0, 0}, {13, 18, kPressure, false, 5, 0}, {13, 18, kPressure, true, 5, 0}});
+}
+
+TEST_F(KvsignInkml, passesOverAnnotationsAndViewsOfWhatIsThere)
+{
+    areEqual(readSample("formulas.inkml"),
+        {{310, 207, kPressure, false, 0, 0}, {312, 209, kPressure, false, 5, 0}, {317, 216, kPressure, false, 10, 0},
+            {325, 228, kPressure, false, 15, 0}, {325, 228, kPressure, true, 15, 0},
+            {327, 204, kPressure, false, 20, 0}, {318, 217, kPressure, false, 25, 0},
+            {309, 229, kPressure, false, 30, 0}, {309, 229, kPressure, true, 30, 0}});
+}
+
+// Four points in 30 ms from 40 ms on, the first and the last in the air; then a pen that is not lifted.
+TEST_F(KvsignInkml, listensToATipSwitch)
+{
+    areEqual(readSample("switch.inkml"),
+        {{10, 10, 100, false, 50, 0}, {20, 10, 120, false, 60, 0}, {30, 10, 0, true, 70, 0}, {40, 40, 90, false, 80, 0},
+            {50, 50, 95, false, 85, 0}, {50, 50, 95, true, 85, 0}});
+}
+
+TEST_F(KvsignInkml, continuesAStrokeInTheNextTrace)
+{
+    areEqual(readSample("continued.inkml"),
+        {{100, 100, kPressure, false, 0, 0}, {200, 200, kPressure, false, 5, 0}, {300, 250, kPressure, false, 10, 0},
+            {400, 300, kPressure, false, 15, 0}, {400, 300, kPressure, true, 15, 0},
+            {500, 500, kPressure, false, 20, 0}, {500, 500, kPressure, true, 20, 0}});
+}
+
+TEST_F(KvsignInkml, showsDefinedTracesWhereTheyAreViewed)
+{
+    QString places;
+    for (const Point &point : readSample("views.inkml"))
+        places += point.end ? QString("| ") : QString("%1 %2 ").arg(point.x).arg(point.y);
+    EXPECT_EQ(places.toStdString(), "21 22 | 3 4 5 6 | 11 12 | 13 14 | ");
+}
+
+TEST_F(KvsignInkml, findsTheFormatByContexts)
+{
+    areEqual(readSample("contexts.inkml"),
+        {{10, 20, kPressure, false, 5, 0}, {-32768, 7, kPressure, false, 10, 0}, {-32768, 7, kPressure, true, 10, 0},
+            {2, 1, kPressure, false, 15, 1600000060}, {4, 3, kPressure, false, 20, 1600000060},
+            {4, 3, kPressure, true, 20, 1600000060}, {6, 5, kPressure, false, 25, 1600000060},
+            {6, 5, kPressure, true, 25, 1600000060}});
+}
+
+TEST_F(KvsignInkml, bringsLargeNumbersIntoARecord)
+{
+    areEqual(readSample("wide.inkml"),
+        {{0, 0, 2048, false, 0, 0}, {32766, 0, 1024, false, 5, 0}, {32766, 0, 1024, true, 5, 0}});
+    areEqual(readText(inkOf("<trace>0 0, 40000 -10000</trace>")),
+        {{0, 1000, kPressure, false, 0, 0}, {4000, 0, kPressure, false, 5, 0}, {4000, 0, kPressure, true, 5, 0}});
+}
+
+TEST_F(KvsignInkml, passesOverWhatIsNotKnown)
+{
+    const Points expected = {{1, 2, 7, false, 0, 0}, {3, 4, 7, false, 5, 0}, {3, 4, 7, true, 5, 0}};
+    areEqual(readText(inkWith("name='F'", "1 2 7, 3 4 *")), expected);
+    areEqual(readText(inkWith("name='F'", "1 2 7, 3 4 *,")), expected);
+    // A point without a place is none; time passes all the same.
+    areEqual(readText(inkWith("name='F'", "? 9 7, 1 2 7, 3 4 7")),
+        {{1, 2, 7, false, 5, 0}, {3, 4, 7, false, 10, 0}, {3, 4, 7, true, 10, 0}});
+    areEqual(readText(inkWith("name='W' type='boolean'", "1 2T,3 4F")),
+        {{1, 2, kPressure, false, 0, 0}, {3, 4, kPressure, false, 5, 0}, {3, 4, kPressure, true, 5, 0}});
+}
+
+TEST_F(KvsignInkml, knowsUnitsOfTime)
+{
+    for (const char *channel : {"name='T' units='s'|1 2 1.5", "name='T' units='ms'|1 2 1500", "name='T'|1 2 1500",
+             "name='T' units='us'|1 2 1500000"}) {
+        const QList<QByteArray> parts = QByteArray(channel).split('|');
+        areEqual(readText(inkWith(parts[0], parts[1])),
+            {{1, 2, kPressure, false, 1500, 1}, {1, 2, kPressure, true, 1500, 1}});
+    }
+    // Before the moment that they are told from.
+    areEqual(readText(inkWith("name='T'", "1 2 -20, 3 4 -10")),
+        {{1, 2, kPressure, false, 0, 0}, {3, 4, kPressure, false, 10, 0}, {3, 4, kPressure, true, 10, 0}});
+}
+
+TEST_F(KvsignInkml, takesTheSamplingRateAndTheResolution)
+{
+    areEqual(readText(inkOf("<inkSource><traceFormat><channel name='X'/><channel name='Y'/></traceFormat>"
+                            "<sampleRate value='50'/><channelProperties>"
+                            "<channelProperty channel='X' name='resolution' value='200' units='1/mm'/>"
+                            "<channelProperty channel='Y' name='resolution' value='100' units='1/mm'/>"
+                            "</channelProperties></inkSource><trace>10 20, 30 40</trace>")),
+        {{10, 40, kPressure, false, 0, 0}, {30, 80, kPressure, false, 20, 0}, {30, 80, kPressure, true, 20, 0}});
+}
+
+TEST_F(KvsignInkml, needsNoNamespaceButNoOther)
+{
+    areEqual(readText("<ink><m:trace xmlns:m='urn:m'>5 6</m:trace><trace>1 2</trace></ink>"),
+        {{1, 2, kPressure, false, 0, 0}, {1, 2, kPressure, true, 0, 0}});
+}
+
+// Each of these took minutes, or gigabytes, in a reader that does not look after itself.
+TEST_F(KvsignInkml, isNotHeldUpByHostileDocuments)
+{
+    const auto fails = [&](const char *why, const QByteArray &content) {
+        write("hostile.inkml", content);
+        const CommandResult result = run({"convert", "hostile.inkml", "out.ink"});
+        EXPECT_EQ(result.exitCode, 1) << why;
+        EXPECT_TRUE(result.errors.contains(why)) << testing::PrintToString(result);
+        EXPECT_FALSE(exists("out.ink"));
+    };
+    const QByteArray channels = QByteArray("<channel name='A'/>").repeated(100000);
+    fails("more than 256 channels",
+        inkOf("<traceFormat>" + channels + "</traceFormat>" + QByteArray("<trace/>").repeated(100000)));
+    fails("no ink point",
+        inkOf(QByteArray("<traceFormat><channel name='X'/><channel name='Y'/></traceFormat><trace/>").repeated(50000)));
+    const QByteArray stored =
+        "<definitions><trace xml:id='a'>" + QByteArray("1 2,").repeated(100000) + "</trace></definitions>";
+    fails("the views show too much", inkOf(stored + QByteArray("<traceView traceDataRef='#a'/>").repeated(20000)));
+    fails("more than 100000 traces",
+        inkOf("<definitions>" + QByteArray("<traceGroup xml:id='g'>").repeated(150)
+            + QByteArray("<trace>1 2</trace>").repeated(100000) + QByteArray("</traceGroup>").repeated(150)
+            + "</definitions>"));
+}
+
+} // namespace
