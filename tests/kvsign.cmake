@@ -13,12 +13,13 @@ add_dependencies(kv_kvsign_tests kvsign kvsignpaddrv)
 
 kv_add_test(kvsign_commands_test
   kvsign_capture_test.cpp kvsign_inspect_test.cpp kvsign_replay_test.cpp kvsign_doctor_test.cpp
+  kvsign_answers_test.cpp kvsign_atomic_test.cpp kvsign_unplugged_test.cpp
   LIBRARIES kv_kvsign_tests)
 kv_add_test(kvsign_formats_test
   kvsign_lossless_test.cpp kvsign_otherfiles_test.cpp kvsign_broken_test.cpp kvsign_pictures_test.cpp
   kvsign_big_test.cpp kvsign_inkml_test.cpp kvsign_tables_test.cpp
   LIBRARIES kv_kvsign_tests)
-kv_add_test(kvsign_window_test kvsign_window_test.cpp PADS LIBRARIES kv_kvsign kv_kvsign_tests)
+kv_add_test(kvsign_window_test kvsign_window_test.cpp kvsign_outputs_test.cpp PADS LIBRARIES kv_kvsign kv_kvsign_tests)
 kv_add_test(kvsign_documents_test kvsign_documents_test.cpp LIBRARIES kv_kvsign_tests)
 add_dependencies(kvsign_commands_test kvsignpaddrv_without_SetDevicePenStyle kvsignpaddrv_without_ShowFPImageOnDevice)
 

@@ -89,7 +89,7 @@ TEST_F(KvsignCapture, keepsWhatWasThereWhenTheSignerCancels)
     const CommandResult result = run(
         {"capture", "-m", "R800", "--json", "signature.png", "signature.ink"}, {{"KVSIM_RECORDING", "tick-and-cross"}});
     isEndedWith(3, "the signer cancelled on the R800", result);
-    EXPECT_TRUE(result.output.contains("\"result\": \"cancelled\"")) << testing::PrintToString(result);
+    EXPECT_TRUE(result.output.contains("\"result\":\"cancelled\"")) << testing::PrintToString(result);
     EXPECT_EQ(read("signature.png"), "as it was");
     EXPECT_EQ(files(), QStringList("signature.png"));
 }
@@ -99,7 +99,7 @@ TEST_F(KvsignCapture, endsWhenNobodyConfirms)
     const CommandResult result =
         run({"capture", "--timeout", "1", "--json", "signature.ink"}, {{"KVSIM_RECORDING", "none"}});
     isEndedWith(4, "nobody confirmed on the S210 within 1 s", result);
-    EXPECT_TRUE(result.output.contains("\"result\": \"timed-out\""));
+    EXPECT_TRUE(result.output.contains("\"result\":\"timed-out\""));
     EXPECT_EQ(files(), QStringList());
 }
 

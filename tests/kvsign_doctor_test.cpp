@@ -32,7 +32,7 @@ protected:
         return found;
     }
 
-    void findsWrong(const QJsonObject &finding, const char *what, const char *cure) const
+    void findsWrong(const QJsonObject &finding, const QByteArray &what, const QByteArray &cure) const
     {
         EXPECT_EQ(finding["state"].toString(), "wrong");
         EXPECT_TRUE(finding["finding"].toString().contains(what)) << finding["finding"].toString().toStdString();
@@ -88,10 +88,26 @@ TEST_F(KvsignDoctor, findsADriverThatEverybodyMayChange)
     const QString driver = file("open/libkvsignpaddrv.so");
     ASSERT_TRUE(QFile::copy(QFileInfo(kDriverDirectory + "/libkvsignpaddrv.so").canonicalFilePath(), driver));
     QFile::setPermissions(driver, QFile::permissions(driver) | QFile::WriteOther);
-    const CommandResult result = run({"doctor", "--driver", file("open")});
-    EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
-    EXPECT_TRUE(result.output.contains("note  driver file: everybody may change it")) << testing::PrintToString(result);
-    EXPECT_TRUE(result.output.contains("cure: chmod o-w ")) << testing::PrintToString(result);
+    const QJsonObject found = finding(file("open"), "driver's safety");
+    findsWrong(found, "can be written by everybody", "chmod o-w " + driver.toUtf8());
+    EXPECT_TRUE(found["finding"].toString().endsWith("it is not used"));
+    findsWrong(finding(file("open"), "pad"), "cannot be asked", "cure the driver first");
+    const CommandResult allowed = run({"doctor", "--unsafe-driver", "--driver", file("open")});
+    EXPECT_EQ(allowed.exitCode, 0) << testing::PrintToString(allowed);
+    EXPECT_TRUE(allowed.output.contains("note  driver's safety: " + driver + " can be written by everybody"))
+        << testing::PrintToString(allowed);
+    for (const QStringList &command : {QStringList{"info"}, QStringList{"capture", "x.ink"}}) {
+        const QStringList arguments = command + QStringList{"--driver", file("open")};
+        const CommandResult refused = run(arguments);
+        EXPECT_EQ(refused.exitCode, 1) << testing::PrintToString(refused);
+        EXPECT_TRUE(refused.errors.contains("the driver is not used, for others could replace it: " + driver))
+            << testing::PrintToString(refused);
+        runWell(arguments + QStringList{"--unsafe-driver"});
+    }
+    QFile::setPermissions(driver, QFile::permissions(driver) & ~QFile::WriteOther);
+    QFile::setPermissions(file("open"), QFile::permissions(file("open")) | QFile::WriteOther);
+    findsWrong(
+        finding(file("open"), "driver's safety"), "can be written by everybody", "chmod o-w " + file("open").toUtf8());
 }
 
 TEST_F(KvsignDoctor, findsAPadOfAnotherModel)

@@ -86,7 +86,7 @@ TEST_F(KvsignDocuments, theExitCodesAreTheSame)
     for (QString code : optionsIn(manual, described))
         inManual.insert(code.replace("\n", "  "));
     EXPECT_EQ(sorted(optionsIn(general, helped)), sorted(inManual));
-    EXPECT_EQ(inManual.size(), 6);
+    EXPECT_EQ(inManual.size(), 7);
 }
 
 TEST_F(KvsignDocuments, theManualIsWellFormed)

@@ -108,6 +108,42 @@ TEST_F(KvsignReplay, showsAWindow)
     EXPECT_TRUE(broken.errors.contains("half.csv:4:")) << testing::PrintToString(broken);
 }
 
+TEST_F(KvsignReplay, explainsWhatAPipeWaitsFor)
+{
+    write("a.ink", record(kLine));
+    const QString makePipe = "rm -f pipe.ink; mkfifo pipe.ink; ";
+    const auto inShell = [&](const QString &command) {
+        return runProgram({"bash", "-c", makePipe + command, KV_KVSIGN}, file("."));
+    };
+    const CommandResult fed = inShell("(sleep 1.5; cat a.ink > pipe.ink) & \"$0\" replay --speed max pipe.ink");
+    EXPECT_EQ(fed.exitCode, 0) << testing::PrintToString(fed);
+    EXPECT_EQ(fed.output.count('\n'), 5) << testing::PrintToString(fed);
+    EXPECT_EQ(fed.errors, "kvsign: pipe.ink: waiting for a program that writes to this pipe\n");
+    // Once it has been explained, the first Ctrl-C ends it.
+    const CommandResult ended =
+        inShell("\"$0\" replay pipe.ink 2>said & child=$!; "
+                "while ! grep -q waiting said; do sleep 0.05; done; kill -TERM $child; wait $child");
+    EXPECT_EQ(ended.exitCode, 3) << testing::PrintToString(ended);
+    const CommandResult read =
+        inShell("(sleep 0.2; cat pipe.ink > b.ink) & \"$0\" convert --to ink a.ink pipe.ink; wait");
+    EXPECT_EQ(read.exitCode, 0) << testing::PrintToString(read);
+    EXPECT_EQ(this->read("b.ink"), this->read("a.ink"));
+}
+
+TEST_F(KvsignReplay, endsWhenItsOutputIsFull)
+{
+    Points slow = kLine;
+    slow.back().tick += 3600 * 1000; // it would take an hour
+    write("a.ink", record(slow));
+    for (const char *options : {"", "--json"}) {
+        const CommandResult result =
+            runProgram({"sh", "-c", QString("%1 replay %2 a.ink >/dev/full").arg(KV_KVSIGN, options)}, file("."));
+        EXPECT_EQ(result.exitCode, 1) << testing::PrintToString(result);
+        EXPECT_TRUE(result.errors.contains("standard output: No space left")) << testing::PrintToString(result);
+    }
+    EXPECT_EQ(run({"replay", "--frames", "/dev/full", "a.ink"}).exitCode, 1);
+}
+
 TEST_F(KvsignReplay, saysThatThereIsNoDisplay)
 {
     write("a.ink", record(kLine));
@@ -120,6 +156,16 @@ TEST_F(KvsignReplay, saysThatThereIsNoDisplay)
     fails({}, "DISPLAY is not set");
     fails(":9876", "the X display :9876 does not answer");
     fails("nonsense", "the X display nonsense does not answer");
+    for (const char *platform : {"bogus", "bogus:size=3;worse"}) {
+        const CommandResult unknown = run({"replay", "--window", "a.ink"}, {{"QT_QPA_PLATFORM", platform}});
+        EXPECT_EQ(unknown.exitCode, 1) << testing::PrintToString(unknown);
+        EXPECT_TRUE(unknown.errors.contains(QString("Qt has no platform \"%1\"").arg(platform)))
+            << testing::PrintToString(unknown);
+    }
+    // Known, but its library lacks what it needs; Qt ends a process for that.
+    const CommandResult broken =
+        run({"replay", "--window", "a.ink"}, {{"QT_QPA_PLATFORM", "eglfs"}, {"QT_QPA_EGLFS_INTEGRATION", "none"}});
+    EXPECT_NE(broken.exitCode, -1) << testing::PrintToString(broken);
     EXPECT_EQ(run({"replay", "--window", "--frames", "film", "a.ink"}, {{"QT_QPA_PLATFORM", "offscreen"}}).exitCode, 2);
 }
 

@@ -12,9 +12,13 @@
 #include <QJsonArray>
 #include <QThread>
 
+#include <optional>
+
 namespace {
 
-constexpr int kLook = 20; // milliseconds between two looks at the pad
+constexpr int kLook = 20; // milliseconds between two looks at the pad's key and points
+constexpr int kQuestion = 500; // milliseconds between two questions to the pad
+constexpr int kRefusals = 3; // of one question, one after the other: the pad is gone
 constexpr int kConfirmed = 1;
 
 constexpr Option kTimeoutOption{
@@ -22,8 +26,10 @@ constexpr Option kTimeoutOption{
 constexpr Option kSizeOption{
     "size", "WIDTHxHEIGHT", "The canvas in pixels. Without it 800 wide, as the writing area is.", nullptr, nullptr};
 constexpr Option kDpiOption{"dpi", "DPI", "Dots per inch of the pictures, 150 or 300.", "300", "150 300"};
-constexpr Option kOptions[] = {kModelOption, kTimeoutOption, kSizeOption, kPenWidthOption, kNoPressureOption,
-    kColourOption, kClipOption, kDpiOption, kDriverOption, kJsonOption};
+constexpr Option kUnconfirmedOption{"unconfirmed", "FILE",
+    "Write the ink here when the pad is unplugged, or the time is over, before it is confirmed.", nullptr, nullptr};
+constexpr Option kOptions[] = {kModelOption, kTimeoutOption, kUnconfirmedOption, kSizeOption, kPenWidthOption,
+    kNoPressureOption, kColourOption, kClipOption, kDpiOption, kDriverOption, kUnsafeDriverOption, kJsonOption};
 constexpr Positional kPositionals[] = {{"OUTPUT",
     "Files to write, each in the format that its suffix says: bmp, jpg, png, pdf, svg, ink, csv, json, inkml.", 1,
     1000}};
@@ -79,6 +85,37 @@ private:
     QElapsedTimer m_writing;
 };
 
+/// Asks the pad for its version text now and then: a driver does not say by itself that its pad was unplugged.
+class Presence
+{
+public:
+    explicit Presence(const OpenPad &pad)
+        : m_pad(pad)
+        , m_answersAtAll(answers())
+    {
+        m_sinceQuestion.start();
+    }
+
+    bool isLost()
+    {
+        if (!m_answersAtAll || !m_sinceQuestion.hasExpired(kQuestion))
+            return false;
+        m_sinceQuestion.start();
+        for (int refusals = 0; refusals < kRefusals; ++refusals) {
+            if (answers())
+                return false;
+        }
+        return true;
+    }
+
+private:
+    bool answers() const { return !m_pad.text(m_pad->GetHWVersion).isEmpty(); }
+
+    const OpenPad &m_pad;
+    const bool m_answersAtAll;
+    QElapsedTimer m_sinceQuestion;
+};
+
 void setPen(const Arguments &arguments, const OpenPad &pad)
 {
     const QColor ink = colour(arguments, kColourOption);
@@ -88,10 +125,17 @@ void setPen(const Arguments &arguments, const OpenPad &pad)
         throw failed(QString("the %1 does not take another pen style").arg(pad->model));
 }
 
+/// Before confirm: what has been written is said too.
+Failure unconfirmed(ExitCode code, const QString &message, const CaptureState &state)
+{
+    return {code, message, {{"points", state.points}, {"strokes", state.strokes}}};
+}
+
 /// Waits for confirm. Everything else throws.
 CaptureState waitForConfirm(const OpenPad &pad, int seconds)
 {
     Watch watch(pad);
+    Presence presence(pad);
     Progress progress;
     QElapsedTimer waiting;
     waiting.start();
@@ -104,7 +148,11 @@ CaptureState waitForConfirm(const OpenPad &pad, int seconds)
             throw Failure{kCancelled, QString("the signer cancelled on the %1").arg(pad->model)};
         throwIfInterrupted();
         if (seconds > 0 && waiting.hasExpired(seconds * 1000LL))
-            throw Failure{kTimedOut, QString("nobody confirmed on the %1 within %2 s").arg(pad->model).arg(seconds)};
+            throw unconfirmed(
+                kTimedOut, QString("nobody confirmed on the %1 within %2 s").arg(pad->model).arg(seconds), state);
+        if (presence.isLost())
+            throw unconfirmed(
+                kUnplugged, QString("the %1 was unplugged before it was confirmed").arg(pad->model), state);
         progress.show(QString("%1  sign and confirm   %2 points  %3 strokes  %4 s")
                           .arg(pad->model, -5)
                           .arg(state.points, 5)
@@ -135,6 +183,29 @@ void tell(const QJsonObject &summary, const CaptureOutputs &outputs)
         say(QString("%1  %2 bytes").arg(file.name, grouped(file.bytes)));
 }
 
+/// What a signer has written without confirming is only kept under a name of its own. Adds to the failure what came of
+/// it.
+void keepUnconfirmed(const OpenPad &pad, CaptureOutputs *unconfirmedInk, Failure &failure)
+{
+    const bool isMeant = failure.code == kUnplugged || failure.code == kTimedOut;
+    if (unconfirmedInk == nullptr || !isMeant || pad->GetTotalInkPointsNumber(pad->type) <= 0)
+        return;
+    unconfirmedInk->write(pad, 300);
+    const QString name = unconfirmedInk->files().front().name;
+    failure.details["unconfirmed"] = name;
+    failure.message += QString("; what was written is in %1").arg(name);
+}
+
+CaptureState confirmedState(const OpenPad &pad, int seconds, CaptureOutputs *unconfirmedInk)
+{
+    try {
+        return waitForConfirm(pad, seconds);
+    } catch (Failure &failure) {
+        keepUnconfirmed(pad, unconfirmedInk, failure);
+        throw;
+    }
+}
+
 int runCapture(const Arguments &arguments)
 {
     const int seconds = arguments.wholeNumber(kTimeoutOption, 0, 86400);
@@ -143,14 +214,19 @@ int runCapture(const Arguments &arguments)
     const ClipMargin margin = clipMargin(arguments);
     colour(arguments, kColourOption);
     penWidth(arguments, *kPadModels);
+    CaptureOutputs::needDifferent(arguments.positionals() + arguments.values(kUnconfirmedOption));
     CaptureOutputs outputs(arguments.positionals());
+    std::optional<CaptureOutputs> unconfirmedInk;
+    if (arguments.isSet(kUnconfirmedOption))
+        unconfirmedInk.emplace(QStringList(arguments.value(kUnconfirmedOption)));
     QString model = arguments.choice(kModelOption);
     try {
         enterDriverDirectory(arguments);
+        refuseUnsafeDriver(arguments);
         const OpenPad pad(model, size);
         model = pad->model;
         setPen(arguments, pad);
-        const CaptureState state = waitForConfirm(pad, seconds);
+        const CaptureState state = confirmedState(pad, seconds, unconfirmedInk ? &*unconfirmedInk : nullptr);
         if (margin.isSet)
             pad->SetSaveClipImageMargin(pad->type, true, margin.x, margin.y);
         outputs.write(pad, dpi);
@@ -159,12 +235,8 @@ int runCapture(const Arguments &arguments)
             sayJson(result);
         else
             tell(result, outputs);
-    } catch (const Failure &failure) {
-        const char *result = failure.code == kCancelled ? "cancelled"
-            : failure.code == kTimedOut                 ? "timed-out"
-                                                        : "failed";
-        if (arguments.isSet(kJsonOption))
-            sayJson({{"result", result}, {"model", model}, {"message", failure.message}});
+    } catch (Failure &failure) {
+        failure.details["model"] = model;
         throw;
     }
     return kDone;

@@ -3,9 +3,16 @@
 #include "failure.h"
 #include "openpad.h"
 #include "unwritable.h"
+#include "wholepicture.h"
 
 #include <QBuffer>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
+#include <QSet>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -30,9 +37,28 @@ void writeInk(const QByteArray &record, const InkFormat &format, OutputFile &fil
     pour(*source, *sink);
 }
 
+QByteArray privateName()
+{
+    return QFile::encodeName(QDir::tempPath()) + "/kvsign-"
+        + QByteArray::number(QRandomGenerator::system()->generate64(), 36);
+}
+
 } // namespace
 
+void CaptureOutputs::needDifferent(const QStringList &paths)
+{
+    QSet<QString> places;
+    for (const QString &path : paths) {
+        const QFileInfo file(path);
+        const QString place = file.exists() ? file.canonicalFilePath() : QDir::cleanPath(file.absoluteFilePath());
+        if (places.contains(place))
+            throw misused(QString("%1 is there twice").arg(path));
+        places.insert(place);
+    }
+}
+
 CaptureOutputs::CaptureOutputs(const QStringList &paths)
+    : m_place(Leftover::Kind::Folder, privateName())
 {
     for (const QString &path : paths) {
         const InkFormat *format = formatOfPath(path);
@@ -40,8 +66,8 @@ CaptureOutputs::CaptureOutputs(const QStringList &paths)
             throw misused(QString("%1: the suffix says none of the formats %2").arg(path, formatNames().join(", ")));
         m_outputs.push_back({format, std::make_unique<OutputFile>(path)});
     }
-    if (!m_place.isValid())
-        throw failed(QString("%1: %2").arg(m_place.path(), m_place.errorString()));
+    if (mkdir(m_place.path().constData(), 0700) != 0)
+        plainio::throwErrno(QFile::decodeName(m_place.path()));
 }
 
 void CaptureOutputs::write(const OpenPad &pad, int dpi)
@@ -53,24 +79,26 @@ void CaptureOutputs::write(const OpenPad &pad, int dpi)
         else
             writeInk(record, *output.format, *output.file);
     }
-    for (Output &output : m_outputs)
-        output.file->finish();
-    for (Output &output : m_outputs)
-        output.file->commit();
+    std::vector<OutputFile *> files;
+    for (const Output &output : m_outputs)
+        files.push_back(output.file.get());
+    OutputFile::commit(files);
 }
 
-void CaptureOutputs::writePicture(const OpenPad &pad, int dpi, Output &output)
+void CaptureOutputs::writePicture(const OpenPad &pad, int dpi, Output &output) const
 {
-    const QString place = m_place.filePath(QString("picture.") + output.format->name);
+    const QString place = QFile::decodeName(m_place.path()) + "/picture." + output.format->name;
     std::wstring path = place.toStdWString();
     const int level = dpi == 150 ? IDLI_150DPI : IDLI_300DPI;
     const int result = pad->SaveDrawingImage(pad->type, output.format->imageType, path.data(), level);
     if (result == ARI_INK_EMPTY && pad->GetTotalInkPointsNumber(pad->type) <= 0)
         throw failed(QString("%1: nothing was written on the pad").arg(output.file->name()));
     QFile picture(place);
-    if (result != ARI_SUCCESS || !picture.open(QIODevice::ReadOnly) || picture.size() == 0)
-        throw failed(QString("%1: the picture could not be made").arg(output.file->name()));
-    const QByteArray content = picture.readAll();
+    const bool isThere = result == ARI_SUCCESS && picture.open(QIODevice::ReadOnly);
+    const QByteArray content = isThere ? picture.readAll() : QByteArray();
+    if (!isWholePicture(output.format->imageType, content))
+        throw failed(QString("%1: the picture could not be made whole; is there room in %2?")
+                         .arg(output.file->name(), QDir::tempPath()));
     if (output.file->device().write(content) != content.size())
         throw unwritable(output.file->device());
     picture.remove();

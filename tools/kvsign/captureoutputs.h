@@ -7,7 +7,6 @@
 #include "outputfile.h"
 
 #include <QStringList>
-#include <QTemporaryDir>
 
 #include <memory>
 #include <vector>
@@ -24,9 +23,13 @@ struct CapturedFile
 class CaptureOutputs
 {
 public:
+    /// Throws a Failure when two of the paths are one file.
+    static void needDifferent(const QStringList &paths);
+
     /// Opens every file already, so that nobody signs in vain. Throws a Failure.
     explicit CaptureOutputs(const QStringList &paths);
 
+    /// Writes all of them, and puts them in place when every byte of each has been checked.
     void write(const OpenPad &pad, int dpi);
 
     std::vector<CapturedFile> files() const;
@@ -38,10 +41,10 @@ private:
         std::unique_ptr<OutputFile> file;
     };
 
-    void writePicture(const OpenPad &pad, int dpi, Output &output);
+    void writePicture(const OpenPad &pad, int dpi, Output &output) const;
 
     std::vector<Output> m_outputs;
-    QTemporaryDir m_place; ///< where the library writes its pictures
+    Leftover m_place; ///< the folder where the library writes its pictures
 };
 
 #endif

@@ -52,6 +52,12 @@ void Arguments::check() const
 {
     if (!m_understood)
         throw misused(m_parser.errorText());
+    for (const Option &option : m_subcommand.options) {
+        if (option.value != nullptr && isSet(option) && value(option).isEmpty())
+            throw misused(QString("%1 takes a value, not nothing").arg(longName(option)));
+    }
+    if (positionals().contains(QString()))
+        throw misused("an empty argument names no file");
     int least = 0, most = 0;
     for (const Positional &positional : m_subcommand.positionals) {
         if (positionals().size() < least + positional.least)

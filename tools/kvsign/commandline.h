@@ -18,6 +18,8 @@ struct Option
     const char *choices; ///< for the shell: words, or kDirectories; null for nothing
 };
 
+QStringList namesOf(const Option &option);
+
 inline constexpr const char *kDirectories = "/";
 
 inline constexpr Option kHelpOption{"help h", nullptr, "Show this help.", nullptr, nullptr};
@@ -86,6 +88,7 @@ public:
     QString help() const { return m_parser.helpText(); }
     bool isSet(const Option &option) const;
     QString value(const Option &option) const;
+    QStringList values(const Option &option) const { return m_parser.values(namesOf(option).first()); }
     int wholeNumber(const Option &option, int least, int most) const;
     double number(const Option &option, double least, double most) const;
 
@@ -98,7 +101,5 @@ private:
     QCommandLineParser m_parser;
     bool m_understood;
 };
-
-QStringList namesOf(const Option &option);
 
 #endif

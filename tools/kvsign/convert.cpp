@@ -56,13 +56,14 @@ int runConvert(const Arguments &arguments)
 {
     const QString path = arguments.positionals().at(1);
     const InkFormat &format = outputFormat(arguments, path);
+    const int dpi = arguments.wholeNumber(kDpiOption, 1, 9600);
+    checkPictureOptions(arguments);
+    if (arguments.isSet(kJsonOption) && path == "-")
+        throw misused("--json and an output on standard output do not go together");
     Progress progress;
     InkInput input(arguments.positionals().at(0), arguments.value(kFromOption), progress);
     PictureSettings settings = pictureSettings(arguments, input);
-    settings.dpi = arguments.wholeNumber(kDpiOption, 1, 9600);
-    if (arguments.isSet(kJsonOption) && path == "-")
-        throw misused("--json and an output on standard output do not go together");
-
+    settings.dpi = dpi;
     OutputFile output(path);
     qint64 points = 0;
     {
@@ -72,6 +73,7 @@ int runConvert(const Arguments &arguments)
         pour(input.points("converting"), counter);
         points = counter.points();
     }
+    output.finish();
     output.commit();
     progress.clear();
     QJsonObject result{{"from", input.format().name}, {"to", format.name}, {"points", points}, {"file", output.name()},

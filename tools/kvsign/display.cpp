@@ -2,14 +2,26 @@
 
 #include "failure.h"
 
+#include <QDir>
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QLibraryInfo>
+#include <QPluginLoader>
 #include <QRegularExpression>
 
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
 #include <cstring>
 
+#include <fcntl.h>
 #include <netdb.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/un.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -81,11 +93,86 @@ bool xAnswers(const QString &display)
     return answersAt(QByteArray(1, '\0') + path) || answersAt(path);
 }
 
+/// The platforms that Qt's plugins name, wherever Qt looks for them.
+QStringList platforms()
+{
+    QStringList folders{qEnvironmentVariable("QT_QPA_PLATFORM_PLUGIN_PATH"),
+        QLibraryInfo::location(QLibraryInfo::PluginsPath) + "/platforms"};
+    for (const QString &path : qEnvironmentVariable("QT_PLUGIN_PATH").split(':', Qt::SkipEmptyParts))
+        folders += path + "/platforms";
+    folders.removeAll(QString());
+    QStringList names;
+    for (const QString &folder : folders) {
+        for (const QFileInfo &plugin : QDir(folder).entryInfoList({"*.so"}, QDir::Files)) {
+            const QJsonObject data = QPluginLoader(plugin.filePath()).metaData()["MetaData"].toObject();
+            for (const QJsonValue &key : data["Keys"].toArray())
+                names += key.toString().toLower();
+        }
+    }
+    return names;
+}
+
+/// QT_QPA_PLATFORM may name several, each with parameters: "wayland;offscreen:size=100x100".
+bool isKnownPlatform(const QString &platform)
+{
+    const QStringList known = platforms();
+    const QStringList wanted = platform.split(';');
+    return std::any_of(wanted.begin(), wanted.end(),
+        [&](const QString &one) { return known.contains(one.section(':', 0, 0).toLower()); });
+}
+
+QString readAll(int pipe)
+{
+    QByteArray text;
+    char piece[4096];
+    for (ssize_t size = 0; (size = read(pipe, piece, sizeof piece)) > 0 || (size < 0 && errno == EINTR);)
+        text.append(piece, static_cast<int>(std::max<ssize_t>(size, 0)));
+    return QString::fromLocal8Bit(text);
+}
+
+/// Qt ends the process when it cannot start a platform. A child tries it, with its complaints into the pipe.
+[[noreturn]] void tryInChild(int complaints)
+{
+    for (const int signal : {SIGABRT, SIGSEGV, SIGINT, SIGTERM, SIGHUP})
+        std::signal(signal, SIG_DFL);
+    const rlimit noCore = {0, 0};
+    setrlimit(RLIMIT_CORE, &noCore);
+    dup2(complaints, STDERR_FILENO);
+    char name[] = "kvsign", *arguments[] = {name, nullptr};
+    int count = 1;
+    const QGuiApplication application(count, arguments);
+    _exit(0);
+}
+
+/// Empty when it can.
+QString whyQtCannotStart()
+{
+    int ends[2];
+    if (pipe2(ends, O_CLOEXEC) != 0)
+        return {};
+    const pid_t child = fork();
+    if (child == 0)
+        tryInChild(ends[1]);
+    close(ends[1]);
+    const QString complaints = readAll(ends[0]);
+    close(ends[0]);
+    int status = 0;
+    while (child > 0 && waitpid(child, &status, 0) < 0 && errno == EINTR) { }
+    if (child < 0 || status == 0)
+        return {};
+    const QStringList lines = complaints.split('\n', Qt::SkipEmptyParts);
+    const QStringList available = lines.filter("Available platform plugins");
+    return QString("Qt cannot start the platform \"%1\": %2")
+        .arg(QString::fromLocal8Bit(qgetenv("QT_QPA_PLATFORM")), (lines.mid(0, 1) + available).join("; "));
+}
+
 } // namespace
 
 DisplayState displayState()
 {
     const QString platform = qEnvironmentVariable("QT_QPA_PLATFORM");
+    if (!platform.isEmpty() && !isKnownPlatform(platform))
+        return {false, QString("Qt has no platform \"%1\", which QT_QPA_PLATFORM names").arg(platform)};
     if (!platform.isEmpty() && !platform.startsWith("xcb") && !platform.startsWith("wayland"))
         return {true, QString("Qt's platform \"%1\", by QT_QPA_PLATFORM").arg(platform)};
     const QString wayland = qEnvironmentVariable("WAYLAND_DISPLAY");
@@ -109,4 +196,7 @@ void needDisplay()
     const DisplayState state = displayState();
     if (!state.isThere)
         throw failed(QString("no window can be shown: %1; --frames needs none").arg(state.what));
+    const QString why = whyQtCannotStart();
+    if (!why.isEmpty())
+        throw failed(QString("no window can be shown: %1; --frames needs none").arg(why));
 }

@@ -13,7 +13,8 @@ struct DisplayState
 
 DisplayState displayState();
 
-/// Throws a Failure when there is none.
+/// Throws a Failure when there is none, or when Qt cannot use it, which ends a process. To be called before there is an
+/// application object or a thread.
 void needDisplay();
 
 #endif

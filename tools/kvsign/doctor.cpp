@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr Option kOptions[] = {kModelOption, kDriverOption, kJsonOption};
+constexpr Option kOptions[] = {kModelOption, kDriverOption, kUnsafeDriverOption, kJsonOption};
 
 struct HealthName
 {
@@ -77,7 +77,7 @@ int runDoctor(const Arguments &arguments)
     lookAtFonts(findings);
     lookAtDisplay(findings);
     lookAtPermissions(findings);
-    if (lookAtDriverDirectory(findings, arguments) && lookAtDriver(findings))
+    if (lookAtDriverDirectory(findings, arguments) && lookAtDriver(findings, arguments.isSet(kUnsafeDriverOption)))
         lookAtPad(findings, model);
     else
         findings.push_back(bad("pad", "cannot be asked without a driver", "cure the driver first"));

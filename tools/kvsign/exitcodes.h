@@ -10,22 +10,25 @@ enum ExitCode
     kUsage = 2,
     kCancelled = 3,
     kTimedOut = 4,
-    kNoPad = 5
+    kNoPad = 5,
+    kUnplugged = 6
 };
 
 struct ExitCodeRow
 {
     ExitCode code;
     const char *meaning;
+    const char *result; ///< in JSON
 };
 
 inline constexpr ExitCodeRow kExitCodes[] = {
-    {kDone, "done"},
-    {kFailed, "it failed; standard error says why"},
-    {kUsage, "the command line cannot be understood"},
-    {kCancelled, "cancelled, by the signer or by an interruption"},
-    {kTimedOut, "nobody confirmed in time"},
-    {kNoPad, "no pad"},
+    {kDone, "done", "done"},
+    {kFailed, "it failed; standard error says why", "failed"},
+    {kUsage, "the command line cannot be understood", "failed"},
+    {kCancelled, "cancelled, by the signer or by an interruption", "cancelled"},
+    {kTimedOut, "nobody confirmed in time", "timed-out"},
+    {kNoPad, "no pad", "failed"},
+    {kUnplugged, "the pad was unplugged while it was signed on", "unplugged"},
 };
 
 #endif

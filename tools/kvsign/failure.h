@@ -5,12 +5,14 @@
 
 #include "exitcodes.h"
 
+#include <QJsonObject>
 #include <QString>
 
 struct Failure
 {
     ExitCode code;
     QString message;
+    QJsonObject details = {}; ///< what the answer in JSON says besides
 };
 
 inline Failure failed(const QString &message)

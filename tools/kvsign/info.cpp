@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr Option kOptions[] = {kModelOption, kDriverOption, kJsonOption};
+constexpr Option kOptions[] = {kModelOption, kDriverOption, kUnsafeDriverOption, kJsonOption};
 
 QString libraryVersion()
 {
@@ -84,30 +84,38 @@ void tell(const QJsonObject &versions, const QJsonObject &pad)
     }
 }
 
-void print(const Arguments &arguments, const QJsonObject &pad)
+QJsonObject versions()
 {
-    QJsonObject versions{
-        {"kvsign", KVSIGN_VERSION}, {"library", libraryVersion()}, {"qt", QLibraryInfo::version().toString()}};
-    if (!arguments.isSet(kJsonOption)) {
-        tell(versions, pad);
-        return;
-    }
-    versions["pad"] = pad.isEmpty() ? QJsonValue() : QJsonValue(pad);
-    sayJson(versions);
+    return {{"kvsign", KVSIGN_VERSION}, {"library", libraryVersion()}, {"qt", QLibraryInfo::version().toString()}};
+}
+
+/// Without a pad the versions are told all the same.
+[[noreturn]] void failWithVersions(Failure failure, bool asJson)
+{
+    if (!asJson)
+        tell(versions(), {});
+    failure.details = versions();
+    failure.details["pad"] = QJsonValue();
+    throw Failure(failure);
 }
 
 int runInfo(const Arguments &arguments)
 {
     arguments.choice(kModelOption);
-    QJsonObject pad;
+    const bool asJson = arguments.isSet(kJsonOption);
+    QJsonObject pad, answer = versions();
     try {
         enterDriverDirectory(arguments);
+        refuseUnsafeDriver(arguments);
         pad = padInfo(arguments);
-    } catch (const Failure &) {
-        print(arguments, {});
-        throw;
+    } catch (const Failure &failure) {
+        failWithVersions(failure, asJson);
     }
-    print(arguments, pad);
+    answer["pad"] = pad;
+    if (asJson)
+        sayJson(answer);
+    else
+        tell(answer, pad);
     return kDone;
 }
 

@@ -1,5 +1,6 @@
 /// @file
-/// Ctrl-C and its like: noticed between two steps, so that everything that is open is closed and removed.
+/// Ctrl-C and its like: noticed between two steps, so that everything that is open is closed and removed. A second one,
+/// and every other signal that ends a process, removes what would be left behind and ends it at once.
 #ifndef INTERRUPTION_H
 #define INTERRUPTION_H
 

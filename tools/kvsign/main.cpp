@@ -7,6 +7,7 @@
 
 #include <QApplication>
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <new>
@@ -52,6 +53,8 @@ int run(const Subcommand &subcommand, const QStringList &words)
 {
     const Arguments arguments(subcommand, words);
     const bool wantsHelp = arguments.isSet(kHelpOption);
+    if (!wantsHelp)
+        arguments.check();
     const ApplicationKind kind =
         wantsHelp || subcommand.application == nullptr ? ApplicationKind::Plain : subcommand.application(arguments);
     // Qt takes the name for the help's first line from here, and where to draw.
@@ -63,7 +66,6 @@ int run(const Subcommand &subcommand, const QStringList &words)
         std::fputs(arguments.help().toLocal8Bit().constData(), stdout);
         return kDone;
     }
-    arguments.check();
     noticeInterruptions();
     return subcommand.run(arguments);
 }
@@ -75,6 +77,8 @@ int runWords(const QStringList &words)
         std::fputs(generalHelp().toLocal8Bit().constData(), stdout);
         return kDone;
     }
+    if (first == "--version" && words.size() > 2)
+        throw misused(QString("\"%1\" is more than --version takes").arg(words.at(2)));
     if (first == "--version") {
         say("kvsign " KVSIGN_VERSION);
         return kDone;
@@ -85,8 +89,36 @@ int runWords(const QStringList &words)
     return run(*subcommand, words.mid(1));
 }
 
-int complain(const Failure &failure, const QString &subcommand)
+/// Whether the answer is to be JSON, also where the rest of the command line cannot be understood.
+bool wantsJson(const QStringList &words)
 {
+    const Subcommand *const subcommand = subcommandOf(words.value(1));
+    const bool knowsIt = subcommand != nullptr
+        && std::any_of(subcommand->options.begin(), subcommand->options.end(),
+            [](const Option &option) { return option.names == kJsonOption.names; });
+    if (knowsIt)
+        return Arguments(*subcommand, words.mid(1)).isSet(kJsonOption);
+    return words.contains("--json") || words.contains("-j");
+}
+
+void answerInJson(const Failure &failure)
+{
+    QJsonObject answer = failure.details;
+    for (const ExitCodeRow &row : kExitCodes) {
+        if (row.code == failure.code)
+            answer["result"] = row.result;
+    }
+    answer["exitCode"] = failure.code;
+    answer["message"] = failure.message;
+    sayJsonLine(answer);
+    std::fflush(stdout);
+}
+
+int complain(const Failure &failure, const QStringList &words)
+{
+    if (wantsJson(words))
+        answerInJson(failure);
+    const QString subcommand = words.value(1);
     std::fprintf(stderr, "kvsign: %s\n", failure.message.toLocal8Bit().constData());
     if (failure.code == kUsage)
         std::fprintf(stderr, "Try \"kvsign %s--help\".\n",
@@ -106,8 +138,8 @@ int main(int argc, char **argv)
         flushOutput();
         return code;
     } catch (const Failure &failure) {
-        return complain(failure, words.value(1));
+        return complain(failure, words);
     } catch (const std::bad_alloc &) {
-        return complain(failed("there is not enough memory"), {});
+        return complain(failed("there is not enough memory"), words);
     }
 }

@@ -1,9 +1,11 @@
 #include "openpad.h"
 
+#include "driverfile.h"
 #include "failure.h"
 #include "padareas.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -32,6 +34,14 @@ void enterDriverDirectory(const Arguments &arguments)
     const QString directory = arguments.value(kDriverOption);
     if (!directory.isEmpty() && !QDir::setCurrent(directory))
         throw Failure{kNoPad, QString("there is no directory %1 with a pad driver").arg(directory)};
+}
+
+void refuseUnsafeDriver(const Arguments &arguments)
+{
+    const std::optional<driverfile::Weakness> weakness = driverfile::weaknessIn(".");
+    if (weakness.has_value() && !arguments.isSet(kUnsafeDriverOption))
+        throw failed(QString("the driver is not used, for others could replace it: %1; or say --unsafe-driver")
+                         .arg(QFile::decodeName(weakness->sentence().c_str())));
 }
 
 OpenPad::OpenPad(const QString &model, QSize canvas)

@@ -11,8 +11,15 @@
 inline constexpr Option kDriverOption{"driver d", "DIRECTORY",
     "Where the pad driver libkvsignpaddrv.so is. Default: the working directory.", nullptr, kDirectories};
 
+inline constexpr Option kUnsafeDriverOption{"unsafe-driver", nullptr,
+    "Use the driver although others may change its file or a folder on the way to it.", nullptr, nullptr};
+
 /// Goes to the driver's directory, where the library looks for it. File names must be absolute by then.
 void enterDriverDirectory(const Arguments &arguments);
+
+/// Throws when somebody else could put another driver there, unless the arguments allow it. To be called in the
+/// driver's directory, before anything loads the driver.
+void refuseUnsafeDriver(const Arguments &arguments);
 
 class OpenPad
 {

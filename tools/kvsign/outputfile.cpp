@@ -1,63 +1,235 @@
 #include "outputfile.h"
 
 #include "failure.h"
-#include "interruption.h"
+#include "terminal.h"
 #include "unwritable.h"
 
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#include <QRandomGenerator>
 
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
 #include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
-constexpr qint64 kPiece = 1 << 16;
+constexpr size_t kPiece = 1 << 16;
+constexpr int kMostLinks = 40;
+
+/// Where links lead to in the end, also to nothing; absolute, for the working directory may change.
+QString endOfLinks(const QString &path)
+{
+    QFileInfo place(QFileInfo(path).absoluteFilePath());
+    for (int links = 0; place.isSymLink() && links < kMostLinks; ++links)
+        place = QFileInfo(place.symLinkTarget());
+    return place.absoluteFilePath();
+}
+
+/// A name beside a file that nobody else has.
+QByteArray nameBeside(const QByteArray &file)
+{
+    const QByteArray folder = file.left(file.lastIndexOf('/') + 1);
+    return folder + ".kvsign-" + QByteArray::number(QRandomGenerator::system()->generate64(), 36);
+}
+
+QByteArray linkTo(int descriptor)
+{
+    return "/proc/self/fd/" + QByteArray::number(descriptor);
+}
+
+/// While several names change, no signal comes between.
+class SignalPause
+{
+public:
+    SignalPause()
+    {
+        sigset_t all;
+        sigfillset(&all);
+        pthread_sigmask(SIG_BLOCK, &all, &m_before);
+    }
+    ~SignalPause() { pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
+    SignalPause(const SignalPause &) = delete;
+    SignalPause &operator=(const SignalPause &) = delete;
+
+private:
+    sigset_t m_before = {};
+};
 
 } // namespace
 
 OutputFile::OutputFile(const QString &path)
     : m_name(path == "-" ? QString("standard output") : path)
-    , m_file(path == "-" ? path : QFileInfo(path).absoluteFilePath()) // the working directory may change
+    , m_path(path == "-" ? path : QFileInfo(path).absoluteFilePath())
 {
+    m_device.setObjectName(m_name);
     const QFileInfo there(path);
-    const bool canBeReplaced = path != "-" && (!there.exists() || there.isFile() || there.isDir());
-    m_device = canBeReplaced ? static_cast<QFileDevice *>(&m_file) : &m_spooled;
-    const bool isOpen = canBeReplaced ? m_file.open(QIODevice::WriteOnly) : m_spooled.open();
-    m_device->setObjectName(m_name);
-    if (!isOpen)
-        throw unwritable(*m_device);
+    if (path != "-" && (!there.exists() || there.isFile() || there.isDir()))
+        stage(endOfLinks(path));
+    else
+        m_device.setFile(plainio::unnamedFile(QDir::tempPath()));
+}
+
+OutputFile::~OutputFile() = default;
+
+/// Makes the file that is to take the target's place, with the mode that it will have.
+void OutputFile::stage(const QString &path)
+{
+    m_target = QFile::encodeName(path);
+    struct stat earlier = {};
+    const bool replaces = stat(m_target.constData(), &earlier) == 0;
+    if (replaces && S_ISDIR(earlier.st_mode)) {
+        errno = EISDIR;
+        fail();
+    }
+    if (replaces && access(m_target.constData(), W_OK) != 0)
+        fail();
+    const QByteArray folder = QFile::encodeName(QFileInfo(path).absolutePath());
+    plainio::Descriptor file;
+    if (access("/proc/self/fd", X_OK) == 0)
+        file = plainio::Descriptor(open(folder.constData(), O_WRONLY | O_TMPFILE | O_CLOEXEC, 0666));
+    if (!file.isOpen()) { // a file system that has none without a name
+        m_staged = std::make_unique<Leftover>(Leftover::Kind::File, nameBeside(m_target));
+        file = plainio::Descriptor(open(m_staged->path().constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+    }
+    if (!file.isOpen() || (replaces && fchmod(file.number(), earlier.st_mode & 07777) != 0))
+        fail();
+    m_device.setFile(std::move(file));
+}
+
+void OutputFile::flush()
+{
+    if (!m_device.flush())
+        throw unwritable(m_device);
 }
 
 void OutputFile::finish()
 {
-    if (!m_device->flush())
-        throw unwritable(*m_device);
+    if (isRegular() ? !m_device.sync() : !m_device.flush())
+        throw unwritable(m_device);
 }
 
 void OutputFile::commit()
 {
-    finish();
-    m_size = m_device->size();
-    if (m_device == &m_file) {
-        if (!m_file.commit())
-            throw failed(QString("%1: %2").arg(m_name, m_file.errorString()));
-        return;
-    }
-    QFile target(m_file.fileName());
-    const bool isOpen =
-        target.fileName() == "-" ? target.open(stdout, QIODevice::WriteOnly) : target.open(QIODevice::WriteOnly);
-    if (!isOpen)
-        throw failed(QString("%1: %2").arg(m_name, target.errorString()));
-    pass(target);
+    flush();
+    if (isRegular())
+        place();
+    else
+        passOn();
+    settle();
 }
 
-void OutputFile::pass(QFile &target)
+void OutputFile::commit(const std::vector<OutputFile *> &files)
 {
-    m_spooled.seek(0);
-    for (QByteArray piece = m_spooled.read(kPiece); !piece.isEmpty(); piece = m_spooled.read(kPiece)) {
-        throwIfInterrupted();
-        if (target.write(piece) != piece.size())
-            throw failed(QString("%1: %2").arg(m_name, target.errorString()));
+    for (OutputFile *file : files)
+        file->finish();
+    try {
+        for (OutputFile *file : files) {
+            if (file->isRegular())
+                file->place();
+        }
+        for (OutputFile *file : files) {
+            if (!file->isRegular())
+                file->passOn();
+        }
+    } catch (...) {
+        for (OutputFile *file : files) {
+            file->m_earlier.reset();
+            file->m_placed.reset();
+        }
+        throw;
     }
-    if (!target.flush())
-        throw failed(QString("%1: %2").arg(m_name, target.errorString()));
+    const SignalPause pause;
+    for (OutputFile *file : files)
+        file->settle();
+}
+
+void OutputFile::place()
+{
+    struct stat there = {};
+    if (lstat(m_target.constData(), &there) == 0) {
+        replace();
+        return;
+    }
+    m_placed = std::make_unique<Leftover>(Leftover::Kind::File, m_target);
+    const QByteArray from = m_staged != nullptr ? m_staged->path() : linkTo(m_device.descriptor());
+    if (linkat(AT_FDCWD, from.constData(), AT_FDCWD, m_target.constData(), AT_SYMLINK_FOLLOW) == 0) {
+        m_staged.reset();
+        return;
+    }
+    m_placed->release();
+    if (errno == EEXIST || m_staged != nullptr) // somebody was faster; a file system without links
+        replace();
+    else
+        fail();
+}
+
+/// The earlier file keeps a name of its own until all is done.
+void OutputFile::replace()
+{
+    nameStaged();
+    m_earlier = std::make_unique<Leftover>(Leftover::Kind::Earlier, nameBeside(m_target), m_target);
+    const char *const target = m_target.constData(), *const aside = m_earlier->path().constData();
+    struct stat there = {};
+    const bool replaces = lstat(target, &there) == 0;
+    if (replaces && S_ISDIR(there.st_mode)) {
+        errno = EISDIR;
+        fail();
+    }
+    if (replaces && link(target, aside) != 0 && rename(target, aside) != 0)
+        fail();
+    if (!replaces)
+        m_placed = std::make_unique<Leftover>(Leftover::Kind::File, m_target);
+    if (rename(m_staged->path().constData(), target) != 0)
+        fail();
+    m_staged->release();
+}
+
+void OutputFile::nameStaged()
+{
+    if (m_staged != nullptr)
+        return;
+    m_staged = std::make_unique<Leftover>(Leftover::Kind::File, nameBeside(m_target));
+    const QByteArray from = linkTo(m_device.descriptor());
+    if (linkat(AT_FDCWD, from.constData(), AT_FDCWD, m_staged->path().constData(), AT_SYMLINK_FOLLOW) != 0)
+        fail();
+}
+
+/// What is no file gets the content as a stream.
+void OutputFile::passOn()
+{
+    const bool isStandard = m_path == "-";
+    if (isStandard)
+        flushOutput();
+    plainio::Descriptor target;
+    if (!isStandard)
+        target = plainio::openForWriting(m_path);
+    std::vector<char> piece(kPiece);
+    for (qint64 place = 0; place < m_device.count();) {
+        const ssize_t size = pread(m_device.descriptor(), piece.data(), piece.size(), place);
+        if (size <= 0)
+            fail();
+        plainio::writeAll(isStandard ? STDOUT_FILENO : target.number(), piece.data(), size, m_name);
+        place += size;
+    }
+}
+
+void OutputFile::settle()
+{
+    if (m_earlier != nullptr) {
+        m_earlier->release();
+        unlink(m_earlier->path().constData());
+    }
+    if (m_placed != nullptr)
+        m_placed->release();
+}
+
+void OutputFile::fail() const
+{
+    plainio::throwErrno(m_name);
 }

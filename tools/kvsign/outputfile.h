@@ -1,13 +1,15 @@
 /// @file
-/// A file that comes to be at once and whole, or not at all.
+/// A file that comes to be at once and whole, or not at all; and several of them: all or none.
 #ifndef OUTPUTFILE_H
 #define OUTPUTFILE_H
 
-#include <QSaveFile>
+#include "checkeddevice.h"
+#include "leftovers.h"
+
 #include <QString>
-#include <QTemporaryFile>
 
 #include <memory>
+#include <vector>
 
 class OutputFile
 {
@@ -15,26 +17,47 @@ public:
     /// "-" is standard output. Throws a Failure when nothing can be written there.
     explicit OutputFile(const QString &path);
 
-    QIODevice &device() { return *m_device; }
+    /// What is placed and not settled is taken back: an earlier file is there again as it was.
+    ~OutputFile();
+
+    OutputFile(const OutputFile &) = delete;
+    OutputFile &operator=(const OutputFile &) = delete;
+
+    /// Takes the content, and keeps it under no name or another one.
+    QIODevice &device() { return m_device; }
     QString name() const { return m_name; }
 
-    /// Writes what is still in memory. Where several files belong together all are finished before one is put in place.
+    /// Sees that the disk has every byte.
     void finish();
 
     /// Puts the content in its place. Without it nothing is left behind.
     void commit();
 
+    /// Finishes all, then puts all in their places; when one cannot be, all earlier files are as they were. What
+    /// cannot be taken back, say, a pipe, comes last.
+    static void commit(const std::vector<OutputFile *> &files);
+
     /// The content's size, once it is in its place.
-    qint64 size() const { return m_size; }
+    qint64 size() const { return m_device.count(); }
 
 private:
-    void pass(QFile &target);
+    bool isRegular() const { return !m_target.isEmpty(); }
+    void stage(const QString &path);
+    void flush();
+    void place();
+    void replace();
+    void nameStaged();
+    void passOn();
+    void settle();
+    [[noreturn]] void fail() const;
 
     QString m_name;
-    QSaveFile m_file;
-    QTemporaryFile m_spooled; ///< for what cannot be replaced: pipes, devices, standard output
-    QFileDevice *m_device = nullptr;
-    qint64 m_size = 0;
+    QString m_path;
+    QByteArray m_target; ///< empty for what cannot be replaced: pipes, devices, standard output
+    CheckedDevice m_device;
+    std::unique_ptr<Leftover> m_staged; ///< the content's name until it is in its place; null while it has none
+    std::unique_ptr<Leftover> m_earlier; ///< what was there before
+    std::unique_ptr<Leftover> m_placed; ///< where nothing was there before
 };
 
 #endif

@@ -79,6 +79,17 @@ int penWidth(const Arguments &arguments, const PadModel &model)
     return arguments.isSet(kPenWidthOption) ? arguments.wholeNumber(kPenWidthOption, 1, 10) : model.penWidth;
 }
 
+void checkPictureOptions(const Arguments &arguments)
+{
+    arguments.choice(kModelOption);
+    arguments.number(kScaleOption, 0.01, 100);
+    colour(arguments, kColourOption);
+    if (arguments.isSet(kBackgroundOption))
+        colour(arguments, kBackgroundOption);
+    clipMargin(arguments);
+    penWidth(arguments, *kPadModels);
+}
+
 PictureSettings pictureSettings(const Arguments &arguments, InkInput &input)
 {
     PictureSettings settings;

@@ -34,6 +34,9 @@ ClipMargin clipMargin(const Arguments &arguments);
 QColor colour(const Arguments &arguments, const Option &option);
 int penWidth(const Arguments &arguments, const PadModel &model);
 
+/// Throws when the options cannot be understood.
+void checkPictureOptions(const Arguments &arguments);
+
 /// Everything that the options say. The input is read before when the model or the cut follows from the ink.
 PictureSettings pictureSettings(const Arguments &arguments, InkInput &input);
 

@@ -27,8 +27,19 @@ double speed(const Arguments &arguments)
     return arguments.value(kSpeedOption) == "max" ? 0 : arguments.number(kSpeedOption, 0.001, 1000000);
 }
 
+/// A misused option is said before a display is looked for.
+void checkOptions(const Arguments &arguments)
+{
+    speed(arguments);
+    arguments.number(kFpsOption, 0.1, 1000);
+    checkPictureOptions(arguments);
+    if (arguments.isSet(kWindowOption) && arguments.isSet(kFramesOption))
+        throw misused("--window and --frames do not go together");
+}
+
 ApplicationKind application(const Arguments &arguments)
 {
+    checkOptions(arguments);
     if (!arguments.isSet(kWindowOption))
         return ApplicationKind::Plain;
     needDisplay();
@@ -39,8 +50,6 @@ int runReplay(const Arguments &arguments)
 {
     const double factor = speed(arguments);
     const double framesPerSecond = arguments.number(kFpsOption, 0.1, 1000);
-    if (arguments.isSet(kWindowOption) && arguments.isSet(kFramesOption))
-        throw misused("--window and --frames do not go together");
     Progress progress;
     InkInput input(arguments.positionals().first(), arguments.value(kFromOption), progress);
     const PictureSettings settings = pictureSettings(arguments, input);

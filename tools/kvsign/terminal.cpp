@@ -18,11 +18,19 @@ void sayJson(const QJsonObject &result)
     std::fputs(QJsonDocument(result).toJson().constData(), stdout);
 }
 
+void sayJsonLine(const QJsonObject &result)
+{
+    std::printf("%s\n", QJsonDocument(result).toJson(QJsonDocument::Compact).constData());
+}
+
 void flushOutput()
 {
-    errno = 0;
-    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
-        throw failed(QString("standard output: %1").arg(QString::fromLocal8Bit(std::strerror(errno))));
+    if (std::ferror(stdout) == 0)
+        errno = 0; // else it says what went wrong a moment ago
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
+        return;
+    const QString why = errno != 0 ? QString::fromLocal8Bit(std::strerror(errno)) : QString("not all of it arrived");
+    throw failed(QString("standard output: %1").arg(why));
 }
 
 QString grouped(qint64 number)

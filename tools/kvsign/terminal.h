@@ -12,6 +12,9 @@ void say(const QString &line);
 /// Prints a result as JSON.
 void sayJson(const QJsonObject &result);
 
+/// The same in one line.
+void sayJsonLine(const QJsonObject &result);
+
 /// Throws a Failure when something that was printed did not arrive, say, because the disk is full.
 void flushOutput();
 

@@ -1,3 +1,4 @@
+#include "driverfile.h"
 #include "findings.h"
 
 #include <QDir>
@@ -10,8 +11,6 @@
 #include <link.h>
 
 namespace {
-
-constexpr char kDriver[] = "libkvsignpaddrv.so";
 
 struct Operation
 {
@@ -98,16 +97,31 @@ bool lookAtFile(Findings &findings, const QFileInfo &file)
     return true;
 }
 
+/// Whether it may be loaded.
+bool lookAtWriters(Findings &findings, bool allowsUnsafe)
+{
+    const std::optional<driverfile::Weakness> weakness = driverfile::weaknessIn(".");
+    if (!weakness.has_value())
+        return true;
+    const QString what =
+        QFile::decodeName((weakness->path + ' ' + weakness->what).c_str()) + ", and so what runs in programs that sign";
+    const QString cure = QFile::decodeName(weakness->cure.c_str());
+    if (allowsUnsafe)
+        findings.push_back(weak("driver's safety", what, cure));
+    else
+        findings.push_back(bad("driver's safety", what + "; it is not used", cure + "; or say --unsafe-driver"));
+    return allowsUnsafe;
+}
+
 } // namespace
 
-bool lookAtDriver(Findings &findings)
+bool lookAtDriver(Findings &findings, bool allowsUnsafe)
 {
-    const QFileInfo file(QDir::current(), kDriver);
+    const QFileInfo file(QDir::current(), driverfile::kName);
     if (!lookAtFile(findings, file))
         return false;
-    if ((QFile::permissions(file.filePath()) & QFile::WriteOther) != 0)
-        findings.push_back(weak("driver file", "everybody may change it, and so what runs in programs that sign",
-            QString("chmod o-w %1").arg(file.absoluteFilePath())));
+    if (!lookAtWriters(findings, allowsUnsafe))
+        return false;
     QLibrary driver(file.absoluteFilePath());
     if (!driver.load()) {
         findings.push_back(bad("driver", driver.errorString(),

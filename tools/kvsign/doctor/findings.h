@@ -45,8 +45,8 @@ void lookAtFonts(Findings &findings);
 void lookAtDisplay(Findings &findings);
 void lookAtPermissions(Findings &findings);
 
-/// Whether it can be loaded.
-bool lookAtDriver(Findings &findings);
+/// Whether it can be loaded. One that others may change is only loaded when that is allowed.
+bool lookAtDriver(Findings &findings, bool allowsUnsafe);
 
 /// To be called with a driver that can be loaded.
 void lookAtPad(Findings &findings, const QString &model);

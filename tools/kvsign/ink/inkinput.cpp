@@ -4,14 +4,16 @@
 #include "../interruption.h"
 #include "../progress.h"
 
-#include <QFileInfo>
+#include <QDir>
 
-#include <cstdio>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
 constexpr int kPointsPerLook = 1024;
 constexpr qint64 kPiece = 1 << 16;
+constexpr qint64 kMostSpooled = qint64{4} << 30; // bytes; the ink of a month
 
 /// Passes points on, and tells how far it is.
 class WatchedSource : public PointSource
@@ -58,47 +60,59 @@ private:
 InkInput::InkInput(const QString &path, const QString &formatName, Progress &progress)
     : m_name(path == "-" ? QString("standard input") : path)
     , m_progress(progress)
-    , m_file(path)
 {
-    const bool isOpen = path == "-" ? m_file.open(stdin, QIODevice::ReadOnly) : m_file.open(QIODevice::ReadOnly);
-    if (!isOpen || QFileInfo(path).isDir())
-        throw failed(QString("%1: %2").arg(m_name, isOpen ? QString("is a directory") : m_file.errorString()));
-    if (path == "-" || m_file.isSequential())
-        spool(m_file);
-    m_format = &formatFor(formatName, path);
+    m_format = formatOfNames(formatName, path); // what cannot be is said before anything is opened
+    plainio::Descriptor file;
+    if (path != "-")
+        file = plainio::openForReading(path);
+    const int number = file.isOpen() ? file.number() : STDIN_FILENO;
+    struct stat status = {};
+    if (fstat(number, &status) != 0)
+        plainio::throwErrno(m_name);
+    if (S_ISDIR(status.st_mode))
+        throw failed(QString("%1: is a directory").arg(m_name));
+    if (!file.isOpen() || !S_ISREG(status.st_mode))
+        file = spool(number, path != "-");
+    if (!m_device.open(file.take(), QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
+        throw failed(QString("%1: %2").arg(m_name, m_device.errorString()));
+    m_device.seek(0);
+    if (m_format == nullptr)
+        m_format = &formatOfContent(m_device.peek(kPiece));
 }
 
-void InkInput::spool(QIODevice &device)
+/// What cannot be read twice is kept in a file without a name.
+plainio::Descriptor InkInput::spool(int descriptor, bool isNamed) const
 {
-    if (!m_spooled.open())
-        throw failed(QString("a temporary file: %1").arg(m_spooled.errorString()));
-    for (QByteArray piece = device.read(kPiece); !piece.isEmpty(); piece = device.read(kPiece)) {
-        throwIfInterrupted();
-        if (m_spooled.write(piece) != piece.size())
-            throw failed(QString("a temporary file: %1").arg(m_spooled.errorString()));
+    QString explanation =
+        isNamed ? QString("%1: waiting for a program that writes to this pipe").arg(m_name) : QString();
+    plainio::Descriptor file = plainio::unnamedFile(QDir::tempPath());
+    qint64 size = 0;
+    for (QByteArray piece = plainio::read(descriptor, m_name, explanation); !piece.isEmpty();
+         piece = plainio::read(descriptor, m_name, {})) {
+        size += piece.size();
+        if (size > kMostSpooled)
+            throw failed(QString("%1: there is no end to it").arg(m_name));
+        plainio::writeAll(file.number(), piece.constData(), piece.size(), "a temporary file");
     }
-    m_spooled.flush();
-    m_device = &m_spooled;
+    return file;
 }
 
-const InkFormat &InkInput::formatFor(const QString &formatName, const QString &path)
+/// Null when only the content says it.
+const InkFormat *InkInput::formatOfNames(const QString &formatName, const QString &path) const
 {
-    const InkFormat *format = formatName.isEmpty() ? formatOfPath(path) : formatOfName(formatName);
-    if (format == nullptr && formatName.isEmpty()) {
-        m_device->seek(0);
-        format = &formatOfContent(m_device->peek(kPiece));
-    }
-    if (format == nullptr || format->read == nullptr)
+    const InkFormat *const format = formatName.isEmpty() ? formatOfPath(path) : formatOfName(formatName);
+    const bool isUnknown = format == nullptr && !formatName.isEmpty();
+    if (isUnknown || (format != nullptr && format->read == nullptr))
         throw misused(QString("%1: ink is not read from %2, but from %3")
-                          .arg(m_name, format == nullptr ? formatName : QString("a ") + format->meaning,
+                          .arg(m_name, isUnknown ? formatName : QString("a ") + format->meaning,
                               readableFormatNames().join(", ")));
-    return *format;
+    return format;
 }
 
 PointSource &InkInput::points(const QString &work)
 {
-    if (!m_device->seek(0))
-        throw failed(QString("%1: %2").arg(m_name, m_device->errorString()));
-    m_points = std::make_unique<WatchedSource>(m_format->read(*m_device, m_name), *m_device, m_name, work, m_progress);
+    if (!m_device.seek(0))
+        throw failed(QString("%1: %2").arg(m_name, m_device.errorString()));
+    m_points = std::make_unique<WatchedSource>(m_format->read(m_device, m_name), m_device, m_name, work, m_progress);
     return *m_points;
 }

@@ -4,10 +4,10 @@
 #define INKINPUT_H
 
 #include "../commandline.h"
+#include "../plainio.h"
 #include "inkformats.h"
 
 #include <QFile>
-#include <QTemporaryFile>
 
 #include <memory>
 
@@ -31,14 +31,12 @@ public:
     const InkFormat &format() const { return *m_format; }
 
 private:
-    void spool(QIODevice &device);
-    const InkFormat &formatFor(const QString &formatName, const QString &path);
+    plainio::Descriptor spool(int descriptor, bool isNamed) const;
+    const InkFormat *formatOfNames(const QString &formatName, const QString &path) const;
 
     QString m_name;
     Progress &m_progress;
-    QFile m_file;
-    QTemporaryFile m_spooled;
-    QFile *m_device = &m_file;
+    QFile m_device;
     const InkFormat *m_format = nullptr;
     std::unique_ptr<PointSource> m_points;
 };

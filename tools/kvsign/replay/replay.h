@@ -26,13 +26,15 @@ public:
         m_begun = true;
         m_written += static_cast<double>(std::max<qint64>(static_cast<qint64>(point.ulTickCount - m_last), 0));
         m_last = point.ulTickCount;
-        return m_speed > 0 ? m_written / m_speed : 0;
+        return m_speed > 0 ? std::min(m_written / m_speed, kLongest) : 0;
     }
 
     /// The same at the speed of the signer.
     double written() const { return m_written; }
 
 private:
+    static constexpr double kLongest = 1e15; // milliseconds, which integers hold; a broken clock's years
+
     double m_speed;
     bool m_begun = false;
     quint64 m_last = 0;

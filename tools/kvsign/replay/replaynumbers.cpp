@@ -4,7 +4,6 @@
 #include "replay.h"
 
 #include <QElapsedTimer>
-#include <QJsonDocument>
 #include <QThread>
 
 #include <cstdio>
@@ -21,7 +20,7 @@ void waitUntil(double due, const QElapsedTimer &running)
         const qint64 left = static_cast<qint64>(due) - running.elapsed();
         if (left <= 0)
             return;
-        std::fflush(stdout);
+        flushOutput();
         QThread::msleep(static_cast<unsigned long>(std::min(left, kLongestSleep)));
         throwIfInterrupted();
     }
@@ -35,9 +34,8 @@ void print(const POINTDATA &point, double written)
 
 void printJson(const POINTDATA &point, double written)
 {
-    const QJsonObject line{{"ms", written}, {"x", point.nX}, {"y", point.nY}, {"pressure", point.nPressureValue},
-        {"strokeEnd", point.bStrokeEnd}};
-    std::printf("%s\n", QJsonDocument(line).toJson(QJsonDocument::Compact).constData());
+    sayJsonLine({{"ms", written}, {"x", point.nX}, {"y", point.nY}, {"pressure", point.nPressureValue},
+        {"strokeEnd", point.bStrokeEnd}});
 }
 
 } // namespace
@@ -53,5 +51,7 @@ void replayAsNumbers(PointSource &points, double speed, bool asJson)
     while (points.next(point)) {
         waitUntil(times.dueAt(point), running);
         (asJson ? printJson : print)(point, times.written());
+        if (std::ferror(stdout) != 0) // nobody reads it any more, or the disk is full
+            flushOutput();
     }
 }

@@ -1,0 +1,102 @@
+// Files of kvsign come all or none, whole, and whatever ends it leaves nothing behind.
+#include "kvsign.h"
+
+#include <QElapsedTimer>
+#include <QProcess>
+
+#include <csignal>
+
+namespace {
+
+using namespace kvsign;
+
+class KvsignAtomic : public Place
+{
+protected:
+    void SetUp() override { QDir(file(".")).mkdir("temporary"); }
+
+    QStringList temporary() const
+    {
+        return QDir(file("temporary")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot | QDir::System);
+    }
+
+    /// Runs it through a shell, with a place of its own for temporary files.
+    CommandResult runInShell(const QString &command) const
+    {
+        return runProgram({"bash", "-c", command, KV_KVSIGN}, file("."),
+            {{"TMPDIR", file("temporary")}, {"KVSIM_SPEED", "max"}, {"KVSIM_DELAY_MS", "100"}});
+    }
+};
+
+// The library answers success for a PDF or an SVG that found no room; a limit on sizes is such a disk.
+TEST_F(KvsignAtomic, writesNoCutPicture)
+{
+    for (const char *name : {"a.pdf", "a.svg", "a.png", "a.jpg", "a.bmp"}) {
+        write(name, "as it was");
+        write("first.ink", "as it was");
+        const CommandResult result = runInShell(
+            QString("trap '' XFSZ; ulimit -f 4; \"$0\" capture -m S300 --no-pressure first.ink %1").arg(name));
+        // Of the shell's limit in units of 1024 bytes only the ink's text is let through.
+        EXPECT_EQ(result.exitCode, 1) << name << '\n' << testing::PrintToString(result);
+        EXPECT_EQ(read(name), "as it was") << name;
+        EXPECT_EQ(read("first.ink"), "as it was") << name;
+        EXPECT_EQ(temporary(), QStringList()) << name;
+        QFile::remove(file(name));
+    }
+    EXPECT_EQ(files(), QStringList({"first.ink", "temporary"}));
+}
+
+TEST_F(KvsignAtomic, leavesNothingWhenNobodyReadsItsOutput)
+{
+    const QString program =
+        "import os, subprocess, sys\n"
+        "os.chdir(sys.argv[1]); os.environ['TMPDIR'] = 'temporary'; os.environ['KVSIM_SPEED'] = 'max'\n"
+        "reader, writer = os.pipe(); os.close(reader)\n"
+        "child = subprocess.run(sys.argv[2:], stdout=writer, stderr=subprocess.PIPE)\n"
+        "print(child.returncode, child.stderr.decode().strip())";
+    const QString answer = python(program, {file("."), KV_KVSIGN, "capture", "-m", "S300", "a.png"});
+    EXPECT_EQ(answer.trimmed().toStdString(), "1 kvsign: standard output: Broken pipe");
+    EXPECT_EQ(temporary(), QStringList());
+    write("a.ink", record({{300, 300, 9, false, 0, 0}, {400, 400, 9, true, 5, 0}}));
+    const QString piped = python(program, {file("."), KV_KVSIGN, "convert", "a.ink", "-", "--to", "csv"});
+    EXPECT_EQ(piped.trimmed().toStdString(), "1 kvsign: standard output: Broken pipe");
+    EXPECT_EQ(temporary(), QStringList());
+}
+
+TEST_F(KvsignAtomic, leavesNothingAfterAnySignal)
+{
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGUSR1, SIGUSR2, SIGALRM, SIGXCPU, SIGVTALRM}) {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("KVSIM_RECORDING", "none");
+        environment.insert("TMPDIR", file("temporary"));
+        process.setProcessEnvironment(environment);
+        process.setWorkingDirectory(file("."));
+        process.start(KV_KVSIGN, {"capture", "-m", "S300", "-t", "0", "x.ink", "x.png"});
+        ASSERT_TRUE(process.waitForStarted());
+        const QString maps = QString("/proc/%1/maps").arg(process.processId());
+        QElapsedTimer waiting;
+        waiting.start();
+        while (!contentOf(maps).contains("libkvsignpaddrv") && waiting.elapsed() < 60000)
+            process.waitForFinished(20);
+        EXPECT_NE(temporary(), QStringList()) << "the test looks in the wrong place";
+        kill(static_cast<pid_t>(process.processId()), signal);
+        ASSERT_TRUE(process.waitForFinished(60000));
+        const bool isNoticed = signal == SIGINT || signal == SIGTERM || signal == SIGHUP;
+        EXPECT_EQ(process.exitStatus(), isNoticed ? QProcess::NormalExit : QProcess::CrashExit) << signal;
+        EXPECT_EQ(process.exitCode(), isNoticed ? 3 : signal) << signal;
+        EXPECT_EQ(temporary(), QStringList()) << signal;
+        EXPECT_EQ(files(), QStringList("temporary")) << signal;
+    }
+}
+
+TEST_F(KvsignAtomic, goesOnWhenItIsToIgnoreASignal)
+{
+    const CommandResult result = runInShell(
+        "trap '' HUP; KVSIM_DELAY_MS=1000 \"$0\" capture -m S300 x.ink & child=$!; "
+        "while ! grep -q libkvsignpaddrv /proc/$child/maps; do sleep 0.02; done; kill -HUP $child; wait $child");
+    EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
+    EXPECT_TRUE(exists("x.ink"));
+}
+
+} // namespace

@@ -1,0 +1,109 @@
+#include "leftovers.h"
+
+#include "failure.h"
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int kMost = 4096;
+
+std::array<std::atomic<const Leftover *>, kMost> g_leftovers;
+
+/// As the kernel writes it.
+struct DirectoryEntry
+{
+    std::uint64_t inode;
+    std::int64_t next;
+    unsigned short size;
+    unsigned char type;
+    char name[1];
+};
+
+/// readdir() allocates, which no signal handler may.
+void removeFolder(const char *path)
+{
+    const int folder = open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder < 0)
+        return;
+    alignas(DirectoryEntry) char entries[4096];
+    for (long size = 0; (size = syscall(SYS_getdents64, folder, entries, sizeof entries)) > 0;) {
+        for (long place = 0; place < size;) {
+            const auto *entry = reinterpret_cast<const DirectoryEntry *>(entries + place);
+            if (std::strcmp(entry->name, ".") != 0 && std::strcmp(entry->name, "..") != 0)
+                unlinkat(folder, entry->name, 0);
+            place += entry->size;
+        }
+    }
+    close(folder);
+    rmdir(path);
+}
+
+} // namespace
+
+Leftover::Leftover(Kind kind, const QByteArray &path, const QByteArray &to)
+    : m_kind(kind)
+    , m_path(path)
+    , m_to(to)
+    , m_name(m_path.constData())
+    , m_target(m_to.constData())
+{
+    for (int slot = 0; slot < kMost && m_slot < 0; ++slot) {
+        const Leftover *free = nullptr;
+        if (g_leftovers[static_cast<size_t>(slot)].compare_exchange_strong(free, this))
+            m_slot = slot;
+    }
+    if (m_slot < 0)
+        throw failed("there are too many files at once");
+}
+
+Leftover::~Leftover()
+{
+    clean();
+}
+
+void Leftover::clean()
+{
+    if (m_slot < 0)
+        return;
+    cleanName();
+    release();
+}
+
+void Leftover::release()
+{
+    if (m_slot >= 0)
+        g_leftovers[static_cast<size_t>(m_slot)].store(nullptr);
+    m_slot = -1;
+}
+
+void Leftover::cleanAll()
+{
+    for (const std::atomic<const Leftover *> &slot : g_leftovers) {
+        if (const Leftover *leftover = slot.load())
+            leftover->cleanName();
+    }
+}
+
+void Leftover::cleanName() const
+{
+    switch (m_kind) {
+    case Kind::File:
+        unlink(m_name);
+        return;
+    case Kind::Folder:
+        removeFolder(m_name);
+        return;
+    case Kind::Earlier:
+        rename(m_name, m_target);
+        unlink(m_name); // rename leaves both names of one file
+        return;
+    }
+}
