@@ -57,23 +57,63 @@ public:
     {
     }
     void paintEvent(QPaintEvent *) override { plain::paint(*this, m_canvas); }
+    void clear() { m_canvas.fill(Qt::white); }
 
 private:
-    const QImage m_canvas;
+    QImage m_canvas;
+};
+
+/// The signing widget and the plain one, shown, with the same picture.
+struct TwoWidgets
+{
+    explicit TwoWidgets(const QSize &size)
+        : pad(benchFamily("S300"), size, true)
+        , plainWidget(signedCanvas(pad, size))
+    {
+        pad.sign();
+        plainWidget.resize(size);
+        plainWidget.show();
+        QApplication::processEvents();
+    }
+
+    QWidget &library() const { return *pad.widget(); }
+
+    const BenchPad pad;
+    PlainWidget plainWidget;
 };
 
 void repaint(benchmark::State &state, const QSize &size)
 {
-    const BenchPad pad(benchFamily("S300"), size, true);
-    pad.sign();
-    QApplication::processEvents();
-    QWidget &widget = *pad.widget();
-    PlainWidget plainWidget(signedCanvas(pad, size));
-    plainWidget.resize(size);
-    plainWidget.show();
-    QApplication::processEvents();
+    TwoWidgets widgets(size);
     compare::run(
-        state, [&] { widget.repaint(); }, [&] { plainWidget.repaint(); });
+        state, [&] { widgets.library().repaint(); }, [&] { widgets.plainWidget.repaint(); });
+}
+
+// Into an image, as an application does that takes a picture of its window.
+void render(benchmark::State &state, const QSize &size, QImage::Format format)
+{
+    TwoWidgets widgets(size);
+    QImage target(size, format);
+    target.fill(Qt::transparent);
+    compare::run(
+        state, [&] { widgets.library().render(&target); }, [&] { widgets.plainWidget.render(&target); });
+}
+
+// Of a canvas that was not shown yet as it is.
+void renderCleared(benchmark::State &state, const QSize &size)
+{
+    TwoWidgets widgets(size);
+    QImage target(size, QImage::Format_ARGB32_Premultiplied);
+    target.fill(Qt::transparent);
+    const auto library = [&] {
+        widgets.pad.clear();
+        widgets.library().render(&target);
+    };
+    const auto plainWay = [&] {
+        widgets.plainWidget.clear();
+        widgets.plainWidget.render(&target);
+    };
+    compare::run(state, library, plainWay);
 }
 
 void imageText(benchmark::State &state, const QSize &size, int type, bool transparent)
@@ -86,6 +126,17 @@ void imageText(benchmark::State &state, const QSize &size, int type, bool transp
         state,
         [&] { KVS300_Base64EncodeExFree(KVS300_DEVICE, KVS300_Base64EncodeEx(KVS300_DEVICE, type, transparent)); },
         [&] { delete[] plain::imageText(canvas, format, transparent); });
+}
+
+void pngFile(benchmark::State &state, const QSize &size, bool transparent)
+{
+    const BenchPad pad(benchFamily("S300"), size);
+    pad.sign();
+    const QImage canvas = signedCanvas(pad, size);
+    wchar_t path[] = L"./library.png";
+    compare::run(
+        state, [&] { KVS300_SaveDrawingImage(KVS300_DEVICE, transparent ? ITI_PNG : ITI_BITMAP, path, IDLI_150DPI); },
+        [&] { plain::saveImage(canvas.copy(), "./plain.png", transparent); });
 }
 
 void svgText(benchmark::State &state, const QSize &size)
@@ -138,12 +189,20 @@ void registerAll()
         benchmark::RegisterBenchmark(("push/PNG/" + name).c_str(), push, size, EBITI_PNG)->Iterations(7);
         benchmark::RegisterBenchmark(("push/JPEG/" + name).c_str(), push, size, EBITI_JPEG)->Iterations(7);
         benchmark::RegisterBenchmark(("repaint/" + name).c_str(), repaint, size)->Iterations(61);
+        benchmark::RegisterBenchmark(
+            ("render/ARGB32_Premultiplied/" + name).c_str(), render, size, QImage::Format_ARGB32_Premultiplied)
+            ->Iterations(61);
+        benchmark::RegisterBenchmark(("render/RGB32/" + name).c_str(), render, size, QImage::Format_RGB32)
+            ->Iterations(61);
+        benchmark::RegisterBenchmark(("render/cleared/" + name).c_str(), renderCleared, size)->Iterations(61);
         benchmark::RegisterBenchmark(("text/BMP/" + name).c_str(), imageText, size, EBITI_BITMAP, false)
             ->Iterations(21);
         benchmark::RegisterBenchmark(("text/JPEG/" + name).c_str(), imageText, size, EBITI_JPEG, false)->Iterations(21);
         benchmark::RegisterBenchmark(("text/PNG/" + name).c_str(), imageText, size, EBITI_PNG, true)->Iterations(15);
         benchmark::RegisterBenchmark(("text/PNG-opaque/" + name).c_str(), imageText, size, EBITI_PNG, false)
             ->Iterations(15);
+        benchmark::RegisterBenchmark(("file/PNG/" + name).c_str(), pngFile, size, true)->Iterations(15);
+        benchmark::RegisterBenchmark(("file/PNG-opaque/" + name).c_str(), pngFile, size, false)->Iterations(15);
         benchmark::RegisterBenchmark(("text/SVG/" + name).c_str(), svgText, size)->Iterations(21);
     }
     benchmark::RegisterBenchmark("ink/encode", inkEncode)->Iterations(41);

@@ -82,6 +82,15 @@ char *imageText(QImage image, const char *format, bool transparent)
     return newText(bytes);
 }
 
+bool saveImage(QImage image, const char *path, bool transparent)
+{
+    image.setDotsPerMeterX(5905);
+    image.setDotsPerMeterY(5905);
+    if (transparent)
+        makeWhiteTransparent(image);
+    return image.save(QString::fromLatin1(path));
+}
+
 QRect boundingBox(const QImage &canvas)
 {
     int left = 99999;

@@ -38,6 +38,9 @@ void makeWhiteTransparent(QImage &image);
 /// Qt's writer, toBase64, and a copy into a new array.
 char *imageText(QImage image, const char *format, bool transparent);
 
+/// At 150 dots an inch, by Qt's writer for the path's suffix.
+bool saveImage(QImage image, const char *path, bool transparent);
+
 /// Every pixel once, row by row.
 QRect boundingBox(const QImage &canvas);
 
