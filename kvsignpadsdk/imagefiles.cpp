@@ -1,5 +1,7 @@
 #include "imagefiles.h"
 
+#include "pngstream.h"
+
 #include <QBuffer>
 #include <QFileInfo>
 #include <QImageWriter>
@@ -8,6 +10,18 @@
 
 namespace imagefiles {
 
+namespace {
+
+bool encodedByQt(QImage image, WhiteIs white, const QByteArray &format, QByteArray &bytes)
+{
+    if (white == WhiteIs::Transparent)
+        inkbounds::makeWhiteTransparent(image);
+    QBuffer buffer(&bytes);
+    return !format.isEmpty() && buffer.open(QIODevice::WriteOnly) && QImageWriter(&buffer, format).write(image);
+}
+
+} // namespace
+
 void setResolution(QImage &image, int nDPI)
 {
     const int dotsPerMetre = static_cast<int>(nDPI / 0.0254);
@@ -15,14 +29,11 @@ void setResolution(QImage &image, int nDPI)
     image.setDotsPerMeterY(dotsPerMetre);
 }
 
-bool saveBySuffix(const QImage &image, const QString &path)
+bool saveBySuffix(QImage image, WhiteIs white, const QString &path)
 {
     const QByteArray format = QFileInfo(path).suffix().toLower().toLatin1();
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    if (format.isEmpty() || !buffer.open(QIODevice::WriteOnly) || !QImageWriter(&buffer, format).write(image))
-        return false;
-    return filepaths::write(path, bytes);
+    QByteArray bytes = format == "png" ? PngStream(PngStream::Memory::None, white).encoded(image) : QByteArray();
+    return (!bytes.isEmpty() || encodedByQt(std::move(image), white, format, bytes)) && filepaths::write(path, bytes);
 }
 
 bool savePdf(QImage image, const QString &path, int nDPI)

@@ -7,12 +7,15 @@
 #include "filepaths.h"
 #include "inkbounds.h"
 #include "inkpoints.h"
+#include "pngrows.h"
 #include "sharedfields.h"
 #include "svgdrawing.h"
 
 #include <QFile>
 #include <QImage>
 #include <QString>
+
+#include <utility>
 
 namespace imagefiles {
 
@@ -21,7 +24,7 @@ void setResolution(QImage &image, int nDPI);
 
 /// Writes the image as the path's suffix says; false for an unknown suffix, a null image or an unwritable path.
 /// A file is only touched when the image could be encoded.
-bool saveBySuffix(const QImage &image, const QString &path);
+bool saveBySuffix(QImage image, WhiteIs white, const QString &path);
 
 /// Writes an A4 page with the image at the top left of the area inside the margins, one pixel a dot. White is opaque.
 bool savePdf(QImage image, const QString &path, int nDPI);
@@ -81,9 +84,8 @@ bool saveAs(Pad &pad, int nImageTypeID, const QString &path, int nDPI, Cut &cut)
     case ITI_JPEG:
     case ITI_PNG:
         setResolution(cut.image, nDPI);
-        if (nImageTypeID == ITI_PNG)
-            inkbounds::makeWhiteTransparent(cut.image);
-        return saveBySuffix(cut.image, path);
+        return saveBySuffix(
+            std::move(cut.image), nImageTypeID == ITI_PNG ? WhiteIs::Transparent : WhiteIs::Opaque, path);
     default:
         return false;
     }

@@ -16,9 +16,12 @@ QByteArray encodedFast(const QImage &image, int nImageTypeID, bool transparent, 
         return bitmapfile::encoded(image);
     if (nImageTypeID == EBITI_JPEG)
         return jpegfile::encoded(image);
-    if (nImageTypeID == EBITI_PNG && transparent)
-        return kept != nullptr ? kept->encoded(image) : PngStream(PngStream::Memory::None).encoded(image);
-    return {};
+    if (nImageTypeID != EBITI_PNG)
+        return {};
+    if (transparent && kept != nullptr)
+        return kept->encoded(image);
+    const WhiteIs white = transparent ? WhiteIs::Transparent : WhiteIs::Opaque;
+    return PngStream(PngStream::Memory::None, white).encoded(image);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 
 namespace {
 
@@ -67,15 +68,18 @@ unsigned apply(const unsigned char *here, const unsigned char *above, unsigned c
 
 } // namespace
 
-PngRows::PngRows(int width)
+PngRows::PngRows(int width, WhiteIs white)
     : m_width(width)
+    , m_blank(white == WhiteIs::Opaque ? kWhite : 0)
 {
-    const size_t size = static_cast<size_t>(width + 1) * kPixel;
-    m_above.bytes.resize(size);
-    m_here.bytes.resize(size);
+    const auto blankByte = static_cast<unsigned char>(m_blank);
+    for (Row *row : {&m_above, &m_here}) {
+        row->bytes.resize(kPixel);
+        row->bytes.resize(static_cast<size_t>(width + 1) * kPixel, blankByte);
+    }
     for (int filter = None; filter <= Paeth; ++filter) {
-        m_candidates[filter].resize(static_cast<size_t>(width) * kPixel + 1);
-        m_candidates[filter][0] = static_cast<unsigned char>(filter);
+        m_candidates[filter].push_back(static_cast<unsigned char>(filter));
+        m_candidates[filter].resize(static_cast<size_t>(width) * kPixel + 1, filter == None ? blankByte : 0);
     }
 }
 
@@ -83,9 +87,9 @@ void PngRows::startBelow(const QRgb *above)
 {
     if (above != nullptr) {
         take(above, m_above);
-    } else {
+    } else { // the first row stands below zeros, which are blank only where white is transparent
         std::fill(m_above.bytes.begin(), m_above.bytes.end(), static_cast<unsigned char>(0));
-        m_above.ink = {};
+        m_above.ink = {0, m_blank == 0 ? 0 : m_width};
     }
 }
 
@@ -97,8 +101,8 @@ bool PngRows::take(const QRgb *pixels, Row &row) const
         all &= pixels[x];
     if ((all & kAlpha) != kAlpha)
         return false;
-    std::memset(
-        row.bytes.data() + (row.ink.first + 1) * kPixel, 0, static_cast<size_t>(row.ink.end - row.ink.first) * kPixel);
+    std::memset(row.bytes.data() + (row.ink.first + 1) * kPixel, static_cast<int>(m_blank & 0xff),
+        static_cast<size_t>(row.ink.end - row.ink.first) * kPixel);
     row.ink = {};
     if (all == kWhite)
         return true;
@@ -109,7 +113,7 @@ bool PngRows::take(const QRgb *pixels, Row &row) const
         --row.ink.end;
     unsigned char *to = row.bytes.data() + (row.ink.first + 1) * kPixel;
     for (int x = row.ink.first; x < row.ink.end; ++x, to += kPixel) {
-        const QRgb pixel = isInk(pixels[x]) ? pixels[x] : 0;
+        const QRgb pixel = isInk(pixels[x]) ? pixels[x] : m_blank;
         to[0] = static_cast<unsigned char>(pixel >> 16);
         to[1] = static_cast<unsigned char>(pixel >> 8);
         to[2] = static_cast<unsigned char>(pixel);
@@ -132,35 +136,55 @@ const unsigned char *PngRows::next(const QRgb *pixels)
 {
     if (!take(pixels, m_here))
         return nullptr;
-    unsigned sums[5] = {};
-    int best = None;
-    if (m_here.ink.first != m_here.ink.end) { // of a blank row nothing is smaller than its own zeros
-        const Range range = closelyLookedAt();
-        const unsigned char *here = m_here.bytes.data() + (range.first + 1) * kPixel;
-        const unsigned char *above = m_above.bytes.data() + (range.first + 1) * kPixel;
-        const int size = (range.end - range.first) * kPixel;
-        unsigned char *to[5];
-        for (int filter = None; filter <= Paeth; ++filter)
-            to[filter] = blankOutside(filter, range);
-        sums[None] = apply<None>(here, above, to[None], size);
-        sums[Sub] = apply<Sub>(here, above, to[Sub], size);
-        sums[Up] = apply<Up>(here, above, to[Up], size);
-        sums[Average] = apply<Average>(here, above, to[Average], size);
-        sums[Paeth] = apply<Paeth>(here, above, to[Paeth], size);
-        best = static_cast<int>(std::min_element(sums, sums + 5) - sums);
-    } else {
-        blankOutside(None, {});
-    }
+    const bool blank = m_here.ink.first == m_here.ink.end;
+    const bool belowBlank = m_above.ink.first == m_above.ink.end;
+    // Of transparent rows nothing is smaller than their own zeros, whatever stands above.
+    const int best = blank && (belowBlank || m_blank == 0) ? blankOnBlank() : bestOf(closelyLookedAt());
     std::swap(m_above, m_here);
     return m_candidates[best].data();
 }
 
-// Zeroes what an earlier row left in the candidate; answers where the range's bytes go.
-unsigned char *PngRows::blankOutside(int filter, const Range &range)
+// The first filter that gives nothing but zeros.
+int PngRows::blankOnBlank()
 {
-    unsigned char *bytes = m_candidates[filter].data() + 1;
+    const int filter = m_blank == 0 ? None : Up;
+    blankOutside(filter, {});
+    return filter;
+}
+
+int PngRows::bestOf(const Range &range)
+{
+    const unsigned sums[] = {filtered<None>(range), filtered<Sub>(range), filtered<Up>(range), filtered<Average>(range),
+        filtered<Paeth>(range)};
+    return static_cast<int>(std::min_element(std::begin(sums), std::end(sums)) - sums);
+}
+
+// Fills the filter's candidate; answers the sum of its distances.
+template <int filter>
+unsigned PngRows::filtered(const Range &range)
+{
+    blankOutside(filter, range);
+    const auto applyTo = [this](int first, int end) {
+        const unsigned char *here = m_here.bytes.data() + (first + 1) * kPixel;
+        const unsigned char *above = m_above.bytes.data() + (first + 1) * kPixel;
+        return apply<filter>(here, above, m_candidates[filter].data() + 1 + first * kPixel, (end - first) * kPixel);
+    };
+    unsigned sum = applyTo(range.first, range.end);
+    if (m_blank == 0)
+        return sum;
+    const int edge = range.first == 0 ? 0 : 1;
+    sum += applyTo(0, edge);
+    if (filter == None) // elsewhere each byte of white is one away from 0
+        sum += static_cast<unsigned>(m_width - (range.end - range.first) - edge) * kPixel;
+    return sum;
+}
+
+// Takes back what an earlier row left in the candidate, where the new range does not write anyhow.
+void PngRows::blankOutside(int filter, const Range &range)
+{
     Range &written = m_written[filter];
-    std::memset(bytes + written.first * kPixel, 0, static_cast<size_t>(written.end - written.first) * kPixel);
+    std::memset(m_candidates[filter].data() + 1 + written.first * kPixel,
+        filter == None ? static_cast<int>(m_blank & 0xff) : 0,
+        static_cast<size_t>(written.end - written.first) * kPixel);
     written = range;
-    return bytes + range.first * kPixel;
 }

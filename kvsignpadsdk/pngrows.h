@@ -1,5 +1,5 @@
 /// @file
-/// Rows of a transparent signature as PNG stores them: white made transparent, and the filter that libpng would choose.
+/// Rows of a signature as PNG stores them: white kept or made transparent, and the filter that libpng would choose.
 #ifndef PNGROWS_H
 #define PNGROWS_H
 
@@ -7,12 +7,20 @@
 
 #include <vector>
 
+/// What becomes of pure white.
+enum class WhiteIs
+{
+    Transparent, ///< all four bytes of the pixel become 0
+    Opaque
+};
+
 /// Takes the rows of an image from top to bottom. Only the part of a row that differs from blank is looked at closely,
-/// here or in the row above: outside of it every filter gives zeros.
+/// here or in the row above: outside of it every filter gives one value, but at the left edge, where what stands before
+/// the row counts as 0.
 class PngRows
 {
 public:
-    explicit PngRows(int width);
+    PngRows(int width, WhiteIs white);
 
     /// Starts anew below a row that stands in the image, or at the top with null.
     void startBelow(const QRgb *above);
@@ -28,7 +36,7 @@ private:
         int first = 0;
         int end = 0;
     };
-    /// A row of RGBA bytes with a blank pixel in front.
+    /// A row of RGBA bytes with a pixel of zeros in front.
     struct Row
     {
         std::vector<unsigned char> bytes;
@@ -37,13 +45,18 @@ private:
 
     bool take(const QRgb *pixels, Row &row) const;
     Range closelyLookedAt() const;
-    unsigned char *blankOutside(int filter, const Range &range);
+    int blankOnBlank();
+    int bestOf(const Range &range);
+    template <int filter>
+    unsigned filtered(const Range &range);
+    void blankOutside(int filter, const Range &range);
 
     int m_width;
+    QRgb m_blank; ///< a pixel without ink
     Row m_above;
     Row m_here;
     std::vector<unsigned char> m_candidates[5]; ///< by filter type, each with the filter byte in front
-    Range m_written[5]; ///< what of a candidate may be other than 0
+    Range m_written[5]; ///< what of a candidate may be other than on blank rows, beside the left edge
 };
 
 #endif

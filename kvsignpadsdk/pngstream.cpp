@@ -1,7 +1,6 @@
 #include "pngstream.h"
 
 #include "inkbounds.h"
-#include "pngrows.h"
 
 #include <QBuffer>
 
@@ -68,9 +67,10 @@ QImage probe()
     return image;
 }
 
-QByteArray byQt(QImage image)
+QByteArray byQt(QImage image, WhiteIs white)
 {
-    inkbounds::makeWhiteTransparentPlainly(image);
+    if (white == WhiteIs::Transparent)
+        inkbounds::makeWhiteTransparentPlainly(image);
     QByteArray file;
     QBuffer buffer(&file);
     buffer.open(QIODevice::WriteOnly);
@@ -80,20 +80,36 @@ QByteArray byQt(QImage image)
 
 } // namespace
 
-bool pngStreamAgreesWithQt()
+bool pngStreamAgreesWithQt(WhiteIs white)
 {
     const QImage image = probe();
     QImage changed = image;
     changed.setPixel(80, 75, 0xff123456);
-    const QByteArray first = byQt(image);
-    const QByteArray second = byQt(changed);
-    PngStream kept(PngStream::Memory::BetweenImages);
+    const QByteArray first = byQt(image, white);
+    const QByteArray second = byQt(changed, white);
+    PngStream kept(PngStream::Memory::BetweenImages, white);
     return !first.isEmpty() && kept.encodedUnchecked(image) == first && !second.isEmpty()
         && kept.encodedUnchecked(changed) == second; // that from the last mark
 }
 
-PngStream::PngStream(Memory memory)
+namespace {
+
+// Asked once a process.
+bool agreesWithQt(WhiteIs white)
+{
+    if (white == WhiteIs::Transparent) {
+        static const bool agrees = pngStreamAgreesWithQt(WhiteIs::Transparent);
+        return agrees;
+    }
+    static const bool agrees = pngStreamAgreesWithQt(WhiteIs::Opaque);
+    return agrees;
+}
+
+} // namespace
+
+PngStream::PngStream(Memory memory, WhiteIs white)
     : m_memory(memory)
+    , m_white(white)
 {
 }
 
@@ -117,8 +133,7 @@ void PngStream::forget()
 
 QByteArray PngStream::encoded(const QImage &image)
 {
-    static const bool agrees = pngStreamAgreesWithQt();
-    return agrees ? encodedUnchecked(image) : QByteArray();
+    return agreesWithQt(m_white) ? encodedUnchecked(image) : QByteArray();
 }
 
 QByteArray PngStream::encodedUnchecked(const QImage &image)
@@ -184,7 +199,7 @@ bool PngStream::compressRows(const QImage &image, int firstRow)
         m_last = QImage(image.size(), image.format());
     if (!m_running || (keeps && m_last.isNull()))
         return false;
-    PngRows rows(image.width());
+    PngRows rows(image.width(), m_white);
     rows.startBelow(firstRow == 0 ? nullptr : row(image, firstRow - 1));
     const size_t size = static_cast<size_t>(image.width()) * sizeof(QRgb);
     for (int y = firstRow; y < image.height(); ++y) {

@@ -1,7 +1,9 @@
 /// @file
-/// PNG files of a signature with a transparent background, byte by byte as Qt's writer makes them, at less cost.
+/// PNG files of a signature, byte by byte as Qt's writer makes them, at less cost.
 #ifndef PNGSTREAM_H
 #define PNGSTREAM_H
+
+#include "pngrows.h"
 
 #include <QByteArray>
 #include <QImage>
@@ -10,9 +12,9 @@
 #include <vector>
 #include <zlib.h>
 
-/// Encodes opaque ARGB32 images, white becoming transparent. A stream that is kept goes on, for an image of the same
-/// size, from where the image differs from the last one: it holds a copy of that image and up to kMarks states of the
-/// compressor (about 0.3 MB each). What it makes of the image that it is given is complete each time.
+/// Encodes opaque ARGB32 images, whose white may become transparent. A stream that is kept goes on, for an image of the
+/// same size, from where the image differs from the last one: it holds a copy of that image and up to kMarks states of
+/// the compressor (about 0.3 MB each). What it makes of the image that it is given is complete each time.
 class PngStream
 {
 public:
@@ -22,7 +24,7 @@ public:
         BetweenImages
     };
 
-    explicit PngStream(Memory memory);
+    explicit PngStream(Memory memory, WhiteIs white = WhiteIs::Transparent);
     ~PngStream();
     PngStream(const PngStream &) = delete;
     PngStream &operator=(const PngStream &) = delete;
@@ -35,7 +37,7 @@ public:
     void forget();
 
 private:
-    friend bool pngStreamAgreesWithQt();
+    friend bool pngStreamAgreesWithQt(WhiteIs white);
 
     static constexpr int kMarks = 24;
 
@@ -57,6 +59,7 @@ private:
     QByteArray file(const QImage &image) const;
 
     const Memory m_memory;
+    const WhiteIs m_white;
     QImage m_last; ///< what the marks are made of
     std::deque<Mark> m_marks; ///< a compressor's state must not move
     z_stream m_state{};

@@ -1,14 +1,15 @@
 // The PNG stream makes the bytes of Qt's own writer, whatever the canvas shows and however it changed.
 #include "pngstream.h"
 #include "recordedink.h"
+#include "savedfiles.h"
 
 #include <random>
 
 namespace {
 
-QByteArray byQt(const QImage &image)
+QByteArray byQt(const QImage &image, WhiteIs white = WhiteIs::Transparent)
 {
-    char *text = plain::imageText(image, "PNG", true);
+    char *text = plain::imageText(image, "PNG", white == WhiteIs::Transparent);
     const QByteArray bytes = QByteArray::fromBase64(text);
     delete[] text;
     return bytes;
@@ -19,13 +20,20 @@ class FastPng : public testing::Test
 protected:
     void expectEqual(const QImage &image)
     {
-        const QByteArray expected = byQt(image);
+        expectEqual(image, WhiteIs::Transparent, kept);
+        expectEqual(image, WhiteIs::Opaque, keptOpaque);
+    }
+
+    static void expectEqual(const QImage &image, WhiteIs white, PngStream &kept)
+    {
+        const QByteArray expected = byQt(image, white);
         ASSERT_FALSE(expected.isEmpty());
-        EXPECT_EQ(PngStream(PngStream::Memory::None).encoded(image), expected);
+        EXPECT_EQ(PngStream(PngStream::Memory::None, white).encoded(image), expected);
         EXPECT_EQ(kept.encoded(image), expected);
     }
 
     PngStream kept{PngStream::Memory::BetweenImages};
+    PngStream keptOpaque{PngStream::Memory::BetweenImages, WhiteIs::Opaque};
 };
 
 TEST_F(FastPng, GrowingSignaturesInColours)
@@ -95,6 +103,23 @@ TEST_F(FastPng, StepsAsideWhereItsAssumptionsEnd)
     expectEqual(good);
 }
 
+// Ink at every place of a row where a range begins or ends, with rows above that begin and end elsewhere.
+TEST_F(FastPng, InkAtTheEdges)
+{
+    const int width = 130;
+    for (const int first : {0, 1, 2, 64, 127, 128, 129}) {
+        QImage image = whiteCanvas({width, 60});
+        int y = 0;
+        for (const int last : {129, 128, 1, 0, 64}) {
+            for (int x = std::min(first, last); x <= std::max(first, last); x += 1 + x % 3)
+                image.setPixel(x, y, 0xff000000U | static_cast<QRgb>(x * 65793));
+            y += 1 + y % 4; // next to each other, and with blank rows between
+        }
+        expectEqual(image);
+        expectEqual(image.mirrored(false, true));
+    }
+}
+
 // Through the exported functions, where a fallback would not be seen in the bytes.
 TEST(PushedPng, IsBase64EncodeOfTheMoment)
 {
@@ -113,6 +138,35 @@ TEST(PushedPng, IsBase64EncodeOfTheMoment)
         drawSegmentOrDot(canvas, segments[drawn++], Qt::black);
         if (drawn % 25 == 0) {
             EXPECT_EQ(QByteArray::fromBase64(pushed), byQt(canvas)) << drawn;
+        }
+    }
+}
+
+class PngOutputs : public testing::TestWithParam<PadCase>
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(AllPads, PngOutputs, testing::ValuesIn(allPads()), padCaseName);
+
+TEST_P(PngOutputs, AreThoseOfQtsWriter)
+{
+    OpenPad pad(GetParam(), 331, 170);
+    SavedFiles files;
+    pad->SetPenColor(pad.type(), 30, 60, 200);
+    pad.driver.send(recordedPackets("signature", pad.type()));
+    for (const bool clipped : {false, true}) {
+        pad->SetSaveClipImageMargin(pad.type(), clipped, 3, 9);
+        QImage canvas = pad.canvas();
+        canvas.setDotsPerMeterX(whiteCanvas({1, 1}).dotsPerMeterX());
+        canvas.setDotsPerMeterY(whiteCanvas({1, 1}).dotsPerMeterY());
+        for (const WhiteIs white : {WhiteIs::Transparent, WhiteIs::Opaque}) {
+            const bool transparent = white == WhiteIs::Transparent;
+            char *text = pad->Base64EncodeEx(pad.type(), EBITI_PNG, transparent);
+            EXPECT_EQ(QByteArray::fromBase64(text), byQt(canvas, white)) << clipped << transparent;
+            pad->Base64EncodeExFree(pad.type(), text);
+            ASSERT_EQ(files.save(pad, transparent ? ITI_PNG : ITI_BITMAP, "pad.png"), ARI_SUCCESS);
+            ASSERT_TRUE(plain::saveImage(canvas, files.path("qt.png").toUtf8(), transparent));
+            EXPECT_EQ(files.bytes("pad.png"), files.bytes("qt.png")) << clipped << transparent;
         }
     }
 }

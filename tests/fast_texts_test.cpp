@@ -171,6 +171,8 @@ void expectEveryWayEqual(const QImage &image, PngStream &kept)
     const QByteArray png = kept.encoded(image);
     if (image.width() * image.height() > 5000) { // smaller ones are Qt's
         EXPECT_EQ(png, byPlain(image, "PNG", true));
+        PngStream opaque(PngStream::Memory::None, WhiteIs::Opaque);
+        EXPECT_EQ(opaque.encoded(image), byPlain(image, "PNG", false));
     }
     QImage expected = image;
     plain::makeWhiteTransparent(expected);
