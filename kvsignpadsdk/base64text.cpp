@@ -3,6 +3,7 @@
 #include "kvsignpadsdk_global.h"
 
 #include <cstring>
+#include <memory>
 
 namespace base64text {
 
@@ -67,6 +68,18 @@ char *newText(const void *bytes, size_t size, size_t &length)
     char *text = new char[length + 1];
     *append(text, bytes, size) = '\0';
     return text;
+}
+
+// The bytes stand at the end of the room for the text: four characters never reach the three bytes after theirs.
+char *newText(size_t size, const std::function<bool(char *to)> &put, size_t &length)
+{
+    length = (size + 2) / 3 * 4;
+    std::unique_ptr<char[]> text(new char[length + 1]);
+    char *bytes = text.get() + length - size;
+    if (!put(bytes))
+        return nullptr;
+    *append(text.get(), bytes, size) = '\0';
+    return text.release();
 }
 
 char *newText(const QByteArray &bytes, int *length)

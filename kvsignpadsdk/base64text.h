@@ -6,6 +6,7 @@
 #include <QByteArray>
 
 #include <cstddef>
+#include <functional>
 
 namespace base64text {
 
@@ -17,6 +18,10 @@ char *append(char *to, const void *bytes, size_t size);
 
 /// A new zero-terminated text (array new) of any number of bytes, and its length without the zero.
 char *newText(const void *bytes, size_t size, size_t &length);
+
+/// The text of `size` bytes that `put` writes to where it is told, without a copy of them beside the text. Null when
+/// `put` answers false.
+char *newText(size_t size, const std::function<bool(char *to)> &put, size_t &length);
 
 char *newText(const QByteArray &bytes, int *length = nullptr);
 

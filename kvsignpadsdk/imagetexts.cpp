@@ -5,6 +5,8 @@
 
 #include <QBuffer>
 
+#include <memory>
+
 namespace imagetexts {
 
 namespace {
@@ -41,6 +43,18 @@ QByteArray encoded(QImage image, int nImageTypeID, bool transparent, PngStream *
     if (!image.save(&buffer, format))
         bytes.clear();
     return bytes;
+}
+
+char *publishedText(PrivateFile &file, size_t &size, size_t &length)
+{
+    size = file.size();
+    std::unique_ptr<char[]> text(base64text::newText(
+        size, [&](char *to) { return file.read(to); }, length));
+    if (text != nullptr && file.publish())
+        return text.release();
+    size = 0;
+    length = 0;
+    return new char[1]();
 }
 
 } // namespace imagetexts

@@ -147,6 +147,10 @@ void freeText(Pad &, const char *function, char *pEncodedData)
     KV_LOG(key, "<%ld>-leave !");
 }
 
+/// Puts the file in its place and answers its text, with the number of bytes and of characters: none when the file
+/// cannot be had whole.
+char *publishedText(PrivateFile &file, size_t &size, size_t &length);
+
 template <class Pad>
 char *svgText(Pad &pad)
 {
@@ -163,13 +167,13 @@ char *svgText(Pad &pad)
             cut.box.top(), cut.box.right(), cut.box.bottom());
     PrivateFile file("/tmp/KVeSign.svg");
     svgdrawing::draw(pad, file.device(), cut.size, 150, cut.box.topLeft());
-    const QByteArray byteArray = file.publish();
+    size_t size = 0;
+    size_t nBase64Size = 0;
+    char *pBase64Data = publishedText(file, size, nBase64Size);
     if constexpr (Pad::row.logsSvgFileClosed)
         KV_LOG(key, "<%ld>-after call f.close()...");
-    KV_LOG(key, "<%ld>-byteArray size=%d", byteArray.size());
-    int nBase64Size = 0;
-    char *pBase64Data = base64text::newText(byteArray, &nBase64Size);
-    KV_LOG(key, "<%ld>-nBase64Size=%d", nBase64Size);
+    KV_LOG(key, "<%ld>-byteArray size=%d", static_cast<int>(size));
+    KV_LOG(key, "<%ld>-nBase64Size=%d", static_cast<int>(nBase64Size));
     KV_LOG(key, "<%ld>-leave with pBase64Data=%lx !", logging::address(pBase64Data));
     return pBase64Data;
 }

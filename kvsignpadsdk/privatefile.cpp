@@ -1,5 +1,6 @@
 #include "privatefile.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
@@ -18,36 +19,58 @@ bool isOursOrFree(const QByteArray &path)
 
 } // namespace
 
+// Qt's own file device does not tell its users of a write that was cut off.
+qint64 PrivateFile::Device::writeData(const char *bytes, qint64 size)
+{
+    for (qint64 done = 0; done < size && !failed;) {
+        const ssize_t now = ::write(descriptor, bytes + done, static_cast<size_t>(size - done));
+        if (now > 0) {
+            done += now;
+            written += static_cast<size_t>(now);
+        } else {
+            failed = now == 0 || errno != EINTR;
+        }
+    }
+    return failed ? -1 : size;
+}
+
 PrivateFile::PrivateFile(const char *path)
     : m_path(path)
 {
     if (!isOursOrFree(m_path))
         return;
     QByteArray ownPath = m_path + ".XXXXXX";
-    const int descriptor = ::mkostemp(ownPath.data(), O_CLOEXEC); // mode 0600
-    if (descriptor < 0)
+    m_device.descriptor = ::mkostemp(ownPath.data(), O_CLOEXEC); // mode 0600
+    if (m_device.descriptor < 0)
         return;
     m_ownPath = ownPath;
-    if (m_file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle))
-        m_buffer.open(QIODevice::WriteOnly);
-    else
-        ::close(descriptor);
+    m_device.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
 }
 
 PrivateFile::~PrivateFile()
 {
-    m_file.close();
+    if (m_device.descriptor >= 0)
+        ::close(m_device.descriptor);
     if (!m_ownPath.isEmpty())
         ::unlink(m_ownPath.constData());
 }
 
-QByteArray PrivateFile::publish()
+bool PrivateFile::read(char *to) const
 {
-    const QByteArray bytes = m_buffer.data();
-    if (!m_file.isOpen() || m_file.write(bytes) != bytes.size() || !isOursOrFree(m_path)
-        || ::rename(m_ownPath.constData(), m_path.constData()) != 0)
-        return {};
+    for (size_t done = 0; done < size();) {
+        const ssize_t now = ::pread(m_device.descriptor, to + done, size() - done, static_cast<off_t>(done));
+        if (now > 0)
+            done += static_cast<size_t>(now);
+        else if (now == 0 || errno != EINTR)
+            return false;
+    }
+    return true;
+}
+
+bool PrivateFile::publish()
+{
+    if (size() == 0 || !isOursOrFree(m_path) || ::rename(m_ownPath.constData(), m_path.constData()) != 0)
+        return false;
     m_ownPath.clear();
-    m_file.close();
-    return bytes;
+    return true;
 }

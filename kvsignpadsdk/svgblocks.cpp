@@ -24,7 +24,8 @@ QByteArray textOf(const svglines::Drawing &like, std::vector<svglines::Line> lin
     QByteArray text;
     QBuffer buffer(&text);
     buffer.open(QIODevice::WriteOnly);
-    svglines::writePlainly(buffer, {like.size, like.dpi, like.colour, {}, std::move(lines)});
+    const size_t count = lines.size();
+    svglines::writePlainly(buffer, {like.size, like.dpi, like.colour, {}, svglines::linesOf(std::move(lines)), count});
     return text;
 }
 

@@ -21,35 +21,58 @@ QImage asPixmapHolds(const QImage &image);
 /// Draws the fingerprint layer centred.
 void drawFingerprint(QPainter &painter, QImage layer, const QSize &size, int nDPI);
 
-/// The lines: one from each point to the next of its stroke, with the later point's width. Points that end a stroke
-/// are not drawn.
+/// The lines, made one by one: from each point to the next of its stroke, with the later point's width. Points that end
+/// a stroke are not drawn.
 template <class Pad>
-std::vector<svglines::Line> linesOf(Pad &pad, const inkpoints::List &points, const QPoint &origin)
+class LineMaker
 {
-    const bool clipped = shared::get(pad.m_bClipImage);
-    const bool withPressure = shared::get(pad.m_bWithPressureValue);
-    const int fixedWidth = shared::get(pad.m_nSignWidthLevel);
-    std::vector<svglines::Line> lines;
-    lines.reserve(points.size());
-    bool drawn = false;
-    QPointF previous;
-    for (const _POINTDATA &point : points) {
-        if (point.bStrokeEnd) {
-            drawn = false;
-            continue;
+public:
+    LineMaker(Pad &pad, const inkpoints::List &points, const QPoint &origin)
+        : m_pad(pad)
+        , m_points(points)
+        , m_origin(shared::get(pad.m_bClipImage) ? origin : QPoint())
+        , m_withPressure(shared::get(pad.m_bWithPressureValue))
+        , m_fixedWidth(shared::get(pad.m_nSignWidthLevel))
+    {
+    }
+
+    /// False behind the last line.
+    bool next(svglines::Line &line)
+    {
+        while (m_next < m_points.size()) {
+            const bool joined = m_joined;
+            const QPointF previous = m_here;
+            double width = 0;
+            m_joined = place(m_points[m_next++], width);
+            if (joined && m_joined) {
+                line = {previous, m_here, m_withPressure ? width : m_fixedWidth};
+                return true;
+            }
         }
+        return false;
+    }
+
+private:
+    bool place(const _POINTDATA &point, double &width)
+    {
+        if (point.bStrokeEnd)
+            return false;
         double x = 0;
         double y = 0;
-        double width = 0;
-        pad.ConvertSignRawDataToSignWndData(point.nX, point.nY, point.nPressureValue, x, y, width);
-        const QPointF here = clipped ? QPointF(x - origin.x(), y - origin.y()) : QPointF(x, y);
-        if (drawn)
-            lines.push_back({previous, here, withPressure ? width : fixedWidth});
-        previous = here;
-        drawn = true;
+        m_pad.ConvertSignRawDataToSignWndData(point.nX, point.nY, point.nPressureValue, x, y, width);
+        m_here = QPointF(x - m_origin.x(), y - m_origin.y());
+        return true;
     }
-    return lines;
-}
+
+    Pad &m_pad;
+    const inkpoints::List &m_points;
+    const QPoint m_origin;
+    const bool m_withPressure;
+    const int m_fixedWidth;
+    size_t m_next = 0;
+    bool m_joined = false; ///< the stroke goes on from m_here
+    QPointF m_here;
+};
 
 /// Writes the whole drawing to the device, which should be open; nothing is written to one that is not.
 template <class Pad>
@@ -60,7 +83,9 @@ void draw(Pad &pad, QIODevice &device, const QSize &size, int nDPI, const QPoint
     const inkpoints::List points = inkpoints::snapshot(pad);
     KV_LOG(key, "<%ld>-nInkCount=%d", static_cast<int>(points.size()));
     if (device.isOpen()) {
-        svglines::Drawing drawing{size, nDPI, strokes::drawColour(pad), {}, linesOf(pad, points, origin)};
+        LineMaker<Pad> lines(pad, points, origin);
+        svglines::Drawing drawing{size, nDPI, strokes::drawColour(pad), {},
+            [&lines](svglines::Line &line) { return lines.next(line); }, points.size()};
         if constexpr (Pad::row.model.hasFingerprint) {
             if (shared::get(pad.m_nCurrentFPRawDataWithBestScore) > 0)
                 drawing.below = [&](QPainter &painter) {

@@ -14,16 +14,13 @@ namespace {
 constexpr size_t kFew = 32; // taking the blocks costs as much as these many lines
 constexpr int kPiece = 1 << 16; // bytes written at a time
 
-bool agrees(const Drawing &drawing)
+QByteArray plainText(Drawing drawing)
 {
-    QByteArray plain;
-    QByteArray quick;
-    QBuffer plainBuffer(&plain);
-    QBuffer quickBuffer(&quick);
-    plainBuffer.open(QIODevice::WriteOnly);
-    quickBuffer.open(QIODevice::WriteOnly);
-    writePlainly(plainBuffer, drawing);
-    return writeQuickly(quickBuffer, drawing) && plain == quick;
+    QByteArray text;
+    QBuffer buffer(&text);
+    buffer.open(QIODevice::WriteOnly);
+    writePlainly(buffer, drawing);
+    return text;
 }
 
 // Every kind of line, and numbers of every form.
@@ -31,12 +28,19 @@ bool agreesWithQt()
 {
     const QPointF points[] = {{0, 0}, {1.0 / 3, 1e-7}, {123456.5, 99999.95}, {1234567.8, 0.1}, {-12.25, 1e9}, {7, 8}};
     const double widths[] = {4.5, 0, 1e-9, 20.0784, -3, 2.5};
-    Drawing drawing{{400, 200}, 150, QColor(10, 20, 30, 77), {}, {}};
+    std::vector<Line> lines;
     for (int i = 0; i < 5; ++i) {
-        drawing.lines.push_back({points[i], points[i + 1], widths[i]});
-        drawing.lines.push_back({points[i], points[i], widths[i + 1]});
+        lines.push_back({points[i], points[i + 1], widths[i]});
+        lines.push_back({points[i], points[i], widths[i + 1]});
     }
-    return agrees(drawing);
+    const auto drawing = [&]() -> Drawing {
+        return {{400, 200}, 150, QColor(10, 20, 30, 77), {}, linesOf(lines), lines.size()};
+    };
+    QByteArray quick;
+    QBuffer buffer(&quick);
+    buffer.open(QIODevice::WriteOnly);
+    Drawing again = drawing();
+    return writeQuickly(buffer, again) && plainText(drawing()) == quick;
 }
 
 void drawLine(QPainter &painter, const Line &line, const QColor &colour)
@@ -46,11 +50,32 @@ void drawLine(QPainter &painter, const Line &line, const QColor &colour)
     painter.drawLine(QLineF(line.from, line.to));
 }
 
+void putBack(Drawing &drawing, const Line &first)
+{
+    drawing.next = [first, isTaken = false, rest = std::move(drawing.next)](Line &line) mutable {
+        if (isTaken)
+            return rest(line);
+        line = first;
+        isTaken = true;
+        return true;
+    };
+}
+
 } // namespace
 
-void write(QIODevice &device, const Drawing &drawing)
+Source linesOf(std::vector<Line> lines)
 {
-    if (drawing.lines.size() > kFew) {
+    return [lines = std::move(lines), next = size_t{0}](Line &line) mutable {
+        if (next == lines.size())
+            return false;
+        line = lines[next++];
+        return true;
+    };
+}
+
+void write(QIODevice &device, Drawing &drawing)
+{
+    if (drawing.atMost > kFew) {
         static const bool quickIsRight = agreesWithQt();
         if (quickIsRight && writeQuickly(device, drawing))
             return;
@@ -68,26 +93,26 @@ void writePlainly(QIODevice &device, const Drawing &drawing)
     QPainter painter(&generator);
     if (drawing.below)
         drawing.below(painter);
-    for (const Line &line : drawing.lines)
+    for (Line line; drawing.next(line);)
         drawLine(painter, line, drawing.colour);
 }
 
-bool writeQuickly(QIODevice &device, const Drawing &drawing)
+bool writeQuickly(QIODevice &device, Drawing &drawing)
 {
     SvgBlocks blocks;
-    if (drawing.lines.empty() || !blocks.take(drawing))
+    Line first;
+    if (!blocks.take(drawing) || !drawing.next(first))
         return false;
     // All up to the first line is Qt's own.
-    QByteArray text;
-    QBuffer buffer(&text);
-    buffer.open(QIODevice::WriteOnly);
-    writePlainly(buffer, {drawing.size, drawing.dpi, drawing.colour, drawing.below, {drawing.lines.front()}});
-    if (!text.endsWith(blocks.end()))
+    QByteArray text = plainText({drawing.size, drawing.dpi, drawing.colour, drawing.below, linesOf({first}), 1});
+    if (!text.endsWith(blocks.end())) {
+        putBack(drawing, first);
         return false;
+    }
     text.chop(blocks.end().size());
     text.reserve(2 * kPiece);
-    for (size_t i = 1; i < drawing.lines.size(); ++i) {
-        blocks.append(text, drawing.lines[i]);
+    for (Line line; drawing.next(line);) {
+        blocks.append(text, line);
         if (text.size() > kPiece) {
             device.write(text);
             text.resize(0);

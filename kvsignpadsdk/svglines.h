@@ -23,24 +23,31 @@ struct Line
     double width;
 };
 
+/// Hands out one line after the other, so that a long signature needs no memory for all of them; false behind the last.
+using Source = std::function<bool(Line &)>;
+
+/// The lines of a list.
+Source linesOf(std::vector<Line> lines);
+
 struct Drawing
 {
     QSize size; ///< drawing area and view box
     int dpi;
     QColor colour;
     std::function<void(QPainter &)> below; ///< draws what stands under the lines; may be empty
-    std::vector<Line> lines;
+    Source next;
+    size_t atMost; ///< lines that `next` may hand out
 };
 
-/// Writes the drawing to an open device, the quick way where it pays and agrees with Qt.
-void write(QIODevice &device, const Drawing &drawing);
+/// Writes the drawing, and takes its lines, to an open device, the quick way where it pays and agrees with Qt.
+void write(QIODevice &device, Drawing &drawing);
 
 /// Writes it with QSvgGenerator alone.
 void writePlainly(QIODevice &device, const Drawing &drawing);
 
-/// Writes it with Qt's own blocks, taken from small drawings, and the numbers put in; false, and nothing written, where
-/// Qt's blocks are not as they are known to be.
-bool writeQuickly(QIODevice &device, const Drawing &drawing);
+/// Writes it with Qt's own blocks, taken from small drawings, and the numbers put in; false, nothing written and every
+/// line still there, where Qt's blocks are not as they are known to be.
+bool writeQuickly(QIODevice &device, Drawing &drawing);
 
 } // namespace svglines
 

@@ -241,8 +241,9 @@ TEST(FastBase64, EqualsQts)
     }
 }
 
-QByteArray svg(const svglines::Drawing &drawing, bool quick)
+QByteArray svg(const std::vector<svglines::Line> &lines, const QColor &colour, bool quick)
 {
+    svglines::Drawing drawing{{431, 207}, 150, colour, {}, svglines::linesOf(lines), lines.size()};
     QByteArray text;
     QBuffer buffer(&text);
     buffer.open(QIODevice::WriteOnly);
@@ -256,10 +257,10 @@ QByteArray svg(const svglines::Drawing &drawing, bool quick)
 
 void expectSameSvg(const std::vector<plain::Segment> &segments, const QColor &colour)
 {
-    svglines::Drawing drawing{{431, 207}, 150, colour, {}, {}};
+    std::vector<svglines::Line> lines;
     for (const plain::Segment &segment : segments)
-        drawing.lines.push_back({segment.from, segment.to, segment.width});
-    EXPECT_EQ(svg(drawing, true), svg(drawing, false));
+        lines.push_back({segment.from, segment.to, segment.width});
+    EXPECT_EQ(svg(lines, colour, true), svg(lines, colour, false));
 }
 
 TEST(FastSvg, RecordingsOfEveryModel)

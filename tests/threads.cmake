@@ -15,6 +15,7 @@ endforeach()
 # The sanitizers count allocations in their own way.
 if(NOT KV_SANITIZE)
   kv_add_test(packet_allocations_test packet_allocations_test.cpp PADS)
+  kv_add_test(output_memory_test output_memory_test.cpp inkpicture.cpp PADS)
 endif()
 
 # A C compiler, the public header and the shared library: nothing else.
