@@ -1,7 +1,9 @@
 #include "base64text.h"
 
 #include "kvsignpadsdk_global.h"
+#include "plainways.h"
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
 
@@ -50,6 +52,10 @@ const char *formatName(int nImageTypeID)
 
 char *append(char *to, const void *bytes, size_t size)
 {
+    if (plainways::only) {
+        const QByteArray text = QByteArray(static_cast<const char *>(bytes), static_cast<int>(size)).toBase64();
+        return std::copy(text.begin(), text.end(), to);
+    }
     const auto *from = static_cast<const unsigned char *>(bytes);
     for (; size >= 3; size -= 3, from += 3)
         to = writeGroup(to, static_cast<unsigned>(from[0] << 16 | from[1] << 8 | from[2]));

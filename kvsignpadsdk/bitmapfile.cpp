@@ -1,5 +1,7 @@
 #include "bitmapfile.h"
 
+#include "plainways.h"
+
 #include <QBuffer>
 
 #include <cstdint>
@@ -84,7 +86,7 @@ bool isAsQtWrites()
 
 QByteArray encoded(const QImage &image)
 {
-    static const bool asQtWrites = isAsQtWrites();
+    static const bool asQtWrites = !plainways::only && isAsQtWrites();
     if (!asQtWrites || image.isNull() || image.format() != QImage::Format_ARGB32)
         return {};
     return written(image);

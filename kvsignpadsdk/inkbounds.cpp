@@ -1,6 +1,7 @@
 #include "inkbounds.h"
 
 #include "opaquepixels.h"
+#include "plainways.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -116,7 +117,7 @@ Box scanLogged(const QImage &canvas)
 
 Box scan(const QImage &canvas)
 {
-    return logging::isOn() ? scanLogged(canvas) : scanQuietly(canvas);
+    return plainways::only || logging::isOn() ? scanLogged(canvas) : scanQuietly(canvas);
 }
 
 QRect withMargins(const Box &box, int width, int height, int marginX, int marginY)
@@ -147,7 +148,8 @@ void makeWhiteTransparentPlainly(QImage &image)
 
 void makeWhiteTransparent(QImage &image)
 {
-    const QImage fast = image.format() == QImage::Format_ARGB32 ? opaquepixels::whiteTransparent(image) : QImage();
+    const bool mayBeFast = !plainways::only && image.format() == QImage::Format_ARGB32;
+    const QImage fast = mayBeFast ? opaquepixels::whiteTransparent(image) : QImage();
     if (!fast.isNull())
         image = fast;
     else

@@ -1,5 +1,7 @@
 #include "jpegfile.h"
 
+#include "plainways.h"
+
 #include <QBuffer>
 #include <QColorSpace>
 
@@ -130,7 +132,7 @@ bool isPlainCanvas(const QImage &image)
 
 QByteArray encoded(const QImage &image)
 {
-    static const QByteArray resolution = resolutionWrittenByQt();
+    static const QByteArray resolution = plainways::only ? QByteArray() : resolutionWrittenByQt();
     if (resolution.isEmpty() || image.isNull() || !isPlainCanvas(image))
         return {};
     return written(image, resolution);

@@ -1,6 +1,7 @@
 #include "mergecache.h"
 
 #include "fingerprint.h"
+#include "plainways.h"
 
 #include <algorithm>
 #include <cmath>
@@ -52,7 +53,8 @@ bool MergeCache::mergeSegment(const Parts &parts)
     const QRect box = m_segment.intersected(parts.ink.rect());
     const bool announced = !m_segment.isNull();
     m_segment = QRect();
-    if (!announced || !(known(parts) == m_merged) || !parts.canvas.isDetached() || !m_inkOpacity.isOpaque(parts.ink))
+    if (plainways::only || !announced || !(known(parts) == m_merged) || !parts.canvas.isDetached()
+        || !m_inkOpacity.isOpaque(parts.ink))
         return false;
     if (parts.print != nullptr && m_layer.isNull())
         makeLayer(parts);

@@ -1,5 +1,7 @@
 #include "opaquepixels.h"
 
+#include "plainways.h"
+
 namespace opaquepixels {
 
 namespace {
@@ -58,6 +60,8 @@ QImage viewWithoutAlpha(const QImage &image)
 
 bool Memo::isOpaque(const QImage &image)
 {
+    if (plainways::only)
+        return false;
     if (image.constBits() != m_bits || image.cacheKey() != m_key) {
         m_bits = image.constBits();
         m_key = image.cacheKey();

@@ -1,6 +1,7 @@
 #include "pngstream.h"
 
 #include "inkbounds.h"
+#include "plainways.h"
 
 #include <QBuffer>
 
@@ -133,7 +134,7 @@ void PngStream::forget()
 
 QByteArray PngStream::encoded(const QImage &image)
 {
-    return agreesWithQt(m_white) ? encodedUnchecked(image) : QByteArray();
+    return !plainways::only && agreesWithQt(m_white) ? encodedUnchecked(image) : QByteArray();
 }
 
 QByteArray PngStream::encodedUnchecked(const QImage &image)

@@ -1,5 +1,6 @@
 #include "svglines.h"
 
+#include "plainways.h"
 #include "strokes.h"
 #include "svgblocks.h"
 
@@ -75,7 +76,7 @@ Source linesOf(std::vector<Line> lines)
 
 void write(QIODevice &device, Drawing &drawing)
 {
-    if (drawing.atMost > kFew) {
+    if (!plainways::only && drawing.atMost > kFew) {
         static const bool quickIsRight = agreesWithQt();
         if (quickIsRight && writeQuickly(device, drawing))
             return;
