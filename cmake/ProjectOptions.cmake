@@ -18,6 +18,11 @@ if(KV_SANITIZE)
   add_link_options(-fsanitize=${KV_SANITIZE})
 endif()
 
+option(KV_FUZZ "Build fuzz/ as programs of libFuzzer, which takes clang" OFF)
+if(KV_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 find_program(KV_CCACHE ccache)
 if(KV_CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${KV_CCACHE})

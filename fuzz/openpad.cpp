@@ -19,6 +19,8 @@ void find(void *handle, Function &function, const char *name)
     KV_PROMISE(function != nullptr);
 }
 
+std::unique_ptr<OpenPad> kept;
+
 } // namespace
 
 Driver::Driver()
@@ -66,6 +68,19 @@ OpenPad::~OpenPad()
 QWidget *OpenPad::widget() const
 {
     return m_window == nullptr ? nullptr : m_window->findChild<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+OpenPad &keptPad()
+{
+    if (kept == nullptr)
+        kept = std::make_unique<OpenPad>(kS300Family, true, 20, 10);
+    KV_PROMISE(kept->isOpen());
+    return *kept;
+}
+
+void closeKeptPad()
+{
+    kept.reset();
 }
 
 void settle()

@@ -56,6 +56,12 @@ private:
     bool m_open = false;
 };
 
+/// A headless S300 that stays open from one input to the next, for what leaves nothing behind in it.
+OpenPad &keptPad();
+
+/// A program has one pad open at a time.
+void closeKeptPad();
+
 /// Processes posted events, paints and deferred deletes.
 void settle();
 
