@@ -40,10 +40,12 @@ GreyImage readPgm(std::istream &in, const std::string &name)
     image.height = headerNumber(in);
     if (image.width < 1 || image.height < 1 || headerNumber(in) != 255)
         throw std::runtime_error(name + ": not a PGM header with 255 grey levels");
-    image.pixels.resize(static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height));
-    in.read(reinterpret_cast<char *>(image.pixels.data()), static_cast<std::streamsize>(image.pixels.size()));
-    if (in.gcount() != static_cast<std::streamsize>(image.pixels.size()))
-        throw std::runtime_error(name + ": shorter than its header says");
+    std::vector<char> row(static_cast<std::size_t>(image.width));
+    for (int y = 0; y < image.height; ++y) { // so that no more is asked for than the file has
+        if (!in.read(row.data(), image.width))
+            throw std::runtime_error(name + ": shorter than its header says");
+        image.pixels.insert(image.pixels.end(), row.begin(), row.end());
+    }
     return image;
 }
 

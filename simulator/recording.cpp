@@ -13,7 +13,14 @@ namespace {
 
 constexpr std::string_view kPadVersionKey = "pad-version";
 
+/// Whether a header line with this key would be read as an event.
+bool looksLikeEvent(std::string_view key, int version)
+{
+    const std::string_view firstField = split(key).at[0];
+    return startsNumber(firstField) || startsEvent(firstField, version);
 }
+
+} // namespace
 
 RecordingError::RecordingError(const std::string &file, int line, const std::string &reason)
     : std::runtime_error(file + ":" + std::to_string(line) + ": " + reason)
@@ -23,20 +30,25 @@ RecordingError::RecordingError(const std::string &file, int line, const std::str
 RecordingReader::RecordingReader(std::istream &in, std::string name)
     : m_in(in)
     , m_name(std::move(name))
+    , m_bytes(kLongestLine + 1)
 {
     readHeader();
 }
 
-void RecordingReader::refuse(const std::string &reason) const
+void RecordingReader::refuseLine(int line, const std::string &reason) const
 {
-    throw RecordingError(m_name, std::max(m_lineNumber, 1), reason);
+    throw RecordingError(m_name, std::max(line, 1), reason);
 }
 
 bool RecordingReader::readLine()
 {
-    while (std::getline(m_in, m_line)) {
+    while (m_in.getline(m_bytes.data(), static_cast<std::streamsize>(m_bytes.size())) || m_in.gcount() > 0) {
         ++m_lineNumber;
-        m_line = trimmed(m_line);
+        const bool hasEnd = !m_in.eof();
+        if (hasEnd && m_in.fail() && !m_in.bad())
+            refuse("the line is longer than " + std::to_string(kLongestLine) + " bytes");
+        const auto length = static_cast<std::size_t>(m_in.gcount()) - (hasEnd ? 1 : 0);
+        m_line = trimmed({m_bytes.data(), length});
         if (!m_line.empty() && m_line.front() != '#')
             return true;
     }
@@ -48,9 +60,8 @@ bool RecordingReader::readLine()
 void RecordingReader::readHeader()
 {
     while (!m_lineWaits && readLine()) {
-        const std::string_view firstField = split(m_line).at[0];
         // The words of version 2 were part of keys in version 1.
-        if (startsEvent(firstField, m_version) || startsNumber(firstField) || m_line.find(':') == std::string::npos)
+        if (looksLikeEvent(m_line, m_version) || m_line.find(':') == std::string::npos)
             m_lineWaits = true;
         else
             takeHeaderLine(m_line);
@@ -61,8 +72,19 @@ void RecordingReader::readHeader()
         refuse("the header has no version");
     if (m_model.empty())
         refuse("the header has no model");
+    checkNotes();
     if (m_version >= 2)
         takePadVersion();
+}
+
+/// What stood before the version was read as a note, whatever it is in that version.
+void RecordingReader::checkNotes()
+{
+    for (std::size_t i = 0; i < m_notes.size(); ++i)
+        if (looksLikeEvent(m_notes[i].first, m_version))
+            refuseLine(m_noteLines[i],
+                "in version " + std::to_string(m_version) + " no key begins with "
+                    + quoted(split(m_notes[i].first).at[0]) + ", which begins an event");
 }
 
 void RecordingReader::takeHeaderLine(std::string_view line)
@@ -77,7 +99,10 @@ void RecordingReader::takeHeaderLine(std::string_view line)
             refuse("unknown model " + quoted(value));
         m_model = value;
     } else {
+        if (m_notes.size() == kMostHeaderLines)
+            refuse("the header has more than " + std::to_string(kMostHeaderLines) + " lines");
         m_notes.emplace_back(key, value);
+        m_noteLines.push_back(m_lineNumber);
     }
 }
 
@@ -138,8 +163,10 @@ void writeRecording(std::ostream &out, const Recording &recording)
     out << "version: " << std::to_string(version) << "\nmodel: " << recording.model << '\n';
     if (!recording.padVersion.empty())
         out << kPadVersionKey << ": " << recording.padVersion << '\n';
-    for (const auto &[key, value] : recording.notes)
-        out << key << ": " << value << '\n';
+    for (const auto &[key, value] : recording.notes) {
+        const bool isNote = !looksLikeEvent(key, version) && (version < 2 || key != kPadVersionKey);
+        out << (isNote ? "" : "# ") << key << ": " << value << '\n';
+    }
     for (const Event &event : recording.events)
         out << eventLine(event) << '\n';
 }

@@ -17,6 +17,10 @@ namespace kvsim {
 /// The newest version that is read and written.
 inline constexpr int kRecordingVersion = 2;
 
+// More is not read, so that what a file or a window sends takes no more memory than a recording needs.
+inline constexpr std::size_t kLongestLine = 65536; ///< bytes, without its end
+inline constexpr std::size_t kMostHeaderLines = 1000;
+
 struct Recording
 {
     std::string model;
@@ -32,7 +36,7 @@ public:
     RecordingError(const std::string &file, int line, const std::string &reason);
 };
 
-/// Reads a recording event by event, so that its length does not matter.
+/// Reads a recording event by event, so that its length does not matter. What it holds is one line, and the header.
 class RecordingReader
 {
 public:
@@ -53,10 +57,13 @@ private:
     void takeHeaderLine(std::string_view line);
     void takeVersion(std::string_view value);
     void takePadVersion();
-    [[noreturn]] void refuse(const std::string &reason) const;
+    void checkNotes();
+    [[noreturn]] void refuse(const std::string &reason) const { refuseLine(m_lineNumber, reason); }
+    [[noreturn]] void refuseLine(int line, const std::string &reason) const;
 
     std::istream &m_in;
     std::string m_name;
+    std::vector<char> m_bytes; ///< a line as it is read
     std::string m_line; ///< the line in hand, without comment lines, blanks around it and line end
     int m_lineNumber = 0;
     bool m_lineWaits = false; ///< the header's reader met the first event
@@ -66,11 +73,13 @@ private:
     std::string m_model;
     std::string m_padVersion;
     std::vector<std::pair<std::string, std::string>> m_notes;
+    std::vector<int> m_noteLines; ///< their line numbers
 };
 
 Recording readRecording(std::istream &in, const std::string &name);
 
-/// Says the oldest version that the recording can be read with.
+/// Says the oldest version that the recording can be read with. A note that this version would take for something else
+/// is written as a comment.
 void writeRecording(std::ostream &out, const Recording &recording);
 
 } // namespace kvsim

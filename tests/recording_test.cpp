@@ -30,6 +30,14 @@ std::string write(const Recording &recording)
     return out.str();
 }
 
+std::string times(const std::string &text, int count)
+{
+    std::string all;
+    for (; count > 0; --count)
+        all += text;
+    return all;
+}
+
 struct Refused
 {
     const char *name;
@@ -63,6 +71,14 @@ const Refused kRefused[] = {
         "pen.kvrec:3: time '1000000000.5' is out of range"},
     {"ExponentTime", std::string(kHeader) + "1e3 1 2 3 0\n", "pen.kvrec:3: time '1e3' is not a number of milliseconds"},
     {"CommaTime", std::string(kHeader) + "1,5 1 2 3 0\n", "pen.kvrec:3: time '1,5' is not a number of milliseconds"},
+    {"EndlessLine", std::string(kHeader) + "0 1 2 3 0\n" + std::string(65537, ' ') + "\n",
+        "pen.kvrec:4: the line is longer than 65536 bytes"},
+    {"EndlessHeader", std::string(kHeader) + times("note: x\n", 1001),
+        "pen.kvrec:1003: the header has more than 1000 lines"},
+    {"NoteThatIsAnEventInVersion2", "weather: fine\nplug in: by hand\nversion: 2\nmodel: S300\n0 1 2 3 0\n",
+        "pen.kvrec:2: in version 2 no key begins with 'plug', which begins an event"},
+    {"NoteThatIsAnEventInVersion1", "fingerprint by: hand\nversion: 1\nmodel: S300\n",
+        "pen.kvrec:1: in version 1 no key begins with 'fingerprint', which begins an event"},
     {"UnknownEvent", std::string(kHeader) + "explode 10\n", "pen.kvrec:3: unknown event 'explode'"},
     {"HeaderTooLate", std::string(kHeader) + "0 1 2 3 0\ntitle: late\n", "pen.kvrec:4: unknown event 'title:'"},
     {"FingerprintFields", std::string(kHeader) + "fingerprint 10 a.pgm\n",
@@ -138,6 +154,9 @@ const Accepted kAccepted[] = {
             + "answer 0 Initial -4\ntext 0 GetDevicePadID\nscreen 1 5\nunplug 1\nplug 2\n"
               "raw 3 1 2 3 9\nrepeat 3 1000000\nstall 4 0\nfingerprint 5 - -1\n",
         9},
+    {"LongestLine", std::string(kHeader) + "0 1 2 3 0" + std::string(65527, ' ') + "\n1 1 2 3 0", 2},
+    {"LongestHeader", std::string(kHeader) + times("note: x\n", 1000) + "0 1 2 3 0\n", 1},
+    {"Version2WordInAVersion1Key", "plug in: by hand\nversion: 1\nmodel: S300\n0 1 2 3 0\n", 1},
     {"UnknownKeys", std::string(kHeader) + "weather: rain: heavy\n0 1 2 3 0\n", 1},
 };
 
@@ -217,6 +236,17 @@ TEST(Recording, AWriterSaysTheOldestVersionThatSuffices)
              "version: 2\nmodel: S300\nscreen 1 2\nunplug 3\nplug 4\n"})
         EXPECT_EQ(write(read(text)), text);
     EXPECT_EQ(write(read("version: 2\nmodel: S300\n0 1 2 3 0\n")), "version: 1\nmodel: S300\n0 1 2 3 0\n");
+}
+
+TEST(Recording, ANoteThatANewerVersionTakesForSomethingElseIsWrittenAsAComment)
+{
+    Recording recording = read("version: 1\nmodel: S300\nplug in: by hand\npad-version: new\nplace: home\n0 1 2 3 0\n");
+    EXPECT_EQ(recording.notes.size(), 3u);
+    recording.events.emplace_back().kind = Event::Kind::Unplug;
+    const std::string text = write(recording);
+    EXPECT_EQ(
+        text, "version: 2\nmodel: S300\n# plug in: by hand\n# pad-version: new\nplace: home\n0 1 2 3 0\nunplug 0\n");
+    EXPECT_EQ(write(read(text)), "version: 2\nmodel: S300\nplace: home\n0 1 2 3 0\nunplug 0\n");
 }
 
 TEST(Recording, NumbersDoNotFollowTheLocale)
