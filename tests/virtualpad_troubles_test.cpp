@@ -72,6 +72,36 @@ TEST_F(VirtualPadTest, PluggedInAgainItGoesOn)
     EXPECT_TRUE(until([&] { return lastStrokeEnded(); }));
 }
 
+int pixelsOf(const QColor &colour, const QImage &image)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            count += image.pixel(x, y) == colour.rgb();
+    return count;
+}
+
+TEST_F(VirtualPadTest, UnpluggedItsLightAndItsScreenGoOut)
+{
+    const QColor light("#58d26b");
+    const auto look = [&] { return face()->grab().toImage(); };
+    openWindow();
+    EXPECT_EQ(pixelsOf(light, look()), 0);
+    ASSERT_TRUE(open(kS300Family));
+    write(0.2, 0.2, 0.6, 0.6);
+    ASSERT_TRUE(until([&] { return lastStrokeEnded() && face()->display().isScreenOn; }));
+    const QImage lit = look();
+    EXPECT_GT(pixelsOf(light, lit), 20);
+    const QRgb surface = lit.pixel(place(0.9, 0.1));
+    toggle("Unplug");
+    const QImage dark = look();
+    EXPECT_EQ(pixelsOf(light, dark), 0);
+    EXPECT_NE(dark.pixel(place(0.9, 0.1)), surface);
+    EXPECT_EQ(dark.pixel(place(0.4, 0.4)), dark.pixel(place(0.9, 0.1))); // no ink to be seen
+    toggle("Unplug");
+    EXPECT_EQ(look(), lit);
+}
+
 TEST_F(VirtualPadTest, AnotherModelIsRefused)
 {
     openWindow();

@@ -220,7 +220,7 @@ void PadFace::touchDown(std::int64_t now, const PenPoint &point, const QPointF &
     m_pressedButton = button(kConfirm).contains(place) ? kConfirm : button(kCancel).contains(place) ? kCancel : -1;
     if (sensorArea().contains(place))
         emit sensorTouched();
-    m_isTouched = m_pressedButton >= 0 || writingArea().contains(place);
+    m_isTouched = m_display.hasPower && (m_pressedButton >= 0 || writingArea().contains(place));
     if (!m_isTouched)
         return;
     constexpr int kStatus[] = {KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON, KVSPDARI_PS_PEN_DOWN_ON_CANCEL_BUTTON};
@@ -268,7 +268,7 @@ void PadFace::paintBody(QPainter &painter) const
 
     const QRectF area = writingArea();
     const double light = area.width() * 0.012;
-    painter.setBrush(m_display.isOpen ? QColor("#58d26b") : look.body.darker(160));
+    painter.setBrush(m_display.isOpen && m_display.hasPower ? QColor("#58d26b") : look.body.darker(160));
     painter.drawEllipse(QPointF(all.right() - radius * 1.4, all.top() + radius * 1.4), light, light);
     QFont font = painter.font();
     font.setPixelSize(std::max(9, static_cast<int>(area.width() * 0.024)));
@@ -283,7 +283,7 @@ void PadFace::paintSurface(QPainter &painter) const
 {
     const PadLook &look = lookOf(m_model->deviceType);
     const QRectF area = writingArea();
-    const bool isLit = m_display.isOpen && (m_display.isScreenOn || !m_model->hasScreen);
+    const bool isLit = m_display.isOpen && m_display.hasPower && (m_display.isScreenOn || !m_model->hasScreen);
     painter.setPen(QPen(look.body.darker(170), 2));
     painter.setBrush(isLit ? look.surfaceOn : look.surfaceOff);
     painter.drawRect(area);

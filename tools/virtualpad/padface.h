@@ -22,6 +22,7 @@ namespace virtualpad {
 /// What the pad shows, besides the ink.
 struct PadDisplay
 {
+    bool hasPower = true; ///< it is plugged in
     bool isOpen = false; ///< a program has the pad open
     bool isScreenOn = false;
     QString version; ///< empty: not shown

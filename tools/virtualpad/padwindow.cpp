@@ -117,6 +117,7 @@ void PadWindow::showModel()
 void PadWindow::showOpened()
 {
     PadDisplay display;
+    display.hasPower = m_face->display().hasPower;
     display.isOpen = true;
     m_packets = 0;
     m_models->setEnabled(false); // it is what the program opened it as
@@ -128,7 +129,9 @@ void PadWindow::showOpened()
 void PadWindow::showClosed()
 {
     m_models->setEnabled(true);
-    m_face->setDisplay({});
+    PadDisplay display;
+    display.hasPower = m_face->display().hasPower;
+    m_face->setDisplay(display);
     m_face->clearInk();
     showStatus();
 }
@@ -160,6 +163,9 @@ void PadWindow::applyTroubles()
 {
     m_server.setTroubles(
         {m_unplug->isChecked(), m_refuse->isChecked(), m_otherModel->isChecked(), m_slowScreen->isChecked()});
+    PadDisplay display = m_face->display();
+    display.hasPower = !m_unplug->isChecked(); // what it was told to show is there again with the power
+    m_face->setDisplay(display);
     showStatus();
 }
 
