@@ -1,5 +1,7 @@
 #include "realdriver.h"
 
+#include "driverfile.h"
+
 #include <dlfcn.h>
 #include <stdexcept>
 
@@ -13,9 +15,21 @@ void *libraryOf(const void *address)
     return dladdr(address, &info) != 0 ? info.dli_fbase : nullptr;
 }
 
-/// RTLD_LOCAL, since the recorder exports the same names.
-void *load(const std::string &path)
+/// A driver runs with all that the signer's program may do.
+void refuseWhatOthersMayWrite(const std::string &path)
 {
+    const std::string consequence = "; it is not loaded (KVREC_TRUST=1 loads it all the same)";
+    if (path.find('/') == std::string::npos)
+        throw std::runtime_error(path + ": who may write it is not known without its folder" + consequence);
+    if (const auto weakness = driverfile::weaknessOf(path))
+        throw std::runtime_error(weakness->sentence() + consequence);
+}
+
+/// RTLD_LOCAL, since the recorder exports the same names.
+void *load(const std::string &path, bool isTrusted)
+{
+    if (!isTrusted)
+        refuseWhatOthersMayWrite(path);
     void *const library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (!library)
         throw std::runtime_error(dlerror());
@@ -36,8 +50,8 @@ Function RealDriver::find(const char *name) const
 
 #define KV_FIND(operation) operation(find<KVSPDAPI_##operation>("KVSPDAPI_" #operation))
 
-RealDriver::RealDriver(const std::string &path)
-    : m_library(load(path))
+RealDriver::RealDriver(const std::string &path, bool isTrusted)
+    : m_library(load(path, isTrusted))
     , KV_FIND(Initial)
     , KV_FIND(UnInitial)
     , KV_FIND(OpenDeviceLCD)

@@ -13,8 +13,9 @@ namespace kvrec {
 class RealDriver
 {
 public:
-    /// Throws std::runtime_error when it cannot be loaded or is this very library.
-    explicit RealDriver(const std::string &path);
+    /// Throws std::runtime_error when it cannot be loaded or is this very library; and, unless it is trusted, when
+    /// others could put another driver in its place.
+    RealDriver(const std::string &path, bool isTrusted);
     ~RealDriver();
     RealDriver(const RealDriver &) = delete;
     RealDriver &operator=(const RealDriver &) = delete;

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <pthread.h>
 
 namespace kvrec {
 
@@ -14,6 +15,12 @@ std::string setting(const char *name, const char *otherwise)
     return value && *value ? value : otherwise;
 }
 
+/// 0, or nothing, is no.
+bool isSet(const char *name)
+{
+    return setting(name, "0") != "0";
+}
+
 /// An operation that the real driver lacks cannot be lacking here.
 template <class Operation, class... Arguments>
 int forward(const Operation operation, Arguments... arguments)
@@ -21,12 +28,51 @@ int forward(const Operation operation, Arguments... arguments)
     return operation ? operation(arguments...) : KVSPDARI_FAILED;
 }
 
+/// The recorder of this process, from the library's being loaded until it is unloaded.
+class Current
+{
+public:
+    Current() { pthread_atfork(nullptr, nullptr, startAnew); }
+    ~Current()
+    {
+        if (m_recorder->isDone())
+            delete m_recorder; // otherwise the process exits, while the real driver may still deliver packets
+    }
+    Current(const Current &) = delete;
+    Current &operator=(const Current &) = delete;
+
+    Recorder &recorder() const { return *m_recorder; }
+
+private:
+    static void startAnew();
+
+    Recorder *m_recorder = new Recorder;
+    Recorder *m_parents = nullptr;
+};
+
+Current current;
+
+/// In a forked child. The pad, its threads and the recording are the parent's, and the locks that those threads held
+/// stay locked: what was is left alone.
+void Current::startAnew()
+{
+    current.m_parents = current.m_recorder;
+    current.m_recorder = new Recorder;
+}
+
 } // namespace
 
 Recorder &Recorder::instance()
 {
-    static Recorder recorder;
-    return recorder;
+    return current.recorder();
+}
+
+bool Recorder::isDone()
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_file)
+        m_file->finish();
+    return !m_isOpen;
 }
 
 /// Loaded at the first call. Null, which is said on stderr, when it cannot be.
@@ -35,7 +81,8 @@ const RealDriver *Recorder::driver()
     const std::lock_guard lock(m_mutex);
     if (!m_driver) {
         try {
-            m_driver = std::make_unique<RealDriver>(setting("KVREC_DRIVER", "./libkvsignpaddrv-real.so"));
+            m_driver = std::make_unique<RealDriver>(
+                setting("KVREC_DRIVER", "./libkvsignpaddrv-real.so"), isSet("KVREC_TRUST"));
         } catch (const std::exception &error) {
             std::fprintf(stderr, "kvsignpaddrv: %s\n", error.what());
         }
@@ -50,7 +97,7 @@ Recorder::FilePtr Recorder::openFile(int deviceType) const
     if (path.empty() || !pad)
         return nullptr;
     try {
-        return std::make_shared<SessionFile>(path, *pad, setting("KVREC_SCRAMBLE", "0") != "0");
+        return std::make_shared<SessionFile>(path, *pad, isSet("KVREC_SCRAMBLE"));
     } catch (const std::exception &error) {
         std::fprintf(stderr, "kvsignpaddrv: %s; nothing is recorded\n", error.what());
         return nullptr;

@@ -1,5 +1,6 @@
 /// @file
-/// The one recorder of a process: it forwards everything to the real driver and writes down what went through.
+/// The one recorder of a process: it forwards everything to the real driver and writes down what went through. A forked
+/// child has one of its own, which writes nothing of its parent's session.
 #ifndef RECORDER_H
 #define RECORDER_H
 
@@ -17,6 +18,9 @@ class Recorder
 {
 public:
     static Recorder &instance();
+
+    /// No pad is open. The recording of one that is has all that a recording needs, as far as it goes.
+    bool isDone();
 
     int initial(int deviceType, NOTIFY_HWSIGNDATA penPacket, NOTIFY_FPDATA fingerprint);
     int unInitial();
