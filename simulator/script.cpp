@@ -9,6 +9,7 @@
 #include <fstream>
 #include <limits>
 #include <sstream>
+#include <sys/stat.h>
 
 namespace kvsim {
 
@@ -62,6 +63,8 @@ std::unique_ptr<std::istream> Source::open(const std::string &name) const
             std::string(reinterpret_cast<const char *>(file->bytes), file->size));
     }
     const std::string path = isAbsolute ? name : directory + name;
+    if (struct stat info{}; stat(path.c_str(), &info) == 0 && !S_ISREG(info.st_mode))
+        throw std::runtime_error(path + ": is not a regular file"); // a pipe may never say anything
     auto stream = std::make_unique<std::ifstream>(path, std::ios::binary);
     if (!*stream)
         throw std::runtime_error(path + ": " + std::strerror(errno));
@@ -98,8 +101,7 @@ void EventTranslator::translate(const Event &event, std::vector<Delivery> &deliv
         deliveries.push_back({timeUs, m_lastPacket});
         return;
     case Event::Kind::Repeat:
-        for (int i = 0; i < event.value; ++i)
-            deliveries.push_back({timeUs, m_lastPacket});
+        deliveries.push_back({timeUs, m_lastPacket, event.value});
         return;
     case Event::Kind::Stall:
         m_heldUntilUs = timeUs + std::int64_t{event.value} * 1000;
@@ -109,8 +111,16 @@ void EventTranslator::translate(const Event &event, std::vector<Delivery> &deliv
             deliveries.push_back({timeUs, Fingerprint{image(event.file), event.score}});
         return;
     default:
-        deliveries.push_back({timeUs, std::make_shared<const Event>(event)});
+        deliveries.push_back({timeUs, std::make_shared<const std::vector<Event>>(1, event)});
     }
+}
+
+void EventTranslator::translate(const std::vector<Event> &events, std::vector<Delivery> &deliveries)
+{
+    if (events.size() == 1)
+        return translate(events.front(), deliveries);
+    const std::int64_t timeUs = std::max(events.back().timeUs, m_heldUntilUs);
+    deliveries.push_back({timeUs, std::make_shared<const std::vector<Event>>(events)});
 }
 
 bool changesAnswers(const Event &event)
@@ -127,36 +137,48 @@ bool changesAnswers(const Event &event)
     }
 }
 
-OpenedRecording::OpenedRecording(const std::string &recording)
-    : m_source{!isPath(recording), {}}
-    , m_name(recording)
+OpenedRecording::Place OpenedRecording::placeOf(const std::string &recording)
 {
-    if (m_source.bundled) {
-        m_name += ".kvrec";
-    } else if (const auto slash = recording.rfind('/'); slash != std::string::npos) {
-        m_source.directory = recording.substr(0, slash + 1);
-        m_name = recording.substr(slash + 1);
-    }
-    m_stream = m_source.open(m_name);
-    m_reader = std::make_unique<RecordingReader>(*m_stream, m_source.directory + m_name);
-    m_recorded = padOfName(m_reader->model());
-    for (Event event; m_first.empty() && m_reader->next(event);)
+    if (!isPath(recording))
+        return {{true, {}}, recording + ".kvrec"};
+    const auto slash = recording.rfind('/');
+    const auto nameBegin = slash == std::string::npos ? 0 : slash + 1;
+    return {{false, recording.substr(0, nameBegin)}, recording.substr(nameBegin)};
+}
+
+OpenedRecording::OpenedRecording(const std::string &recording)
+    : OpenedRecording(placeOf(recording))
+{
+}
+
+OpenedRecording::OpenedRecording(const Place &place)
+    : OpenedRecording(place.source.open(place.name), place.source.directory + place.name, place.source)
+{
+}
+
+OpenedRecording::OpenedRecording(std::unique_ptr<std::istream> stream, std::string name, Source source)
+    : m_source(std::move(source))
+    , m_stream(std::move(stream))
+    , m_reader(*m_stream, std::move(name))
+    , m_recorded(padOfName(m_reader.model()))
+{
+    for (Event event; m_first.empty() && m_reader.next(event);)
         (changesAnswers(event) && event.timeUs == 0 ? m_opening : m_first).push_back(std::move(event));
 }
 
 std::string OpenedRecording::versionTextFor(const PadModel &pad) const
 {
-    return m_recorded == &pad ? m_reader->padVersion() : std::string();
+    return m_recorded == &pad ? m_reader.padVersion() : std::string();
 }
 
 Script OpenedRecording::scriptFor(const PadModel &pad, int maxPressure)
 {
     Script script;
     EventTranslator translator(
-        m_source, {m_recorded, maxPressureOf(*m_recorded, m_reader->padVersion()), &pad, maxPressure});
+        m_source, {m_recorded, maxPressureOf(*m_recorded, m_reader.padVersion()), &pad, maxPressure});
     for (const Event &event : m_first)
         translator.translate(event, script.deliveries);
-    for (Event event; m_reader->next(event);)
+    for (Event event; m_reader.next(event);)
         translator.translate(event, script.deliveries);
     return script;
 }

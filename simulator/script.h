@@ -21,13 +21,15 @@ struct Fingerprint
     int score = 0;
 };
 
-using Fault = std::shared_ptr<const Event>;
+/// One or several that set in together.
+using FaultsSetIn = std::shared_ptr<const std::vector<Event>>;
 
-/// Something that the pad does at its time: a callback to come, or a fault to set in.
+/// Something that the pad does at its time: a callback to come, or faults to set in.
 struct Delivery
 {
     std::int64_t timeUs = 0;
-    std::variant<Packet, Fingerprint, Fault> what{};
+    std::variant<Packet, Fingerprint, FaultsSetIn> what{};
+    int count = 1; ///< how often a packet comes, all at once
 };
 
 struct Script
@@ -65,6 +67,9 @@ public:
     /// Throws std::runtime_error for a fingerprint that cannot be loaded.
     void translate(const Event &event, std::vector<Delivery> &deliveries);
 
+    /// The same for events that change answers and set in together, or for any single one.
+    void translate(const std::vector<Event> &events, std::vector<Delivery> &deliveries);
+
 private:
     std::shared_ptr<const std::vector<unsigned char>> image(const std::string &file);
 
@@ -82,6 +87,9 @@ public:
     /// A bundled recording or a file. Throws std::runtime_error with file, line and reason.
     explicit OpenedRecording(const std::string &recording);
 
+    /// One that comes from any stream of bytes. The name is only used in messages.
+    OpenedRecording(std::unique_ptr<std::istream> stream, std::string name, Source source);
+
     /// The faults at time 0, before anything else happens.
     const std::vector<Event> &opening() const { return m_opening; }
 
@@ -92,10 +100,17 @@ public:
     Script scriptFor(const PadModel &pad, int maxPressure);
 
 private:
+    struct Place
+    {
+        Source source;
+        std::string name; ///< in that source
+    };
+    static Place placeOf(const std::string &recording);
+    explicit OpenedRecording(const Place &place);
+
     Source m_source;
-    std::string m_name;
     std::unique_ptr<std::istream> m_stream;
-    std::unique_ptr<RecordingReader> m_reader;
+    RecordingReader m_reader;
     const PadModel *m_recorded;
     std::vector<Event> m_opening;
     std::vector<Event> m_first; ///< the event after the opening, if there is one

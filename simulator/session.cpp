@@ -25,7 +25,29 @@ Session::~Session()
         m_thread.join();
 }
 
+/// A callback that ends the thread unwinds it.
 void Session::run()
+{
+    struct End
+    {
+        Session &session;
+        ~End() { session.end(); }
+    };
+    const End end{*this};
+    playUntilStopped();
+}
+
+void Session::end()
+{
+    const std::lock_guard lock(m_mutex);
+    for (Batch *batch : m_batches)
+        batch->done = true;
+    m_batches.clear();
+    m_ended = true;
+    m_changed.notify_all();
+}
+
+void Session::playUntilStopped()
 {
     std::unique_lock lock(m_mutex); // waits for the constructor
     lock.unlock();
@@ -43,11 +65,6 @@ void Session::run()
         else
             m_changed.wait(lock);
     }
-    for (Batch *batch : m_batches)
-        batch->done = true;
-    m_batches.clear();
-    m_ended = true;
-    m_changed.notify_all();
 }
 
 /// No lock is held over a callback: it may call any operation.
@@ -69,33 +86,35 @@ int Session::deliverFingerprint(const unsigned char *data, int length, int score
     return 1;
 }
 
-void Session::deliverFault(const Event &fault)
+void Session::deliverFaults(const std::vector<Event> &faults)
 {
-    if (fault.kind == Event::Kind::Unplug || fault.kind == Event::Kind::Plug)
-        m_gone = fault.kind == Event::Kind::Unplug;
-    if (m_receivers.fault)
-        m_receivers.fault(fault);
+    if (m_receivers.faults)
+        m_receivers.faults(faults);
+    for (const Event &fault : faults)
+        if (fault.kind == Event::Kind::Unplug || fault.kind == Event::Kind::Plug)
+            m_gone = fault.kind == Event::Kind::Unplug;
 }
 
 void Session::deliver(const Delivery &delivery)
 {
     if (const Packet *packet = std::get_if<Packet>(&delivery.what)) {
-        deliverPackets(packet, 1);
+        for (int i = 0; i < delivery.count && deliverPackets(packet, 1) == 1; ++i) { }
     } else if (const Fingerprint *finger = std::get_if<Fingerprint>(&delivery.what)) {
         const auto *bytes = finger->image.get();
         deliverFingerprint(bytes ? bytes->data() : nullptr, bytes ? static_cast<int>(bytes->size()) : 0, finger->score);
     } else {
-        deliverFault(*std::get<Fault>(delivery.what));
+        deliverFaults(*std::get<FaultsSetIn>(delivery.what));
     }
 }
 
+/// It leaves the queue when it is done, so that its sender is told even when a callback ends the thread.
 void Session::serveNextBatch(std::unique_lock<std::mutex> &lock)
 {
     Batch &batch = *m_batches.front();
-    m_batches.pop_front();
     lock.unlock();
     batch.delivered = batch.work();
     lock.lock();
+    m_batches.pop_front();
     batch.done = true;
     m_changed.notify_all();
 }
@@ -109,11 +128,15 @@ void Session::endDelay()
     m_changed.notify_all();
 }
 
-void Session::append(Delivery delivery, Clock::time_point due)
+bool Session::append(Delivery delivery, Clock::time_point due, bool mustBe)
 {
+    constexpr std::size_t kMostWaiting = 100000; // eight minutes of a pen that writes
     const std::lock_guard lock(m_mutex);
+    if (m_appended.size() >= kMostWaiting && !mustBe)
+        return false;
     m_appended.emplace_back(due, std::move(delivery));
     m_changed.notify_all();
+    return true;
 }
 
 void Session::playAppended(std::unique_lock<std::mutex> &lock)
@@ -134,8 +157,10 @@ bool Session::comesBack()
     const std::lock_guard lock(m_mutex);
     const auto next = m_script.deliveries.begin() + static_cast<std::ptrdiff_t>(m_next);
     return std::any_of(next, m_script.deliveries.end(), [](const Delivery &delivery) {
-        const Fault *fault = std::get_if<Fault>(&delivery.what);
-        return fault && (*fault)->kind == Event::Kind::Plug;
+        const FaultsSetIn *faults = std::get_if<FaultsSetIn>(&delivery.what);
+        return faults && std::any_of((*faults)->begin(), (*faults)->end(), [](const Event &fault) {
+            return fault.kind == Event::Kind::Plug;
+        });
     });
 }
 
@@ -144,7 +169,8 @@ Session::Clock::time_point Session::dueTime() const
     const auto begin = m_start + std::chrono::milliseconds(m_timing.delayMs);
     if (m_timing.speed <= 0)
         return begin;
-    const double us = static_cast<double>(m_script.deliveries[m_next].timeUs) / m_timing.speed;
+    constexpr double kLongestUs = 1e15; // thirty years, which a clock's counter still holds
+    const double us = std::min(static_cast<double>(m_script.deliveries[m_next].timeUs) / m_timing.speed, kLongestUs);
     return begin + std::chrono::microseconds(static_cast<std::int64_t>(us));
 }
 
@@ -171,7 +197,7 @@ void Session::playNext(std::unique_lock<std::mutex> &lock)
 void Session::waitForFirstPackets()
 {
     std::unique_lock lock(m_mutex);
-    m_changed.wait(lock, [this] { return m_firstPacketsDelivered; });
+    m_changed.wait(lock, [this] { return m_firstPacketsDelivered || m_ended; });
 }
 
 void Session::startPlayback()
@@ -187,18 +213,19 @@ void Session::startPlayback()
 int Session::waitUntilPlayed(int timeoutMs)
 {
     std::unique_lock lock(m_mutex);
+    const auto isOver = [this] { return m_stopping || m_ended; };
     if (!onOwnThread())
-        m_changed.wait_for(lock, std::chrono::milliseconds(timeoutMs), [this] { return m_played || m_stopping; });
+        m_changed.wait_for(lock, std::chrono::milliseconds(timeoutMs), [&] { return m_played || isOver(); });
     if (m_played)
         return 1;
-    return m_stopping ? -1 : 0;
+    return isOver() ? -1 : 0;
 }
 
 int Session::sendBatch(std::function<int()> work)
 {
     Batch batch{std::move(work)};
     std::unique_lock lock(m_mutex);
-    if (m_stopping || onOwnThread())
+    if (m_stopping || m_ended || onOwnThread())
         return -1;
     m_batches.push_back(&batch);
     m_changed.notify_all();

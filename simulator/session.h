@@ -20,7 +20,8 @@ struct Receivers
 {
     NOTIFY_HWSIGNDATA penPacket = nullptr;
     NOTIFY_FPDATA fingerprint = nullptr; ///< null: this pad delivers none
-    std::function<void(const Event &)> fault{}; ///< called on the session's thread, before what follows is delivered
+    /// Called on the session's thread, before what follows is delivered.
+    std::function<void(const std::vector<Event> &)> faults{};
 };
 
 struct Timing
@@ -31,7 +32,8 @@ struct Timing
 };
 
 /// From Initial to UnInitial. The callbacks run on the session's thread only, one after the other, with no lock held,
-/// and none runs after stop() has returned.
+/// and none runs after stop() has returned. A callback may end the thread (pthread_exit, pthread_cancel; so does Python
+/// when it shuts down): the session has then ended, and nobody waits for it.
 class Session
 {
 public:
@@ -49,8 +51,9 @@ public:
     /// Ends the delay that the recording waits for: it is at its time 0 now.
     void endDelay();
 
-    /// Something that a pad does now, beside the recording; in the order of the calls, each not before its time.
-    void append(Delivery delivery, std::chrono::steady_clock::time_point due);
+    /// Something that a pad does now, beside the recording; in the order of the calls, each not before its time. False
+    /// when too much waits already for it to be taken, unless it must be.
+    bool append(Delivery delivery, std::chrono::steady_clock::time_point due, bool mustBe = false);
 
     /// 1: played, 0: not within the time, -1: stopped.
     int waitUntilPlayed(int timeoutMs);
@@ -84,6 +87,8 @@ private:
 
     bool onOwnThread() const { return std::this_thread::get_id() == m_thread.get_id(); }
     void run();
+    void playUntilStopped();
+    void end();
     void serveNextBatch(std::unique_lock<std::mutex> &lock);
     void playNext(std::unique_lock<std::mutex> &lock);
     void playAppended(std::unique_lock<std::mutex> &lock);
@@ -91,7 +96,7 @@ private:
     int deliverPackets(const Packet *packets, int count);
     int deliverFingerprint(const unsigned char *data, int length, int score);
     void deliver(const Delivery &delivery);
-    void deliverFault(const Event &fault);
+    void deliverFaults(const std::vector<Event> &faults);
     int sendBatch(std::function<int()> work);
 
     const Receivers m_receivers;

@@ -1,18 +1,52 @@
 #include "simulator.h"
 
 #include "pictures.h"
+#include "windowconnection.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <pthread.h>
 #include <system_error>
 
 namespace kvsim {
 
+namespace {
+
+/// The simulator of this process, from the library's being loaded until it is unloaded: a session that is open then
+/// ends and is joined.
+class Current
+{
+public:
+    Current() { pthread_atfork(nullptr, nullptr, startAnew); }
+    ~Current() { delete m_simulator; }
+    Current(const Current &) = delete;
+    Current &operator=(const Current &) = delete;
+
+    Simulator &simulator() const { return *m_simulator; }
+
+private:
+    static void startAnew();
+
+    Simulator *m_simulator = new Simulator;
+    Simulator *m_parents = nullptr;
+};
+
+Current current;
+
+/// In a forked child. The threads are the parent's, and the locks that they held stay locked: what was is left alone.
+void Current::startAnew()
+{
+    WindowConnection::leaveToParent();
+    current.m_parents = current.m_simulator;
+    current.m_simulator = new Simulator;
+}
+
+} // namespace
+
 Simulator &Simulator::instance()
 {
-    static Simulator simulator; // destroyed when the library is unloaded: an open session then ends and is joined
-    return simulator;
+    return current.simulator();
 }
 
 Simulator::~Simulator()
@@ -58,9 +92,9 @@ int Simulator::initial(int deviceType, NOTIFY_HWSIGNDATA penPacket, NOTIFY_FPDAT
         return KVSPDARI_LIBUSB_CLAIM_INTERFACE_FAIL; // the pad has one user
     releaseEndedSessions();
     try {
-        return openPad(*pad, {penPacket, pad->hasFingerprintSensor ? fingerprint : nullptr, [this](const Event &fault) {
-                                  takeFault(fault);
-                              }});
+        return openPad(*pad,
+            {penPacket, pad->hasFingerprintSensor ? fingerprint : nullptr,
+                [this](const std::vector<Event> &faults) { takeFaults(faults); }});
     } catch (const NoVirtualPad &) {
         return KVSPDARI_LIBUSB_OPEN_DEVICE_FAIL;
     } catch (const std::system_error &error) { // the thread could not be started
@@ -141,10 +175,11 @@ std::string Simulator::versionText(const OpenPad &pad) const
 }
 
 /// On the session's thread.
-void Simulator::takeFault(const Event &fault)
+void Simulator::takeFaults(const std::vector<Event> &faults)
 {
     const std::lock_guard lock(m_mutex);
-    m_pad.faults.take(fault);
+    for (const Event &fault : faults)
+        m_pad.faults.take(fault);
     if (!m_pad.link)
         m_unplugged = m_pad.faults.gone;
 }

@@ -15,6 +15,7 @@
 
 namespace kvsim {
 
+/// A forked child has a simulator of its own, whose pad is closed: the pad and its thread stay with the parent.
 class Simulator
 {
 public:
@@ -85,7 +86,7 @@ private:
     std::string versionText(const OpenPad &pad) const;
     std::string ownText(const std::string &query) const;
     const std::optional<std::string> *askedText(const OpenPad &pad, const std::string &query) const;
-    void takeFault(const Event &fault);
+    void takeFaults(const std::vector<Event> &faults);
     void tellWindow(const std::string &line);
     void releaseEndedSessions();
     bool transferPicture(const Session &session, int delayMs, const bool *abort) const;

@@ -2,6 +2,7 @@
 
 #include "windowconnection.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace kvsim {
@@ -13,6 +14,8 @@ using namespace std::chrono_literals;
 constexpr auto kRetry = 200ms;
 /// Packets wait this long, so that the window's being late now and then does not make their times uneven.
 constexpr auto kLatency = 8ms;
+/// No packet that a window sends lies further ahead, whatever time it says.
+constexpr auto kFurthest = 2s;
 
 std::string initialLine(const PadModel &pad)
 {
@@ -34,7 +37,7 @@ VirtualLink::VirtualLink(const PadModel &pad)
     } catch (const std::runtime_error &error) {
         throw NoVirtualPad(error.what());
     }
-    m_opening = m_connection->opening();
+    m_opening = m_connection->window().opening();
 }
 
 VirtualLink::~VirtualLink()
@@ -79,7 +82,7 @@ void VirtualLink::run()
         playConnection();
         Event gone;
         gone.kind = Event::Kind::Unplug;
-        receive(gone);
+        setIn({gone});
         do {
             std::unique_lock lock(m_mutex);
             m_changed.wait_for(lock, kRetry, [this] { return m_stopping; });
@@ -93,16 +96,17 @@ void VirtualLink::run()
 void VirtualLink::playConnection()
 {
     const auto connection = m_connection;
-    const PadModel &window = *padOfName(connection->model());
+    const PadModel &window = *padOfName(connection->window().model());
     EventTranslator translator({true, {}}, {&window, window.maxPressure, &m_pad, m_maxPressure});
     const auto begin = connection->begin() + kLatency;
     try {
         std::vector<Delivery> deliveries;
-        for (Event event; connection->next(event); deliveries.clear()) {
-            translator.translate(event, deliveries);
+        for (std::vector<Event> events; connection->next(events); deliveries.clear()) {
+            translator.translate(events, deliveries);
             for (Delivery &delivery : deliveries) {
                 const auto due = begin + std::chrono::microseconds(delivery.timeUs);
-                m_session->append(std::move(delivery), due);
+                if (!m_session->append(std::move(delivery), std::min(due, Clock::now() + kFurthest)))
+                    throw std::runtime_error("the virtual pad sends more than is taken");
             }
         }
     } catch (const std::exception &error) {
@@ -120,13 +124,11 @@ bool VirtualLink::reconnect()
     } catch (const std::runtime_error &) {
         return false; // not open yet
     }
-    if (connection->answer() != KVSPDARI_SUCCESS)
+    if (connection->window().answer() != KVSPDARI_SUCCESS)
         return false;
-    Event back;
-    back.kind = Event::Kind::Plug;
-    receive(back);
-    for (const Event &event : connection->opening())
-        receive(event);
+    std::vector<Event> back = connection->window().opening();
+    back.emplace_back().kind = Event::Kind::Plug;
+    setIn(std::move(back));
     const std::lock_guard lock(m_mutex);
     for (const auto &[operation, line] : m_told)
         connection->send(line);
@@ -136,9 +138,10 @@ bool VirtualLink::reconnect()
     return true;
 }
 
-void VirtualLink::receive(const Event &event)
+/// Behind all that the window sent, however much that is.
+void VirtualLink::setIn(std::vector<Event> faults)
 {
-    m_session->append({0, std::make_shared<const Event>(event)}, Clock::now());
+    m_session->append({0, std::make_shared<const std::vector<Event>>(std::move(faults))}, Clock::now(), true);
 }
 
 std::string VirtualLink::pictureLine(const unsigned char *image, int width, int height)

@@ -1,9 +1,12 @@
 /// @file
 /// The driver's end of a virtual pad: a window that plays the pad, on the other side of a local socket.
 ///
-/// The window sends a recording that never ends: a header, the faults that hold from now on, `answer 0 Initial RESULT`
-/// as the last of them, and then events as they happen. The driver sends a line for each operation that succeeded, as
-/// the journal of calls has it, and `ShowFPImageOnDevice WIDTH HEIGHT HEX` for a picture.
+/// The window sends a recording that never ends: a header, its state, and then events as they happen; the state again
+/// whenever it changes. windowreader.h says what a state is: what holds from now on, whole, with the answer to Initial
+/// as its last line. So a program that opens a faulty pad meets its faults from the first command on. The driver sends
+/// a line for each operation that succeeded, as the journal of calls has it, and `ShowFPImageOnDevice WIDTH HEIGHT HEX`
+/// for a picture. It begins with `Initial TYPE`; the window ends connections whose lines are longer than that or a
+/// picture.
 #ifndef VIRTUALLINK_H
 #define VIRTUALLINK_H
 
@@ -57,7 +60,7 @@ private:
     void run();
     void playConnection();
     bool reconnect();
-    void receive(const Event &event);
+    void setIn(std::vector<Event> faults);
 
     const PadModel &m_pad;
     int m_maxPressure = 0;

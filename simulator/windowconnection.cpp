@@ -3,11 +3,13 @@
 #include "socketpath.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <cstring>
+#include <fcntl.h>
+#include <poll.h>
 #include <stdexcept>
 #include <sys/socket.h>
-#include <sys/time.h>
 #include <sys/un.h>
 #include <unistd.h>
 
@@ -15,18 +17,14 @@ namespace kvsim {
 
 namespace {
 
-constexpr int kPatienceSeconds = 2; // a window that hangs is as good as none
+/// There is one connection at a time. In a forked child its objects may be in the midst of a change.
+std::atomic<int> s_lastDescriptor{-1};
+
+constexpr std::chrono::seconds kPatience{2}; // a window that hangs is as good as none
 
 [[noreturn]] void fail(const std::string &what)
 {
     throw std::runtime_error(what + ": " + std::strerror(errno));
-}
-
-void setPatience(int descriptor, int seconds)
-{
-    timeval patience{};
-    patience.tv_sec = seconds;
-    setsockopt(descriptor, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
 }
 
 bool isOwnUser(int descriptor)
@@ -41,7 +39,8 @@ int connectTo(const std::string &path)
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     path.copy(address.sun_path, sizeof address.sun_path - 1);
-    const int descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    // A window that hangs takes no connections: when too many wait already, connecting fails instead of waiting too.
+    const int descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
     if (descriptor < 0)
         fail("socket");
     if (::connect(descriptor, reinterpret_cast<const sockaddr *>(&address), sizeof address) != 0
@@ -51,18 +50,45 @@ int connectTo(const std::string &path)
         errno = error;
         fail(path);
     }
+    fcntl(descriptor, F_SETFL, 0); // reads wait
     return descriptor;
 }
 
 } // namespace
 
+SocketBuffer::SocketBuffer(int descriptor)
+    : m_descriptor(descriptor)
+{
+    s_lastDescriptor = descriptor;
+}
+
 SocketBuffer::~SocketBuffer()
 {
+    int own = m_descriptor;
+    s_lastDescriptor.compare_exchange_strong(own, -1);
     ::close(m_descriptor);
+}
+
+/// False when the deadline passes.
+bool SocketBuffer::waitForBytes() const
+{
+    using std::chrono::milliseconds;
+    while (m_deadline) {
+        const auto left = std::chrono::ceil<milliseconds>(*m_deadline - Clock::now());
+        pollfd wanted{m_descriptor, POLLIN, 0};
+        const int found = poll(&wanted, 1, static_cast<int>(std::max(left, milliseconds(0)).count()));
+        if (found == 0)
+            return false;
+        if (found > 0 || errno != EINTR)
+            break;
+    }
+    return true;
 }
 
 SocketBuffer::int_type SocketBuffer::underflow()
 {
+    if (!waitForBytes())
+        return traits_type::eof();
     ssize_t count = 0;
     do
         count = read(m_descriptor, m_bytes.data(), m_bytes.size());
@@ -76,24 +102,12 @@ SocketBuffer::int_type SocketBuffer::underflow()
 WindowConnection::WindowConnection(const std::string &firstLine)
     : m_buffer(connectTo(virtualPadSocket()))
 {
-    setPatience(m_buffer.descriptor(), kPatienceSeconds);
+    m_buffer.setDeadline(Clock::now() + kPatience);
     if (!send(firstLine))
         fail("the virtual pad does not listen");
-    readOpening();
-    setPatience(m_buffer.descriptor(), 0);
-}
-
-void WindowConnection::readOpening()
-{
-    m_reader = std::make_unique<RecordingReader>(m_stream, "virtual pad");
+    m_reader = std::make_unique<WindowReader>(m_stream);
     m_begin = Clock::now();
-    const auto isAnswer = [](const Event &event) {
-        return event.kind == Event::Kind::Answer && event.operation == "Initial";
-    };
-    do {
-        if (!m_reader->next(m_opening.emplace_back()))
-            throw std::runtime_error("the virtual pad does not answer");
-    } while (!isAnswer(m_opening.back()));
+    m_buffer.setDeadline({});
 }
 
 bool WindowConnection::send(const std::string &line)
@@ -101,6 +115,12 @@ bool WindowConnection::send(const std::string &line)
     const std::string bytes = line + "\n";
     const ssize_t count = ::send(m_buffer.descriptor(), bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
     return count == static_cast<ssize_t>(bytes.size());
+}
+
+void WindowConnection::leaveToParent()
+{
+    if (const int descriptor = s_lastDescriptor.exchange(-1); descriptor >= 0)
+        ::close(descriptor);
 }
 
 void WindowConnection::close()

@@ -3,12 +3,13 @@
 #ifndef WINDOWCONNECTION_H
 #define WINDOWCONNECTION_H
 
-#include "recording.h"
+#include "windowreader.h"
 
 #include <array>
 #include <chrono>
 #include <istream>
 #include <memory>
+#include <optional>
 #include <streambuf>
 #include <string>
 #include <vector>
@@ -19,20 +20,24 @@ namespace kvsim {
 class SocketBuffer : public std::streambuf
 {
 public:
-    explicit SocketBuffer(int descriptor)
-        : m_descriptor(descriptor)
-    {
-    }
+    using Clock = std::chrono::steady_clock;
+
+    explicit SocketBuffer(int descriptor);
     ~SocketBuffer() override;
     SocketBuffer(const SocketBuffer &) = delete;
     SocketBuffer &operator=(const SocketBuffer &) = delete;
 
     int descriptor() const { return m_descriptor; }
 
+    /// What comes later counts as the end.
+    void setDeadline(std::optional<Clock::time_point> deadline) { m_deadline = deadline; }
+
 private:
     int_type underflow() override;
+    bool waitForBytes() const;
 
     int m_descriptor;
+    std::optional<Clock::time_point> m_deadline; ///< none: it may take for ever
     std::array<char, 4096> m_bytes{};
 };
 
@@ -41,32 +46,29 @@ class WindowConnection
 public:
     using Clock = std::chrono::steady_clock;
 
-    /// Connects, sends the first line and reads up to the window's answer to Initial. Throws std::runtime_error.
+    /// Connects, sends the first line and reads the window's first state. Throws std::runtime_error, also when all that
+    /// takes longer than a window needs.
     explicit WindowConnection(const std::string &firstLine);
 
-    const std::string &model() const { return m_reader->model(); }
-    const std::vector<Event> &opening() const { return m_opening; }
-
-    /// The window's answer to Initial.
-    int answer() const { return m_opening.back().value; }
+    const WindowReader &window() const { return *m_reader; }
 
     /// When the window's time was 0.
     Clock::time_point begin() const { return m_begin; }
 
-    /// False at the end, also when another thread called close(). Throws std::runtime_error for a malformed line.
-    bool next(Event &event) { return m_reader->next(event); }
+    /// False at the end, also when another thread called close(). Throws std::runtime_error for what is malformed.
+    bool next(std::vector<Event> &events) { return m_reader->next(events); }
+
+    /// In a forked child: gives up its share of the connection, so that the window notices when the parent ends.
+    static void leaveToParent();
 
     /// False when the window does not take it, without waiting.
     bool send(const std::string &line);
     void close();
 
 private:
-    void readOpening();
-
     SocketBuffer m_buffer;
     std::istream m_stream{&m_buffer};
-    std::unique_ptr<RecordingReader> m_reader;
-    std::vector<Event> m_opening;
+    std::unique_ptr<WindowReader> m_reader;
     Clock::time_point m_begin{};
 };
 

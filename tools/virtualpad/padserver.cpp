@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace virtualpad {
 
@@ -35,22 +36,21 @@ Event fault(Event::Kind kind, int value = 0)
     return event;
 }
 
-/// A picture of 5-6-5 colours, high byte first, in hexadecimal digits. Null when it is not complete.
-QImage pictureOf(int width, int height, const QByteArray &digits)
+std::string headerOf(const kvsim::PadModel &model)
 {
-    const QByteArray bytes = QByteArray::fromHex(digits);
-    if (width <= 0 || height <= 0 || width > 1000 || height > 1000 || bytes.size() != width * height * 2)
-        return {};
-    QImage picture(width, height, QImage::Format_RGB16);
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
-            const int at = (y * width + x) * 2;
-            const unsigned high = static_cast<unsigned char>(bytes[at]),
-                           low = static_cast<unsigned char>(bytes[at + 1]);
-            reinterpret_cast<quint16 *>(picture.scanLine(y))[x] = static_cast<quint16>(high << 8 | low);
-        }
-    return picture;
+    return "version: 2\nmodel: " + std::string(model.name) + "\n";
 }
+
+std::string lineOf(const Event &event)
+{
+    return eventLine(event) + "\n";
+}
+
+/// A program that opens the pad tries once or twice; these are many.
+constexpr int kMostConnections = 20;
+
+/// What a program that has stopped reading may leave unread.
+constexpr qint64 kMostUnread = 1 << 20;
 
 } // namespace
 
@@ -100,45 +100,76 @@ void PadServer::setTroubles(const Troubles &troubles)
     m_troubles = troubles;
     if (!isOpen())
         return;
+    const Clock::time_point now = Clock::now();
+    std::string change;
     if (troubles.isUnplugged != wasUnplugged)
-        sendNow(fault(troubles.isUnplugged ? Event::Kind::Unplug : Event::Kind::Plug));
-    sendState();
+        change = lineAt(now, fault(troubles.isUnplugged ? Event::Kind::Unplug : Event::Kind::Plug));
+    write(m_program, change + stateLines(now));
 }
 
 void PadServer::takeConnection()
 {
     while (QLocalSocket *program = m_server.nextPendingConnection()) {
+        if (m_readers.size() == kMostConnections) {
+            delete program;
+            continue;
+        }
+        m_readers[program];
         connect(program, &QLocalSocket::readyRead, this, [=] { takeLines(program); });
-        connect(program, &QLocalSocket::disconnected, this, [=] { close(program); });
+        connect(program, &QLocalSocket::disconnected, this, [=] {
+            close(program);
+            m_readers.erase(program);
+        });
         connect(program, &QLocalSocket::disconnected, program, &QObject::deleteLater);
         takeLines(program);
     }
 }
 
+/// A command may end the connection, or the pad's being open.
 void PadServer::takeLines(QLocalSocket *program)
 {
-    while (program->canReadLine())
-        takeLine(program, program->readLine().trimmed());
+    const auto reader = [=]() -> CommandReader * {
+        const auto found = m_readers.find(program);
+        return found == m_readers.end() ? nullptr : &found->second;
+    };
+    if (reader())
+        reader()->append(program->readAll());
+    while (reader()) {
+        const std::optional<PadCommand> command = reader()->next();
+        if (!command)
+            break;
+        take(program, *command);
+    }
+    if (reader() && reader()->isTooLong())
+        program->abort();
 }
 
-void PadServer::takeLine(QLocalSocket *program, const QByteArray &line)
+void PadServer::take(QLocalSocket *program, const PadCommand &command)
 {
-    const QList<QByteArray> fields = line.split(' ');
-    const bool isOn = fields.size() > 1 && fields[1] == "1";
-    if (fields[0] == "Initial" && fields.size() > 1)
-        open(program, fields[1].toInt());
-    else if (program != m_program)
+    using Kind = PadCommand::Kind;
+    if (command.kind == Kind::Open)
+        return open(program, command.deviceType);
+    if (program != m_program)
         return;
-    else if (fields[0] == "UnInitial")
-        close(program);
-    else if (fields[0] == "OpenDeviceLCD")
-        emit screenSwitched(isOn);
-    else if (fields[0] == "ClearDeviceContent")
+    switch (command.kind) {
+    case Kind::Close:
+        return close(program);
+    case Kind::Screen:
+        emit screenSwitched(command.isOn);
+        break;
+    case Kind::Clear:
         emit cleared();
-    else if (fields[0] == "ShowVersionInfoOnDevice")
-        emit versionShown(isOn);
-    else if (fields[0] == "ShowFPImageOnDevice" && fields.size() == 4)
-        emit pictureShown(pictureOf(fields[1].toInt(), fields[2].toInt(), fields[3]));
+        break;
+    case Kind::Version:
+        emit versionShown(command.isOn);
+        break;
+    case Kind::Picture:
+        emit pictureShown(command.picture);
+        break;
+    case Kind::Open:
+    case Kind::Other:
+        break;
+    }
 }
 
 /// The pad has one user. Whether the last one is gone may not have come through yet.
@@ -151,19 +182,23 @@ void PadServer::open(QLocalSocket *program, int deviceType)
     }
     const kvsim::PadModel *model = kvsim::padOfType(deviceType);
     if (m_program || !model) {
-        const std::string refusal = "version: 2\nmodel: " + std::string(m_model->name) + "\n"
-            + eventLine(answer("Initial", model ? KVSPDARI_LIBUSB_CLAIM_INTERFACE_FAIL : KVSPDART_INVALID_PARAMETERS));
-        program->write((refusal + "\n").c_str());
+        write(program,
+            headerOf(*m_model)
+                + lineOf(
+                    answer("Initial", model ? KVSPDARI_LIBUSB_CLAIM_INTERFACE_FAIL : KVSPDART_INVALID_PARAMETERS)));
         program->disconnectFromServer();
         return;
     }
+    const kvsim::PadModel *const before = std::exchange(m_model, model);
+    m_begin = Clock::now();
+    m_lastUs = 0;
+    if (!write(program, headerOf(*m_model) + stateLines(m_begin)) || m_troubles.isUnplugged) {
+        m_model = before; // the program ended meanwhile, or was refused
+        return;
+    }
     m_program = program;
-    m_model = model;
-    sendOpening();
-    if (m_troubles.isUnplugged)
-        m_program = nullptr;
-    else
-        emit opened();
+    m_readers.at(program).allowPictures();
+    emit opened();
 }
 
 void PadServer::close(QLocalSocket *program)
@@ -174,36 +209,43 @@ void PadServer::close(QLocalSocket *program)
     emit closed();
 }
 
-void PadServer::sendOpening()
-{
-    m_begin = Clock::now();
-    m_lastUs = 0;
-    m_program->write(("version: 2\nmodel: " + std::string(m_model->name) + "\n").c_str());
-    sendState();
-    sendNow(answer("Initial", m_troubles.isUnplugged ? KVSPDARI_LIBUSB_OPEN_DEVICE_FAIL : KVSPDARI_SUCCESS));
-    m_program->flush();
-}
-
-/// All that can be wrong, the right things too, so that nothing is left of another window.
-void PadServer::sendState()
+/// All that can be wrong, the right things too, so that nothing is left of another window; at last what Initial
+/// answers, which tells the driver that this is all. It goes out as one, and holds as one.
+std::string PadServer::stateLines(Clock::time_point time)
 {
     Event version = fault(Event::Kind::Text);
     version.operation = "GetDevicePartsVersion";
     version.text = versionText();
-    sendNow(version);
+    std::string lines = lineAt(time, version);
     for (const char *command : kCommands)
-        sendNow(answer(command, m_troubles.refuses ? KVSPDARI_LIBUSB_SENT_CMD_FAIL : KVSPDARI_SUCCESS));
-    sendNow(fault(Event::Kind::Screen, m_troubles.hasSlowScreen ? kSlowScreenMs : kQuickScreenMs));
+        lines += lineAt(time, answer(command, m_troubles.refuses ? KVSPDARI_LIBUSB_SENT_CMD_FAIL : KVSPDARI_SUCCESS));
+    lines += lineAt(time, fault(Event::Kind::Screen, m_troubles.hasSlowScreen ? kSlowScreenMs : kQuickScreenMs));
+    return lines
+        + lineAt(time, answer("Initial", m_troubles.isUnplugged ? KVSPDARI_LIBUSB_OPEN_DEVICE_FAIL : KVSPDARI_SUCCESS));
 }
 
-void PadServer::send(Event event, Clock::time_point time)
+/// Times never go backwards.
+std::string PadServer::lineAt(Clock::time_point time, Event event)
 {
-    if (!m_program)
-        return;
     const std::int64_t us = std::chrono::duration_cast<std::chrono::microseconds>(time - m_begin).count();
     event.timeUs = m_lastUs = std::max(us, m_lastUs);
-    m_program->write((eventLine(event) + "\n").c_str());
-    m_program->flush();
+    return lineOf(event);
+}
+
+/// False when the program is gone, or does not read: then it is let go. Either may end the pad's being open.
+bool PadServer::write(QLocalSocket *program, const std::string &lines)
+{
+    program->write(lines.data(), static_cast<qint64>(lines.size()));
+    program->flush();
+    if (program->bytesToWrite() > kMostUnread)
+        program->abort();
+    return program->state() == QLocalSocket::ConnectedState;
+}
+
+void PadServer::send(const Event &event, Clock::time_point time)
+{
+    if (m_program)
+        write(m_program, lineAt(time, event));
 }
 
 void PadServer::sendPacket(Clock::time_point time, const kvsim::Packet &packet)

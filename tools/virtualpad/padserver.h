@@ -3,15 +3,17 @@
 #ifndef PADSERVER_H
 #define PADSERVER_H
 
+#include "padcommands.h"
 #include "padtable.h"
 #include "recordingevents.h"
 
 #include <QImage>
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QPointer>
 
 #include <chrono>
+#include <map>
+#include <string>
 
 namespace virtualpad {
 
@@ -58,16 +60,18 @@ signals:
 private:
     void takeConnection();
     void takeLines(QLocalSocket *program);
-    void takeLine(QLocalSocket *program, const QByteArray &line);
+    void take(QLocalSocket *program, const PadCommand &command);
     void open(QLocalSocket *program, int deviceType);
     void close(QLocalSocket *program);
-    void sendOpening();
-    void sendState();
-    void send(kvsim::Event event, std::chrono::steady_clock::time_point time);
+    std::string stateLines(std::chrono::steady_clock::time_point time);
+    std::string lineAt(std::chrono::steady_clock::time_point time, kvsim::Event event);
+    static bool write(QLocalSocket *program, const std::string &lines);
+    void send(const kvsim::Event &event, std::chrono::steady_clock::time_point time);
     void sendNow(const kvsim::Event &event) { send(event, std::chrono::steady_clock::now()); }
 
     QLocalServer m_server;
-    QPointer<QLocalSocket> m_program; ///< that has the pad open
+    std::map<QLocalSocket *, CommandReader> m_readers; ///< of all connections
+    QLocalSocket *m_program = nullptr; ///< that has the pad open
     const kvsim::PadModel *m_model;
     Troubles m_troubles;
     std::chrono::steady_clock::time_point m_begin{};
