@@ -7,6 +7,8 @@
 #include <atomic>
 #include <fstream>
 #include <map>
+#include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -57,6 +59,43 @@ TEST_F(FaultPlayback, ARepetitionIsTheLastPacketAgain)
     EXPECT_EQ(received.packets[1].status, 0);
     EXPECT_EQ(received.packets[6].status, 7);
     EXPECT_EQ(received.packets[6].pressure, -9);
+}
+
+TEST_F(FaultPlayback, ManyRepetitionsTakeNoMemory)
+{
+    constexpr int kMillions = 10;
+    std::string events = "0 201 300 5 0\n";
+    for (int i = 0; i < kMillions; ++i)
+        events += "repeat 1 1000000\n";
+    script(events);
+    const auto peakKb = [] {
+        rusage use{};
+        getrusage(RUSAGE_SELF, &use);
+        return use.ru_maxrss;
+    };
+    const long before = peakKb();
+    ASSERT_EQ(open(), KVSPDARI_SUCCESS); // all of it is read here
+    EXPECT_LT(peakKb() - before, 50000);
+    ASSERT_EQ(driver.ClearDeviceContent(), KVSPDARI_SUCCESS);
+    while (received.packetCount() < 1000)
+        std::this_thread::sleep_for(1ms);
+    EXPECT_EQ(driver.UnInitial(), KVSPDARI_SUCCESS); // in the midst of them
+    EXPECT_LT(received.packetCount(), kMillions * std::size_t{1000000});
+}
+
+TEST_F(FaultPlayback, APipeIsNoRecording)
+{
+    const std::string pipe = "/tmp/kv-pipe-" + std::to_string(getpid()) + ".kvrec";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    setenv("KVSIM_RECORDING", pipe.c_str(), 1);
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(open(), KVSPDARI_FAILED); // nobody will ever write into it
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "kvsignpaddrv: " + pipe + ": is not a regular file\n");
+    script("fingerprint 0 " + pipe + " 5\n", "version: 2\nmodel: S310X\n");
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(open(KVS310X_DEVICE), KVSPDARI_FAILED);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "kvsignpaddrv: " + pipe + ": is not a regular file\n");
+    std::remove(pipe.c_str());
 }
 
 TEST_F(FaultPlayback, RawPacketsAreNotMappedToAnotherModel)

@@ -65,13 +65,14 @@ protected:
         char name[] = "/tmp/kvrec-test-XXXXXX";
         m_directory = mkdtemp(name);
         setenv("KVREC_FILE", path("pen.kvrec").c_str(), 1);
+        setenv("KVREC_TRUST", "1", 1); // whoever may write where this is built
         useRealDriver("libkvsignpaddrv.so");
         real.SetScreenDelay(0);
     }
     ~RecorderTest() override
     {
         std::filesystem::remove_all(m_directory);
-        for (const char *variable : {"KVREC_FILE", "KVREC_DRIVER", "KVREC_SCRAMBLE"})
+        for (const char *variable : {"KVREC_FILE", "KVREC_DRIVER", "KVREC_SCRAMBLE", "KVREC_TRUST"})
             unsetenv(variable);
     }
 

@@ -10,9 +10,11 @@ foreach(operation IN ITEMS Initial UnInitial OpenDeviceLCD ClearDeviceContent Ge
   add_dependencies(faults_test kvsignpaddrv_without_${operation})
 endforeach()
 
-kv_add_test(recorder_test recorder_test.cpp THREADS LIBRARIES kv_recording Threads::Threads ${CMAKE_DL_LIBS})
-target_include_directories(recorder_test PRIVATE ${PROJECT_SOURCE_DIR}/kvsignpadsdk)
-add_dependencies(recorder_test kvsignpaddrv kvsignpaddrv_recorder kvsignpaddrv_without_GetDevicePadID)
+foreach(name recorder_test recorder_processes_test)
+  kv_add_test(${name} ${name}.cpp THREADS LIBRARIES kv_recording Threads::Threads ${CMAKE_DL_LIBS})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/kvsignpadsdk)
+  add_dependencies(${name} kvsignpaddrv kvsignpaddrv_recorder kvsignpaddrv_without_GetDevicePadID)
+endforeach()
 
 kv_add_test(recorder_replay_test recorder_replay_test.cpp PADS LIBRARIES kv_recording)
 add_dependencies(recorder_replay_test kvsignpaddrv_recorder)

@@ -33,11 +33,7 @@ class Current
 {
 public:
     Current() { pthread_atfork(nullptr, nullptr, startAnew); }
-    ~Current()
-    {
-        if (m_recorder->isDone())
-            delete m_recorder; // otherwise the process exits, while the real driver may still deliver packets
-    }
+    ~Current() { delete m_recorder; }
     Current(const Current &) = delete;
     Current &operator=(const Current &) = delete;
 
@@ -67,12 +63,12 @@ Recorder &Recorder::instance()
     return current.recorder();
 }
 
-bool Recorder::isDone()
+/// The process exits with the pad open, maybe: the real driver delivers packets until it is unloaded, and they are
+/// written until then.
+Recorder::~Recorder()
 {
-    const std::lock_guard lock(m_mutex);
-    if (m_file)
-        m_file->finish();
-    return !m_isOpen;
+    m_driver = nullptr;
+    m_packetFile = nullptr;
 }
 
 /// Loaded at the first call. Null, which is said on stderr, when it cannot be.

@@ -19,8 +19,10 @@ class Recorder
 public:
     static Recorder &instance();
 
-    /// No pad is open. The recording of one that is has all that a recording needs, as far as it goes.
-    bool isDone();
+    Recorder() = default;
+    ~Recorder();
+    Recorder(const Recorder &) = delete;
+    Recorder &operator=(const Recorder &) = delete;
 
     int initial(int deviceType, NOTIFY_HWSIGNDATA penPacket, NOTIFY_FPDATA fingerprint);
     int unInitial();

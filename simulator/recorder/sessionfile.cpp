@@ -82,12 +82,6 @@ SessionFile::~SessionFile()
         close(m_descriptor);
 }
 
-void SessionFile::finish()
-{
-    const std::lock_guard lock(m_mutex);
-    writeHeader();
-}
-
 void SessionFile::beginTime()
 {
     const std::lock_guard lock(m_mutex);

@@ -27,9 +27,6 @@ public:
     SessionFile(const SessionFile &) = delete;
     SessionFile &operator=(const SessionFile &) = delete;
 
-    /// Nothing may come any more: the header is written if it was not.
-    void finish();
-
     /// The time of all that came before is 0.
     void beginTime();
 

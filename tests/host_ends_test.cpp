@@ -1,0 +1,65 @@
+/// @file
+/// Hosts that end, or fork, while their pad is read and a receiver is set. All of them end.
+#include "patience.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <memory>
+#include <vector>
+
+namespace {
+
+struct Outcome
+{
+    int exitCode = -1; ///< -1: it hung or crashed
+    std::string errors;
+};
+
+class HostEnds : public testing::Test
+{
+protected:
+    /// A pad on which confirm is tapped as fast as the receiver returns.
+    HostEnds()
+    {
+        std::ofstream(recording()) << "version: 1\nmodel: S300\n0 300 1600 100 4\n1 300 1600 100 4\n";
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("KVSIM_SPEED", "max");
+        environment.insert("KVSIM_REPEAT", "0");
+        environment.insert("KVSIM_DELAY_MS", "0");
+        environment.insert("KVSIM_RECORDING", QString::fromStdString(recording()));
+        m_environment = environment;
+    }
+
+    std::string recording() const { return m_directory.filePath("taps.kvrec").toStdString(); }
+
+    Outcome run(const QString &program, const QStringList &arguments) const
+    {
+        QProcess host;
+        host.setProcessEnvironment(m_environment);
+        host.start(program, arguments);
+        if (!host.waitForFinished(static_cast<int>(std::chrono::milliseconds(kPatience).count()))) {
+            host.kill();
+            host.waitForFinished();
+            return {-1, "hangs"};
+        }
+        const std::string errors = host.readAllStandardError().toStdString();
+        return {host.exitStatus() == QProcess::NormalExit ? host.exitCode() : -1, errors};
+    }
+
+    QProcessEnvironment m_environment;
+    QTemporaryDir m_directory;
+};
+
+TEST_F(HostEnds, APythonHostEndsWithItsPadOpen)
+{
+    for (int i = 0; i < 8; ++i) {
+        const Outcome outcome = run("python3", {KV_ENDING_HOST, KV_LIBRARY});
+        ASSERT_EQ(outcome.exitCode, 0) << outcome.errors;
+    }
+}
+
+} // namespace

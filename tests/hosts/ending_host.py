@@ -1,0 +1,23 @@
+"""A host that ends with a pad open and a receiver set: ending_host.py LIBRARY. The interpreter ends the thread that it
+finds in the receiver when it shuts down, and the process ends all the same."""
+import ctypes
+import sys
+import threading
+
+KVS300_DEVICE = 5
+taken = threading.Event()
+sdk = ctypes.CDLL(sys.argv[1])
+sdk.KVS300_InitialDevice.restype = ctypes.c_bool
+
+
+@ctypes.CFUNCTYPE(None, ctypes.c_int)
+def tapped(key):
+    taken.set()
+    sum(range(1000))
+
+
+if not sdk.KVS300_InitialDevice(KVS300_DEVICE, None, 0, 0, 400, 200):
+    sys.exit("no pad")
+sdk.KVS300_SignPadEventCallback(KVS300_DEVICE, tapped)
+sdk.KVS300_Clear(KVS300_DEVICE)
+sys.exit(0 if taken.wait(60) else "nothing was tapped")

@@ -1,0 +1,71 @@
+/* A host that forks while its pad is read: each child has the parent's memory, but not the threads that work on it. The
+ * children of even number close the pad first, all end as programs do. It ends with 0 when every child did, in time. */
+#include "kvsignpadsdk_global.h"
+
+#include <signal.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+enum
+{
+    CHILDREN = 20,
+    PATIENCE_MS = 60000
+};
+
+static void tapped(int key)
+{
+    (void)key;
+}
+
+/* 0: the child ended well. One that hangs is killed. */
+static int wait_for(pid_t child, const char *model)
+{
+    int status = 0;
+    for (int ms = 0; waitpid(child, &status, WNOHANG) != child; ++ms) {
+        if (ms == PATIENCE_MS) {
+            fprintf(stderr, "%s: a child hangs\n", model);
+            kill(child, SIGKILL);
+            waitpid(child, NULL, 0);
+            return 1;
+        }
+        usleep(1000);
+    }
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
+        fprintf(stderr, "%s: a child ends with %x\n", model, (unsigned)status);
+    return !WIFEXITED(status) || WEXITSTATUS(status) != 0;
+}
+
+#define DEFINE_TRY(family)                                                                                             \
+    static int try##family(void)                                                                                       \
+    {                                                                                                                  \
+        int failed = 0;                                                                                                \
+        if (!family##_InitialDevice(family##_DEVICE, NULL, 0, 0, 400, 200))                                            \
+            return 1;                                                                                                  \
+        family##_SignPadEventCallback(family##_DEVICE, tapped);                                                        \
+        family##_Clear(family##_DEVICE);                                                                               \
+        while (family##_GetTotalInkPointsNumber(family##_DEVICE) <= 0)                                                 \
+            usleep(100);                                                                                               \
+        for (int i = 0; i < CHILDREN && !failed; ++i) {                                                                \
+            const pid_t child = fork();                                                                                \
+            if (child == 0)                                                                                            \
+                exit(i % 2 == 0 ? family##_UnInitialDevice(family##_DEVICE) : 0);                                      \
+            failed = wait_for(child, #family);                                                                         \
+        }                                                                                                              \
+        return family##_UnInitialDevice(family##_DEVICE) != ARI_SUCCESS || failed;                                     \
+    }
+
+DEFINE_TRY(KVS210)
+DEFINE_TRY(KVR800)
+DEFINE_TRY(KVM450)
+DEFINE_TRY(KVS300)
+DEFINE_TRY(KVS310X)
+
+int main(void)
+{
+    setenv("KVSIM_SPEED", "max", 1);
+    setenv("KVSIM_REPEAT", "0", 1);
+    setenv("KVSIM_DELAY_MS", "0", 1);
+    return tryKVS210() + tryKVR800() + tryKVM450() + tryKVS300() + tryKVS310X();
+}
