@@ -159,6 +159,26 @@ TEST_F(Demo, saysWhatIsWrongAndWhatToDo)
     fails(runDemo({"/dev/full/output"}), "cannot be created");
 }
 
+TEST_F(Demo, keepsWhatAPadSentBeforeItWasPulledOut)
+{
+    QFile recording(file("pulled-out.kvrec"));
+    ASSERT_TRUE(recording.open(QIODevice::WriteOnly));
+    recording.write("version: 2\nmodel: S210\n0 400 500 300 0\n10 900 800 300 1\n20 1400 600 300 1\nunplug 30\n");
+    recording.close();
+    const CommandResult result = runDemo({m_output.path()}, {{"KVSIM_RECORDING", recording.fileName()}});
+    EXPECT_EQ(result.exitCode, 1) << testing::PrintToString(result);
+    EXPECT_TRUE(result.output.contains(QRegularExpression("(^|\n)S210 +unplugged +3 points\n")))
+        << testing::PrintToString(result);
+    EXPECT_TRUE(result.errors.contains(
+        "The demo failed: The S210 no longer answers: it was unplugged before the signer tapped confirm.\nThe 3 points "
+        "that had come are in "
+        + m_output.path() + "; they may be half a signature. Plug it in, and start again.\n"))
+        << testing::PrintToString(result);
+    QFile svg(file("s210.svg"));
+    ASSERT_TRUE(svg.open(QIODevice::ReadOnly));
+    EXPECT_EQ(svg.readAll().count("<polyline"), 2);
+}
+
 TEST_F(Demo, refusesArgumentsThatItDoesNotKnow)
 {
     EXPECT_EQ(runDemo({}).exitCode, 2);

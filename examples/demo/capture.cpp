@@ -1,6 +1,7 @@
 #include "capture.h"
 
 #include "failure.h"
+#include "padpresence.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -41,6 +42,30 @@ private:
     int m_strokes = 0;
 };
 
+/// Looks as often as a pad may be asked, however often it is told to.
+class Watch
+{
+public:
+    explicit Watch(const OpenedPad &pad)
+        : m_presence([&pad] { return pad.answers(); })
+    {
+        m_sinceLook.start();
+    }
+
+    bool isAway(int points)
+    {
+        if (m_sinceLook.hasExpired(m_presence.pause().count())) {
+            m_presence.look(points);
+            m_sinceLook.start();
+        }
+        return m_presence.isAway();
+    }
+
+private:
+    PadPresence m_presence;
+    QElapsedTimer m_sinceLook;
+};
+
 Failure noConfirm(const OpenedPad &pad)
 {
     return {QString("The %1 neither sent a pen packet nor a tap on confirm for %2 seconds.")
@@ -49,11 +74,19 @@ Failure noConfirm(const OpenedPad &pad)
         "Play a recording that ends with a tap on confirm: unset KVSIM_RECORDING and KVSIM_SPEED."};
 }
 
+Unplugged unplugged(const OpenedPad &pad, int points)
+{
+    return {{QString("The %1 no longer answers: it was unplugged before the signer tapped confirm.").arg(pad->model),
+                "Plug it in, and start again."},
+        points};
+}
+
 } // namespace
 
 CaptureState waitForConfirm(const OpenedPad &pad, const CaptureObserver &observer)
 {
     StrokeCounter counter(pad);
+    Watch watch(pad);
     QElapsedTimer silence, writing;
     CaptureState state;
     silence.start();
@@ -72,6 +105,8 @@ CaptureState waitForConfirm(const OpenedPad &pad, const CaptureObserver &observe
             observer(state);
         if (confirmed)
             return state;
+        if (watch.isAway(state.points))
+            throw unplugged(pad, state.points);
         if (silence.elapsed() > kLongestSilence)
             throw noConfirm(pad);
         pause(kStep);

@@ -19,7 +19,8 @@ struct CaptureState
 /// Called some ten times a second while the signature is written, and once at its end.
 using CaptureObserver = std::function<void(const CaptureState &)>;
 
-/// Returns after the tap on confirm, with what was captured. Throws a Failure when nothing comes.
+/// Returns after the tap on confirm, with what was captured. Throws Unplugged when the pad is gone, a Failure when
+/// nothing comes.
 CaptureState waitForConfirm(const OpenedPad &pad, const CaptureObserver &observer = {});
 
 /// Processes events until the condition holds; throws the failure when it does not within the time.

@@ -12,6 +12,12 @@ struct Failure
     QString cure;
 };
 
+/// The pad was pulled out before confirm; what it had sent is still there.
+struct Unplugged : Failure
+{
+    int points;
+};
+
 /// The user closed the demo's window.
 struct Closed
 {

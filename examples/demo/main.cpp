@@ -25,6 +25,37 @@ struct Findings
     LivePushes pushes;
 };
 
+/// What came before the pad was pulled out is kept.
+[[noreturn]] void keepAndFail(const OpenedPad &pad, const Unplugged &gone, OutputDirectory &output)
+{
+    if (gone.points == 0)
+        throw gone;
+    output.saveSignature(pad, gone.points);
+    throw Failure{gone.what,
+        QString("The %1 points that had come are in %2; they may be half a signature. %3")
+            .arg(gone.points)
+            .arg(output.directory().absolutePath(), gone.cure)};
+}
+
+CaptureState capture(const OpenedPad &pad, CaptureView *view, OutputDirectory &output)
+{
+    ProgressLine progress;
+    try {
+        const CaptureState state = waitForConfirm(pad, [&](const CaptureState &now) {
+            progress.show(QString("%1  signing...   %2").arg(pad->model, -5).arg(captureText(now)));
+            if (view != nullptr)
+                view->setStatus(captureText(now));
+            if (view != nullptr && view->isClosed())
+                throw Closed();
+        });
+        progress.finish(QString("%1  confirmed    %2").arg(pad->model, -5).arg(captureText(state)));
+        return state;
+    } catch (const Unplugged &gone) {
+        progress.finish(QString("%1  unplugged    %2 points").arg(pad->model, -5).arg(gone.points, 5));
+        keepAndFail(pad, gone, output);
+    }
+}
+
 void capture(const Pad &pad, bool inWindow, OutputDirectory &output, Findings &findings)
 {
     std::unique_ptr<CaptureView> view;
@@ -36,16 +67,7 @@ void capture(const Pad &pad, bool inWindow, OutputDirectory &output, Findings &f
     if (&pad == &kS210)
         startLivePush(open);
 
-    ProgressLine progress;
-    const CaptureState state = waitForConfirm(open, [&](const CaptureState &now) {
-        progress.show(QString("%1  signing...   %2").arg(pad.model, -5).arg(captureText(now)));
-        if (view != nullptr)
-            view->setStatus(captureText(now));
-        if (view != nullptr && view->isClosed())
-            throw Closed();
-    });
-    progress.finish(QString("%1  confirmed    %2").arg(pad.model, -5).arg(captureText(state)));
-
+    const CaptureState state = capture(open, view.get(), output);
     output.saveSignature(open, state.points);
     findings.devices.push_back(deviceRow(open));
     findings.inkRecords.push_back(inkRecordRow(open));

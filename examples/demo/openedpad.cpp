@@ -54,3 +54,9 @@ bool OpenedPad::isConfirmed() const
             "Play a recording that ends with a tap on confirm: unset KVSIM_RECORDING."};
     return key == 1;
 }
+
+bool OpenedPad::answers() const
+{
+    char version[128] = "";
+    return m_pad.GetHWVersion(m_pad.type, version, sizeof version) == ARI_SUCCESS;
+}

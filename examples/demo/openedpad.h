@@ -25,6 +25,9 @@ public:
     /// Whether the signer has tapped confirm since the pad was opened. Throws a Failure when it was cancel.
     bool isConfirmed() const;
 
+    /// Whether the pad tells its version text, as one that was unplugged does not.
+    bool answers() const;
+
 private:
     const Pad &m_pad;
 };

@@ -1,0 +1,111 @@
+// How a pad that does not answer is told from one that is busy, and when it is not asked at all.
+#include "padpresence.h"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <thread>
+
+namespace {
+
+using std::chrono::milliseconds;
+
+/// Answers as it is told, and then always.
+struct Pad
+{
+    std::deque<bool> told;
+    int questions = 0;
+    milliseconds slowness{0};
+
+    bool answer()
+    {
+        ++questions;
+        std::this_thread::sleep_for(slowness);
+        if (told.empty())
+            return true;
+        const bool answer = told.front();
+        told.pop_front();
+        return answer;
+    }
+};
+
+class PadPresenceTest : public testing::Test
+{
+protected:
+    Pad pad;
+    PadPresence presence{[this] { return pad.answer(); }};
+};
+
+TEST_F(PadPresenceTest, OneFailureIsAnAnswerOfABusyPad)
+{
+    pad.told = {false, true, false, true, false};
+    for (int i = 0; i < 6; ++i) {
+        presence.look(0);
+        EXPECT_FALSE(presence.isAway()) << i;
+    }
+    EXPECT_EQ(pad.questions, 6);
+}
+
+TEST_F(PadPresenceTest, TwoInARowAreAPadThatIsAway)
+{
+    pad.told = {false, false, false, true};
+    presence.look(7);
+    EXPECT_FALSE(presence.isAway()) << "it has sent";
+    presence.look(7);
+    EXPECT_FALSE(presence.isAway());
+    EXPECT_LT(presence.pause(), milliseconds(1000)) << "the second question comes soon";
+    presence.look(7);
+    EXPECT_TRUE(presence.isAway());
+    presence.look(7);
+    EXPECT_TRUE(presence.isAway());
+    presence.look(7);
+    EXPECT_FALSE(presence.isAway()) << "it answers again";
+}
+
+TEST_F(PadPresenceTest, APadThatSendsIsNotAsked)
+{
+    for (int points = 1; points < 50; ++points)
+        presence.look(points);
+    EXPECT_EQ(pad.questions, 0);
+    presence.look(0); // cleared
+    EXPECT_EQ(pad.questions, 1);
+    presence.look(1);
+    EXPECT_EQ(pad.questions, 1);
+}
+
+TEST_F(PadPresenceTest, APadThatSendsIsBack)
+{
+    pad.told = {false, false, false};
+    presence.look(0);
+    presence.look(0);
+    ASSERT_TRUE(presence.isAway());
+    presence.look(1);
+    EXPECT_FALSE(presence.isAway());
+    presence.look(1);
+    EXPECT_FALSE(presence.isAway()) << "failures from before do not count";
+}
+
+TEST_F(PadPresenceTest, AQuestionAtOnceIsAskedTwice)
+{
+    pad.told = {false, true};
+    presence.ask();
+    EXPECT_FALSE(presence.isAway());
+    pad.told = {false, false};
+    presence.ask();
+    EXPECT_TRUE(presence.isAway());
+    pad.told = {false};
+    presence.ask();
+    EXPECT_TRUE(presence.isAway());
+    EXPECT_EQ(pad.questions, 5) << "and once where the ones before failed too";
+    presence.ask();
+    EXPECT_FALSE(presence.isAway());
+}
+
+TEST_F(PadPresenceTest, ASlowPadIsAskedLessOften)
+{
+    pad.slowness = milliseconds(300);
+    presence.look(0);
+    EXPECT_GE(presence.pause(), milliseconds(2700));
+}
+
+} // namespace
