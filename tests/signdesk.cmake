@@ -11,11 +11,12 @@ target_compile_definitions(kv_signdesk_tests PUBLIC
   KV_SIGNDESK_PICTURES="${CMAKE_BINARY_DIR}/sign-desk-pictures")
 
 kv_add_test(signdesk_test
-  signdesk_signing_test.cpp signdesk_outputs_test.cpp signdesk_fingerprint_test.cpp signdesk_troubles_test.cpp
-  signdesk_words_test.cpp
+  signdesk_signing_test.cpp signdesk_outputs_test.cpp signdesk_fingerprint_test.cpp signdesk_pages_test.cpp
+  signdesk_troubles_test.cpp signdesk_unplugged_test.cpp signdesk_wholeink_test.cpp signdesk_words_test.cpp
   PADS LIBRARIES kv_signdesk_tests)
 kv_add_test(signdesk_program_test signdesk_program_test.cpp PADS LIBRARIES kv_signdesk_tests)
 kv_add_test(signdesk_layout_test signdesk_layout_test.cpp PADS LIBRARIES kv_signdesk_tests)
+kv_add_test(padpresence_test padpresence_test.cpp LIBRARIES kv_padpresence)
 add_dependencies(signdesk_test kv_signdesk_translations)
 add_dependencies(signdesk_program_test kv-sign-desk)
 add_dependencies(signdesk_layout_test kv_signdesk_translations)

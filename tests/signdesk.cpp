@@ -15,9 +15,8 @@
 #include <cstring>
 
 SignDeskTest::SignDeskTest()
-    : window(std::make_unique<signdesk::DeskWindow>())
 {
-    window->show();
+    openWindow();
     window->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(window.get(), 60000));
 }
@@ -26,6 +25,13 @@ SignDeskTest::~SignDeskTest()
 {
     window.reset();
     settle();
+}
+
+void SignDeskTest::openWindow()
+{
+    window = std::make_unique<signdesk::DeskWindow>();
+    window->acceptAnyDriver();
+    window->show();
 }
 
 QString SignDeskTest::nameOf(const Family &family)

@@ -22,6 +22,9 @@ protected:
     SignDeskTest();
     ~SignDeskTest() override;
 
+    /// A new, shown window. It takes the simulated driver of a build directory that others may write too.
+    void openWindow();
+
     /// The model as the window calls it: "S300".
     static QString nameOf(const Family &family);
 

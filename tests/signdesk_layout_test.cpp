@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QGroupBox>
 #include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QScreen>
 #include <QSpinBox>
 #include <QTranslator>
@@ -22,9 +24,8 @@ protected:
             EXPECT_TRUE(m_translator.load(GetParam()));
             QCoreApplication::installTranslator(&m_translator);
         }
-        window = std::make_unique<signdesk::DeskWindow>();
+        openWindow();
         window->setModel(*signdesk::padModelOfName("S310X"));
-        window->show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(window.get(), 60000));
     }
     ~Layout() override
@@ -70,10 +71,15 @@ protected:
     {
         const QPixmap picture = window->grab();
         EXPECT_EQ(picture.size(), (QSizeF(window->size()) * window->devicePixelRatioF()).toSize());
-        ASSERT_TRUE(QDir().mkpath(KV_SIGNDESK_PICTURES));
+        EXPECT_TRUE(picture.save(pictureName(name)));
+    }
+
+    QString pictureName(const QString &name) const
+    {
+        EXPECT_TRUE(QDir().mkpath(KV_SIGNDESK_PICTURES));
         const QString scale = QString::number(window->devicePixelRatioF()).replace('.', '_');
         const QString language = *GetParam() == '\0' ? "en" : "de";
-        EXPECT_TRUE(picture.save(QStringLiteral(KV_SIGNDESK_PICTURES "/%1-%2-%3.png").arg(name, language, scale)));
+        return QStringLiteral(KV_SIGNDESK_PICTURES "/%1-%2-%3.png").arg(name, language, scale);
     }
 
 private:
@@ -91,6 +97,19 @@ TEST_P(Layout, NoTextIsCut)
     write(kS310XFamily, 0.1, 0.3, 0.9, 0.6);
     ASSERT_TRUE(until([&] { return window->state() == signdesk::SigningState::Writing; }));
     expectRoom();
+    driver.setResult("GetDevicePartsVersion", KVSPDARI_LIBUSB_SENT_CMD_FAIL); // unplugged for a while
+    ASSERT_TRUE(until([&] { return window->isPadAway(); }));
+    expectRoom();
+    keepPicture("unplugged");
+    driver.setResult("GetDevicePartsVersion", KVSPDARI_SUCCESS);
+    ASSERT_TRUE(until([&] { return !window->isPadAway(); }));
+    whenDialogComes([&](QDialog &dialog) {
+        EXPECT_TRUE(dialog.grab().save(pictureName("doubt")));
+        auto &question = dynamic_cast<QMessageBox &>(dialog);
+        for (QAbstractButton *choice : question.buttons())
+            if (choice != question.defaultButton())
+                return QTest::mouseClick(choice, Qt::LeftButton);
+    });
     tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON);
     ASSERT_TRUE(until([&] { return window->state() == signdesk::SigningState::Confirmed; }));
     expectRoom();

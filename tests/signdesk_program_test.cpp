@@ -10,6 +10,8 @@
 #include <QImage>
 #include <QTemporaryDir>
 
+#include <sys/stat.h>
+
 namespace {
 
 const QString kProgram = KV_SIGNDESK;
@@ -29,7 +31,8 @@ TEST(SignDeskProgram, HelpNamesEveryOption)
 {
     const CommandResult help = run({"--help"});
     EXPECT_EQ(help.exitCode, 0);
-    for (const char *option : {"--model <model>", "--driver-directory <directory>", "--screenshot <file>", "[page]"})
+    for (const char *option :
+        {"--model <model>", "--driver-directory <directory>", "--unsafe-driver", "--screenshot <file>", "[page]"})
         EXPECT_TRUE(help.output.contains(option)) << option << "\n" << testing::PrintToString(help);
 }
 
@@ -67,9 +70,9 @@ TEST(SignDeskProgram, TakesAPictureAtEachScale)
     ASSERT_TRUE(QFile::copy(kSample, place.filePath("note.pdf")));
     for (const char *scale : {"1", "1.25", "2"}) {
         // Paths are those of the directory in which it was started.
-        const CommandResult result =
-            run({"--model", "s310x", "--driver-directory", drivers, "--screenshot", "desk.png", "note.pdf"},
-                place.path(), scale);
+        const CommandResult result = run({"--model", "s310x", "--driver-directory", drivers, "--unsafe-driver",
+                                             "--screenshot", "desk.png", "note.pdf"},
+            place.path(), scale);
         EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
         const QImage picture(place.filePath("desk.png"));
         if (first.isEmpty())
@@ -103,12 +106,119 @@ TEST(SignDeskProgram, IsStartedAsTheReadmeSays)
     const QTemporaryDir place;
     const QString picture = place.filePath("desk.png");
     // In this build's own directory, and with an end.
-    const CommandResult result =
-        runProgram({"sh", "-c", commands[1] + " --screenshot " + picture}, QDir::currentPath(), kQuickly);
+    const CommandResult result = runProgram(
+        {"sh", "-c", commands[1] + " --unsafe-driver --screenshot " + picture}, QDir::currentPath(), kQuickly);
     EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
     EXPECT_FALSE(QImage(picture).isNull());
-    for (const char *option : {"--driver-directory", "--screenshot"})
+    for (const char *option : {"--driver-directory", "--unsafe-driver", "--screenshot"})
         EXPECT_TRUE(readme.contains(option)) << option;
+}
+
+/// The simulated driver alone in a folder of its own.
+class DriverElsewhere : public testing::Test
+{
+protected:
+    DriverElsewhere()
+    {
+        EXPECT_TRUE(QDir(place.path()).mkdir("pad"));
+        EXPECT_TRUE(QFile::copy("libkvsignpaddrv.so", driver));
+        setMode(driver, 0755);
+        setMode(folder, 0755);
+    }
+
+    static void setMode(const QString &path, mode_t mode)
+    {
+        EXPECT_EQ(::chmod(path.toLocal8Bit().constData(), mode), 0);
+    }
+
+    CommandResult sign(const QStringList &options = {})
+    {
+        return run(QStringList{"--driver-directory", folder, "--screenshot", picture} + options);
+    }
+
+    const QTemporaryDir place;
+    const QString folder = place.filePath("pad");
+    const QString driver = place.filePath("pad/libkvsignpaddrv.so");
+    const QString picture = place.filePath("desk.png");
+};
+
+TEST_F(DriverElsewhere, IsRefusedWhenOthersMayWriteIt)
+{
+    EXPECT_EQ(sign().exitCode, 0);
+    for (const QString &weak : {driver, folder}) {
+        setMode(weak, 0777);
+        const CommandResult result = sign();
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_TRUE(result.errors.contains("kv-sign-desk: The pad driver is not used: others could have put another "
+                                           "one in its place, since they may write to "
+            + weak + ".\n"))
+            << testing::PrintToString(result);
+        EXPECT_EQ(sign({"--unsafe-driver"}).exitCode, 0);
+        setMode(weak, 0755);
+    }
+}
+
+TEST_F(DriverElsewhere, IsSaidToBeRefusedWithItsCure)
+{
+    setMode(driver, 0602);
+    const InDirectory elsewhere(folder.toStdString());
+    QWidget parent;
+    signdesk::PadSession session;
+    try {
+        session.open(*signdesk::padModelOfName("S300"), &parent, QRect(0, 0, 200, 100));
+        ADD_FAILURE() << "opened";
+    } catch (const signdesk::Trouble &trouble) {
+        EXPECT_EQ(trouble.cure,
+            "Have that put right (chmod o-w " + driver + "), or start this program with --unsafe-driver.");
+    }
+    session.acceptAnyDriver();
+    EXPECT_NO_THROW(session.open(*signdesk::padModelOfName("S300"), &parent, QRect(0, 0, 200, 100)));
+}
+
+TEST(SignDeskProgram, SaysThatThereIsNoScreen)
+{
+    const QString english =
+        "kv-sign-desk: there is no screen for a window: see that QT_QPA_PLATFORM and DISPLAY are right, or not set\n";
+    const struct
+    {
+        const char *platform;
+        const char *locale;
+        QString told;
+    } rows[] = {
+        {"no-such-platform", "C.UTF-8", english},
+        {"xcb", "C.UTF-8", english},
+        {"no-such-platform", "de_DE.UTF-8",
+            u8"kv-sign-desk: es gibt keinen Bildschirm f\u00fcr ein Fenster: QT_QPA_PLATFORM und DISPLAY m\u00fcssen "
+            u8"stimmen oder d\u00fcrfen nicht gesetzt sein\n"},
+    };
+    for (const auto &row : rows) {
+        const CommandResult result = runProgram({kProgram}, "/",
+            {{"QT_QPA_PLATFORM", row.platform}, {"DISPLAY", QString()}, {"WAYLAND_DISPLAY", QString()},
+                {"LC_ALL", row.locale}, {"LANGUAGE", QString()}});
+        EXPECT_EQ(result.exitCode, 2) << testing::PrintToString(result);
+        EXPECT_EQ(result.errors, row.told);
+        EXPECT_EQ(result.output, "");
+    }
+}
+
+TEST(SignDeskProgram, TakesAPictureOfAPadThatIsPulledOut)
+{
+    const QTemporaryDir place;
+    QFile recording(place.filePath("pulled-out.kvrec"));
+    ASSERT_TRUE(recording.open(QIODevice::WriteOnly));
+    QByteArray packets = "version: 2\nmodel: S300\n";
+    for (int i = 0; i < 60; ++i)
+        packets += QByteArray::number(5 * i) + ' ' + QByteArray::number(500 + 20 * i) + ' '
+            + QByteArray::number(700 + i % 7 * 40) + (i == 0 ? " 310 0\n" : " 310 1\n");
+    recording.write(packets + "unplug 320\n");
+    recording.close();
+    const CommandResult result =
+        runProgram({kProgram, "--model", "S300", "--unsafe-driver", "--driver-directory", QDir::currentPath(),
+                       "--screenshot", place.filePath("desk.png"), kSample},
+            "/", {{"KVSIM_RECORDING", recording.fileName()}, {"LC_ALL", "C.UTF-8"}});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.errors.contains("kv-sign-desk: the pad no longer answers\n")) << testing::PrintToString(result);
+    EXPECT_FALSE(QImage(place.filePath("desk.png")).isNull());
 }
 
 TEST(SignDeskSession, SaysThatThereIsNoDriver)

@@ -157,9 +157,8 @@ TEST_F(SignDeskTest, EveryControlHasALetterOfItsOwn)
     expectKeys(*window);
     window.reset();
     const German german;
-    window = std::make_unique<signdesk::DeskWindow>();
+    openWindow();
     window->setModel(*signdesk::padModelOfName("S310X"));
-    window->show();
     expectKeys(*window);
 }
 
@@ -230,9 +229,8 @@ TEST_F(SignDeskTest, EveryWordPassesTheTranslator)
 {
     window.reset();
     const MarkedLanguage marked;
-    window = std::make_unique<signdesk::DeskWindow>();
+    openWindow();
     window->setModel(*signdesk::padModelOfName("S310X"));
-    window->show();
     window->start();
     const QRegularExpression notWords("^(S210|S300|S310X|R800|M450|[^\\w]*)$");
     const QMultiMap<QString, QString> texts = textsOf(*window);

@@ -95,11 +95,13 @@ bool DeskFiles::exportSignature(const PadSession &session, const OutputOptions &
     return !path.isEmpty() && attempt([&] { saveSignature(session, path, options); });
 }
 
-bool DeskFiles::exportFingerprint(const QByteArray &pngFile)
+bool DeskFiles::exportFingerprint(const FingerprintPlacing &fingerprint)
 {
     const QString path = askForName(tr("Export fingerprint"), tr("fingerprint"), {QStringLiteral("PNG (*.png)")});
-    return !path.isEmpty()
-        && attempt([&] { writeFile(path, [&](QIODevice &file) { return file.write(pngFile) == pngFile.size(); }); });
+    return !path.isEmpty() && attempt([&] {
+        const QByteArray content = fingerprint.pngFile();
+        writeFile(path, [&](QIODevice &file) { return file.write(content) == content.size(); });
+    });
 }
 
 bool DeskFiles::print(const SignedDocument &document, int pageCount)
@@ -113,15 +115,30 @@ bool DeskFiles::print(const SignedDocument &document, int pageCount)
 
 bool DeskFiles::mayGo()
 {
-    QMessageBox box(QMessageBox::Question, QApplication::applicationDisplayName(),
-        tr("The signature is neither saved nor printed."), QMessageBox::NoButton, &m_window);
-    box.setInformativeText(tr("Shall it be discarded?"));
-    QAbstractButton *const discard = box.addButton(tr("&Discard"), QMessageBox::DestructiveRole);
-    QPushButton *const keep = box.addButton(tr("&Keep"), QMessageBox::RejectRole);
-    box.setDefaultButton(keep);
-    box.setEscapeButton(keep);
+    return ask(
+        tr("The signature is neither saved nor printed."), tr("Shall it be discarded?"), tr("&Discard"), tr("&Keep"));
+}
+
+bool DeskFiles::mayLackStrokes()
+{
+    return ask(tr("The pad did not answer for a while. Strokes of the signature may be missing."),
+        tr("Compare it with what the signer has written. If anything is missing, go back, clear the field, and let the "
+           "signer sign anew."),
+        tr("&Confirm all the same"), tr("Go &back"));
+}
+
+/// What does no harm is chosen by Return and Escape.
+bool DeskFiles::ask(const QString &what, const QString &question, const QString &yes, const QString &no)
+{
+    QMessageBox box(
+        QMessageBox::Question, QApplication::applicationDisplayName(), what, QMessageBox::NoButton, &m_window);
+    box.setInformativeText(question);
+    QAbstractButton *const accept = box.addButton(yes, QMessageBox::DestructiveRole);
+    QPushButton *const refuse = box.addButton(no, QMessageBox::RejectRole);
+    box.setDefaultButton(refuse);
+    box.setEscapeButton(refuse);
     box.exec();
-    return box.clickedButton() == discard;
+    return box.clickedButton() == accept;
 }
 
 } // namespace signdesk

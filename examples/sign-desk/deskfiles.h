@@ -3,6 +3,7 @@
 #ifndef DESKFILES_H
 #define DESKFILES_H
 
+#include "fingerprintplacing.h"
 #include "signatureoutput.h"
 #include "signeddocument.h"
 
@@ -25,15 +26,21 @@ public:
     /// Each true when something was written. A name without a suffix gets that of the chosen kind.
     bool saveSignedPage(const SignedDocument &document);
     bool exportSignature(const PadSession &session, const OutputOptions &options);
-    bool exportFingerprint(const QByteArray &pngFile);
+    bool exportFingerprint(const FingerprintPlacing &fingerprint);
     bool print(const SignedDocument &document, int pageCount);
+
+    /// Does the work; false when it threw a Trouble, which the clerk has been told.
+    bool attempt(const std::function<void()> &work);
 
     /// Whether the signature may go although it is nowhere but on the screen.
     bool mayGo();
 
+    /// Whether what is written is to count although the pad was away meanwhile.
+    bool mayLackStrokes();
+
 private:
     QString askForName(const QString &title, const QString &proposal, const QStringList &kinds);
-    bool attempt(const std::function<void()> &work);
+    bool ask(const QString &what, const QString &question, const QString &yes, const QString &no);
 
     QWidget &m_window;
     QString m_directory; ///< where the last file was

@@ -12,6 +12,8 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 
+#include <optional>
+
 namespace signdesk {
 
 DeskWindow::DeskWindow(QWidget *parent)
@@ -67,13 +69,13 @@ void DeskWindow::connectActions()
         if (!path.isEmpty())
             openPage(path);
     });
-    on(m_actions.savePage, [this] { keepWhen(m_files.saveSignedPage(signedDocument()), tr("The page is saved.")); });
+    on(m_actions.savePage, [this] { savePage(); });
     on(m_actions.exportSignature, [this] {
-        keepWhen(m_files.exportSignature(m_session, m_outputPanel->options()), tr("The signature is exported."));
+        if (m_files.exportSignature(m_session, m_outputPanel->options()))
+            keep(tr("The signature is exported."));
     });
     on(m_actions.exportFingerprint, [this] { exportFingerprint(); });
-    on(m_actions.print,
-        [this] { keepWhen(m_files.print(signedDocument(), m_pages->count()), tr("The page is printed.")); });
+    on(m_actions.print, [this] { print(); });
     on(m_actions.quit, [this] { close(); });
     on(m_actions.start, [this] { start(); });
     on(m_actions.confirm, [this] { m_signing.confirm(); });
@@ -108,6 +110,8 @@ void DeskWindow::connectSigning()
     connect(&m_signing, &Signing::stateChanged, this, &DeskWindow::follow);
     connect(&m_signing, &Signing::looked, this, &DeskWindow::look);
     connect(&m_signing, &Signing::cancelledOnPad, this, &DeskWindow::cancelOnPad);
+    connect(&m_signing, &Signing::padAwayChanged, this, &DeskWindow::followPad);
+    connect(&m_signing, &Signing::doubted, this, &DeskWindow::confirmDoubtful);
     connect(&m_signing, &Signing::confirmedWithoutInk, this,
         [this] { m_status->note(tr("Nothing is written yet, so there is nothing to confirm.")); });
 }
@@ -215,7 +219,7 @@ void DeskWindow::end(const QString &message)
 void DeskWindow::follow(SigningState state)
 {
     m_actions.follow(state, m_padPanel->model().hasFingerprint);
-    m_padPanel->follow(state);
+    m_padPanel->follow(state, m_signing.isPadAway());
     m_placePanel->setLocked(m_signing.hasSignature());
     m_view->setLocked(m_signing.hasSignature());
     if (state == SigningState::Confirmed)
@@ -231,6 +235,41 @@ void DeskWindow::follow(SigningState state)
         m_status->note(tr("Confirmed. Save, export or print it, then cancel or clear for the next one."));
     else if (state == SigningState::Changed)
         m_status->note(tr("Something was written after the confirmation: confirm again, or clear."));
+}
+
+void DeskWindow::followPad()
+{
+    m_padPanel->follow(m_signing.state(), m_signing.isPadAway());
+    m_status->note(noteOnPad());
+}
+
+/// What to do when the pad no longer answers, or answers again.
+QString DeskWindow::noteOnPad() const
+{
+    const bool isConfirmed = m_signing.state() == SigningState::Confirmed;
+    if (!m_signing.isPadAway())
+        return isConfirmed ? tr("The pad answers again.")
+            : m_signing.hasSignature()
+            ? tr("The pad answers again, but strokes may be missing: clear the field and let "
+                 "the signer sign anew.")
+            : tr("The pad answers again. The signer may write on the pad.");
+    if (isConfirmed)
+        return tr("The pad no longer answers. The confirmed signature is kept: save, export or print it.");
+    if (m_signing.hasSignature())
+        return tr("The pad no longer answers. What it sent is kept, but strokes may be missing: see that it is plugged "
+                  "in, cancel, and start again.");
+    return tr("The pad no longer answers: see that it is plugged in, cancel, and start again.");
+}
+
+void DeskWindow::confirmDoubtful(int points)
+{
+    if (m_isAsking) // the signer taps on, below the question
+        return;
+    m_isAsking = true;
+    const bool isAccepted = m_files.mayLackStrokes();
+    m_isAsking = false;
+    if (isAccepted)
+        m_signing.confirmDoubtful(points);
 }
 
 void DeskWindow::look()
@@ -269,18 +308,37 @@ SignedDocument DeskWindow::signedDocument()
     return {*m_pages, signature};
 }
 
+void DeskWindow::savePage()
+{
+    std::optional<SignedDocument> document;
+    if (m_files.attempt([&] { document.emplace(signedDocument()); }) && m_files.saveSignedPage(*document))
+        keep(m_pages->isOutdated()
+                ? tr("The page is saved as it was when it was opened: its file has changed since then.")
+                : tr("The page is saved."));
+}
+
+void DeskWindow::print()
+{
+    std::optional<SignedDocument> document;
+    if (m_files.attempt([&] { document.emplace(signedDocument()); }) && m_files.print(*document, m_pages->count()))
+        keep(m_pages->isOutdated()
+                ? tr("The page is printed as it was when it was opened: its file has changed since then.")
+                : tr("The page is printed."));
+}
+
 void DeskWindow::exportFingerprint()
 {
-    if (!contentOf(m_session).hasFingerprint)
+    bool hasFingerprint = false;
+    if (!m_files.attempt([&] { hasFingerprint = contentOf(m_session).hasFingerprint; }))
+        return;
+    if (!hasFingerprint)
         showTrouble(this, {tr("There is no fingerprint."), tr("Let the signer lay a finger on the pad's sensor.")});
-    else if (m_files.exportFingerprint(m_fingerprint.pngFile()))
+    else if (m_files.exportFingerprint(m_fingerprint))
         m_status->note(tr("The fingerprint is exported."));
 }
 
-void DeskWindow::keepWhen(bool isWritten, const QString &message)
+void DeskWindow::keep(const QString &message)
 {
-    if (!isWritten)
-        return;
     m_isKept = true;
     setWindowModified(false);
     m_status->note(message);

@@ -28,11 +28,13 @@ public:
     /// False, and the page as it was, when the file cannot be read: the clerk has been told why.
     bool openPage(const QString &path);
     void setModel(const PadModel &model) { m_padPanel->setModel(model); }
+    void acceptAnyDriver() { m_session.acceptAnyDriver(); }
 
     /// As the button does.
     void start();
 
     SigningState state() const { return m_signing.state(); }
+    bool isPadAway() const { return m_signing.isPadAway(); }
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -53,8 +55,13 @@ private:
     void look();
     bool mayDiscard();
     bool mayLeave();
+    void followPad();
+    QString noteOnPad() const;
+    void confirmDoubtful(int points);
     SignedDocument signedDocument();
-    void keepWhen(bool isWritten, const QString &message);
+    void savePage();
+    void print();
+    void keep(const QString &message);
     void exportFingerprint();
     void aboutDesk();
 
@@ -72,6 +79,7 @@ private:
     OutputPanel *m_outputPanel;
     DeskStatus *m_status;
     bool m_isKept = true; ///< what is confirmed was saved or printed
+    bool m_isAsking = false; ///< whether to confirm although strokes may be missing
 };
 
 } // namespace signdesk

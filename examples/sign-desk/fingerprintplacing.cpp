@@ -74,11 +74,15 @@ bool FingerprintPlacing::isTaken()
 
 QByteArray FingerprintPlacing::imageFile(int type) const
 {
-    if (!m_session.isOpen() || !m_session.model().hasFingerprint)
-        return {};
-    char *text = KVS310X_GetFPImageBase64Data(KVS310X_DEVICE, type, true);
-    const QByteArray file = QByteArray::fromBase64(text);
-    KVS310X_FreeFPImageBase64Data(KVS310X_DEVICE, text);
+    QByteArray file;
+    if (m_session.isOpen() && m_session.model().hasFingerprint) {
+        char *text = KVS310X_GetFPImageBase64Data(KVS310X_DEVICE, type, true);
+        file = QByteArray::fromBase64(text);
+        KVS310X_FreeFPImageBase64Data(KVS310X_DEVICE, text);
+    }
+    if (file.isEmpty())
+        throw Trouble{tr("There is no picture of the fingerprint."),
+            tr("See that the computer has memory to spare. Nothing was written; the fingerprint is still here.")};
     return file;
 }
 

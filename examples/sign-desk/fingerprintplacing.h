@@ -37,7 +37,8 @@ public:
     /// Whether a finger was on the sensor. Costs something as long as it was not and nothing is written.
     bool isTaken();
 
-    /// The fingerprint's rectangle: dark ridges on transparent paper, for whatever lies below. Null without one.
+    /// The fingerprint's rectangle: dark ridges on transparent paper, for whatever lies below. Both throw a Trouble
+    /// when there is none.
     QImage picture() const;
     QByteArray pngFile() const;
 

@@ -12,6 +12,8 @@
 #include <QTranslator>
 
 #include <cstdio>
+#include <cstdlib>
+#include <optional>
 
 namespace {
 
@@ -24,6 +26,7 @@ struct Options
 {
     QCommandLineOption model{QStringLiteral("model"), QString(), QStringLiteral("model")};
     QCommandLineOption driver{QStringLiteral("driver-directory"), QString(), QStringLiteral("directory")};
+    QCommandLineOption unsafeDriver{QStringLiteral("unsafe-driver")};
     QCommandLineOption screenshot{QStringLiteral("screenshot"), QString(), QStringLiteral("file")};
 };
 
@@ -32,10 +35,12 @@ void describe(QCommandLineParser &parser, Options &options)
     parser.setApplicationDescription(Words::tr("Lets a customer sign a page on a signature pad."));
     options.model.setDescription(Words::tr("The pad on the desk: S210, S300, S310X, R800 or M450."));
     options.driver.setDescription(Words::tr("Where the pad's driver libkvsignpaddrv.so is; else here."));
+    options.unsafeDriver.setDescription(
+        Words::tr("Use the driver although others could have put another one in its place."));
     options.screenshot.setDescription(
         Words::tr("Start signing, and when the signer has confirmed, write a picture of the window and end."));
     parser.addHelpOption();
-    parser.addOptions({options.model, options.driver, options.screenshot});
+    parser.addOptions({options.model, options.driver, options.unsafeDriver, options.screenshot});
     parser.addPositionalArgument(QStringLiteral("page"), Words::tr("The PDF or picture to be signed."), "[page]");
 }
 
@@ -45,12 +50,35 @@ int fail(const QString &what)
     return 2;
 }
 
-/// Nothing happens where there is none for the language of the user.
-void install(QTranslator &translator, const QString &name, const QString &directory)
+/// While it lives, Qt's end of a program for which it finds no screen is a sentence and an exit code, and no abort.
+class ScreenNeeded
 {
-    if (translator.load(QLocale(), name, QStringLiteral("_"), directory))
-        QCoreApplication::installTranslator(&translator);
-}
+public:
+    explicit ScreenNeeded(const QTranslator &words)
+        : m_before(qInstallMessageHandler(receive))
+    {
+        s_words = &words;
+    }
+    ~ScreenNeeded() { qInstallMessageHandler(m_before); }
+    ScreenNeeded(const ScreenNeeded &) = delete;
+    ScreenNeeded &operator=(const ScreenNeeded &) = delete;
+
+private:
+    static void receive(QtMsgType type, const QMessageLogContext &context, const QString &text)
+    {
+        if (type == QtFatalMsg) { // there is no application yet that could translate
+            static const char *const kSentence = QT_TRANSLATE_NOOP("signdesk::Main",
+                "there is no screen for a window: see that QT_QPA_PLATFORM and DISPLAY are right, or not set");
+            const QString translated = s_words->translate("signdesk::Main", kSentence);
+            std::_Exit(fail(translated.isEmpty() ? QString::fromUtf8(kSentence) : translated));
+        }
+        if (qstrncmp(context.category, "qt.qpa", 6) != 0) // these lead to the sentence above, or to nothing
+            std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
+    }
+
+    static inline const QTranslator *s_words = nullptr;
+    QtMessageHandler m_before;
+};
 
 int run(const QCommandLineParser &parser, const Options &options)
 {
@@ -62,6 +90,8 @@ int run(const QCommandLineParser &parser, const Options &options)
     if (!directory.isEmpty() && !QDir::setCurrent(directory))
         return fail(Words::tr("there is no directory %1").arg(directory));
     signdesk::DeskWindow window;
+    if (parser.isSet(options.unsafeDriver))
+        window.acceptAnyDriver();
     if (parser.isSet(options.model)) {
         const signdesk::PadModel *model = signdesk::padModelOfName(parser.value(options.model));
         if (model == nullptr)
@@ -83,12 +113,20 @@ int main(int argc, char **argv)
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    // Nothing is loaded where there is none for the language of the user.
+    QTranslator words, qtWords;
+    words.load(QLocale(), QStringLiteral("sign-desk"), QStringLiteral("_"), QStringLiteral(":/translations"));
+    qtWords.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
+        QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+    std::optional<ScreenNeeded> screenNeeded(words);
     const QApplication application(argc, argv);
+    screenNeeded.reset();
     QApplication::setApplicationName(QStringLiteral("kv-sign-desk"));
     QApplication::setApplicationDisplayName(QStringLiteral("Sign Desk"));
-    QTranslator words, qtWords;
-    install(qtWords, QStringLiteral("qtbase"), QLibraryInfo::location(QLibraryInfo::TranslationsPath));
-    install(words, QStringLiteral("sign-desk"), QStringLiteral(":/translations"));
+    for (QTranslator *translator : {&qtWords, &words}) {
+        if (!translator->isEmpty())
+            QCoreApplication::installTranslator(translator);
+    }
 
     QCommandLineParser parser;
     Options options;

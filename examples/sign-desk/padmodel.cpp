@@ -8,8 +8,9 @@ namespace signdesk {
     {                                                                                                                  \
         name, family##_DEVICE, width, height, hasFingerprint, family##_InitialDevice, family##_UnInitialDevice,        \
             family##_Clear, family##_SetPenStyle, family##_SetPenWidth, family##_SetPenColor,                          \
-            family##_SignPadEventCallback, family##_GetTotalInkPointsNumber, family##_SetSaveClipImageMargin,          \
-            family##_SaveDrawingImage, family##_Base64Encode, family##_Base64EncodeFree, family##_AboutBox             \
+            family##_SignPadEventCallback, family##_GetHWVersion, family##_GetTotalInkPointsNumber,                    \
+            family##_GetInkPointData, family##_SetSaveClipImageMargin, family##_SaveDrawingImage,                      \
+            family##_Base64Encode, family##_Base64EncodeFree, family##_AboutBox                                        \
     }
 
 const std::array<PadModel, 5> &padModels()

@@ -25,7 +25,9 @@ struct PadModel
     decltype(&KVS300_SetPenWidth) SetPenWidth;
     decltype(&KVS300_SetPenColor) SetPenColor;
     decltype(&KVS300_SignPadEventCallback) SignPadEventCallback;
+    decltype(&KVS300_GetHWVersion) GetHWVersion;
     decltype(&KVS300_GetTotalInkPointsNumber) GetTotalInkPointsNumber;
+    decltype(&KVS300_GetInkPointData) GetInkPointData;
     decltype(&KVS300_SetSaveClipImageMargin) SetSaveClipImageMargin;
     decltype(&KVS300_SaveDrawingImage) SaveDrawingImage;
     decltype(&KVS300_Base64Encode) Base64Encode;

@@ -17,8 +17,10 @@ struct StateLook
     QRgb colour;
 };
 
-StateLook lookOf(SigningState state)
+StateLook lookOf(SigningState state, bool isPadAway)
 {
+    if (isPadAway)
+        return {QT_TRANSLATE_NOOP("signdesk::PadPanel", "The pad does not answer"), 0xffc0392b};
     static constexpr StateLook looks[] = {
         {QT_TRANSLATE_NOOP("signdesk::PadPanel", "No pad in use"), 0xff8a9099},
         {QT_TRANSLATE_NOOP("signdesk::PadPanel", "The signer may write"), 0xff2667b5},
@@ -77,7 +79,7 @@ PadPanel::PadPanel(const DeskActions &actions, QWidget *parent)
     ways->addWidget(new ActionButton(tr("Ca&ncel"), actions.cancel));
     grid->addLayout(ways, 4, 0, 1, 2);
     grid->setColumnStretch(1, 1);
-    follow(SigningState::Closed);
+    follow(SigningState::Closed, false);
 }
 
 const PadModel &PadPanel::model() const
@@ -90,9 +92,9 @@ void PadPanel::setModel(const PadModel &model)
     m_model->setCurrentText(QLatin1String(model.name));
 }
 
-void PadPanel::follow(SigningState state)
+void PadPanel::follow(SigningState state, bool isPadAway)
 {
-    const StateLook look = lookOf(state);
+    const StateLook look = lookOf(state, isPadAway);
     m_light->setPixmap(light(look.colour, devicePixelRatioF()));
     m_state->setText(tr(look.text));
     m_model->setEnabled(state == SigningState::Closed);

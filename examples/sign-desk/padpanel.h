@@ -20,7 +20,7 @@ public:
 
     const PadModel &model() const;
     void setModel(const PadModel &model);
-    void follow(SigningState state);
+    void follow(SigningState state, bool isPadAway);
 
 signals:
     void modelChanged();

@@ -1,5 +1,6 @@
 #include "padsession.h"
 
+#include "driverfile.h"
 #include "trouble.h"
 
 #include <QDir>
@@ -22,16 +23,39 @@ void setReceiver(PadSession *session)
     g_receiver = session;
 }
 
-Trouble cannotOpen(const PadModel &model)
+Trouble noDriver(const QString &path)
 {
-    const QString driver = QDir::current().filePath("libkvsignpaddrv.so");
-    if (!QFile::exists(driver))
-        return {PadSession::tr("There is no pad driver: %1 does not exist.").arg(QDir::toNativeSeparators(driver)),
-            PadSession::tr("Install the driver that came with the pad, and start this program in the driver's "
-                           "directory or with --driver-directory.")};
+    return {PadSession::tr("There is no pad driver: %1 does not exist.").arg(QDir::toNativeSeparators(path)),
+        PadSession::tr("Install the driver that came with the pad, and start this program in the driver's "
+                       "directory or with --driver-directory.")};
+}
+
+Trouble noPad(const PadModel &model)
+{
     return {PadSession::tr("No %1 was found.").arg(QLatin1String(model.name)),
         PadSession::tr("See that the pad is plugged in, that it is the chosen model, and that no other program uses "
                        "it. Then start signing again.")};
+}
+
+Trouble foreignDriver(const driverfile::Weakness &weakness)
+{
+    return {PadSession::tr("The pad driver is not used: others could have put another one in its place, since they may "
+                           "write to %1.")
+                .arg(QFile::decodeName(weakness.path.c_str())),
+        PadSession::tr("Have that put right (%1), or start this program with --unsafe-driver.")
+            .arg(QFile::decodeName(weakness.cure.c_str()))};
+}
+
+/// The library loads whatever driver lies in the working directory.
+void judgeDriver(bool acceptsAny)
+{
+    const QString driver = QDir::current().filePath(QLatin1String(driverfile::kName));
+    if (!QFile::exists(driver))
+        throw noDriver(driver);
+    const std::optional<driverfile::Weakness> weakness =
+        acceptsAny ? std::nullopt : driverfile::weaknessOf(QFile::encodeName(driver).toStdString());
+    if (weakness.has_value())
+        throw foreignDriver(*weakness);
 }
 
 QList<QWidget *> childrenOf(const QWidget &parent)
@@ -54,9 +78,10 @@ PadSession::~PadSession()
 void PadSession::open(const PadModel &model, QWidget *parent, const QRect &place)
 {
     close();
+    judgeDriver(m_acceptsAnyDriver);
     const QList<QWidget *> before = childrenOf(*parent);
     if (!model.InitialDevice(model.type, parent, place.x(), place.y(), place.width(), place.height()))
-        throw cannotOpen(model);
+        throw noPad(model);
     for (QWidget *child : childrenOf(*parent)) {
         if (!before.contains(child))
             m_widget = child;
@@ -95,9 +120,31 @@ bool PadSession::clear()
     return m_model->Clear(m_model->type) == ARI_SUCCESS;
 }
 
+bool PadSession::answers() const
+{
+    char version[128] = "";
+    return isOpen() && m_model->GetHWVersion(m_model->type, version, sizeof version) == ARI_SUCCESS;
+}
+
 int PadSession::points() const
 {
     return isOpen() ? std::max(0, m_model->GetTotalInkPointsNumber(m_model->type)) : 0;
+}
+
+int PadSession::lines() const
+{
+    const int count = points();
+    int lines = 0;
+    bool isInStroke = false;
+    for (int i = 0; i < count; ++i) {
+        INKPOINTDATA point = {};
+        point.nIndex = i;
+        if (m_model->GetInkPointData(m_model->type, point) != ARI_SUCCESS)
+            break; // cleared meanwhile
+        lines += isInStroke && !point.bStrokeEnd ? 1 : 0;
+        isInStroke = !point.bStrokeEnd;
+    }
+    return lines;
 }
 
 /// On the driver's thread.

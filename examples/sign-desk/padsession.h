@@ -30,6 +30,9 @@ public:
     explicit PadSession(QObject *parent = nullptr);
     ~PadSession() override;
 
+    /// Takes a driver from now on although others could have put it there.
+    void acceptAnyDriver() { m_acceptsAnyDriver = true; }
+
     /// Opens the pad with the library's signing widget as a child of the parent. Throws a Trouble.
     void open(const PadModel &model, QWidget *parent, const QRect &place);
     void close();
@@ -44,8 +47,14 @@ public:
     /// Empties pad, canvas and points. False when the pad did not obey.
     bool clear();
 
+    /// Whether the pad tells its version text, which every model has. May take as long as the driver waits for it.
+    bool answers() const;
+
     /// Stored ink points; 0 without a pad.
     int points() const;
+
+    /// The lines that they make: one from each point to the next of its stroke.
+    int lines() const;
 
 signals:
     /// A tap on the pad's confirm or cancel button, on the GUI thread; taps from before a clear are dropped.
@@ -57,6 +66,7 @@ private:
 
     const PadModel *m_model = nullptr;
     QPointer<QWidget> m_widget;
+    bool m_acceptsAnyDriver = false;
     std::atomic<int> m_round{0}; ///< counts openings and clears
 };
 

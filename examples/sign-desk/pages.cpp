@@ -1,11 +1,10 @@
 #include "pages.h"
 
+#include "pagefile.h"
+#include "pagepicture.h"
 #include "trouble.h"
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-#include <QImageReader>
 #include <QPainter>
 
 #include <poppler-qt5.h>
@@ -55,10 +54,13 @@ QSizeF pageSizeOf(const QImage &picture)
 class PicturePages : public Pages
 {
 public:
-    explicit PicturePages(const QImage &picture)
-        : m_picture(picture)
+    explicit PicturePages(PageFile file)
+        : m_picture(readPicture(file))
+        , m_file(std::move(file))
     {
+        m_file.content.clear();
     }
+    bool isOutdated() const override { return m_file.hasChanged(); }
     int count() const override { return 1; }
     QSizeF size(int /*page*/) const override { return pageSizeOf(m_picture); }
     QImage render(int page, double dotsPerPoint) const override
@@ -73,17 +75,20 @@ public:
 
 private:
     QImage m_picture;
+    PageFile m_file;
 };
 
 class PdfPages : public Pages
 {
 public:
-    explicit PdfPages(std::unique_ptr<Poppler::Document> document)
-        : m_document(std::move(document))
+    explicit PdfPages(PageFile file)
+        : m_file(std::move(file))
+        , m_document(opened(m_file))
     {
         m_document->setRenderHint(Poppler::Document::Antialiasing);
         m_document->setRenderHint(Poppler::Document::TextAntialiasing);
     }
+    bool isOutdated() const override { return m_file.hasChanged(); }
     int count() const override { return m_document->numPages(); }
     QSizeF size(int page) const override
     {
@@ -99,26 +104,22 @@ public:
     }
 
 private:
+    static std::unique_ptr<Poppler::Document> opened(const PageFile &file)
+    {
+        // From memory: read from the file, a page would be drawn as the file is by then.
+        std::unique_ptr<Poppler::Document> document(Poppler::Document::loadFromData(file.content));
+        if (document == nullptr)
+            throw unreadable(file.path, Words::tr("it is a damaged PDF."));
+        if (document->isLocked())
+            throw unreadable(file.path, Words::tr("it is protected by a password."));
+        if (document->numPages() < 1)
+            throw unreadable(file.path, Words::tr("it has no page."));
+        return document;
+    }
+
+    PageFile m_file;
     std::unique_ptr<Poppler::Document> m_document;
 };
-
-Trouble unreadable(const QString &path, const QString &why)
-{
-    return {Words::tr("%1 cannot be opened: %2").arg(QDir::toNativeSeparators(path), why),
-        Words::tr("Choose another file; the page shown before is still there.")};
-}
-
-std::unique_ptr<Pages> openPdf(const QString &path)
-{
-    std::unique_ptr<Poppler::Document> document(Poppler::Document::load(path));
-    if (document == nullptr)
-        throw unreadable(path, Words::tr("it is a damaged PDF."));
-    if (document->isLocked())
-        throw unreadable(path, Words::tr("it is protected by a password."));
-    if (document->numPages() < 1)
-        throw unreadable(path, Words::tr("it has no page."));
-    return std::make_unique<PdfPages>(std::move(document));
-}
 
 } // namespace
 
@@ -136,21 +137,11 @@ std::unique_ptr<Pages> blankPages()
 
 std::unique_ptr<Pages> openPages(const QString &path)
 {
-    QFile file(path);
-    if (!file.exists())
-        throw unreadable(path, Words::tr("there is no such file."));
-    if (!file.open(QIODevice::ReadOnly))
-        throw unreadable(path, Words::tr("you may not read it."));
+    PageFile file = readPageFile(path);
     Poppler::setDebugErrorFunction([](const QString &, const QVariant &) {}, {}); // the window says what is wrong
-    if (file.peek(1024).contains("%PDF-"))
-        return openPdf(path);
-    QImageReader reader(&file);
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
-    const QImage picture = reader.read();
-    if (picture.isNull())
-        throw unreadable(path, Words::tr("it is neither a PDF nor a picture."));
-    return std::make_unique<PicturePages>(picture);
+    if (file.content.left(1024).contains("%PDF-"))
+        return std::make_unique<PdfPages>(std::move(file));
+    return std::make_unique<PicturePages>(std::move(file));
 }
 
 } // namespace signdesk

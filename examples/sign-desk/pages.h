@@ -28,6 +28,9 @@ public:
 
     /// Opaque, of that many dots to the point, or of as many as can be afforded. Null when it cannot be had.
     virtual QImage render(int page, double dotsPerPoint) const = 0;
+
+    /// Whether their file has changed since they were opened. The pages have not.
+    virtual bool isOutdated() const { return false; }
 };
 
 /// The wished dots to the point, or fewer for pages so large that their picture would take all memory.

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QTemporaryFile>
 
 namespace signdesk {
 
@@ -35,11 +36,25 @@ Trouble cannotWrite(const QString &path)
 
 void writeFile(const QString &path, const std::function<bool(QIODevice &)> &write)
 {
+    const QFileInfo there(path);
+    if (there.exists() && !there.isFile() && !there.isDir()) // a device or a pipe, which would be replaced by a file
+        throw Trouble{Words::tr("%1 was not written: it is no file.").arg(QDir::toNativeSeparators(path)),
+            Words::tr("Choose another name. The signature is still here.")};
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         throw cannotWrite(path);
     if (!write(file) || !file.commit())
         throw cannotWrite(path);
+}
+
+bool hasRoomForTemporary(qint64 bytes)
+{
+    QTemporaryFile file;
+    const QByteArray piece(1 << 20, 'x'); // a hole would take no room
+    bool isWritten = !QDir::tempPath().isEmpty() && file.open(); // empty: TMPDIR is no folder
+    for (qint64 left = bytes; isWritten && left > 0; left -= piece.size())
+        isWritten = file.write(piece) == piece.size();
+    return isWritten && file.flush();
 }
 
 } // namespace signdesk

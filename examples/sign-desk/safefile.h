@@ -13,6 +13,10 @@ namespace signdesk {
 /// Lets `write` fill the file; what was there before stays when that fails or cannot be finished. Throws a Trouble.
 void writeFile(const QString &path, const std::function<bool(QIODevice &)> &write);
 
+/// Whether so much can be written for a while where temporary files are. Tried out, since a disk may have room that is
+/// not for everybody.
+bool hasRoomForTemporary(qint64 bytes);
+
 } // namespace signdesk
 
 #endif

@@ -31,14 +31,17 @@ void takeScreenshotAndQuit(DeskWindow &window, const QString &path)
     auto *const look = new QTimer(&window);
     QObject::connect(look, &QTimer::timeout, &window, [&window, look, path] {
         const auto *const trouble = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        if (trouble == nullptr && window.state() != SigningState::Confirmed)
+        if (trouble == nullptr && window.state() != SigningState::Confirmed && !window.isPadAway())
             return;
         look->stop();
         if (trouble != nullptr) { // nobody is there to read it
             std::fprintf(stderr, "kv-sign-desk: %s\n", trouble->text().toLocal8Bit().constData());
             return finish(window, path, false);
         }
-        QTimer::singleShot(kSettle, &window, [&window, path] { finish(window, path, true); });
+        const bool isSigned = window.state() == SigningState::Confirmed;
+        if (!isSigned)
+            std::fputs("kv-sign-desk: the pad no longer answers\n", stderr);
+        QTimer::singleShot(kSettle, &window, [&window, path, isSigned] { finish(window, path, isSigned); });
     });
     look->start(50);
     QTimer::singleShot(200, &window, [&window] { window.start(); });

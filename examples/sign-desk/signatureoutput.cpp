@@ -1,13 +1,15 @@
 #include "signatureoutput.h"
 
+#include "memoryfile.h"
 #include "safefile.h"
 #include "trouble.h"
+#include "wholefiles.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
-#include <QFile>
 #include <QFileInfo>
+#include <QImage>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 
 #include <algorithm>
 
@@ -22,19 +24,69 @@ struct Words
 
 constexpr int kMarginAroundInk = 6; ///< canvas pixels
 
-/// The library's own file, taken from a place where it can always be written. Empty when there is none.
+/// While it lives the library cuts its pictures to the ink, if that is wanted.
+class CutToInk
+{
+public:
+    CutToInk(const PadModel &pad, bool isWanted)
+        : m_pad(pad)
+    {
+        m_pad.SetSaveClipImageMargin(m_pad.type, isWanted, kMarginAroundInk, kMarginAroundInk);
+    }
+    ~CutToInk() { m_pad.SetSaveClipImageMargin(m_pad.type, false, 0, 0); }
+    CutToInk(const CutToInk &) = delete;
+    CutToInk &operator=(const CutToInk &) = delete;
+
+private:
+    const PadModel &m_pad;
+};
+
+/// The canvas as the library gives it in memory, with the resolution that its files have.
+QByteArray pictureFile(const PadModel &pad, const SignatureFormat &format, int dotsPerInch)
+{
+    const bool isTransparent = format.imageType == ITI_PNG;
+    char *const text = pad.Base64Encode(pad.type, isTransparent ? EBITI_PNG : EBITI_BITMAP);
+    QImage picture = QImage::fromData(QByteArray::fromBase64(text));
+    pad.Base64EncodeFree(pad.type, text);
+    const int dotsPerMetre = static_cast<int>(dotsPerInch / 0.0254);
+    picture.setDotsPerMeterX(dotsPerMetre);
+    picture.setDotsPerMeterY(dotsPerMetre);
+    QByteArray content;
+    QBuffer buffer(&content);
+    buffer.open(QIODevice::WriteOnly);
+    return picture.save(&buffer, format.suffix) ? content : QByteArray();
+}
+
+/// The library's own file; it does not say when not all of it could be written.
+QByteArray drawnFile(const PadSession &session, const SignatureFormat &format, bool isFine)
+{
+    const PadModel &pad = session.model();
+    const int lines = session.lines();
+    MemoryFile file;
+    std::wstring path = file.path().toStdWString();
+    if (pad.SaveDrawingImage(pad.type, format.imageType, path.data(), isFine ? IDLI_300DPI : IDLI_150DPI)
+        != ARI_SUCCESS)
+        return {};
+    const QByteArray content = file.content();
+    const bool isWhole = format.imageType == ITI_PDF ? isWholePdf(content) : linesOfSvg(content) >= lines;
+    return isWhole ? content : QByteArray();
+}
+
+/// Whole, and never through a disk, which may be full. Throws a Trouble.
 QByteArray fileOf(const PadSession &session, const SignatureFormat &format, const OutputOptions &options)
 {
-    const QTemporaryDir directory;
-    const PadModel &pad = session.model();
-    const QString path = directory.filePath(QStringLiteral("signature.") + QLatin1String(format.suffix));
-    std::wstring widePath = path.toStdWString();
-    pad.SetSaveClipImageMargin(pad.type, options.cutsToInk, kMarginAroundInk, kMarginAroundInk);
-    const int result =
-        pad.SaveDrawingImage(pad.type, format.imageType, widePath.data(), options.isFine ? IDLI_300DPI : IDLI_150DPI);
-    pad.SetSaveClipImageMargin(pad.type, false, 0, 0);
-    QFile file(path);
-    return result == ARI_SUCCESS && file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    QByteArray content;
+    if (session.isOpen()) {
+        const CutToInk cut(session.model(), options.cutsToInk);
+        const bool isDrawn = format.imageType == ITI_PDF || format.imageType == ITI_SVG;
+        content = isDrawn ? drawnFile(session, format, options.isFine)
+                          : pictureFile(session.model(), format, options.isFine ? 300 : 150);
+    }
+    if (content.isEmpty())
+        throw Trouble{Words::tr("There is no whole picture of the signature."),
+            Words::tr("See that something is written in the field, and that the computer has memory to spare. "
+                      "Nothing was written; the signature is still here.")};
+    return content;
 }
 
 } // namespace
@@ -66,17 +118,12 @@ void saveSignature(const PadSession &session, const QString &path, const OutputO
     if (format == nullptr)
         throw Trouble{Words::tr("%1: a signature is not written in this format.").arg(QFileInfo(path).fileName()),
             Words::tr("Let the name end with .png, .svg, .pdf, .jpg or .bmp.")};
-    const QByteArray content = session.isOpen() ? fileOf(session, *format, options) : QByteArray();
-    if (content.isEmpty())
-        throw Trouble{Words::tr("There is no picture of the signature."),
-            Words::tr("See that something is written in the field, and that there is space for temporary files.")};
+    const QByteArray content = fileOf(session, *format, options);
     writeFile(path, [&](QIODevice &file) { return file.write(content) == content.size(); });
 }
 
 FieldContent contentOf(const PadSession &session)
 {
-    if (!session.isOpen())
-        return {};
     // A fingerprint stands in the file in a place of its own choice; the page has another for it.
     static const QRegularExpression picture(QStringLiteral("<image[^>]*/>"));
     QString svg = QString::fromUtf8(fileOf(session, *formatOf(QStringLiteral("x.svg")), {false, true}));

@@ -30,16 +30,17 @@ const std::vector<SignatureFormat> &signatureFormats();
 /// Null for a suffix that is none of theirs.
 const SignatureFormat *formatOf(const QString &path);
 
-/// The format follows from the path's suffix. Throws a Trouble.
+/// The format follows from the path's suffix. Throws a Trouble, and writes nothing that lacks ink.
 void saveSignature(const PadSession &session, const QString &path, const OutputOptions &options);
 
 /// What is on the canvas, for a page.
 struct FieldContent
 {
-    QByteArray strokes; ///< an SVG picture of the whole field, empty without ink
+    QByteArray strokes; ///< an SVG picture of the whole field with all the ink, empty without ink
     bool hasFingerprint = false;
 };
 
+/// Throws a Trouble when it cannot be had whole.
 FieldContent contentOf(const PadSession &session);
 
 } // namespace signdesk

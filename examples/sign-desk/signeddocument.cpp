@@ -1,8 +1,11 @@
 #include "signeddocument.h"
 
+#include "memoryfile.h"
 #include "safefile.h"
 #include "trouble.h"
+#include "wholefiles.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QPainter>
@@ -38,6 +41,12 @@ QRectF fitted(const QSizeF &page, const QRectF &paper)
     return target;
 }
 
+Trouble noPrinter()
+{
+    return {Words::tr("The printer does not take the page."),
+        Words::tr("See that it is switched on and has paper, or print into a file. The signature is still here.")};
+}
+
 } // namespace
 
 SignedDocument::SignedDocument(const Pages &pages, PlacedSignature signature)
@@ -50,10 +59,7 @@ void SignedDocument::save(const QString &path) const
 {
     const QString suffix = QFileInfo(path).suffix().toLower();
     if (suffix == QLatin1String("pdf"))
-        return writeFile(path, [this](QIODevice &file) {
-            writePdf(file);
-            return true;
-        });
+        return writeFile(path, [this](QIODevice &file) { return writePdf(file); });
     if (suffix != QLatin1String("png"))
         throw Trouble{Words::tr("%1: a signed page is not written in this format.").arg(QFileInfo(path).fileName()),
             Words::tr("Let the name end with .pdf or .png.")};
@@ -78,17 +84,25 @@ void SignedDocument::paint(QPainter &painter, int page, const QRectF &target, do
     };
     if (!m_signature.fingerprint.isNull())
         painter.drawImage(placed(m_signature.fingerprintField), m_signature.fingerprint);
-    if (!m_signature.strokes.isEmpty())
-        QSvgRenderer(m_signature.strokes).render(&painter, placed(m_signature.field));
+    if (m_signature.strokes.isEmpty())
+        return;
+    QSvgRenderer strokes(m_signature.strokes);
+    if (!strokes.isValid())
+        throw Trouble{Words::tr("The signature cannot be drawn."),
+            Words::tr("See that the computer has memory to spare. The signature is still here.")};
+    strokes.render(&painter, placed(m_signature.field));
 }
 
-void SignedDocument::writePdf(QIODevice &file) const
+/// False when not all of it could be drawn; whether all of it came to the file is the file's to say.
+bool SignedDocument::writePdf(QIODevice &file) const
 {
     QPdfWriter writer(&file);
     writer.setResolution(kDotsPerInch);
     writer.setPageSize(pageSizeOf(m_pages.size(0)));
     writer.setPageMargins({});
-    QPainter painter(&writer);
+    QPainter painter;
+    if (!painter.begin(&writer))
+        return false;
     for (int page = 0; page < m_pages.count(); ++page) {
         if (page > 0) {
             writer.setPageSize(pageSizeOf(m_pages.size(page)));
@@ -96,6 +110,7 @@ void SignedDocument::writePdf(QIODevice &file) const
         }
         paint(painter, page, {{}, m_pages.size(page) * kDotsPerPoint}, kDotsPerPoint);
     }
+    return painter.end();
 }
 
 QImage SignedDocument::signedPage() const
@@ -115,12 +130,42 @@ QImage SignedDocument::signedPage() const
 
 void SignedDocument::print(QPrinter &printer) const
 {
+    if (!printer.outputFileName().isEmpty())
+        return printIntoFile(printer);
+    // A printer's pages wait for it in a file among the temporary ones, and nobody says when that is cut off.
+    QByteArray pages;
+    QBuffer buffer(&pages);
+    buffer.open(QIODevice::WriteOnly);
+    if (!printer.isValid() || printer.outputFormat() != QPrinter::NativeFormat || !writePdf(buffer))
+        throw noPrinter();
+    if (!hasRoomForTemporary(2 * qint64{pages.size()}))
+        throw Trouble{Words::tr("There is no room to print: the disk with the temporary files is full."),
+            Words::tr("Make room on it, or print into a file. The signature is still here.")};
+    printPages(printer);
+}
+
+/// Qt does not say when the file could not be written.
+void SignedDocument::printIntoFile(QPrinter &printer) const
+{
+    const QString path = printer.outputFileName();
+    MemoryFile memory;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(memory.path());
+    printPages(printer);
+    const QByteArray content = memory.content();
+    if (!isWholePdf(content))
+        throw Trouble{Words::tr("The page could not be printed whole."),
+            Words::tr("See that the computer has memory to spare. The signature is still here.")};
+    writeFile(path, [&](QIODevice &file) { return file.write(content) == content.size(); });
+}
+
+void SignedDocument::printPages(QPrinter &printer) const
+{
     const int first = std::max(1, printer.fromPage());
     const int last = printer.toPage() == 0 ? m_pages.count() : std::min(printer.toPage(), m_pages.count());
     QPainter painter;
     if (!painter.begin(&printer))
-        throw Trouble{Words::tr("The printer does not take the page."),
-            Words::tr("See that it is switched on and has paper, or print into a file. The signature is still here.")};
+        throw noPrinter();
     for (int page = first; page <= last; ++page) {
         if (page > first)
             printer.newPage();

@@ -31,12 +31,15 @@ public:
     /// All pages as PDF, or the signed one as a picture, by the path's suffix. Throws a Trouble.
     void save(const QString &path) const;
 
-    /// All pages, each as large as the paper allows; those that the print dialog chose. Throws a Trouble.
+    /// All pages, each as large as the paper allows; those that the print dialog chose. A file comes to be whole or
+    /// not at all. Throws a Trouble.
     void print(QPrinter &printer) const;
 
 private:
+    void printIntoFile(QPrinter &printer) const;
+    void printPages(QPrinter &printer) const;
     void paint(QPainter &painter, int page, const QRectF &target, double dotsPerPoint) const;
-    void writePdf(QIODevice &file) const;
+    bool writePdf(QIODevice &file) const;
     QImage signedPage() const;
 
     const Pages &m_pages;

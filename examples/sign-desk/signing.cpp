@@ -11,42 +11,62 @@ constexpr int kLookEvery = 100; ///< milliseconds
 Signing::Signing(PadSession &session, QObject *parent)
     : QObject(parent)
     , m_session(session)
+    , m_watch(session)
 {
     m_timer.setInterval(kLookEvery);
     connect(&m_timer, &QTimer::timeout, this, &Signing::look);
     connect(&session, &PadSession::tapped, this, &Signing::receiveTap);
+    connect(&m_watch, &PadWatch::changed, this, &Signing::seePadAway);
 }
 
 void Signing::begin()
 {
     m_hasFingerprint = false;
+    m_isDoubtful = false;
+    m_watch.begin();
     m_timer.start();
     setState(SigningState::Waiting);
 }
 
 void Signing::end()
 {
+    m_watch.end();
     m_timer.stop();
     setState(SigningState::Closed);
 }
 
-bool Signing::confirm(int points)
+void Signing::confirm()
+{
+    if (m_session.isOpen())
+        m_watch.ask(); // it may have been pulled out since the last look
+    confirm(m_session.points());
+}
+
+void Signing::confirm(int points)
 {
     if (!m_session.isOpen())
-        return false;
-    if (points == 0 && !m_hasFingerprint) {
+        return;
+    if (points == 0 && !m_hasFingerprint)
         emit confirmedWithoutInk();
-        return false;
-    }
+    else if (m_isDoubtful)
+        emit doubted(points);
+    else
+        confirmDoubtful(points);
+}
+
+void Signing::confirmDoubtful(int points)
+{
+    if (!m_session.isOpen())
+        return;
     m_confirmedPoints = points;
     setState(SigningState::Confirmed);
-    return true;
 }
 
 bool Signing::clear()
 {
     const bool obeyed = m_session.clear();
     m_hasFingerprint = false;
+    m_isDoubtful = m_watch.isAway();
     if (m_session.isOpen())
         setState(SigningState::Waiting);
     return obeyed;
@@ -64,6 +84,12 @@ void Signing::receiveTap(bool isConfirm, int points)
         confirm(points);
     else
         emit cancelledOnPad();
+}
+
+void Signing::seePadAway()
+{
+    m_isDoubtful |= m_watch.isAway();
+    emit padAwayChanged();
 }
 
 void Signing::look()

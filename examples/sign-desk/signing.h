@@ -3,7 +3,7 @@
 #ifndef SIGNING_H
 #define SIGNING_H
 
-#include "padsession.h"
+#include "padwatch.h"
 
 #include <QObject>
 #include <QTimer>
@@ -29,12 +29,19 @@ public:
     SigningState state() const { return m_state; }
     bool hasSignature() const { return m_state > SigningState::Waiting; }
 
+    /// The pad in use does not answer; what it sent before stays.
+    bool isPadAway() const { return m_watch.isAway(); }
+
     /// After the session was opened or closed.
     void begin();
     void end();
 
-    /// What is written is what counts from now on. False, and no change, when nothing is written.
-    bool confirm() { return confirm(m_session.points()); }
+    /// What is written is what counts from now on. Nothing changes when nothing is written, or when the pad was away
+    /// meanwhile, so that strokes may be missing; a signal says so.
+    void confirm();
+
+    /// The same for so many points, although strokes may be missing.
+    void confirmDoubtful(int points);
 
     /// False when the pad did not obey; canvas and points are empty all the same.
     bool clear();
@@ -46,19 +53,29 @@ signals:
     void stateChanged(signdesk::SigningState state);
     void looked();
     void confirmedWithoutInk();
+
+    /// Not confirmed: the pad was away since the last begin or clear.
+    void doubted(int points);
+
     void cancelledOnPad();
 
+    /// The pad no longer answers, or answers again.
+    void padAwayChanged();
+
 private:
-    bool confirm(int points);
+    void confirm(int points);
+    void seePadAway();
     void receiveTap(bool isConfirm, int points);
     void look();
     void setState(SigningState state);
 
     PadSession &m_session;
+    PadWatch m_watch;
     QTimer m_timer;
     SigningState m_state = SigningState::Closed;
     int m_confirmedPoints = 0;
     bool m_hasFingerprint = false;
+    bool m_isDoubtful = false; ///< the pad was away, and something may have been written there
 };
 
 } // namespace signdesk

@@ -206,6 +206,22 @@
         <source>The signature is neither saved nor printed.</source>
         <translation>Die Unterschrift ist weder gespeichert noch gedruckt.</translation>
     </message>
+    <message>
+        <source>The pad did not answer for a while. Strokes of the signature may be missing.</source>
+        <translation>Das Pad hat eine Zeit lang nicht geantwortet. Der Unterschrift fehlen vielleicht Striche.</translation>
+    </message>
+    <message>
+        <source>Compare it with what the signer has written. If anything is missing, go back, clear the field, and let the signer sign anew.</source>
+        <translation>Vergleichen Sie sie mit dem, was geschrieben wurde. Wenn etwas fehlt, gehen Sie zurück, leeren Sie das Feld, und lassen Sie neu unterschreiben.</translation>
+    </message>
+    <message>
+        <source>&amp;Confirm all the same</source>
+        <translation>&amp;Trotzdem bestätigen</translation>
+    </message>
+    <message>
+        <source>Go &amp;back</source>
+        <translation>&amp;Zurück</translation>
+    </message>
 </context>
 <context>
     <name>signdesk::DeskStatus</name>
@@ -320,6 +336,38 @@
         <source>Confirm here, or on the pad, when all is written.</source>
         <translation>Ist alles geschrieben, hier oder am Pad bestätigen.</translation>
     </message>
+    <message>
+        <source>The pad answers again.</source>
+        <translation>Das Pad antwortet wieder.</translation>
+    </message>
+    <message>
+        <source>The pad answers again, but strokes may be missing: clear the field and let the signer sign anew.</source>
+        <translation>Das Pad antwortet wieder, doch vielleicht fehlen Striche: das Feld leeren und neu unterschreiben lassen.</translation>
+    </message>
+    <message>
+        <source>The pad answers again. The signer may write on the pad.</source>
+        <translation>Das Pad antwortet wieder. Auf dem Pad kann unterschrieben werden.</translation>
+    </message>
+    <message>
+        <source>The pad no longer answers. The confirmed signature is kept: save, export or print it.</source>
+        <translation>Das Pad antwortet nicht mehr. Die bestätigte Unterschrift ist noch da: speichern, exportieren oder drucken.</translation>
+    </message>
+    <message>
+        <source>The pad no longer answers. What it sent is kept, but strokes may be missing: see that it is plugged in, cancel, and start again.</source>
+        <translation>Das Pad antwortet nicht mehr. Was es gesendet hat, ist noch da, doch vielleicht fehlen Striche. Ist das Pad eingesteckt? Abbrechen und neu beginnen.</translation>
+    </message>
+    <message>
+        <source>The pad no longer answers: see that it is plugged in, cancel, and start again.</source>
+        <translation>Das Pad antwortet nicht mehr. Ist es eingesteckt? Abbrechen und neu beginnen.</translation>
+    </message>
+    <message>
+        <source>The page is saved as it was when it was opened: its file has changed since then.</source>
+        <translation>Die Seite ist so gespeichert, wie sie beim Öffnen war: Ihre Datei hat sich seitdem geändert.</translation>
+    </message>
+    <message>
+        <source>The page is printed as it was when it was opened: its file has changed since then.</source>
+        <translation>Die Seite ist so gedruckt, wie sie beim Öffnen war: Ihre Datei hat sich seitdem geändert.</translation>
+    </message>
 </context>
 <context>
     <name>signdesk::FingerprintPlacing</name>
@@ -334,6 +382,14 @@
     <message>
         <source>Make the signature&apos;s field larger.</source>
         <translation>Machen Sie das Feld der Unterschrift größer.</translation>
+    </message>
+    <message>
+        <source>There is no picture of the fingerprint.</source>
+        <translation>Es gibt kein Bild des Fingerabdrucks.</translation>
+    </message>
+    <message>
+        <source>See that the computer has memory to spare. Nothing was written; the fingerprint is still here.</source>
+        <translation>Sorgen Sie dafür, dass der Rechner genug Speicher frei hat. Es wurde nichts geschrieben; der Fingerabdruck ist noch da.</translation>
     </message>
 </context>
 <context>
@@ -369,6 +425,14 @@
     <message>
         <source>one page at a time</source>
         <translation>eine Seite auf einmal</translation>
+    </message>
+    <message>
+        <source>Use the driver although others could have put another one in its place.</source>
+        <translation>Den Treiber verwenden, obwohl andere ihn ausgetauscht haben könnten.</translation>
+    </message>
+    <message>
+        <source>there is no screen for a window: see that QT_QPA_PLATFORM and DISPLAY are right, or not set</source>
+        <translation>es gibt keinen Bildschirm für ein Fenster: QT_QPA_PLATFORM und DISPLAY müssen stimmen oder dürfen nicht gesetzt sein</translation>
     </message>
 </context>
 <context>
@@ -464,6 +528,10 @@
         <source>Ca&amp;ncel</source>
         <translation>Abbre&amp;chen</translation>
     </message>
+    <message>
+        <source>The pad does not answer</source>
+        <translation>Das Pad antwortet nicht</translation>
+    </message>
 </context>
 <context>
     <name>signdesk::PadSession</name>
@@ -482,6 +550,14 @@
     <message>
         <source>See that the pad is plugged in, that it is the chosen model, and that no other program uses it. Then start signing again.</source>
         <translation>Ist das Pad eingesteckt, ist es das gewählte Modell, und benutzt es kein anderes Programm? Beginnen Sie dann noch einmal.</translation>
+    </message>
+    <message>
+        <source>The pad driver is not used: others could have put another one in its place, since they may write to %1.</source>
+        <translation>Der Treiber des Pads wird nicht verwendet: Andere könnten ihn ausgetauscht haben, denn sie dürfen %1 ändern.</translation>
+    </message>
+    <message>
+        <source>Have that put right (%1), or start this program with --unsafe-driver.</source>
+        <translation>Lassen Sie das in Ordnung bringen (%1), oder starten Sie dieses Programm mit --unsafe-driver.</translation>
     </message>
 </context>
 <context>
@@ -536,6 +612,22 @@
     <message>
         <source>it is neither a PDF nor a picture.</source>
         <translation>sie ist weder ein PDF noch ein Bild.</translation>
+    </message>
+    <message>
+        <source>it is no file.</source>
+        <translation>das ist keine Datei.</translation>
+    </message>
+    <message>
+        <source>it is too large.</source>
+        <translation>sie ist zu groß.</translation>
+    </message>
+    <message>
+        <source>it has more pixels than there is memory for.</source>
+        <translation>das Bild hat mehr Pixel, als der Speicher fasst.</translation>
+    </message>
+    <message>
+        <source>it is a JPEG of too many scans.</source>
+        <translation>das JPEG besteht aus zu vielen Durchgängen.</translation>
     </message>
 </context>
 <context>
@@ -686,6 +778,14 @@
         <source>See that there is space on the disk and that no folder or protected file has this name. The signature is still here.</source>
         <translation>Ist Platz auf dem Datenträger, und trägt kein Ordner und keine geschützte Datei diesen Namen? Die Unterschrift ist noch da.</translation>
     </message>
+    <message>
+        <source>%1 was not written: it is no file.</source>
+        <translation>%1 wurde nicht geschrieben: das ist keine Datei.</translation>
+    </message>
+    <message>
+        <source>Choose another name. The signature is still here.</source>
+        <translation>Wählen Sie einen anderen Namen. Die Unterschrift ist noch da.</translation>
+    </message>
 </context>
 <context>
     <name>signdesk::SignatureOutput</name>
@@ -698,12 +798,12 @@
         <translation>Lassen Sie den Namen auf .png, .svg, .pdf, .jpg oder .bmp enden.</translation>
     </message>
     <message>
-        <source>There is no picture of the signature.</source>
-        <translation>Es gibt kein Bild der Unterschrift.</translation>
+        <source>There is no whole picture of the signature.</source>
+        <translation>Es gibt kein vollständiges Bild der Unterschrift.</translation>
     </message>
     <message>
-        <source>See that something is written in the field, and that there is space for temporary files.</source>
-        <translation>Steht etwas im Feld, und ist Platz für vorübergehende Dateien?</translation>
+        <source>See that something is written in the field, and that the computer has memory to spare. Nothing was written; the signature is still here.</source>
+        <translation>Sorgen Sie dafür, dass im Feld etwas geschrieben steht und der Rechner genug Speicher frei hat. Es wurde nichts gespeichert; die Unterschrift ist noch da.</translation>
     </message>
 </context>
 <context>
@@ -731,6 +831,26 @@
     <message>
         <source>See that it is switched on and has paper, or print into a file. The signature is still here.</source>
         <translation>Ist er eingeschaltet, und hat er Papier? Oder drucken Sie in eine Datei. Die Unterschrift ist noch da.</translation>
+    </message>
+    <message>
+        <source>The signature cannot be drawn.</source>
+        <translation>Die Unterschrift lässt sich nicht zeichnen.</translation>
+    </message>
+    <message>
+        <source>See that the computer has memory to spare. The signature is still here.</source>
+        <translation>Sorgen Sie dafür, dass der Rechner genug Speicher frei hat. Die Unterschrift ist noch da.</translation>
+    </message>
+    <message>
+        <source>There is no room to print: the disk with the temporary files is full.</source>
+        <translation>Zum Drucken ist kein Platz: Der Datenträger mit den vorübergehenden Dateien ist voll.</translation>
+    </message>
+    <message>
+        <source>Make room on it, or print into a file. The signature is still here.</source>
+        <translation>Schaffen Sie dort Platz, oder drucken Sie in eine Datei. Die Unterschrift ist noch da.</translation>
+    </message>
+    <message>
+        <source>The page could not be printed whole.</source>
+        <translation>Die Seite konnte nicht vollständig gedruckt werden.</translation>
     </message>
 </context>
 <context>

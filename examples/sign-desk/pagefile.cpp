@@ -1,0 +1,64 @@
+#include "pagefile.h"
+
+#include "trouble.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace signdesk {
+
+namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(signdesk::Pages)
+};
+
+constexpr qint64 kMostBytes = 1 << 30; ///< of a file, all of which lies in memory
+
+/// Open for reading, whatever it is: a pipe does not wait for its other end. -1 when it may not be read.
+int opened(const QString &path)
+{
+    return ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+}
+
+} // namespace
+
+PageFile readPageFile(const QString &path)
+{
+    const QFileInfo there(path);
+    if (!there.exists())
+        throw unreadable(path, Words::tr("there is no such file."));
+    if (!there.isFile())
+        throw unreadable(path, Words::tr("it is no file."));
+    QFile file;
+    const int descriptor = opened(path);
+    if (descriptor < 0 || !file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
+        throw unreadable(path, Words::tr("you may not read it."));
+    if (file.isSequential()) // a pipe has come into the file's place
+        throw unreadable(path, Words::tr("it is no file."));
+    PageFile page{path, {}, file.fileTime(QFileDevice::FileModificationTime), file.size()};
+    if (page.size > kMostBytes)
+        throw unreadable(path, Words::tr("it is too large."));
+    page.content = file.read(kMostBytes);
+    return page;
+}
+
+bool PageFile::hasChanged() const
+{
+    const QFileInfo now(path);
+    return now.exists() && (now.size() != size || now.lastModified() != time);
+}
+
+Trouble unreadable(const QString &path, const QString &why)
+{
+    return {Words::tr("%1 cannot be opened: %2").arg(QDir::toNativeSeparators(path), why),
+        Words::tr("Choose another file; the page shown before is still there.")};
+}
+
+} // namespace signdesk

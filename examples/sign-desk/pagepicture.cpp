@@ -1,0 +1,85 @@
+#include "pagepicture.h"
+
+#include "pagefile.h"
+#include "trouble.h"
+
+#include <QBuffer>
+#include <QCoreApplication>
+#include <QImageReader>
+#include <QtEndian>
+
+#include <algorithm>
+
+namespace signdesk {
+
+namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(signdesk::Pages)
+};
+
+// The library's largest canvas takes 2^31 bytes. A picture takes at most 16 for a pixel while it is read: four of two
+// bytes each in a deep picture, or in a JPEG before its last scan, and as much again when it is converted or turned.
+constexpr qint64 kMostPixels = (qint64{1} << 31) / 16;
+constexpr int kMostScans = 100;
+
+/// What stands after the byte FF in a JPEG.
+enum Marker : quint8
+{
+    StuffedByte = 0x00,
+    Temporary = 0x01,
+    FirstRestart = 0xd0,
+    StartOfImage = 0xd8,
+    EndOfImage = 0xd9,
+    StartOfScan = 0xda,
+    FillByte = 0xff
+};
+
+bool standsAlone(quint8 marker)
+{
+    return marker == StuffedByte || marker == Temporary || (marker >= FirstRestart && marker <= StartOfImage);
+}
+
+} // namespace
+
+int scansOfJpeg(const QByteArray &jpeg)
+{
+    int scans = 0;
+    int at = jpeg.indexOf('\xff');
+    while (at >= 0 && at + 3 < jpeg.size()) {
+        const auto marker = static_cast<quint8>(jpeg[at + 1]);
+        if (marker == EndOfImage)
+            break;
+        scans += marker == StartOfScan ? 1 : 0;
+        if (marker == FillByte)
+            ++at;
+        else if (standsAlone(marker))
+            at += 2;
+        else
+            at += 2 + std::max<int>(2, qFromBigEndian<quint16>(jpeg.constData() + at + 2));
+        at = jpeg.indexOf('\xff', at);
+    }
+    return scans;
+}
+
+QImage readPicture(const PageFile &file)
+{
+    QBuffer buffer;
+    buffer.setData(file.content);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+    const QSize size = reader.size();
+    if (qint64{size.width()} * size.height() > kMostPixels)
+        throw unreadable(file.path, Words::tr("it has more pixels than there is memory for."));
+    if (reader.format() == "jpeg" && scansOfJpeg(file.content) > kMostScans)
+        throw unreadable(file.path, Words::tr("it is a JPEG of too many scans."));
+    const QImage picture = size.isValid() ? reader.read() : QImage();
+    if (picture.isNull())
+        throw unreadable(file.path, Words::tr("it is neither a PDF nor a picture."));
+    return picture;
+}
+
+} // namespace signdesk

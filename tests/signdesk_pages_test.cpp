@@ -1,0 +1,181 @@
+// Pages that come from anybody: what is no file, what costs too much, and what changes while it is open.
+#include "outsidecommand.h"
+#include "pagepicture.h"
+#include "signdesk.h"
+
+#include <QBuffer>
+#include <QFileInfo>
+#include <QImageWriter>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QtEndian>
+
+#include <sys/stat.h>
+
+namespace {
+
+/// A small JPEG of several scans.
+QByteArray progressiveJpeg()
+{
+    QImage picture(16, 16, QImage::Format_RGB32);
+    for (int i = 0; i < 256; ++i)
+        picture.setPixel(i % 16, i / 16, qRgb(i, 255 - i, i * 7 % 256));
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, "jpg");
+    writer.setProgressiveScanWrite(true);
+    EXPECT_TRUE(writer.write(picture));
+    return buffer.data();
+}
+
+/// The same with as many scans; the last one comes again and again.
+QByteArray withScans(const QByteArray &jpeg, int wanted)
+{
+    const int last = jpeg.lastIndexOf("\xff\xda");
+    const QByteArray scan = jpeg.mid(last, jpeg.size() - 2 - last);
+    return jpeg.left(jpeg.size() - 2) + scan.repeated(wanted - jpeg.count("\xff\xda")) + "\xff\xd9";
+}
+
+/// The same of another size, which its data do not fill.
+QByteArray withSize(QByteArray jpeg, quint16 width, quint16 height)
+{
+    const int frame = jpeg.indexOf("\xff\xc0");
+    EXPECT_GT(frame, 0);
+    qToBigEndian(height, jpeg.data() + frame + 5);
+    qToBigEndian(width, jpeg.data() + frame + 7);
+    return jpeg;
+}
+
+QByteArray plainJpeg()
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    EXPECT_TRUE(QImage(16, 16, QImage::Format_RGB32).save(&buffer, "jpg"));
+    return buffer.data();
+}
+
+class SignDeskPage : public SignDeskTest
+{
+protected:
+    QString written(const QString &name, const QByteArray &content)
+    {
+        QFile made(file(name));
+        EXPECT_TRUE(made.open(QIODevice::WriteOnly));
+        made.write(content);
+        return made.fileName();
+    }
+
+    void openInVain(const QString &path, const QString &why)
+    {
+        whenDialogComes([&](QDialog &dialog) { answer(dialog, "OK"); });
+        EXPECT_FALSE(window->openPage(path));
+        EXPECT_TRUE(happened());
+        EXPECT_EQ(
+            said, path + " cannot be opened: " + why + "\nChoose another file; the page shown before is still there.");
+    }
+
+    /// A page of 400 by 500 points with a black square at that place.
+    QString pdfWithSquare(const QString &name, int at)
+    {
+        QPdfWriter writer(file(name));
+        writer.setResolution(72);
+        writer.setPageMargins({});
+        writer.setPageSize(QPageSize(QSizeF(400, 500), QPageSize::Point, QString(), QPageSize::ExactMatch));
+        QPainter painter(&writer);
+        painter.fillRect(at, 20, 20, 20, Qt::black);
+        return file(name);
+    }
+
+    void expectSquareIn(const QString &pdf, int at)
+    {
+        const QImage page = drawnPdf(pdf);
+        EXPECT_EQ(page.size(), QSize(800, 1000));
+        EXPECT_TRUE(near(inPoints(boxOf(page.copy(0, 0, page.width(), 100), isInk)), QRectF(at, 20, 20, 20), 1));
+    }
+};
+
+TEST_F(SignDeskPage, APipeIsNotWaitedFor)
+{
+    const QString pipe = file("pipe.pdf");
+    ASSERT_EQ(::mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
+    openInVain(pipe, "it is no file.");
+    openInVain("/dev/zero", "it is no file.");
+    openInVain(QFileInfo(pipe).path(), "it is no file.");
+}
+
+TEST_F(SignDeskPage, AJpegOfTooManyScansIsRefused)
+{
+    const QByteArray jpeg = progressiveJpeg();
+    ASSERT_GT(jpeg.count("\xff\xda"), 3);
+    EXPECT_EQ(signdesk::scansOfJpeg(jpeg), jpeg.count("\xff\xda"));
+    EXPECT_TRUE(window->openPage(written("100.jpg", withScans(jpeg, 100))));
+    openInVain(written("101.jpg", withScans(jpeg, 101)), "it is a JPEG of too many scans.");
+    openInVain(written("5000.png", withScans(jpeg, 5000)), "it is a JPEG of too many scans."); // whatever its name is
+}
+
+TEST_F(SignDeskPage, ScansAreNotFoundWhereThereAreNone)
+{
+    QByteArray jpeg = plainJpeg();
+    const QByteArray marks = QByteArray("\xff\xda").repeated(200);
+    EXPECT_EQ(signdesk::scansOfJpeg(jpeg + marks), 1) << "behind the end";
+    QByteArray length(2, '\0');
+    qToBigEndian(static_cast<quint16>(marks.size() + 2), length.data());
+    jpeg.insert(2, "\xff\xfe" + length + marks);
+    EXPECT_EQ(signdesk::scansOfJpeg(jpeg), 1) << "in a comment, as small pictures of cameras are";
+    EXPECT_TRUE(window->openPage(written("comment.jpg", jpeg)));
+    for (int size = 0; size < jpeg.size(); ++size)
+        EXPECT_LE(signdesk::scansOfJpeg(jpeg.left(size)), 1) << size;
+}
+
+TEST_F(SignDeskPage, APictureOfTooManyPixelsIsRefused)
+{
+    const QString why = "it has more pixels than there is memory for.";
+    openInVain(written("square.jpg", withSize(plainJpeg(), 12000, 12000)), why);
+    openInVain(written("largest.jpg", withSize(plainJpeg(), 65500, 65500)), why);
+    openInVain(written("bits.pbm", "P4\n30000 30000\n" + QByteArray(5000, '\0')), why);
+    openInVain(
+        written("drawing.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='100000' height='100000'><g/></svg>"),
+        why);
+    EXPECT_TRUE(window->openPage(written("plan.jpg", withSize(plainJpeg(), 9000, 7000)))); // A2 at 300 dots to the inch
+}
+
+TEST_F(SignDeskPage, APdfThatIsCutOffWhileItIsOpenIsSavedAsItWasOpened)
+{
+    const QString path = pdfWithSquare("page.pdf", 40);
+    ASSERT_TRUE(window->openPage(path));
+    signAndConfirm(kS300Family);
+    ASSERT_TRUE(QFile::resize(path, 100));
+    save(file("signed.pdf"));
+    EXPECT_EQ(note(), "The page is saved as it was when it was opened: its file has changed since then.");
+    expectSquareIn(file("signed.pdf"), 40);
+}
+
+TEST_F(SignDeskPage, APdfThatIsReplacedWhileItIsOpenIsSavedAsItWasOpened)
+{
+    const QString path = pdfWithSquare("page.pdf", 40);
+    ASSERT_TRUE(window->openPage(path));
+    signAndConfirm(kS300Family);
+    pdfWithSquare("page.pdf", 240);
+    QFile again(path); // also when both are of one size
+    ASSERT_TRUE(again.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(again.setFileTime(QDateTime::currentDateTime().addSecs(5), QFileDevice::FileModificationTime));
+    again.close();
+    save(file("signed.pdf"));
+    EXPECT_EQ(note(), "The page is saved as it was when it was opened: its file has changed since then.");
+    expectSquareIn(file("signed.pdf"), 40);
+}
+
+TEST_F(SignDeskPage, AFileThatStaysIsNotSaidToHaveChanged)
+{
+    const QString path = pdfWithSquare("page.pdf", 40);
+    ASSERT_TRUE(window->openPage(path));
+    signAndConfirm(kS300Family);
+    save(file("signed.pdf"));
+    EXPECT_EQ(note(), "The page is saved.");
+    ASSERT_TRUE(QFile::remove(path)); // as from a folder for downloads
+    save(file("again.pdf"));
+    EXPECT_EQ(note(), "The page is saved.");
+    expectSquareIn(file("again.pdf"), 40);
+}
+
+} // namespace
