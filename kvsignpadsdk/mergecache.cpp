@@ -5,13 +5,26 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
-const QRgb *pixels(const QImage &image, const QRect &box, int y)
+/// The rows of a box, one after the other.
+class Rows
 {
-    return reinterpret_cast<const QRgb *>(image.constScanLine(y)) + box.left();
-}
+public:
+    Rows(const QImage &image, const QRect &box)
+        : m_row(reinterpret_cast<const QRgb *>(image.constScanLine(box.top())) + box.left())
+        , m_step(image.bytesPerLine() / qint64{sizeof(QRgb)})
+    {
+    }
+
+    const QRgb *next() { return std::exchange(m_row, m_row + m_step); }
+
+private:
+    const QRgb *m_row;
+    qint64 m_step;
+};
 
 void copyBox(QRgb *to, const QRgb *ink, int width)
 {
@@ -56,30 +69,49 @@ bool MergeCache::mergeSegment(const Parts &parts)
     if (plainways::only || !announced || !(known(parts) == m_merged) || !parts.canvas.isDetached()
         || !m_inkOpacity.isOpaque(parts.ink))
         return false;
-    if (parts.print != nullptr && m_layer.isNull())
-        makeLayer(parts);
-    for (int y = box.top(); y <= box.bottom(); ++y) {
-        // Past the image's own face, so that it does not count as changed.
-        auto *to = const_cast<QRgb *>(pixels(parts.canvas, box, y));
-        if (parts.print == nullptr)
-            copyBox(to, pixels(parts.ink, box, y), box.width());
-        else
-            andBox(to, pixels(parts.ink, box, y), pixels(m_layer, box, y), box.width());
-    }
+    if (parts.print != nullptr && m_layer.isNull() && !m_layerIsWhite && !makeLayer(parts))
+        return false;
+    if (!box.isEmpty())
+        mergeBox(parts, box);
     return true;
+}
+
+void MergeCache::mergeBox(const Parts &parts, const QRect &box) const
+{
+    Rows ink(parts.ink, box);
+    // Past the image's own face, so that it does not count as changed.
+    Rows canvas(parts.canvas, box);
+    const auto to = [&canvas] { return const_cast<QRgb *>(canvas.next()); };
+    if (m_layer.isNull()) {
+        for (int y = 0; y < box.height(); ++y)
+            copyBox(to(), ink.next(), box.width());
+    } else {
+        Rows layer(m_layer, box);
+        for (int y = 0; y < box.height(); ++y)
+            andBox(to(), ink.next(), layer.next(), box.width());
+    }
 }
 
 void MergeCache::mergedWhole(const Parts &parts)
 {
     const Known now = known(parts);
-    if (now.print != m_merged.print || now.target != m_merged.target || m_layer.size() != parts.canvas.size())
+    if (now.print != m_merged.print || now.target != m_merged.target || m_size != parts.canvas.size()) {
         m_layer = QImage();
+        m_layerIsWhite = false;
+    }
     m_merged = now;
+    m_size = parts.canvas.size();
 }
 
-void MergeCache::makeLayer(const Parts &parts)
+bool MergeCache::makeLayer(const Parts &parts)
 {
-    m_layer = QImage(parts.canvas.size(), QImage::Format_ARGB32);
-    m_layer.fill(Qt::white);
-    fingerprint::andInto(m_layer, *parts.print, parts.target);
+    QImage layer(parts.canvas.size(), QImage::Format_ARGB32);
+    if (layer.isNull())
+        return false;
+    layer.fill(Qt::white);
+    fingerprint::andInto(layer, *parts.print, parts.target);
+    m_layerIsWhite = opaquepixels::isWhite(layer); // as long as there is no fingerprint
+    if (!m_layerIsWhite)
+        m_layer = layer; // only now: a print that memory ran out on stays unknown
+    return true;
 }

@@ -50,11 +50,14 @@ private:
     };
 
     static Known known(const Parts &parts);
-    void makeLayer(const Parts &parts);
+    bool makeLayer(const Parts &parts);
+    void mergeBox(const Parts &parts, const QRect &box) const;
 
     QRect m_segment;
     Known m_merged;
-    QImage m_layer; ///< null until it is needed
+    QImage m_layer; ///< null until it is needed, and while it would be white
+    bool m_layerIsWhite = false;
+    QSize m_size; ///< of the canvas that the layer is for
     opaquepixels::Memo m_inkOpacity;
 };
 

@@ -14,10 +14,9 @@ const QRgb *row(const QImage &image, int y)
     return reinterpret_cast<const QRgb *>(image.constScanLine(y));
 }
 
-} // namespace
-
-// The width is asked for once: a call for each pixel takes five times as long as all the rest.
-bool isOpaque(const QImage &image)
+// Whether all pixels have these bits. The width is asked for once: a call for each pixel takes five times as long as
+// all the rest.
+bool hasEverywhere(const QImage &image, QRgb bits)
 {
     const int width = image.width();
     for (int y = 0; y < image.height(); ++y) {
@@ -25,10 +24,22 @@ bool isOpaque(const QImage &image)
         QRgb all = kOpaqueWhite;
         for (int x = 0; x < width; ++x)
             all &= pixels[x];
-        if ((all & kAlpha) != kAlpha)
+        if ((all & bits) != bits)
             return false;
     }
     return true;
+}
+
+} // namespace
+
+bool isOpaque(const QImage &image)
+{
+    return hasEverywhere(image, kAlpha);
+}
+
+bool isWhite(const QImage &image)
+{
+    return hasEverywhere(image, kOpaqueWhite);
 }
 
 QImage whiteTransparent(const QImage &image)

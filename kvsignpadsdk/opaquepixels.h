@@ -10,6 +10,9 @@ namespace opaquepixels {
 /// True when every pixel's alpha is 255.
 bool isOpaque(const QImage &image);
 
+/// True when every pixel is opaque white.
+bool isWhite(const QImage &image);
+
 /// A copy in which pure white is fully transparent, in the premultiplied format; a null image when a pixel of the
 /// original is not opaque.
 QImage whiteTransparent(const QImage &image);
