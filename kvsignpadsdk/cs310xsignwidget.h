@@ -5,6 +5,7 @@
 
 #include "fingerprintinternals.h"
 #include "paddeclared.h"
+#include "sharedfields.h"
 
 class CS310XFPWidget;
 class CS310XWidget_ShowFPImageOnDeviceThread;
@@ -48,7 +49,7 @@ public:
 #include "padfields_fingerprint.inl"
     CS310XWidget_ShowFPImageOnDeviceThread *m_pShowFPImageOnDeviceThread = nullptr; ///< owned
 #include "padfields_display.inl"
-    QMutex m_mutexUpdateCanvas;
+    alignas(shared::kApart) QMutex m_mutexUpdateCanvas; ///< away from what the display thread writes without a pause
     bool m_bPenDownOnCancelButton = false; ///< tapped since the last clear
     FingerprintInternals m_internals;
 };

@@ -4,9 +4,14 @@
 #ifndef SHAREDFIELDS_H
 #define SHAREDFIELDS_H
 
+#include <cstddef>
 #include <type_traits>
 
 namespace shared {
+
+/// Bytes from what one thread writes without a pause to what another must have quickly: two lines of the processor's
+/// cache, which are fetched together.
+inline constexpr std::size_t kApart = 128;
 
 template <class T>
 T get(const T &field)

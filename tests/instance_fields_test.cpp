@@ -151,6 +151,18 @@ TYPED_TEST(InstanceFields, StandInTheirDeclaredOrder)
             << collector.fields[i - 1].name << " before " << collector.fields[i].name;
 }
 
+// That thread polls without a pause: each pass would take the line away from a packet that locks the canvas.
+TYPED_TEST(InstanceFields, OfTheDisplayThreadShareNoCacheLineWithTheCanvasLock)
+{
+    if constexpr (isFingerprintPad<TypeParam>) {
+        const auto line = [](const auto &field) { return reinterpret_cast<std::uintptr_t>(&field) / 64; };
+        const auto locked = line(this->pad->m_mutexUpdateCanvas);
+        EXPECT_GT(locked, line(this->pad->m_mutexUpdateShowFPImageRawDataOnDevice));
+        EXPECT_GT(locked, line(this->pad->m_bStartShowFPImageRawDataOnDevice));
+        EXPECT_GT(locked, line(this->pad->m_bAlreadyShownFPImageRawDataOnDevice));
+    }
+}
+
 TYPED_TEST(InstanceFields, BelongToAClassWithoutABaseOfOurs)
 {
     const std::type_info &type = typeid(TypeParam);
