@@ -1,5 +1,5 @@
-// Peak memory of a captured signature with its PNG text, the library beside the plain way, each in a process of its
-// own.
+// Peak memory of a captured signature with its image as text and as file, the library beside the plain way, each in a
+// process of its own.
 #include "benchpad.h"
 #include "plain.h"
 
@@ -34,34 +34,62 @@ long peakOf(const std::function<void()> &work)
     return got ? peak : 0;
 }
 
+struct Output
+{
+    const char *name;
+    const char *format; ///< of a text, or the file's suffix
+    int type;
+    bool file;
+};
+
+const Output kOutputs[] = {
+    {"PNG text", "PNG", EBITI_PNG, false},
+    {"BMP text", "BMP", EBITI_BITMAP, false},
+    {"PNG file", "png", ITI_PNG, true},
+    {"BMP file", "bmp", ITI_BITMAP, true},
+    {"JPEG file", "jpg", ITI_JPEG, true},
+};
+
+void byLibrary(const Output &output, const QSize &size)
+{
+    const BenchPad pad(benchFamily("S300"), size);
+    pad.sign();
+    if (output.file) {
+        std::wstring path = L"./memory." + QString(output.format).toStdWString();
+        KVS300_SaveDrawingImage(KVS300_DEVICE, output.type, path.data(), IDLI_150DPI);
+    } else {
+        KVS300_Base64EncodeFree(KVS300_DEVICE, KVS300_Base64Encode(KVS300_DEVICE, output.type));
+    }
+}
+
+void byPlainWay(const Output &output, const QSize &size)
+{
+    const BenchPad pad(benchFamily("S300"), {1, 1}); // its packets and segments, and no canvas to speak of
+    QImage canvas(size, QImage::Format_ARGB32);
+    canvas.fill(Qt::white);
+    std::vector<_POINTDATA> points;
+    for (const plain::Segment &segment : pad.segments()) {
+        plain::drawSegment(canvas, {segment.from * size.width(), segment.to * size.height(), segment.width}, Qt::black);
+        points.push_back({});
+    }
+    const bool transparent = output.format[0] == 'P' || output.format[0] == 'p';
+    if (output.file)
+        plain::saveImage(canvas, (std::string("./memory.") + output.format).c_str(), transparent);
+    else
+        delete[] plain::imageText(canvas, output.format, transparent);
+}
+
 } // namespace
 
 int main()
 {
     std::printf("| canvas | output | library MB | plain MB | ratio |\n|---|---|---|---|---|\n");
     for (const QSize &size : benchSizes()) {
-        for (const int type : {EBITI_PNG, EBITI_BITMAP}) {
-            const auto library = [&] {
-                const BenchPad pad(benchFamily("S300"), size);
-                pad.sign();
-                KVS300_Base64EncodeFree(KVS300_DEVICE, KVS300_Base64Encode(KVS300_DEVICE, type));
-            };
-            const auto plainWay = [&] {
-                const BenchPad pad(benchFamily("S300"), {1, 1}); // its packets and segments, and no canvas to speak of
-                QImage canvas(size, QImage::Format_ARGB32);
-                canvas.fill(Qt::white);
-                std::vector<_POINTDATA> points;
-                for (const plain::Segment &segment : pad.segments()) {
-                    plain::drawSegment(
-                        canvas, {segment.from * size.width(), segment.to * size.height(), segment.width}, Qt::black);
-                    points.push_back({});
-                }
-                delete[] plain::imageText(canvas, type == EBITI_PNG ? "PNG" : "BMP", type == EBITI_PNG);
-            };
-            const double libraryMb = static_cast<double>(peakOf(library)) / 1024;
-            const double plainMb = static_cast<double>(peakOf(plainWay)) / 1024;
-            std::printf("| %s | %s | %.1f | %.1f | %.2f |\n", sizeName(size).c_str(), type == EBITI_PNG ? "PNG" : "BMP",
-                libraryMb, plainMb, libraryMb / plainMb);
+        for (const Output &output : kOutputs) {
+            const double libraryMb = static_cast<double>(peakOf([&] { byLibrary(output, size); })) / 1024;
+            const double plainMb = static_cast<double>(peakOf([&] { byPlainWay(output, size); })) / 1024;
+            std::printf("| %s | %s | %.1f | %.1f | %.2f |\n", sizeName(size).c_str(), output.name, libraryMb, plainMb,
+                libraryMb / plainMb);
         }
     }
     return 0;
