@@ -1,0 +1,1 @@
+"""Makes api.json and every language's low-level file from the public C header."""

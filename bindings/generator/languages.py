@@ -1,0 +1,16 @@
+"""Which language gets which generated file."""
+
+from __future__ import annotations
+
+from typing import Any, Callable
+
+from . import python_file
+
+_WRITERS: dict[str, Callable[[dict[str, Any]], str]] = {
+    "python/kvsignpad/lowlevel.py": python_file.write,
+}
+
+
+def files(api: dict[str, Any]) -> dict[str, str]:
+    """Each generated file's name, below bindings/, and contents."""
+    return {name: write(api) for name, write in _WRITERS.items()}

@@ -1,0 +1,25 @@
+"""The address of a host application's widget, for a pad that shows its canvas inside it."""
+
+from __future__ import annotations
+
+from typing import Any
+
+
+def widget_address(parent: Any) -> int:
+    """The QWidget's address: of a widget of PyQt5 or PySide2, or a number that already is one.
+
+    The host's Qt must be the system's Qt 5, the one that the library uses.
+    """
+    if isinstance(parent, int):
+        return parent
+    for module, function in (("PyQt5.sip", "unwrapinstance"), ("sip", "unwrapinstance")):
+        try:
+            return int(getattr(__import__(module, fromlist=[function]), function)(parent))
+        except (ImportError, TypeError):
+            continue
+    try:
+        import shiboken2  # type: ignore[import-not-found, unused-ignore]
+
+        return int(shiboken2.getCppPointer(parent)[0])
+    except (ImportError, TypeError) as error:
+        raise TypeError("parent is a widget of PyQt5 or PySide2, or a QWidget's address") from error
