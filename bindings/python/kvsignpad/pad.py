@@ -272,20 +272,21 @@ class Pad:
 
     # --- Live images (S210) ---
 
-    def live(self, kind: str = "PNG") -> Iterator[bytes]:
-        """The whole signature as "PNG" or "JPEG" after pen movements, until the pad is closed (S210).
+    def live(self, kind: str = "PNG", *, timeout: float | None = None) -> Iterator[bytes]:
+        """The whole signature as "PNG" or "JPEG" after pen movements, until the pad is closed (S210), or until none
+        has come for `timeout` seconds.
 
         A slow reader gets the newest image each time. Once asked for, the library makes an image after every movement
         as long as the pad is open, and the pad's next packet waits for it.
         """
         self._start_live(kind)
-        while (image := self._next(self._receivers.images, None)) is not None:
+        while (image := self._next(self._receivers.images, timeout)) is not None:
             yield image
 
-    async def live_async(self, kind: str = "PNG") -> AsyncIterator[bytes]:
+    async def live_async(self, kind: str = "PNG", *, timeout: float | None = None) -> AsyncIterator[bytes]:
         """As live, for `async for`."""
         self._start_live(kind)
-        while (image := await self._anext(self._receivers.images, None)) is not None:
+        while (image := await self._anext(self._receivers.images, timeout)) is not None:
             yield image
 
     def _start_live(self, kind: str) -> None:
