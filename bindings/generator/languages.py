@@ -4,9 +4,10 @@ from __future__ import annotations
 
 from typing import Any, Callable
 
-from . import python_file
+from . import java_file, python_file
 
 _WRITERS: dict[str, Callable[[dict[str, Any]], str]] = {
+    "java/src/com/korvane/signpad/LowLevel.java": java_file.write,
     "python/kvsignpad/lowlevel.py": python_file.write,
 }
 

@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import subprocess
 from dataclasses import dataclass
 from pathlib import Path
 from typing import Callable
@@ -26,9 +27,29 @@ class Language:
     environment: Callable[[Path], dict[str, str]] = _no_settings
 
 
+def _build(command: list[str]) -> None:
+    subprocess.run(command, check=True, capture_output=True, text=True)
+
+
+JNA = "/usr/share/java/jna.jar"
+
+
+def _build_java(work: Path, library: Path) -> None:
+    sources = sorted(str(path) for path in (BINDINGS / "java" / "src").rglob("*.java"))
+    options = ["-Xlint:all,-requires-automatic,-requires-transitive-automatic", "-Werror", "-encoding", "UTF-8"]
+    _build(["javac", *options, "-p", JNA, "-d", str(work / "java"), *sources])
+    runner = str(BINDINGS / "java" / "tests" / "Scenarios.java")
+    classpath = f"{work / 'java'}:{JNA}"
+    _build(["javac", "-encoding", "UTF-8", "-cp", classpath, "-d", str(work / "java-tests"), runner])
+
+
 LANGUAGES: dict[str, Language] = {
     "python": Language(
         command=lambda work: ["/usr/bin/python3", str(BINDINGS / "python" / "tests" / "scenarios.py")],
         environment=lambda work: {"PYTHONPATH": str(BINDINGS / "python")},
+    ),
+    "java": Language(
+        build=_build_java,
+        command=lambda work: ["java", "-cp", f"{work / 'java'}:{work / 'java-tests'}:{JNA}", "Scenarios"],
     ),
 }

@@ -1,0 +1,2 @@
+/** Handwritten signatures from signature pads. Start with {@link com.korvane.signpad.Pad}. */
+package com.korvane.signpad;
