@@ -17,15 +17,15 @@ import com.sun.jna.Callback;
 import com.sun.jna.Library;
 import com.sun.jna.Pointer;
 import com.sun.jna.Structure;
-import com.sun.jna.WString;
 import java.util.List;
 import java.util.Map;
 
 /**
  * The library's functions as they are.
  *
- * <p>A C bool result is one byte, and JNA would read a Java boolean from four: it is a byte here, 0 or 1. Texts that the
- * library hands out are pointers, which go back to the function that frees them. For everyday use there is {@link Pad}.
+ * <p>A C bool result is one byte, and JNA would read a Java boolean from four: it is a byte here, 0 or 1. Paths are
+ * UTF-32LE with a closing zero, for JNA's WString passes an emoji as two characters. Texts that the library hands out are
+ * pointers, which go back to the function that frees them. For everyday use there is {@link Pad}.
  */
 public interface LowLevel extends Library {
     /** The version of the header that this was made from. */
@@ -43,7 +43,7 @@ _TYPES = {
     "void": "void",
     "void *": "Pointer",
     "QWidget *": "Pointer",
-    "wchar_t *": "WString",
+    "wchar_t *": "byte[]",
     "char *": "Pointer",
     "const char *": "String",
     "const INKPOINTDATA *": "InkPointData",

@@ -4,9 +4,10 @@ from __future__ import annotations
 
 from typing import Any, Callable
 
-from . import java_file, python_file
+from . import csharp_file, java_file, python_file
 
 _WRITERS: dict[str, Callable[[dict[str, Any]], str]] = {
+    "csharp/src/LowLevel.cs": csharp_file.write,
     "java/src/com/korvane/signpad/LowLevel.java": java_file.write,
     "python/kvsignpad/lowlevel.py": python_file.write,
 }

@@ -43,6 +43,15 @@ def _build_java(work: Path, library: Path) -> None:
     _build(["javac", "-encoding", "UTF-8", "-cp", classpath, "-d", str(work / "java-tests"), runner])
 
 
+def _build_csharp(work: Path, library: Path) -> None:
+    sources = sorted(str(path) for path in (BINDINGS / "csharp" / "src").glob("*.cs"))
+    assembly = work / "Korvane.Signpad.dll"
+    strict = ["-langversion:7", "-warn:4", "-warnaserror", f"-doc:{work / 'Korvane.Signpad.xml'}"]
+    _build(["mcs", *strict, "-target:library", f"-out:{assembly}", *sources])
+    runner = str(BINDINGS / "csharp" / "tests" / "Scenarios.cs")
+    _build(["mcs", "-langversion:7", f"-r:{assembly}", f"-out:{work / 'Scenarios.exe'}", runner])
+
+
 LANGUAGES: dict[str, Language] = {
     "python": Language(
         command=lambda work: ["/usr/bin/python3", str(BINDINGS / "python" / "tests" / "scenarios.py")],
@@ -51,5 +60,9 @@ LANGUAGES: dict[str, Language] = {
     "java": Language(
         build=_build_java,
         command=lambda work: ["java", "-cp", f"{work / 'java'}:{work / 'java-tests'}:{JNA}", "Scenarios"],
+    ),
+    "csharp": Language(
+        build=_build_csharp,
+        command=lambda work: ["mono", str(work / "Scenarios.exe")],
     ),
 }

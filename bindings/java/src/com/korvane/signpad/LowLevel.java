@@ -5,15 +5,15 @@ import com.sun.jna.Callback;
 import com.sun.jna.Library;
 import com.sun.jna.Pointer;
 import com.sun.jna.Structure;
-import com.sun.jna.WString;
 import java.util.List;
 import java.util.Map;
 
 /**
  * The library's functions as they are.
  *
- * <p>A C bool result is one byte, and JNA would read a Java boolean from four: it is a byte here, 0 or 1. Texts that the
- * library hands out are pointers, which go back to the function that frees them. For everyday use there is {@link Pad}.
+ * <p>A C bool result is one byte, and JNA would read a Java boolean from four: it is a byte here, 0 or 1. Paths are
+ * UTF-32LE with a closing zero, for JNA's WString passes an emoji as two characters. Texts that the library hands out are
+ * pointers, which go back to the function that frees them. For everyday use there is {@link Pad}.
  */
 public interface LowLevel extends Library {
     /** The version of the header that this was made from. */
@@ -513,11 +513,11 @@ public interface LowLevel extends Library {
      * @return ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type; ARI_INK_EMPTY without ink or when the file could
      *     not be written (an SVG that could not be written is not noticed); ARI_FAIL without an instance.
      */
-    int KVS210_SaveDrawingImage(int nDeviceType, int nImageTypeID, WString pImageFilePath, int nDPILevel);
-    int KVS300_SaveDrawingImage(int nDeviceType, int nImageTypeID, WString pImageFilePath, int nDPILevel);
-    int KVS310X_SaveDrawingImage(int nDeviceType, int nImageTypeID, WString pImageFilePath, int nDPILevel);
-    int KVR800_SaveDrawingImage(int nDeviceType, int nImageTypeID, WString pImageFilePath, int nDPILevel);
-    int KVM450_SaveDrawingImage(int nDeviceType, int nImageTypeID, WString pImageFilePath, int nDPILevel);
+    int KVS210_SaveDrawingImage(int nDeviceType, int nImageTypeID, byte[] pImageFilePath, int nDPILevel);
+    int KVS300_SaveDrawingImage(int nDeviceType, int nImageTypeID, byte[] pImageFilePath, int nDPILevel);
+    int KVS310X_SaveDrawingImage(int nDeviceType, int nImageTypeID, byte[] pImageFilePath, int nDPILevel);
+    int KVR800_SaveDrawingImage(int nDeviceType, int nImageTypeID, byte[] pImageFilePath, int nDPILevel);
+    int KVM450_SaveDrawingImage(int nDeviceType, int nImageTypeID, byte[] pImageFilePath, int nDPILevel);
 
     /**
      * The signature as a Base64 text: EBITI_BITMAP, EBITI_JPEG, EBITI_PNG (white transparent) or EBITI_INK.
@@ -579,11 +579,11 @@ public interface LowLevel extends Library {
      * @return ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type or an empty text; ARI_INK_EMPTY when the image does
      *     not load in its format or cannot be written; ARI_FAIL without an instance.
      */
-    int KVS210_Base64Decode(int nDeviceType, int nImageTypeID, String pEncodedData, WString pImageFilePath);
-    int KVS300_Base64Decode(int nDeviceType, int nImageTypeID, String pEncodedData, WString pImageFilePath);
-    int KVS310X_Base64Decode(int nDeviceType, int nImageTypeID, String pEncodedData, WString pImageFilePath);
-    int KVR800_Base64Decode(int nDeviceType, int nImageTypeID, String pEncodedData, WString pImageFilePath);
-    int KVM450_Base64Decode(int nDeviceType, int nImageTypeID, String pEncodedData, WString pImageFilePath);
+    int KVS210_Base64Decode(int nDeviceType, int nImageTypeID, String pEncodedData, byte[] pImageFilePath);
+    int KVS300_Base64Decode(int nDeviceType, int nImageTypeID, String pEncodedData, byte[] pImageFilePath);
+    int KVS310X_Base64Decode(int nDeviceType, int nImageTypeID, String pEncodedData, byte[] pImageFilePath);
+    int KVR800_Base64Decode(int nDeviceType, int nImageTypeID, String pEncodedData, byte[] pImageFilePath);
+    int KVM450_Base64Decode(int nDeviceType, int nImageTypeID, String pEncodedData, byte[] pImageFilePath);
 
     /**
      * Number of decoded points.

@@ -1,7 +1,6 @@
 package com.korvane.signpad;
 
 import com.sun.jna.Memory;
-import com.sun.jna.WString;
 import java.awt.Color;
 import java.awt.Dimension;
 import java.awt.Rectangle;
@@ -389,7 +388,7 @@ public final class Pad implements AutoCloseable {
      */
     public void save(Path file, int dpi) {
         SavedFile saved = new SavedFile(file, dpi);
-        int result = on(() -> family.code("SaveDrawingImage", saved.type(), new WString(saved.name()), saved.level()));
+        int result = on(() -> family.code("SaveDrawingImage", saved.type(), saved.name(), saved.level()));
         if (result == LowLevel.ReturnCode.SUCCESS && saved.isWhole()) {
             return;
         }
@@ -397,7 +396,7 @@ public final class Pad implements AutoCloseable {
             throw new PadException.NoInk();
         }
         throw new PadException.NotSaved(
-                saved.name() + " could not be written: is its folder there, may this user write, is the disk full?");
+                file + " could not be written: is its folder there, may this user write, is the disk full?");
     }
 
     // --- Live images, office canvas (S210) ---

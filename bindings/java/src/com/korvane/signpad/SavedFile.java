@@ -2,6 +2,7 @@ package com.korvane.signpad;
 
 import java.io.IOException;
 import java.io.RandomAccessFile;
+import java.nio.charset.Charset;
 import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
@@ -47,8 +48,9 @@ final class SavedFile {
         return dpi == 150 ? LowLevel.DpiLevel.DPI_150 : LowLevel.DpiLevel.DPI_300;
     }
 
-    String name() {
-        return file.toString();
+    /** As the library takes a path: one code point in four bytes, and a closing zero. */
+    byte[] name() {
+        return (file + "\0").getBytes(Charset.forName("UTF-32LE"));
     }
 
     /** The library does not notice an SVG that could not be written: looks for its end. */
