@@ -4,12 +4,13 @@ from __future__ import annotations
 
 from typing import Any, Callable
 
-from . import csharp_file, java_file, python_file
+from . import csharp_file, java_file, node_file, python_file
 
 _WRITERS: dict[str, Callable[[dict[str, Any]], str]] = {
-    "csharp/src/LowLevel.cs": csharp_file.write,
-    "java/src/com/korvane/signpad/LowLevel.java": java_file.write,
     "python/kvsignpad/lowlevel.py": python_file.write,
+    "java/src/com/korvane/signpad/LowLevel.java": java_file.write,
+    "csharp/src/LowLevel.cs": csharp_file.write,
+    "node/src/lowlevel.js": node_file.write,
 }
 
 

@@ -25,6 +25,8 @@ class Language:
     build: Callable[[Path, Path], None] = _nothing
     """Builds it, given that directory and the library's."""
     environment: Callable[[Path], dict[str, str]] = _no_settings
+    own_zlib: bool = False
+    """Its program brings a zlib of its own, which the library then uses too: the same contents, packed otherwise."""
 
 
 def _build(command: list[str]) -> None:
@@ -52,6 +54,12 @@ def _build_csharp(work: Path, library: Path) -> None:
     _build(["mcs", "-langversion:7", f"-r:{assembly}", f"-out:{work / 'Scenarios.exe'}", runner])
 
 
+def _build_node(work: Path, library: Path) -> None:
+    place = BINDINGS / "node"
+    if not (place / "node_modules" / "koffi").exists():
+        _build(["npm", "--prefix", str(place), "ci", "--no-audit", "--no-fund", "--prefer-offline"])
+
+
 LANGUAGES: dict[str, Language] = {
     "python": Language(
         command=lambda work: ["/usr/bin/python3", str(BINDINGS / "python" / "tests" / "scenarios.py")],
@@ -64,5 +72,10 @@ LANGUAGES: dict[str, Language] = {
     "csharp": Language(
         build=_build_csharp,
         command=lambda work: ["mono", str(work / "Scenarios.exe")],
+    ),
+    "node": Language(
+        build=_build_node,
+        command=lambda work: ["node", "--expose-gc", str(BINDINGS / "node" / "tests" / "scenarios.mjs")],
+        own_zlib=True,
     ),
 }
