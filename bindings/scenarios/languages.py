@@ -60,6 +60,13 @@ def _build_node(work: Path, library: Path) -> None:
         _build(["npm", "--prefix", str(place), "ci", "--no-audit", "--no-fund", "--prefer-offline"])
 
 
+def _build_cpp(work: Path, library: Path) -> None:
+    strict = ["-std=c++17", "-Wall", "-Wextra", "-Wshadow", "-Werror", f"-I{BINDINGS.parent / 'kvsignpadsdk'}"]
+    linked = [f"-L{library}", "-lkvsignpadsdk", "-pthread"]
+    source = str(BINDINGS / "cpp" / "scenarios.cpp")
+    _build(["g++", *strict, source, "-o", str(work / "scenarios-cpp"), *linked])
+
+
 LANGUAGES: dict[str, Language] = {
     "python": Language(
         command=lambda work: ["/usr/bin/python3", str(BINDINGS / "python" / "tests" / "scenarios.py")],
@@ -77,5 +84,9 @@ LANGUAGES: dict[str, Language] = {
         build=_build_node,
         command=lambda work: ["node", "--expose-gc", str(BINDINGS / "node" / "tests" / "scenarios.mjs")],
         own_zlib=True,
+    ),
+    "cpp": Language(
+        build=_build_cpp,
+        command=lambda work: [str(work / "scenarios-cpp")],
     ),
 }

@@ -1,0 +1,44 @@
+"""Writes C++'s table of functions by model, for kvsignpadsdk/signpad.hpp."""
+
+from __future__ import annotations
+
+from typing import Any
+
+Json = dict[str, Any]
+
+_HEAD = """\
+/// @file
+/// The functions of every family in one table: generated from the header by bindings/generate, not to be edited.
+/// Part of signpad.hpp. A function that a family does not have is null.
+#ifndef KVSIGNPADSDK_SIGNPADTABLE_HPP
+#define KVSIGNPADSDK_SIGNPADTABLE_HPP
+
+#include "kvsignpadsdk_global.h"
+
+namespace kv::detail {
+
+/// The version of the header that this was made from.
+inline constexpr const char *kVersion = "%s";
+
+struct Family
+{
+    const char *model;
+    int type;
+"""
+
+
+def write(api: Json) -> str:
+    operations = [operation for operation in api["operations"] if operation["takesDeviceType"]]
+    text = _HEAD % api["version"]
+    for operation in operations:
+        # Every family's function has the same type; the first that there is names it.
+        text += f"    decltype(&{operation['families'][0]}_{operation['name']}) {operation['name']};\n"
+    text += "};\n\n/// In the order of kv::Model.\ninline constexpr Family kFamilies[] = {\n"
+    for family in api["families"]:
+        prefix = family["prefix"]
+        text += f"    {{\"{family['model']}\", {family['deviceType']},\n"
+        for operation in operations:
+            name = f"{prefix}_{operation['name']}" if prefix in operation["families"] else "nullptr"
+            text += f"        {name},\n"
+        text = text.rstrip(",\n") + "},\n"
+    return text + "};\n\n} // namespace kv::detail\n\n#endif\n"
