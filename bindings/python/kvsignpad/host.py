@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import importlib
 from typing import Any
 
 
@@ -12,14 +13,10 @@ def widget_address(parent: Any) -> int:
     """
     if isinstance(parent, int):
         return parent
-    for module, function in (("PyQt5.sip", "unwrapinstance"), ("sip", "unwrapinstance")):
+    for module, function in (("PyQt5.sip", "unwrapinstance"), ("sip", "unwrapinstance"), ("shiboken2", "getCppPointer")):
         try:
-            return int(getattr(__import__(module, fromlist=[function]), function)(parent))
+            found = getattr(importlib.import_module(module), function)(parent)
         except (ImportError, TypeError):
             continue
-    try:
-        import shiboken2  # type: ignore[import-not-found, unused-ignore]
-
-        return int(shiboken2.getCppPointer(parent)[0])
-    except (ImportError, TypeError) as error:
-        raise TypeError("parent is a widget of PyQt5 or PySide2, or a QWidget's address") from error
+        return int(found[0] if isinstance(found, tuple) else found)
+    raise TypeError("parent is a widget of PyQt5 or PySide2, or a QWidget's address")

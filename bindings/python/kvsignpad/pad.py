@@ -5,11 +5,12 @@ from __future__ import annotations
 import asyncio
 import base64
 import ctypes
+import functools
 import os
 import threading
 import time
 from types import TracebackType
-from typing import Any, AsyncIterator, Callable, Iterator, Optional
+from typing import Any, AsyncIterator, Callable, Iterator, Optional, TypeVar
 
 from . import lowlevel, opening, receivers, sdk, settings
 from .errors import CommandFailed, NoInk, NotSaved, NotSupported, PadClosed, PadLost
@@ -19,7 +20,9 @@ from .ink import Ink
 from .lowlevel import EncodedImageType, ReturnCode
 from .mailbox import Mailbox
 from .receivers import Receivers, Tap
-from .thread import CallersThread, pad_thread
+from .thread import CallersThread, Runner, pad_thread
+
+T = TypeVar("T")
 
 # How often a waiting program asks whether the pad is still there, in seconds. A pad counts as lost when it fails to
 # answer twice in a row: one failure may be a busy line.
@@ -56,7 +59,9 @@ class Pad:
         self.size = size
         self._library = sdk.library()
         self._prefix, self._device = lowlevel.FAMILIES[model]
-        self._thread = pad_thread if parent is None else CallersThread()
+        self._thread: Runner = pad_thread
+        if parent is not None:
+            self._thread = CallersThread()
         self._receivers = Receivers()
         self._live_kind: str | None = None
         self._closed = False
@@ -160,7 +165,8 @@ class Pad:
 
     async def tapped(self, timeout: float | None = None) -> Tap | None:
         """As wait, for asyncio."""
-        return await self._anext(self._receivers.taps, timeout)
+        tap = await self._anext(self._receivers.taps, timeout)
+        return tap
 
     def taps(self) -> Iterator[Tap]:
         """The taps as they come, until the pad is closed."""
@@ -352,7 +358,8 @@ class Pad:
         self._check_open()
         if self._prefix not in lowlevel.OPERATIONS[operation].families:
             raise NotSupported(f"the {self.model} has no {operation}")
-        return self._thread.run(lambda: self._alive(operation, *arguments))
+        result: Any = self._thread.run(functools.partial(self._alive, operation, *arguments))
+        return result
 
     def _alive(self, operation: str, *arguments: Any) -> Any:
         self._check_open()  # once more: it may have been closed while this call waited for its turn
@@ -396,26 +403,26 @@ class Pad:
 
     # --- Waiting ---
 
-    def _next(self, mailbox: Mailbox[Any], timeout: float | None) -> Any:
+    def _next(self, mailbox: Mailbox[T], timeout: float | None) -> T | None:
         watch = _Watch(self, timeout)
         while True:
             item = mailbox.get(watch.slice())
             if item is not None or mailbox.closed or watch.over():
-                self._check_not_closed_before(item, mailbox)
+                self._check_why_none(item is None, mailbox.closed)
                 return item
             watch.ask()
 
-    async def _anext(self, mailbox: Mailbox[Any], timeout: float | None) -> Any:
+    async def _anext(self, mailbox: Mailbox[T], timeout: float | None) -> T | None:
         watch = _Watch(self, timeout)
         while True:
             item = await mailbox.aget(watch.slice())
             if item is not None or mailbox.closed or watch.over():
-                self._check_not_closed_before(item, mailbox)
+                self._check_why_none(item is None, mailbox.closed)
                 return item
             await asyncio.get_running_loop().run_in_executor(None, watch.ask)
 
-    def _check_not_closed_before(self, item: Any, mailbox: Mailbox[Any]) -> None:
-        if item is None and not mailbox.closed:
+    def _check_why_none(self, none: bool, ended: bool) -> None:
+        if none and not ended:
             self._check_open()
 
 

@@ -1,6 +1,6 @@
 """What the library calls on the driver's thread.
 
-The two functions below live as long as the process, so no garbage collector can take away what the library may still
+The two functions at the end live as long as the process, so no garbage collector can take away what the library may still
 call. They copy what arrives into the open pad's mailboxes and return at once.
 """
 
@@ -39,8 +39,7 @@ class Receivers:
 current: Optional[Receivers] = None
 
 
-@lowlevel.EventCallback
-def on_event(key: int) -> None:
+def _on_event(key: int) -> None:
     receivers = current
     if receivers is None or key not in (0, 1):
         return
@@ -49,8 +48,11 @@ def on_event(key: int) -> None:
         receivers.handled_taps.put(Tap(key))
 
 
-@lowlevel.LiveImageCallback
-def on_live_image(text: bytes) -> None:
+def _on_live_image(text: bytes) -> None:
     receivers = current
     if receivers is not None:
         receivers.images.put(base64.b64decode(text))
+
+
+on_event = lowlevel.EventCallback(_on_event)
+on_live_image = lowlevel.LiveImageCallback(_on_live_image)

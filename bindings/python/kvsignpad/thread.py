@@ -9,7 +9,7 @@ from __future__ import annotations
 import os
 import queue
 import threading
-from typing import Any, Callable, Generic, TypeVar
+from typing import Any, Callable, Generic, Protocol, TypeVar
 
 from .errors import PadError, WrongThread
 
@@ -35,6 +35,12 @@ class _Job(Generic[T]):
         if self._error is not None:
             raise self._error
         return self._result
+
+
+class Runner(Protocol):
+    """Where a pad's calls run."""
+
+    def run(self, work: Callable[[], T]) -> T: ...
 
 
 class PadThread:
