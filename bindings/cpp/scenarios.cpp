@@ -29,6 +29,7 @@ public:
 private:
     static std::string json(bool value) { return value ? "true" : "false"; }
     static std::string json(int value) { return std::to_string(value); }
+    static std::string json(double value) { return std::to_string(value); }
     static std::string json(const std::string &value) { return value.empty() ? "null" : '"' + value + '"'; }
 
     std::string m_text;
@@ -242,6 +243,35 @@ Answer lowlevel()
     return Answer().add("functions", functions).add("points", points).add("directory", directory);
 }
 
+template <class Action>
+double timed(int count, Action action)
+{
+    const auto begin = std::chrono::steady_clock::now();
+    for (int i = 0; i < count; ++i)
+        action();
+    return std::chrono::duration<double, std::nano>(std::chrono::steady_clock::now() - begin).count() / count;
+}
+
+/// For bench/languages: nanoseconds of a call as it is and through the class, milliseconds for all points.
+Answer bench()
+{
+    kv::Pad pad = openPad();
+    pad.wait(60s);
+    long sum = 0;
+    const double raw = timed(2000000, [&] { sum += KVS300_GetTotalInkPointsNumber(KVS300_DEVICE); });
+    const double call = timed(2000000, [&] { sum += pad.points(); });
+    const double ink = timed(200, [&] {
+        for (const kv::Point &point : pad.ink())
+            sum += point.nX;
+    });
+    return Answer()
+        .add("used", sum != 0)
+        .add("raw_ns", raw)
+        .add("call_ns", call)
+        .add("ink_ms", ink / 1e6)
+        .add("points", pad.points());
+}
+
 } // namespace
 
 int main(int, char **arguments)
@@ -249,7 +279,7 @@ int main(int, char **arguments)
     static const std::map<std::string, Answer (*)()> scenarios = {{"capture", capture}, {"path", path},
         {"cancel", cancel}, {"timeout", timeout}, {"unplug", unplug}, {"fingerprint", fingerprint}, {"live", live},
         {"cycles", cycles}, {"collect", collect}, {"exit", exitInside}, {"forgotten", forgotten}, {"errors", errors},
-        {"missing", missing}, {"lowlevel", lowlevel}};
+        {"missing", missing}, {"lowlevel", lowlevel}, {"bench", bench}};
     static const std::map<std::string, kv::Model> models = {{"S210", kv::Model::S210}, {"S300", kv::Model::S300},
         {"S310X", kv::Model::S310X}, {"R800", kv::Model::R800}, {"M450", kv::Model::M450}};
     model = models.at(arguments[2]);

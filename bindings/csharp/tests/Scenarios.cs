@@ -246,4 +246,31 @@ static class Scenarios
             { "directory", Directory.GetCurrentDirectory() == before },
         };
     }
+
+    static double Timed(int count, Action action)
+    {
+        for (int i = 0; i < count; ++i)
+            action(); // until the compiler has done its work
+        var watch = System.Diagnostics.Stopwatch.StartNew();
+        for (int i = 0; i < count; ++i)
+            action();
+        return watch.Elapsed.TotalMilliseconds * 1e6 / count;
+    }
+
+    /// <summary>
+    /// For bench/languages: nanoseconds of a call as it is and through the class, milliseconds for all points.
+    /// </summary>
+    public static Dictionary<string, object> Bench()
+    {
+        using (Pad pad = Open())
+        {
+            pad.Wait(Long);
+            double raw = Timed(20000, () => LowLevel.KVS300_GetTotalInkPointsNumber(5));
+            double call = Timed(5000, () => { int points = pad.Points; });
+            double ink = Timed(20, () => pad.Ink().Sum(point => point.X));
+            return new Dictionary<string, object> {
+                { "raw_ns", raw }, { "call_ns", call }, { "ink_ms", ink / 1e6 }, { "points", pad.Points },
+            };
+        }
+    }
 }

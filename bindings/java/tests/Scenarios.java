@@ -51,7 +51,8 @@ public final class Scenarios {
             Map.entry("forgotten", Scenarios::forgotten),
             Map.entry("errors", Scenarios::errors),
             Map.entry("missing", Scenarios::missing),
-            Map.entry("lowlevel", Scenarios::lowlevel));
+            Map.entry("lowlevel", Scenarios::lowlevel),
+            Map.entry("bench", Scenarios::bench));
 
     public static void main(String[] arguments) throws Exception {
         model = Model.valueOf(arguments[1]);
@@ -254,5 +255,28 @@ public final class Scenarios {
         open().close();
         return answer("functions", functions, "points", library.KVS300_GetTotalInkPointsNumber(5),
                 "directory", Path.of("/proc/self/cwd").toRealPath().equals(before));
+    }
+
+    private static double timed(int count, Action action) throws Exception {
+        for (int i = 0; i < count; ++i) {
+            action.run(); // until the compiler has done its work
+        }
+        long begin = System.nanoTime();
+        for (int i = 0; i < count; ++i) {
+            action.run();
+        }
+        return (double) (System.nanoTime() - begin) / count;
+    }
+
+    /** For bench/languages: nanoseconds of a call as it is and through the class, milliseconds for all points. */
+    private static Map<String, Object> bench() throws Exception {
+        LowLevel library = Sdk.library();
+        try (Pad pad = open()) {
+            pad.await(LONG);
+            double raw = timed(20000, () -> library.KVS300_GetTotalInkPointsNumber(5));
+            double call = timed(5000, pad::points);
+            double ink = timed(20, () -> pad.ink().stream().mapToInt(Point::x).sum());
+            return answer("raw_ns", raw, "call_ns", call, "ink_ms", ink / 1e6, "points", pad.points());
+        }
     }
 }

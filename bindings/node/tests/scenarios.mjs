@@ -173,6 +173,26 @@ const scenarios = {
         await (await open()).close();
         return { functions: Object.keys(functions).length, points, directory: process.cwd() === before };
     },
+
+    // For bench/languages: nanoseconds of a call as it is and through the class, milliseconds for all points.
+    bench: () => withPad(async (pad) => {
+        const functions = library();
+        await pad.tap(LONG);
+        const timed = (count, action) => {
+            for (let i = 0; i < count; ++i) {
+                action(); // until the compiler has done its work
+            }
+            const begin = performance.now();
+            for (let i = 0; i < count; ++i) {
+                action();
+            }
+            return ((performance.now() - begin) * 1e6) / count;
+        };
+        const raw = timed(20000, () => functions.KVS300_GetTotalInkPointsNumber(5));
+        const call = timed(5000, () => pad.points);
+        const ink = timed(20, () => [...pad.ink()].reduce((sum, point) => sum + point.x, 0));
+        return { raw_ns: raw, call_ns: call, ink_ms: ink / 1e6, points: pad.points };
+    }),
 };
 
 console.log(JSON.stringify(await scenarios[scenario]()));

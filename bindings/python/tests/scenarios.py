@@ -7,6 +7,7 @@ import json
 import os
 import sys
 import threading
+import time
 from pathlib import Path
 from typing import Any, Callable
 
@@ -168,6 +169,24 @@ def lowlevel() -> Answer:
     points = library.KVS300_GetTotalInkPointsNumber(5)
     _open().close()
     return {"functions": len(dir(library)), "points": points, "directory": os.getcwd() == before}
+
+
+def bench() -> Answer:
+    """For bench/languages: nanoseconds of a call as it is and through the class, milliseconds for all points."""
+    library = kvsignpad.library()
+    with _open() as pad:
+        pad.wait(timeout=60)
+
+        def timed(count: int, action: Callable[[], Any]) -> float:
+            begin = time.perf_counter()
+            for _ in range(count):
+                action()
+            return (time.perf_counter() - begin) / count
+
+        raw = timed(20000, lambda: library.KVS300_GetTotalInkPointsNumber(5))
+        call = timed(5000, lambda: len(pad))
+        ink = timed(20, lambda: sum(point.x for point in pad.ink()))
+        return {"raw_ns": raw * 1e9, "call_ns": call * 1e9, "ink_ms": ink * 1e3, "points": len(pad)}
 
 
 if __name__ == "__main__":
