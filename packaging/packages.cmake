@@ -7,6 +7,7 @@ configure_file(packaging/kvsignpadsdk.pc.in ${CMAKE_BINARY_DIR}/packaging/kvsign
 install(TARGETS kvsignpadsdk
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development)
 install(FILES kvsignpadsdk/kvsignpadsdk.h kvsignpadsdk/kvsignpadsdk_global.h
+    kvsignpadsdk/signpad.hpp kvsignpadsdk/signpaddetail.hpp kvsignpadsdk/signpadtable.hpp kvsignpadsdk/signpadversion.hpp
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kvsignpadsdk COMPONENT development)
 install(FILES ${CMAKE_BINARY_DIR}/packaging/kvsignpadsdk.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
@@ -32,13 +33,23 @@ install(TARGETS kv-sign-desk RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONE
 install(FILES examples/sign-desk/sample/delivery-note.pdf
   DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kv-sign-desk COMPONENT signdesk)
 
+install(DIRECTORY bindings/python/kvsignpad DESTINATION lib/python3/dist-packages COMPONENT python
+  PATTERN __pycache__ EXCLUDE)
+install(FILES docs/languages/python.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/python3-kvsignpad COMPONENT python)
+if(EXISTS ${CMAKE_BINARY_DIR}/packaging/kvsignpad.jar) # packaging/build makes it
+  install(FILES ${CMAKE_BINARY_DIR}/packaging/kvsignpad.jar
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/java COMPONENT java)
+  install(FILES docs/languages/java.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libkvsignpad-java COMPONENT java)
+  set(KV_JAVA_PACKAGE java)
+endif()
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_VENDOR "Korvane")
 set(CPACK_PACKAGE_CONTACT "Korvane <support@korvane.example>")
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_COMPONENTS_ALL library development simulator kvsign signdesk)
+set(CPACK_COMPONENTS_ALL library development simulator kvsign signdesk python ${KV_JAVA_PACKAGE})
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
@@ -64,9 +75,21 @@ set(CPACK_DEBIAN_SIGNDESK_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_SIGNDESK_PACKAGE_DEPENDS "libkvsignpadsdk1 (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_SIGNDESK_DESCRIPTION "signs pages on Korvane signature pads")
 
+set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-kvsignpad)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS "python3 (>= 3.9), libkvsignpadsdk1 (>= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS "python3-numpy")
+set(CPACK_DEBIAN_PYTHON_DESCRIPTION "signatures from Korvane signature pads in Python")
+set(CPACK_DEBIAN_JAVA_PACKAGE_NAME libkvsignpad-java)
+set(CPACK_DEBIAN_JAVA_PACKAGE_SECTION java)
+set(CPACK_DEBIAN_JAVA_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_JAVA_PACKAGE_DEPENDS "libjna-java, libkvsignpadsdk1 (>= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_JAVA_DESCRIPTION "signatures from Korvane signature pads in Java")
+
 # dpkg wants the licence and the changes under each package's own name.
 foreach(component_package library:libkvsignpadsdk1 development:libkvsignpadsdk-dev simulator:kvsignpad-simulator
-    kvsign:kvsign signdesk:kv-sign-desk)
+    kvsign:kvsign signdesk:kv-sign-desk python:python3-kvsignpad java:libkvsignpad-java)
   string(REPLACE ":" ";" pair ${component_package})
   list(GET pair 0 component)
   list(GET pair 1 package)

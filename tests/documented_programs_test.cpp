@@ -25,15 +25,6 @@ struct Program
 const Program kPrograms[] = {
     {"readme", "README.md", "A program", "cpp", "capture.cpp"},
     {"c", "docs/hosts.md", "C", "c", "capture.c"},
-#ifdef KV_WITH_PYTHON
-    {"python", "docs/hosts.md", "Python", "python", "capture.py"},
-#endif
-#ifdef KV_JNA
-    {"java", "docs/hosts.md", "Java (JNA)", "java", "Capture.java"},
-#endif
-#ifdef KV_WITH_MONO
-    {"csharp", "docs/hosts.md", "C# (P/Invoke)", "csharp", "Capture.cs"},
-#endif
 };
 
 /// A directory that looks as the repository does to the commands.
@@ -46,9 +37,6 @@ protected:
         QDir(m_place.path()).mkpath("build");
         link(KV_SOURCE_DIRECTORY "/kvsignpadsdk", "kvsignpadsdk");
         link(KV_BUILD_DIRECTORY, "build/release");
-#ifdef KV_JNA
-        link(KV_JNA, "jna.jar");
-#endif
         link(KV_BUILD_DIRECTORY "/simulator/libkvsignpaddrv.so", "libkvsignpaddrv.so");
         const QString section = sectionOf(contentOf(path(GetParam().document)), GetParam().section);
         QFile source(m_place.filePath(GetParam().file));

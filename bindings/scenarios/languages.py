@@ -61,7 +61,7 @@ def _build_node(work: Path, library: Path) -> None:
 
 
 def _build_cpp(work: Path, library: Path) -> None:
-    strict = ["-std=c++17", "-Wall", "-Wextra", "-Wshadow", "-Werror", f"-I{BINDINGS.parent / 'kvsignpadsdk'}"]
+    strict = ["-std=c++17", "-O2", "-Wall", "-Wextra", "-Wshadow", "-Werror", f"-I{BINDINGS.parent / 'kvsignpadsdk'}"]
     linked = [f"-L{library}", "-lkvsignpadsdk", "-pthread"]
     source = str(BINDINGS / "cpp" / "scenarios.cpp")
     _build(["g++", *strict, source, "-o", str(work / "scenarios-cpp"), *linked])
