@@ -3,6 +3,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <dlfcn.h>
 #include <fstream>
 #include <iostream>
 #include <map>
@@ -40,6 +41,10 @@ kv::Pad openPad()
     kv::Pad pad(model, kv::Size{400, 226}, driver);
     pad.setPenWidth(2);
     pad.setPenColor({0, 0, 128});
+    void *const simulator = dlopen("libkvsignpaddrv.so", RTLD_NOW | RTLD_NOLOAD);
+    if (!simulator || reinterpret_cast<int (*)()>(dlsym(simulator, "KVSIM_EndDelay"))() != 0)
+        throw std::runtime_error("the recording does not begin");
+    dlclose(simulator);
     return pad;
 }
 

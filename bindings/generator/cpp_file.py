@@ -29,7 +29,7 @@ struct Family
 
 def write(api: Json) -> str:
     operations = [operation for operation in api["operations"] if operation["takesDeviceType"]]
-    text = _HEAD % api["version"]
+    text = str(_HEAD % api["version"])
     for operation in operations:
         # Every family's function has the same type; the first that there is names it.
         text += f"    decltype(&{operation['families'][0]}_{operation['name']}) {operation['name']};\n"

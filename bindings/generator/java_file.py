@@ -51,7 +51,7 @@ _TYPES = {
 
 
 def write(api: Json) -> str:
-    text = _HEAD % api["version"]
+    text = str(_HEAD % api["version"])
     text += "".join(_enumeration(enumeration) for enumeration in api["enumerations"])
     text += "".join(_record(record) for record in api["records"])
     text += "".join(_callback(callback) for callback in api["callbacks"] if callback["as"])

@@ -41,7 +41,7 @@ _TYPES = {
 
 
 def write(api: Json) -> str:
-    text = _HEAD % api["version"]
+    text = str(_HEAD % api["version"])
     text += "".join(_enumeration(enumeration) for enumeration in api["enumerations"])
     text += "\n/** Colours by name: red, green, blue. */\nexport const COLORS = Object.freeze({\n"
     text += "".join(f"    {name}: [{r}, {g}, {b}],\n" for name, (r, g, b) in COLORS.items()) + "});\n"

@@ -5,6 +5,7 @@
  * Writes its files into the working directory. Built by run, beside the program under test. */
 #include <kvsignpadsdk_global.h>
 
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <stdio.h>
 #include <stdlib.h>
@@ -69,6 +70,16 @@ static void openPad(const struct Family *pad, const char *driver)
     pad->SetPenColor(pad->type, 0, 0, 128);
 }
 
+/* The simulated pad writes from now on. */
+static void begin(void)
+{
+    int (*endDelay)(void) = NULL;
+    void *driver = dlopen("libkvsignpaddrv.so", RTLD_NOW | RTLD_NOLOAD);
+    *(void **)&endDelay = driver ? dlsym(driver, "KVSIM_EndDelay") : NULL;
+    must(endDelay && endDelay() == 0, "the recording does not begin");
+    dlclose(driver);
+}
+
 static void waitForTap(const struct Family *pad)
 {
     while (pad->KeyStatus(pad->type) < 0)
@@ -128,6 +139,7 @@ int main(int argc, char **argv)
     const bool fingerprint = strcmp(argv[1], "fingerprint") == 0;
     if (fingerprint)
         placeFingerprint(pad);
+    begin();
     waitForTap(pad);
     takeAll(pad);
     if (fingerprint)

@@ -7,6 +7,9 @@ A language's runner is a program that is started as
 in an empty directory, with the simulator's settings in its environment. It does what the scenario's text says, through
 the language's own Pad class, writes the named files into the working directory and ends with one line of JSON on its
 standard output. Errors are told by their names, which are the same in every language.
+
+The simulated pad begins to write when the runner has called KVSIM_EndDelay of the loaded driver, which it does after it
+has opened the pad and set the pen.
 """
 
 from __future__ import annotations

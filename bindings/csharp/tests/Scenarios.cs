@@ -30,6 +30,9 @@ static class Scenarios
         return value is string ? "\"" + value + "\"" : value.ToString().ToLowerInvariant();
     }
 
+    [System.Runtime.InteropServices.DllImport("libkvsignpaddrv.so")]
+    static extern int KVSIM_EndDelay();
+
     static Pad Open() => Open(model, driver);
 
     static Pad Open(Model which, string where)
@@ -37,6 +40,8 @@ static class Scenarios
         Pad pad = Pad.Open(which, 400, 226, where);
         pad.SetPenWidth(2);
         pad.SetPenColor("navy");
+        if (KVSIM_EndDelay() != 0)
+            throw new InvalidOperationException("the recording does not begin");
         return pad;
     }
 

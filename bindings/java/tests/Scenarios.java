@@ -7,6 +7,7 @@ import com.korvane.signpad.PadException;
 import com.korvane.signpad.Point;
 import com.korvane.signpad.Sdk;
 import com.korvane.signpad.Tap;
+import com.sun.jna.NativeLibrary;
 import java.awt.Dimension;
 import java.awt.Rectangle;
 import java.io.File;
@@ -79,6 +80,11 @@ public final class Scenarios {
         Pad pad = Pad.open(model, 400, 226, driver);
         pad.penWidth(2);
         pad.penColor("navy");
+        NativeLibrary simulator = NativeLibrary.getInstance(driver.resolve("libkvsignpaddrv.so").toString());
+        if (simulator.getFunction("KVSIM_EndDelay").invokeInt(new Object[0]) != 0) {
+            throw new IllegalStateException("the recording does not begin");
+        }
+        simulator.dispose();
         return pad;
     }
 

@@ -1,5 +1,6 @@
 // Node's runner of the scenarios (bindings/scenarios/table.py says what each does).
 import fs from 'node:fs';
+import koffi from 'koffi';
 import { PadError, library, open as openPad } from '../src/index.js';
 
 const [scenario, model, driver] = process.argv.slice(2);
@@ -8,6 +9,10 @@ const LONG = { timeout: 60_000 };
 async function open() {
     const pad = await openPad(model, { width: 400, height: 226, driver });
     pad.pen({ width: 2, color: 'navy' });
+    const simulator = koffi.load(`${driver}/libkvsignpaddrv.so`);
+    if (simulator.func('int KVSIM_EndDelay()')() !== 0) {
+        throw new Error('the recording does not begin');
+    }
     return pad;
 }
 

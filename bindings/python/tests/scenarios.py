@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import ctypes
 import gc
 import json
 import os
@@ -21,6 +22,7 @@ Answer = dict[str, Any]
 def _open(model: str = _MODEL, driver: str = _DRIVER) -> Pad:
     pad = Pad(model, size=(400, 226), driver=driver)
     pad.pen(width=2, color="navy")
+    assert ctypes.CDLL(f"{_DRIVER}/libkvsignpaddrv.so").KVSIM_EndDelay() == 0
     return pad
 
 
