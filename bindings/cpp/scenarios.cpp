@@ -207,9 +207,11 @@ Answer forgotten()
 
 Answer errors()
 {
+    Answer answer;
+    std::filesystem::create_directory("empty");
+    answer.add("driver", error([] { kv::Pad(model, {400, 226}, "empty"); }));
     kv::Pad pad = openPad();
     pad.wait(60s);
-    Answer answer;
     answer.add("second", error([] { openPad(); }));
     answer.add("unsupported", error([&] { pad.onLiveImage(kv::ImageKind::Png, [](const kv::Bytes &) {}); }));
     answer.add("width", error([&] { pad.setPenWidth(11); }));
@@ -218,8 +220,6 @@ Answer errors()
     answer.add("folder", error([&] { pad.save("missing/signature.png"); }));
     pad.close();
     answer.add("closed", error([&] { pad.points(); }));
-    std::filesystem::create_directory("empty");
-    answer.add("driver", error([] { kv::Pad(model, {400, 226}, "empty"); }));
     return answer.add("model", error([] { kv::Pad(static_cast<kv::Model>(99), {400, 226}, driver); }));
 }
 

@@ -123,9 +123,9 @@ SCENARIOS = (
     ),
     Scenario(
         "errors",
-        "With the pad open: opens a second one; asks a pad without that for live images; sets pen width 11; names an "
-        "unknown colour; saves to a name without an ending, and into a folder that is not there. Then closes it, and "
-        "asks for the points. Then opens with a driver's folder that is empty, and an unknown model.",
+        "Opens with a driver's folder that is empty. With the pad open: opens a second one; asks a pad without that for "
+        "live images; sets pen width 11; names an unknown colour; saves to a name without an ending, and into a folder "
+        "that is not there. Then closes it, and asks for the points. Then opens an unknown model.",
         {
             "second": "AlreadyOpen",
             "unsupported": "NotSupported",

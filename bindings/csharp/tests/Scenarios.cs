@@ -217,9 +217,12 @@ static class Scenarios
 
     public static Dictionary<string, object> Errors()
     {
+        Directory.CreateDirectory("empty");
+        string none = Error(() => Open(model, "empty"));
         Pad pad = Open();
         pad.Wait(Long);
         var answer = new Dictionary<string, object> {
+            { "driver", none },
             { "second", Error(() => Open()) },
             { "unsupported", Error(() => pad.LiveImage(ImageKind.Png, Long)) },
             { "width", Error(() => pad.SetPenWidth(11)) },
@@ -229,8 +232,6 @@ static class Scenarios
         };
         pad.Dispose();
         answer["closed"] = Error(() => pad.Ink());
-        Directory.CreateDirectory("empty");
-        answer["driver"] = Error(() => Open(model, "empty"));
         answer["model"] = Error(() => Open((Model)99, driver));
         return answer;
     }

@@ -233,9 +233,12 @@ public final class Scenarios {
     }
 
     private static Map<String, Object> errors() throws Exception {
+        Files.createDirectory(Path.of("empty"));
+        String none = error(() -> Pad.open(model, 400, 226, Path.of("empty").toAbsolutePath()));
         Pad pad = open();
         pad.await(LONG);
         Map<String, Object> answer = answer(
+                "driver", none,
                 "second", error(Scenarios::open),
                 "unsupported", error(() -> pad.liveImage(ImageKind.PNG, LONG)),
                 "width", error(() -> pad.penWidth(11)),
@@ -244,8 +247,6 @@ public final class Scenarios {
                 "folder", error(() -> pad.save(Path.of("missing/signature.png"), 300)));
         pad.close();
         answer.put("closed", error(pad::points));
-        Files.createDirectory(Path.of("empty"));
-        answer.put("driver", error(() -> Pad.open(model, 400, 226, Path.of("empty").toAbsolutePath())));
         answer.put("model", error(() -> Model.valueOf("S999")));
         return answer;
     }

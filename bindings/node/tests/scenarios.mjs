@@ -151,9 +151,12 @@ const scenarios = {
     },
 
     errors: async () => {
+        fs.mkdirSync('empty');
+        const none = await error(() => openPad(model, { driver: 'empty' }));
         const pad = await open();
         await pad.tap(LONG);
         const answer = {
+            driver: none,
             second: await error(() => open()),
             unsupported: await error(() => pad.live().next()),
             width: await error(() => pad.pen({ width: 11 })),
@@ -163,8 +166,6 @@ const scenarios = {
         };
         await pad.close();
         answer.closed = await error(() => pad.points);
-        fs.mkdirSync('empty');
-        answer.driver = await error(() => openPad(model, { driver: 'empty' }));
         answer.model = await error(() => openPad('S999', { driver }));
         return answer;
     },

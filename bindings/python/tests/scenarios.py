@@ -143,6 +143,8 @@ def forgotten() -> Answer:
 
 
 def errors() -> Answer:
+    os.mkdir("empty")
+    driver = _error(lambda: _open(driver="empty"))
     pad = _open()
     pad.wait(timeout=60)
     answer = {
@@ -155,8 +157,7 @@ def errors() -> Answer:
     }
     pad.close()
     answer["closed"] = _error(lambda: len(pad))
-    os.mkdir("empty")
-    answer["driver"] = _error(lambda: _open(driver="empty"))
+    answer["driver"] = driver
     answer["model"] = _error(lambda: _open(model="S999"))
     return answer
 
