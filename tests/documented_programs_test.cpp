@@ -49,14 +49,8 @@ protected:
             m_commands += "./capture";
     }
 
-    static QString path(const QString &name)
-    {
-        return KV_SOURCE_DIRECTORY "/" + name;
-    }
-    QString file(const QString &name) const
-    {
-        return m_place.filePath(name);
-    }
+    static QString path(const QString &name) { return KV_SOURCE_DIRECTORY "/" + name; }
+    QString file(const QString &name) const { return m_place.filePath(name); }
 
     CommandResult runCommands(const QString &recording)
     {
@@ -71,10 +65,7 @@ protected:
     QStringList m_commands;
 
 private:
-    void link(const QString &target, const QString &name)
-    {
-        QFile::link(target, m_place.filePath(name));
-    }
+    void link(const QString &target, const QString &name) { QFile::link(target, m_place.filePath(name)); }
 };
 
 TEST_P(DocumentedProgram, writesTheSignatureThatIsConfirmed)
