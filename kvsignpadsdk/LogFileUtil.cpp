@@ -1,5 +1,7 @@
 #include "LogFileUtil.h"
 
+#include "ownfile.h"
+
 #include <algorithm>
 #include <cstdarg>
 #include <cstdio>
@@ -7,6 +9,8 @@
 #include <cstring>
 #include <ctime>
 #include <cwchar>
+#include <pthread.h>
+#include <unistd.h>
 
 bool g_bEnableLog = false;
 char g_cKeyBuf[256];
@@ -20,13 +24,27 @@ namespace {
 
 constexpr int kLongestKey = 128;
 
+/// While it lives, a cancellation of the thread waits: a line is written whole, and its file closed.
+class Uncancelled
+{
+public:
+    Uncancelled() { pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &m_before); }
+    ~Uncancelled() { pthread_setcancelstate(m_before, nullptr); }
+    Uncancelled(const Uncancelled &) = delete;
+    Uncancelled &operator=(const Uncancelled &) = delete;
+
+private:
+    int m_before = PTHREAD_CANCEL_ENABLE;
+};
+
 void append(const char *fileName, const char *key, const char *value, const char *tail)
 {
-    FILE *file = std::fopen(fileName, "a+");
-    if (file == nullptr)
+    const Uncancelled whole;
+    const int file = ownfile::openToAppend(fileName);
+    if (file < 0)
         return;
-    std::fprintf(file, "[%s]:%s, %s", key, value, tail);
-    std::fclose(file);
+    dprintf(file, "[%s]:%s, %s", key, value, tail);
+    close(file);
 }
 
 struct JoinedKey

@@ -1,5 +1,7 @@
 #include "privatefile.h"
 
+#include "ownfile.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -14,7 +16,7 @@ bool isOursOrFree(const QByteArray &path)
     struct stat status;
     if (::lstat(path.constData(), &status) != 0)
         return true;
-    return S_ISREG(status.st_mode) && status.st_uid == ::geteuid();
+    return ownfile::isOurs(status);
 }
 
 } // namespace

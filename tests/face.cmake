@@ -19,6 +19,7 @@ foreach(name instance_fields_test instance_methods_test instance_defaults_test o
 endforeach()
 kv_add_test(diagnostics_log_test diagnostics_log_test.cpp PADS)
 kv_add_test(log_writers_test log_writers_test.cpp LIBRARIES kvsignpadsdk_inside)
+kv_add_test(log_files_test log_files_test.cpp LIBRARIES kvsignpadsdk_inside)
 kv_add_test(about_test about_test.cpp PADS)
 # Brings no application object.
 kv_add_test(about_without_application_test hosts/about_without_application.cpp LIBRARIES kv_test_pads)
