@@ -4,6 +4,7 @@
 #define DRIVERBINDING_H
 
 #include "LogFileUtil.h"
+#include "contained.h"
 #include "driverinterface.h"
 #include "inkpoints.h"
 #include "padmodels.h"
@@ -135,9 +136,10 @@ bool unload(Pad &pad)
     static constexpr logging::Key key{Pad::row.scope, "ShutdownKVSignPadDriver()"};
     KV_LOG(key, "<%ld>-Enter...");
     if (pad.m_plibKVSignPadDriver != nullptr) {
-        quietPad(pad);
+        // What the driver throws is gone before the driver is: its exceptions are its code.
+        contained::run([&pad] { quietPad(pad); });
         if (pad.m_pfn_KVSPDAPI_UnInitial != nullptr)
-            pad.m_pfn_KVSPDAPI_UnInitial();
+            contained::run(pad.m_pfn_KVSPDAPI_UnInitial);
         pad.m_plibKVSignPadDriver->unload();
         delete pad.m_plibKVSignPadDriver;
         pad.m_plibKVSignPadDriver = nullptr;

@@ -6,6 +6,7 @@
 #include "LogFileUtil.h"
 #include "cm450signobj.h"
 #include "cm450signwidget.h"
+#include "contained.h"
 #include "cr800signobj.h"
 #include "cr800signwidget.h"
 #include "cs210signobj.h"
@@ -88,12 +89,10 @@ Result forward(Result otherwise, Call call)
 {
     if (g_pSignWidget == nullptr)
         return otherwise;
-    try {
+    return contained::call(otherwise, [&]() -> Result {
         return g_bUseSignObj ? call(openinstance::as<typename Family::Obj>())
                              : call(openinstance::as<typename Family::Widget>());
-    } catch (...) {
-        return otherwise;
-    }
+    });
 }
 
 /// The same for members without a result.

@@ -4,6 +4,7 @@
 #define EXPORTEDLIFECYCLE_H
 
 #include "aboutbox.h"
+#include "contained.h"
 #include "exportedframe.h"
 
 #include <QRect>
@@ -13,22 +14,23 @@
 
 namespace exported {
 
-/// Ends the open instance: a headless one at once, a widget by the event loop.
+/// Ends the open instance: a headless one at once, a widget by the event loop. Whatever fails on the way, the library
+/// is closed afterwards.
 template <class Family>
 void close()
 {
     if (g_bUseSignObj) {
         auto *object = static_cast<typename Family::Obj *>(g_pSignWidget);
-        object->Shutdown();
-        delete object;
+        contained::run([object] { object->Shutdown(); });
         g_pSignWidget = nullptr;
         g_bUseSignObj = false;
+        delete object;
     } else {
         auto *widget = static_cast<typename Family::Widget *>(g_pSignWidget);
-        widget->Shutdown();
-        widget->hide();
-        widget->deleteLater();
+        contained::run([widget] { widget->Shutdown(); });
         g_pSignWidget = nullptr;
+        contained::run([widget] { widget->hide(); });
+        contained::run([widget] { widget->deleteLater(); });
     }
 }
 
@@ -86,13 +88,10 @@ bool openWidget(QWidget *pParentWidget, const Geometry &geometry)
 template <class Family>
 bool open(QWidget *pParentWidget, const Geometry &geometry)
 {
-    bool connected = false;
-    try {
-        connected = pParentWidget != nullptr && !g_bUseSignObj ? openWidget<Family>(pParentWidget, geometry)
-                                                               : openHeadless<Family>(geometry);
-    } catch (...) {
-        connected = false;
-    }
+    const bool connected = contained::call(false, [&] {
+        return pParentWidget != nullptr && !g_bUseSignObj ? openWidget<Family>(pParentWidget, geometry)
+                                                          : openHeadless<Family>(geometry);
+    });
     if (!connected) {
         UnInitialDevice<Family>(Family::deviceType);
         g_bUseSignObj = false; // also when not even an instance could be made
@@ -125,7 +124,7 @@ void AboutBox(QWidget *pParent)
 {
     static constexpr logging::Key key{Family::prefix, "AboutBox()"};
     KV_LOG(key, "<%ld>-Enter...");
-    aboutbox::show(pParent);
+    contained::run([pParent] { aboutbox::show(pParent); });
     KV_LOG(key, "<%ld>-leave !");
 }
 

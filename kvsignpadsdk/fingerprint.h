@@ -5,6 +5,7 @@
 
 #include "LogFileUtil.h"
 #include "canvaslock.h"
+#include "contained.h"
 #include "mergecache.h"
 #include "padmodels.h"
 #include "sharedfields.h"
@@ -16,7 +17,6 @@
 #include <QRectF>
 
 #include <cstring>
-#include <exception>
 #include <mutex>
 
 namespace fingerprint {
@@ -89,16 +89,15 @@ void takeNewPicture(Pad &pad)
 template <class Pad>
 void mergeShown(Pad &pad)
 {
-    try {
+    // Out of memory, this merge is lost, and the thread is not.
+    contained::run([&pad] {
         {
             const CanvasLock locked(pad.m_mutexUpdateCanvas);
             const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
             pad.MergeSignCanvasAndFPCanvas();
         }
         strokes::requestRepaint(pad);
-    } catch (const std::exception &) {
-        // Out of memory: this merge is lost, the thread is not.
-    }
+    });
 }
 
 /// Sends a picture that was taken over to the pad; merges it into the canvas one pass later.
@@ -107,8 +106,10 @@ void showPicture(Pad &pad)
 {
     if (pad.m_bStartShowFPImageRawDataOnDevice) {
         if (pad.m_pfn_KVSPDAPI_ShowFPImageOnDevice != nullptr) {
-            pad.m_pfn_KVSPDAPI_ShowFPImageOnDevice(
-                pad.m_ucCurrentFPImageRawDataOnDevice, kPadBytes, kPadWidth, kPadHeight, &pad.m_bGoToShutDown);
+            contained::run([&pad] {
+                pad.m_pfn_KVSPDAPI_ShowFPImageOnDevice(
+                    pad.m_ucCurrentFPImageRawDataOnDevice, kPadBytes, kPadWidth, kPadHeight, &pad.m_bGoToShutDown);
+            });
             pad.m_bAlreadyShownFPImageRawDataOnDevice = true;
         }
     } else if (pad.m_bAlreadyShownFPImageRawDataOnDevice) {

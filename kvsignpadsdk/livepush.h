@@ -4,6 +4,7 @@
 #define LIVEPUSH_H
 
 #include "LogFileUtil.h"
+#include "contained.h"
 #include "padmodels.h"
 #include "sharedfields.h"
 
@@ -32,7 +33,7 @@ void push(Pad &pad)
     KV_LOG(key, "<%ld>-Enter...");
     if (const auto receiver = shared::get(pad.m_pfnRealTimeSignBase64DataCallback)) {
         if (char *text = pad.EncodeBase64SignImage(shared::get(pad.m_nRealTimeSignBase64Data_ImageTypeID))) {
-            receiver(text);
+            contained::run([&] { receiver(text); });
             pad.Base64EncodeFree(text);
             pad.m_internals.repaint.letPaint(); // images of a large canvas follow each other without a gap
         }

@@ -3,6 +3,7 @@
 #ifndef OPENINSTANCE_H
 #define OPENINSTANCE_H
 
+#include "contained.h"
 #include "padparts.h"
 
 /// The open instance, a widget or a headless object of the family that created it; null while closed.
@@ -25,9 +26,11 @@ template <class Pad>
 void destroyed(Pad &pad)
 {
     if (pad.m_plibKVSignPadDriver != nullptr || padparts::hasDisplayThread(pad))
-        pad.Shutdown();
-    if (g_pSignWidget == &pad)
+        contained::run([&pad] { pad.Shutdown(); });
+    if (g_pSignWidget == &pad) {
         g_pSignWidget = nullptr;
+        g_bUseSignObj = false; // a call without a parent may have marked a widget too
+    }
 }
 
 } // namespace openinstance

@@ -1,6 +1,6 @@
 // The members that both fingerprint classes forward alike.
 
-void KV_PAD::RxS310XSignPadFPRawData(unsigned char *pucRawData, int nDataLength, int nScore) { fingerprint::takeIn(*this, pucRawData, nDataLength, nScore); }
+void KV_PAD::RxS310XSignPadFPRawData(unsigned char *pucRawData, int nDataLength, int nScore) { contained::run([&] { fingerprint::takeIn(*this, pucRawData, nDataLength, nScore); }); }
 bool KV_PAD::AreWeGoingToShutDown() { return shared::get(m_bGoToShutDown); }
 void KV_PAD::CheckIfAnyNewFPImageRawDataOnDeviceAvailable() { fingerprint::takeNewPicture(*this); }
 void KV_PAD::ProcessShowFPImgaeRawDataOnDevice() { fingerprint::showPicture(*this); }

@@ -4,12 +4,11 @@
 #define PENPACKETS_H
 
 #include "LogFileUtil.h"
+#include "contained.h"
 #include "inkpoints.h"
 #include "padmodels.h"
 #include "padparts.h"
 #include "sharedfields.h"
-
-#include <exception>
 
 namespace penpackets {
 
@@ -80,7 +79,7 @@ void tap(Pad &pad, const logging::Key &key, bool confirm)
     if (!confirm || Pad::row.tapMark == TapMark::ConfirmOrCancel)
         shared::set(padparts::tapMark(pad), true);
     if (const SIGNPAD_EVENT_CALLBACK receiver = shared::get(pad.m_pfnSignPadEventCallback))
-        receiver(confirm ? 1 : 0);
+        contained::run([&] { receiver(confirm ? 1 : 0); });
     if (confirm)
         KV_LOG(key, "<%ld>-Pen_Down_On_Enter_Button !");
     else
@@ -126,11 +125,8 @@ void handle(Pad &pad, int nX, int nY, int nP, int nPenStatus)
     KV_LOG(key, "<%ld>-Enter, nX=%d, nY=%d, nP=%d, nPenStatus=%d", nX, nY, nP, nPenStatus);
     const Action action =
         actionFor(Pad::row, shared::get(pad.m_bPenDown), shared::get(pad.m_nMaxPressureValue), nP, nPenStatus);
-    try {
-        act(pad, key, action, nX, nY, nP);
-    } catch (const std::exception &) {
-        // Out of memory: what is left of the packet is lost, the driver's thread is not. Its cancellation passes.
-    }
+    // Out of memory, what is left of the packet is lost, and the driver's thread is not.
+    contained::run([&] { act(pad, key, action, nX, nY, nP); });
     KV_LOG(key, "<%ld>-leave !");
 }
 

@@ -101,6 +101,18 @@ TEST_P(HostWindowDestroyed, afterTheNextPadWasOpened)
     expectWorks();
 }
 
+// A call without a parent marks the open widget as headless; the mark goes with the widget.
+TEST_P(HostWindowDestroyed, takesTheMarkOfAMixedCallAlong)
+{
+    open();
+    ASSERT_TRUE(family.InitialDevice(family.type, nullptr, 0, 0, 30, 20));
+    window.reset();
+    EXPECT_FALSE(driver.isOpen());
+    open();
+    EXPECT_NE(window->findChild<QWidget *>(), nullptr) << "the next pad with a parent stands in a widget";
+    expectWorks();
+}
+
 INSTANTIATE_TEST_SUITE_P(WidgetPads, HostWindowDestroyed,
     testing::Values(&kS210Family, &kS300Family, &kS310XFamily, &kR800Family, &kM450Family),
     [](const auto &row) { return row.param->widgetClass; });

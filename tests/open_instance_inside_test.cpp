@@ -9,9 +9,9 @@
 
 namespace {
 
-/// Allocations of exactly this size fail while it is not 0; all of them, while that is set.
+/// Allocations of exactly this size fail while it is not 0; all of this thread, while that is set.
 size_t refusedSize = 0;
-bool refusedAll = false;
+thread_local bool refusedAll = false;
 /// Of the next allocations that may answer null this one does; 0 for none.
 int refusedAsNull = 0;
 
@@ -155,6 +155,46 @@ TYPED_TEST(OpenInstance, AnswersAsWithoutOneWhenAMemberFindsNoMemory)
     char *const text = this->family.GetInkPointDataTimeInfo(this->family.type, 0);
     EXPECT_NE(text, nullptr);
     this->family.FreeInkPointDataTimeInfo(this->family.type, text);
+}
+
+TYPED_TEST(OpenInstance, IsClosedWithoutMemory)
+{
+    this->window.show();
+    ASSERT_TRUE(this->open());
+    this->driver.send({{1000, 900, 5, 0}});
+    const LogTail log;
+    LogOn::set(true);
+    refusedAll = true;
+    int result = ARI_FAIL;
+    try {
+        result = this->family.UnInitialDevice(this->family.type);
+    } catch (...) {
+        result = ARI_FAIL;
+    }
+    refusedAll = false;
+    LogOn::set(false);
+    EXPECT_EQ(result, ARI_SUCCESS);
+    EXPECT_EQ(g_pSignWidget, nullptr);
+    EXPECT_FALSE(g_bUseSignObj);
+    EXPECT_EQ(log.entries().back().text, "leave with ARI_SUCCESS...");
+    EXPECT_EQ(this->family.Clear(this->family.type), ARI_FAIL) << "closed, and no crash";
+}
+
+TYPED_TEST(OpenInstance, HasAnAboutBoxThatIsLeftWithoutMemory)
+{
+    const LogTail log;
+    LogOn::set(true);
+    refusedAll = true;
+    bool thrown = false;
+    try {
+        this->family.AboutBox(nullptr);
+    } catch (...) {
+        thrown = true;
+    }
+    refusedAll = false;
+    LogOn::set(false);
+    EXPECT_FALSE(thrown);
+    EXPECT_EQ(log.entries().back().text, "leave !");
 }
 
 TEST(OpenFingerprintInstance, EncodesTheWholeCanvasAfterATextOfTheFingerprintFoundNoMemory)
