@@ -6,6 +6,7 @@
 #include "aboutbox.h"
 #include "contained.h"
 #include "exportedframe.h"
+#include "widgetthread.h"
 
 #include <QRect>
 #include <QWidget>
@@ -29,8 +30,7 @@ void close()
         auto *widget = static_cast<typename Family::Widget *>(g_pSignWidget);
         contained::run([widget] { widget->Shutdown(); });
         g_pSignWidget = nullptr;
-        contained::run([widget] { widget->hide(); });
-        contained::run([widget] { widget->deleteLater(); });
+        widgetthread::hideAndDeleteLater(*widget);
     }
 }
 
@@ -113,6 +113,11 @@ bool InitialDevice(int nDeviceType, QWidget *pParentWidget, int nX, int nY, int 
     if (g_pSignWidget != nullptr) {
         KV_LOG(key, "<%ld>-leave with true due to g_pSignWidget already created !");
         return true;
+    }
+    if (pParentWidget != nullptr && !g_bUseSignObj && !widgetthread::canHaveChildren(*pParentWidget)) {
+        KV_LOG(key,
+            "<%ld>-leave with false due to (qApp == nullptr) || (pParentWidget->thread() != QThread::currentThread()) !");
+        return false;
     }
     const bool bRet = open<Family>(pParentWidget, {nX, nY, nWidth, nHeight});
     KV_LOG(key, "<%ld>-leave with bRet=%d !", bRet);

@@ -35,7 +35,8 @@ extern KVSIGNPADSDK_EXPORT bool g_bEnableLog;
 /// answers true; a program keeps to one host and one family between InitialDevice and UnInitialDevice. A canvas that
 /// cannot be had (sizes of 0, negative, huge) does not fail the call: the outputs then have nothing to give.
 /// @return false when nDeviceType is another family's, the driver "./libkvsignpaddrv.so" (working directory) cannot be
-/// used, or the pad is not this model; the library is closed then and the call may be repeated.
+/// used, the pad is not this model, memory is out, or the parent is not a widget of this thread and of a
+/// living QApplication; the library is closed then and the call may be repeated.
 KVSIGNPADSDK_EXPORT bool KVS210_InitialDevice(
     int nDeviceType, QWidget *pParentWidget, int nX, int nY, int nWidth, int nHeight);
 KVSIGNPADSDK_EXPORT bool KVS300_InitialDevice(
@@ -47,7 +48,8 @@ KVSIGNPADSDK_EXPORT bool KVR800_InitialDevice(
 KVSIGNPADSDK_EXPORT bool KVM450_InitialDevice(
     int nDeviceType, QWidget *pParentWidget, int nX, int nY, int nWidth, int nHeight);
 
-/// Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop).
+/// Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop; after the
+/// QApplication is gone it is neither, and goes with its parent).
 /// Call it on the thread that opened the pad, never from a callback. Texts handed out before must be freed before.
 /// @return ARI_SUCCESS, also without an instance; ARI_INVALID_PARAMETERS for another family's nDeviceType.
 KVSIGNPADSDK_EXPORT int KVS210_UnInitialDevice(int nDeviceType);

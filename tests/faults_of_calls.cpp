@@ -4,6 +4,7 @@
 #include "faultrun.h"
 
 #include <cstring>
+#include <thread>
 
 namespace {
 
@@ -14,6 +15,14 @@ char *buffer()
 }
 
 void ignore(char *) { }
+
+bool openedFromAnotherThread(FaultRun &run)
+{
+    QWidget window;
+    bool opened = true;
+    std::thread([&] { opened = run->InitialDevice(run.type, &window, 10, 10, 20, 20); }).join();
+    return opened;
+}
 
 INKPOINTDATA point(int index)
 {
@@ -57,6 +66,7 @@ const std::vector<Attempt> &callFailures()
     static const std::vector<Attempt> attempts{
         KV_ATTEMPT(InitialDevice, "wrong device type", All, kClosed, "false",
             run->InitialDevice(run.wrong(), run.window(), 10, 10, 400, 200)),
+        KV_ATTEMPT(InitialDevice, "parent of another thread", All, kClosed, "false", openedFromAnotherThread(run)),
         KV_ATTEMPT(UnInitialDevice, "wrong device type", All, kStroke, "-2", run->UnInitialDevice(run.wrong())),
         KV_ATTEMPT(OpenLCD, "wrong device type", Screen, kStroke, "-2", run->OpenLCD(run.wrong(), true)),
         KV_ATTEMPT(OpenLCD, "no pad open", Screen, kClosed, "-1", run->OpenLCD(run.type, true)),

@@ -24,7 +24,7 @@ const Documented kDocumented[] = {
     {"InitialDevice", Pads::All,
         {kType, "no driver file", "driver file broken", "operation missing", "driver answers -1", "driver answers -2",
             "driver answers -3", "driver answers -4", "driver answers -5", "driver answers -6", "driver answers -7",
-            kGone, "another model", "no version text"}},
+            kGone, "another model", "no version text", "parent of another thread"}},
     {"UnInitialDevice", Pads::All, {kType}},
     {"OpenLCD", Pads::Screen, {kType, kNone, "operation missing", kRefused, kGone}},
     {"Clear", Pads::All, {kType, kNone, kRefused, kGone}},

@@ -284,6 +284,27 @@ TEST_P(WidgetLifecycle, PacketsMayArriveUntilTheHostDestroysTheWindow)
     EXPECT_FALSE(driver.isOpen());
 }
 
+TEST_P(WidgetLifecycle, IsNotOpenedInAWindowOfAnotherThread)
+{
+    window->show();
+    const LogTail log;
+    LogOn::set(true);
+    bool opened = true;
+    std::thread([&] { opened = open(); }).join();
+    LogOn::set(false);
+    EXPECT_FALSE(opened);
+    EXPECT_EQ(widget(), nullptr);
+    EXPECT_FALSE(driver.isOpen());
+    const std::vector<LogEntry> entries = log.entries();
+    ASSERT_EQ(entries.size(), 2u);
+    EXPECT_EQ(entries.back().text,
+        "leave with false due to (qApp == nullptr) || (pParentWidget->thread() != QThread::currentThread()) !");
+    ASSERT_TRUE(open()) << "on the window's own";
+    std::thread([&] { opened = open(); }).join();
+    EXPECT_TRUE(opened) << "a second opening does nothing, on any thread";
+    EXPECT_EQ(family.Clear(family.type), 0);
+}
+
 INSTANTIATE_TEST_SUITE_P(Families, WidgetLifecycle, testing::ValuesIn(kFamilies),
     [](const testing::TestParamInfo<Family> &row) { return std::string(row.param.widgetClass); });
 
