@@ -140,8 +140,9 @@ void GetAboutInfo(int nDeviceType, void *pOutput)
     KV_LOG(key, "<%ld>-enter, nDeviceType=%d", nDeviceType);
     if (!isOurs<Family>(key, nDeviceType))
         return;
-    if (pOutput != nullptr)
-        aboutbox::writeText(static_cast<char *>(pOutput));
+    if (pOutput == nullptr)
+        return;
+    aboutbox::writeText(static_cast<char *>(pOutput));
     KV_LOG(key, "<%ld>-leave !");
 }
 

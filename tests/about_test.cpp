@@ -130,12 +130,14 @@ TEST_P(About, BothLog)
     seenBox(GetParam(), nullptr);
     GetParam().GetAboutInfo(GetParam().type, buffer);
     GetParam().GetAboutInfo(0, buffer);
+    GetParam().GetAboutInfo(GetParam().type, nullptr);
     LogOn::set(false);
     const std::string info = prefix + "GetAboutInfo()";
     const std::vector<LogEntry> expected = {{prefix + "AboutBox()", "Enter..."}, {prefix + "AboutBox()", "leave !"},
         {info, "enter, nDeviceType=" + std::to_string(GetParam().type)}, {info, "leave !"},
         {info, "enter, nDeviceType=0"},
-        {info, std::string("leave due to (nDeviceType != ") + GetParam().deviceName + ") !"}};
+        {info, std::string("leave due to (nDeviceType != ") + GetParam().deviceName + ") !"},
+        {info, "enter, nDeviceType=" + std::to_string(GetParam().type)}}; // without an output it ends there
     EXPECT_EQ(log.entries(), expected);
 }
 
