@@ -11,8 +11,7 @@ CS310XFPWidget::CS310XFPWidget(QWidget *pParent)
     KV_LOG(key, "<%ld>-Enter...");
     if (pParent != nullptr)
         setGeometry(0, 0, pParent->width(), pParent->height());
-    clearCanvas(m_canvas, width(), height());
-    clearCanvas(m_FPOnlyCanvas, kFingerprintWidth, kFingerprintHeight);
+    fingerprinthost::begin(*this, size());
     KV_LOG(key, "<%ld>-leave !");
 }
 
@@ -53,10 +52,7 @@ void CS310XFPWidget::Clear()
 
 void CS310XFPWidget::Shutdown()
 {
-    static constexpr logging::Key key{row.scope, "Shutdown()"};
-    KV_LOG(key, "<%ld>-Enter...");
-    Clear();
-    KV_LOG(key, "<%ld>-leave !");
+    fingerprinthost::shutdown(*this);
 }
 
 char *CS310XFPWidget::EncodeBase64SignImage(

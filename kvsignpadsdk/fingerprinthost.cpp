@@ -11,6 +11,14 @@
 FingerprintInternals::FingerprintInternals() = default;
 FingerprintInternals::~FingerprintInternals() = default;
 
+FingerprintCanvas::FingerprintCanvas()
+{
+    static constexpr logging::Key key{row.scope, "CS310XFPWidget()"};
+    KV_LOG(key, "<%ld>-Enter...");
+    fingerprinthost::begin(*this, {640, 480}); // the size of a QWidget that was made without a parent
+    KV_LOG(key, "<%ld>-leave !");
+}
+
 void FingerprintCanvas::UpdateFPImage(const QImage &image)
 {
     fingerprinthost::updateImage(*this, image);
@@ -19,6 +27,11 @@ void FingerprintCanvas::UpdateFPImage(const QImage &image)
 void FingerprintCanvas::Clear()
 {
     fingerprinthost::clear(*this);
+}
+
+void FingerprintCanvas::Shutdown()
+{
+    fingerprinthost::shutdown(*this);
 }
 
 char *FingerprintCanvas::EncodeBase64SignImage(

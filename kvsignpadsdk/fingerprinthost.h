@@ -22,7 +22,7 @@ struct FingerprintHostRow
     const char *scope;
 };
 
-/// Stands in for a CS310XFPWidget, field by field.
+/// Stands in for a CS310XFPWidget without a parent: field by field, with its pictures and log lines.
 struct FingerprintCanvas
 {
     static constexpr FingerprintHostRow row{"CS310XFPWidget::"};
@@ -36,8 +36,11 @@ struct FingerprintCanvas
     bool m_bFPImageBase64DataOnly = false;
     std::mutex pixelsLock;
 
+    FingerprintCanvas();
+
     void UpdateFPImage(const QImage &image);
     void Clear();
+    void Shutdown();
     char *EncodeBase64SignImage(
         bool bClipImage, int nClipMarginX, int nClipMarginY, bool bFPImageOnly, int nImageTypeID);
 
@@ -46,6 +49,14 @@ struct FingerprintCanvas
 };
 
 namespace fingerprinthost {
+
+/// Both pictures of a new host, white; the canvas in the size given.
+template <class FPHost>
+void begin(FPHost &host, const QSize &size)
+{
+    canvashost::clearCanvas(host.m_canvas, size.width(), size.height());
+    canvashost::clearCanvas(host.m_FPOnlyCanvas, kFingerprintWidth, kFingerprintHeight);
+}
 
 /// The rectangle by its corners; corners beyond what int holds stay at its end.
 QRect rectangle(int nFPLeft, int nFPTop, int nFPWidth, int nFPHeight);
@@ -79,8 +90,7 @@ int placeOnCanvas(
         place(host, key, rectangle(nFPLeft, nFPTop, nFPWidth, nFPHeight), rectangle(0, 0, nCanvasWidth, nCanvasHeight));
     if (nResult == ARI_SUCCESS) {
         const std::lock_guard<std::mutex> writing(host.pixelsLock);
-        canvashost::clearCanvas(host.m_canvas, nCanvasWidth, nCanvasHeight);
-        canvashost::clearCanvas(host.m_FPOnlyCanvas, kFingerprintWidth, kFingerprintHeight);
+        begin(host, {nCanvasWidth, nCanvasHeight});
     }
     return nResult;
 }
@@ -122,6 +132,15 @@ void clear(FPHost &host)
         host.m_FPOnlyCanvas.fill(Qt::white);
     }
     repaintIfVisible(host, key);
+    KV_LOG(key, "<%ld>-leave !");
+}
+
+template <class FPHost>
+void shutdown(FPHost &host)
+{
+    static constexpr logging::Key key{FPHost::row.scope, "Shutdown()"};
+    KV_LOG(key, "<%ld>-Enter...");
+    host.Clear();
     KV_LOG(key, "<%ld>-leave !");
 }
 

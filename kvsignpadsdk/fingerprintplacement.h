@@ -4,15 +4,19 @@
 #define FINGERPRINTPLACEMENT_H
 
 #include "LogFileUtil.h"
+#include "contained.h"
 #include "cs310xfpwidget.h"
 #include "fingerprint.h"
 #include "fingerprinthost.h"
 #include "padmodels.h"
 #include "sharedfields.h"
+#include "widgetthread.h"
 
 #include <QImage>
 
+#include <memory>
 #include <mutex>
+#include <utility>
 
 namespace fingerprintplacement {
 
@@ -57,6 +61,7 @@ CS310XFPWidget &addWidget(Pad &pad, QWidget *pParentWidget)
     auto *widget = new CS310XFPWidget(pParentWidget);
     const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
     pad.m_internals.widgets.push_back(widget);
+    pad.m_internals.canvas.reset();
     widget->setOwner({&pad.m_internals.pixelsLock, &pad.m_internals.widgets, &pad.m_pNewFPWidget});
     pad.m_pNewFPWidget = widget;
     return *widget;
@@ -69,28 +74,39 @@ void setAction(Pad &pad, int nActionID)
     shared::set(pad.m_nNewFPProcessActionID, nActionID);
 }
 
-/// Ends and frees every place, those that a later one replaced too.
+template <class FPHost>
+void end(FPHost &host)
+{
+    contained::run([&host] {
+        host.Clear();
+        host.Shutdown();
+    });
+}
+
+/// Ends the newest place. Widgets that it replaced stay in their windows, with their picture; headless ones, which
+/// nobody else can free, are freed.
 template <class Pad>
 void releaseHosts(Pad &pad)
 {
     std::vector<CS310XFPWidget *> widgets;
+    CS310XFPWidget *newest = nullptr;
+    std::unique_ptr<FingerprintCanvas> canvas;
     {
         const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
         widgets.swap(pad.m_internals.widgets);
-        pad.m_pNewFPWidget = nullptr;
-        pad.m_internals.canvas.reset();
+        newest = std::exchange(pad.m_pNewFPWidget, nullptr);
+        canvas = std::move(pad.m_internals.canvas);
     }
-    for (CS310XFPWidget *widget : widgets) {
+    for (CS310XFPWidget *widget : widgets)
         widget->setOwner({});
-        widget->Clear();
-        widget->Shutdown();
-        if constexpr (Pad::row.host == Host::Widget) {
-            widget->hide();
-            widget->deleteLater();
-        } else {
-            delete widget;
-        }
-    }
+    if (newest != nullptr)
+        end(*newest);
+    if (canvas != nullptr)
+        end(*canvas);
+    if constexpr (Pad::row.host == Host::Headless)
+        qDeleteAll(widgets);
+    else if (newest != nullptr)
+        widgetthread::hideAndDeleteLater(*newest);
 }
 
 /// The newest place's picture as text; null without a place.

@@ -203,8 +203,8 @@ TEST(FingerprintPlacement, TheLastActionCounts)
     expectBecomes([&] { return shown(pad); }, printed({}, {}, pad.size));
 }
 
-// Each placement makes a widget of its own; the former one stays as it is until the instance ends.
-TEST(FingerprintPlacement, ASecondPlacementKeepsTheFormerWidgetUntilShutdown)
+// Each placement makes a widget of its own; the former one stays as it is, also when the instance ends.
+TEST(FingerprintPlacement, ASecondPlacementLeavesTheFormerWidgetToItsWindow)
 {
     QWidget first;
     QWidget second;
@@ -212,12 +212,11 @@ TEST(FingerprintPlacement, ASecondPlacementKeepsTheFormerWidgetUntilShutdown)
         window->resize(200, 160);
         window->show();
     }
+    const QImage firstPrint = printed(layerOf(ridges(1), {kGreyWidth, kGreyHeight}), {20, 30, 100, 120}, {200, 160});
     {
         FingerprintPad pad(kWidgetPad, 300, 200);
         ASSERT_EQ(placeOn(&first, kInside), ARI_SUCCESS);
         sendAndWait(pad, ridges(1), 5);
-        const QImage firstPrint =
-            printed(layerOf(ridges(1), {kGreyWidth, kGreyHeight}), {20, 30, 100, 120}, {200, 160});
         expectBecomes([&] { return painted(*fingerprintWidget(first)); }, firstPrint);
 
         ASSERT_EQ(placeOn(&second, kInside), ARI_SUCCESS);
@@ -227,8 +226,60 @@ TEST(FingerprintPlacement, ASecondPlacementKeepsTheFormerWidgetUntilShutdown)
         EXPECT_EQ(painted(*fingerprintWidget(first)), firstPrint);
         EXPECT_TRUE(fingerprintWidget(first)->isVisible());
     }
-    EXPECT_EQ(fingerprintWidget(first), nullptr);
     EXPECT_EQ(fingerprintWidget(second), nullptr);
+    ASSERT_NE(fingerprintWidget(first), nullptr);
+    EXPECT_TRUE(fingerprintWidget(first)->isVisible());
+    EXPECT_EQ(painted(*fingerprintWidget(first)), firstPrint);
+    delete fingerprintWidget(first); // it no longer knows an instance
+}
+
+// The newest place was destroyed with its window: there is none to end, and the former ones are not taken for it.
+TEST(FingerprintPlacement, AFormerWidgetStaysWhenTheNewestIsGone)
+{
+    QWidget first;
+    first.resize(200, 160);
+    first.show();
+    auto second = std::make_unique<QWidget>();
+    second->resize(200, 160);
+    {
+        const FingerprintPad pad(kWidgetPad, 300, 200);
+        ASSERT_EQ(placeOn(&first, kInside), ARI_SUCCESS);
+        ASSERT_EQ(placeOn(second.get(), kInside), ARI_SUCCESS);
+        second.reset();
+    }
+    ASSERT_NE(fingerprintWidget(first), nullptr);
+    EXPECT_TRUE(fingerprintWidget(first)->isVisible());
+}
+
+// What the header says of a rectangle that is refused after another was accepted.
+TEST(FingerprintPlacement, ARefusedOneInAnotherWindowTakesOverEmptyAndUnseen)
+{
+    FingerprintPad pad(kWidgetPad, 300, 200);
+    QWidget first;
+    QWidget second;
+    for (QWidget *window : {&first, &second}) {
+        window->resize(300, 200);
+        window->show();
+    }
+    ASSERT_EQ(placeOn(&first, kInside), ARI_SUCCESS);
+    EXPECT_EQ(placeOn(&second, kOutside), ARI_INVALID_PARAMETERS);
+    EXPECT_EQ(fingerprintImage(pad), printed({}, {}, {300, 200}));
+    sendAndWait(pad, ridges(1), 5);
+    const QImage layer = layerOf(ridges(1), {kGreyWidth, kGreyHeight});
+    expectBecomes([&] { return fingerprintImage(pad); }, printed(layer, {250, 150, 100, 120}, {300, 200}));
+    EXPECT_FALSE(fingerprintWidget(second)->isVisible());
+    EXPECT_EQ(painted(*fingerprintWidget(first)), printed({}, {}, {300, 200}));
+}
+
+TEST(FingerprintPlacement, ARefusedHeadlessOneTakesOverWithACanvasOf640By480)
+{
+    FingerprintPad pad(kHeadlessPad, 50, 40);
+    ASSERT_EQ(placeOnCanvas(300, 200, kInside), ARI_SUCCESS);
+    EXPECT_EQ(placeOnCanvas(300, 200, kOutside), ARI_INVALID_PARAMETERS);
+    EXPECT_EQ(fingerprintImage(pad), printed({}, {}, {640, 480}));
+    sendAndWait(pad, ridges(1), 5);
+    const QImage layer = layerOf(ridges(1), pad.size);
+    EXPECT_EQ(fingerprintImage(pad), printed(layer, {250, 150, 100, 120}, {640, 480}));
 }
 
 TEST(FingerprintPlacement, ShutdownHidesTheWidgetAtOnceAndFreesItLater)

@@ -115,6 +115,15 @@ TEST(FingerprintWidget, StartsWhiteAndWithoutARectangle)
     EXPECT_EQ(alone.parentWidget(), nullptr);
 }
 
+TEST(FingerprintWidget, HasAStandInThatStartsAsOneWithoutAParent)
+{
+    const CS310XFPWidget widget(nullptr);
+    const FingerprintCanvas standIn;
+    EXPECT_EQ(standIn.m_canvas, widget.m_canvas);
+    EXPECT_EQ(standIn.m_FPOnlyCanvas, widget.m_FPOnlyCanvas);
+    EXPECT_EQ(standIn.m_NewFPRect, widget.m_NewFPRect);
+}
+
 TEST(FingerprintWidget, PaintsItsCanvasAtItsTopLeft)
 {
     QWidget parent;
@@ -297,6 +306,37 @@ TYPED_TEST(FingerprintOfAPad, ShutdownClearsItEndsItAndForgetsIt)
     EXPECT_EQ(destroyed, !HandRunPad<TypeParam>::kIsWidget) << "a widget is left to the event loop";
     settle();
     EXPECT_TRUE(destroyed);
+}
+
+// A widget stays with its window, to be seen; a headless one, which nobody else knows, is freed.
+TYPED_TEST(FingerprintOfAPad, ShutdownEndsTheNewestOnly)
+{
+    QWidget other;
+    other.resize(300, 300);
+    HandRunPad<TypeParam> pad(400, 300);
+    const QImage print = layerOf(ridges(1), {kGreyWidth, kGreyHeight});
+    std::vector<CS310XFPWidget *> places;
+    int destroyed = 0;
+    for (int i = 0; i < 3; ++i) {
+        ASSERT_EQ(placeAside(*pad, &other), ARI_SUCCESS);
+        places.push_back(pad->m_pNewFPWidget);
+        places.back()->UpdateFPImage(print);
+        QObject::connect(places.back(), &QObject::destroyed, [&destroyed] { ++destroyed; });
+    }
+    const QImage shown = places.front()->m_canvas;
+    const LogTail log;
+    {
+        const LogOn on;
+        pad->Shutdown();
+    }
+    const std::string scope = "CS310XFPWidget::";
+    EXPECT_EQ(textsOf(log, scope + "Shutdown()"), (std::vector<std::string>{"Enter...", "leave !"}));
+    settle();
+    EXPECT_EQ(destroyed, HandRunPad<TypeParam>::kIsWidget ? 1 : 3);
+    if (HandRunPad<TypeParam>::kIsWidget) {
+        EXPECT_EQ(places[0]->m_canvas, shown);
+        EXPECT_EQ(places[1]->m_canvas, shown);
+    }
 }
 
 TYPED_TEST(FingerprintOfAPad, AllThreeCanvasesStartWhiteAndAreClearedTogether)

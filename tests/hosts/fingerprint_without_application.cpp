@@ -1,5 +1,6 @@
 // A process without any Qt application object: a headless fingerprint pad works there as everywhere.
 #include "fingerprints.h"
+#include "logmessages.h"
 
 #include <QCoreApplication>
 
@@ -61,4 +62,40 @@ TEST_F(WithoutApplication, ItHasAPlaceOfItsOwn)
 
     ASSERT_EQ(place(60, 50, {0, 0, 60, 50}), ARI_SUCCESS);
     EXPECT_EQ(fingerprintImage(pad).size(), QSize(60, 50));
+}
+
+// As with a QApplication, where the place is a widget that was made without a parent.
+TEST_F(WithoutApplication, ARefusedPlaceTakesOverWithAWhiteCanvas)
+{
+    FingerprintPad pad(kHeadlessPad, 500, 400);
+    ASSERT_EQ(place(300, 200, {0, 0, 300, 200}), ARI_SUCCESS);
+    EXPECT_EQ(place(300, 200, {250, 150, 100, 120}), ARI_INVALID_PARAMETERS);
+    EXPECT_EQ(difference(fingerprintImage(pad), printed({}, {}, {640, 480})), "");
+    pad.driver.sendFingerprint(ridges(1), 10);
+    EXPECT_EQ(
+        difference(fingerprintImage(pad), printed(layerOf(ridges(1), pad.size), {250, 150, 100, 120}, {640, 480})), "");
+}
+
+TEST_F(WithoutApplication, ThePlaceIsMadeAndEndedInTheLogAsAWidgetIs)
+{
+    const LogTail log;
+    {
+        FingerprintPad pad(kHeadlessPad, 50, 40);
+        const LogOn on;
+        ASSERT_EQ(place(300, 200, {0, 0, 300, 200}), ARI_SUCCESS);
+        ASSERT_EQ(place(300, 200, {0, 0, 300, 200}), ARI_SUCCESS);
+        KVS310X_UnInitialDevice(kDevice);
+    }
+    const std::string scope = "[CS310XFPWidget::";
+    Lines found;
+    for (const std::string &line : messages(log))
+        if (line.find(scope) == 0 && line.find("SetDisplayedFPImageAt") == std::string::npos)
+            found.push_back(line.substr(scope.size()));
+    const std::string enter = "]:<%ld>-Enter...";
+    const std::string leave = "]:<%ld>-leave !";
+    EXPECT_EQ(found,
+        (Lines{"CS310XFPWidget()" + enter, "CS310XFPWidget()" + leave, // each placement makes one
+            "CS310XFPWidget()" + enter, "CS310XFPWidget()" + leave, // the former goes without a word
+            "Clear()" + enter, "Clear()" + leave, "Shutdown()" + enter, "Clear()" + enter, "Clear()" + leave,
+            "Shutdown()" + leave}));
 }
