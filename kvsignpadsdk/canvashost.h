@@ -59,7 +59,7 @@ void begin(Pad &pad, int width, int height)
     const CanvasLock locked(pad.m_mutexUpdateCanvas);
     clearAll(pad, width, height);
     if constexpr (Pad::row.model.hasFingerprint) {
-        pad.startDisplayThread();
+        pad.startDisplayThread(key);
         KV_LOG(key, "<%ld>-width=%d, height=%d, m_pShowFPImageOnDeviceThread=%lx", width, height,
             logging::address(pad.m_pShowFPImageOnDeviceThread));
     } else {

@@ -1,6 +1,7 @@
 #include "cs310xsignobj.h"
 
 #include "cs310xobj_showfpimageondevicethread.h"
+#include "displaythread.h"
 #include "fingerprintplacement.h"
 #include "paddefined.h"
 #include "widgetthread.h"
@@ -26,10 +27,10 @@ void RxS310XSignObjFPRawDataCallback(unsigned char *pucRawData, int nDataLength,
     openinstance::as<CS310XSignObj>().RxS310XSignPadFPRawData(pucRawData, nDataLength, nScore);
 }
 
-void CS310XSignObj::startDisplayThread()
+void CS310XSignObj::startDisplayThread(const logging::Key &key)
 {
-    m_pShowFPImageOnDeviceThread = new CS310XObj_ShowFPImageOnDeviceThread(this);
-    m_pShowFPImageOnDeviceThread->start(QThread::InheritPriority);
+    m_pShowFPImageOnDeviceThread =
+        displaythread::started(std::make_unique<CS310XObj_ShowFPImageOnDeviceThread>(this), key);
 }
 
 int CS310XSignObj::SetDisplayedFPImageAt(

@@ -1,6 +1,7 @@
 #include "cs310xsignwidget.h"
 
 #include "cs310xwidget_showfpimageondevicethread.h"
+#include "displaythread.h"
 #include "fingerprintplacement.h"
 #include "paddefined.h"
 
@@ -27,10 +28,10 @@ void RxS310XSignPadFPRawDataCallback(unsigned char *pucRawData, int nDataLength,
     openinstance::as<CS310XSignWidget>().RxS310XSignPadFPRawData(pucRawData, nDataLength, nScore);
 }
 
-void CS310XSignWidget::startDisplayThread()
+void CS310XSignWidget::startDisplayThread(const logging::Key &key)
 {
-    m_pShowFPImageOnDeviceThread = new CS310XWidget_ShowFPImageOnDeviceThread(this);
-    m_pShowFPImageOnDeviceThread->start(QThread::InheritPriority);
+    m_pShowFPImageOnDeviceThread =
+        displaythread::started(std::make_unique<CS310XWidget_ShowFPImageOnDeviceThread>(this), key);
 }
 
 int CS310XSignWidget::SetDisplayedFPImageAt(

@@ -35,7 +35,7 @@ extern KVSIGNPADSDK_EXPORT bool g_bEnableLog;
 /// answers true; a program keeps to one host and one family between InitialDevice and UnInitialDevice. A canvas that
 /// cannot be had (sizes of 0, negative, huge) does not fail the call: the outputs then have nothing to give.
 /// @return false when nDeviceType is another family's, the driver "./libkvsignpaddrv.so" (working directory) cannot be
-/// used, the pad is not this model, memory is out, or the parent is not a widget of this thread and of a
+/// used, the pad is not this model, memory or threads are out, or the parent is not a widget of this thread and of a
 /// living QApplication; the library is closed then and the call may be repeated.
 KVSIGNPADSDK_EXPORT bool KVS210_InitialDevice(
     int nDeviceType, QWidget *pParentWidget, int nX, int nY, int nWidth, int nHeight);

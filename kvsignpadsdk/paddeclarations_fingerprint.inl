@@ -9,7 +9,7 @@ void FreeFPImageBase64Data(char *pFPImageBase64Data);
 
 // For the shared templates.
 QImage fingerprintLayer();
-void startDisplayThread();
+void startDisplayThread(const logging::Key &key);
 void stopDisplayThread(const logging::Key &key);
 void updateFingerprintHost();
 void clearFingerprintHost();

@@ -163,11 +163,6 @@ TEST_P(DiagnosticsLog, AFileThatCannotBeOpenedIsPassedOver)
 {
     OpenPad pad(GetParam());
     pad.driver.send(stroke(pad.type(), {{0.2, 0.3, 0.5}, {0.7, 0.6, 0.5}}));
-    if (pad.type() == KVS310X_DEVICE) { // its display thread opens files of its own when it starts
-        pad.driver.sendFingerprint(std::vector<unsigned char>(208 * 288, 200), 1);
-        while (pad.driver.calls().find("ShowFPImageOnDevice") == std::string::npos)
-            std::this_thread::yield();
-    }
     const LogTail main;
     rlimit before{};
     ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);

@@ -2,6 +2,10 @@
 #include "handrunpad.h"
 #include "logfile.h"
 
+#include <future>
+#include <pthread.h>
+#include <sys/resource.h>
+
 using Clock = std::chrono::steady_clock;
 using namespace std::chrono_literals;
 
@@ -75,6 +79,61 @@ TYPED_TEST(DisplayThread, RunsFromConstructionToShutdown)
     EXPECT_TRUE(pad->m_bGoToShutDown);
     EXPECT_EQ(pad->m_pShowFPImageOnDeviceThread, nullptr);
     pad->Shutdown(); // once more does nothing
+}
+
+// Qt's own event dispatcher would need descriptors, and end the process without them.
+TYPED_TEST(DisplayThread, NeedsNoFileDescriptors)
+{
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
+    const rlimit none{0, before.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
+    const auto pad = made<TypeParam>();
+    std::promise<void> shown;
+    static std::promise<void> *waiting;
+    waiting = &shown;
+    pad->m_pfn_KVSPDAPI_ShowFPImageOnDevice = [](unsigned char *, int, int, int, bool *) {
+        waiting->set_value();
+        return 0;
+    };
+    pad->m_bDeviceConnected = true;
+    Grey image = ridges(1);
+    pad->RxS310XSignPadFPRawData(image.data(), kGreyWidth * kGreyHeight, 1);
+    EXPECT_EQ(shown.get_future().wait_for(kPatience), std::future_status::ready);
+    pad->Shutdown();
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &before), 0);
+}
+
+TYPED_TEST(DisplayThread, WithoutOneThereIsNoInstanceAndTheLogSaysWhy)
+{
+    QWidget window;
+    SimulatedDriver driver;
+    const auto open = [&window] {
+        return KVS310X_InitialDevice(
+            KVS310X_DEVICE, TypeParam::row.host == Host::Headless ? nullptr : &window, 0, 0, 70, 40);
+    };
+    pthread_attr_t before;
+    pthread_attr_t immense;
+    ASSERT_EQ(pthread_getattr_default_np(&before), 0);
+    ASSERT_EQ(pthread_getattr_default_np(&immense), 0);
+    ASSERT_EQ(pthread_attr_setstacksize(&immense, size_t{1} << 60), 0); // a stack that the system does not have
+    ASSERT_EQ(pthread_setattr_default_np(&immense), 0);
+    const LogTail log;
+    LogOn::set(true);
+    const bool opened = open();
+    LogOn::set(false);
+    ASSERT_EQ(pthread_setattr_default_np(&before), 0);
+    EXPECT_FALSE(opened);
+    std::vector<std::string> reasons;
+    for (const LogEntry &entry : log.entries())
+        if (entry.text.find("m_pShowFPImageOnDeviceThread") != std::string::npos)
+            reasons.push_back(entry.text);
+    EXPECT_EQ(reasons, std::vector<std::string>{"leave due to (m_pShowFPImageOnDeviceThread->isRunning() == false) !"});
+    EXPECT_EQ(log.entries().back().text, "leave with bRet=0 !");
+    EXPECT_EQ(window.findChildren<QWidget *>().size(), 0);
+    EXPECT_TRUE(open()) << "the call may be repeated";
+    EXPECT_EQ(KVS310X_UnInitialDevice(KVS310X_DEVICE), ARI_SUCCESS);
+    settle();
 }
 
 TYPED_TEST(DisplayThread, LogsItsMakingAndItsRunInTheThreadsLog)
