@@ -153,6 +153,8 @@ void shutdown(Pad &pad)
 {
     static constexpr logging::Key key{Pad::row.scope, "Shutdown()"};
     KV_LOG(key, "<%ld>-Enter...");
+    if (!pad.m_internals.isOfThisProcess())
+        pad.m_internals.freeLocks();
     if constexpr (Pad::row.model.hasFingerprint)
         pad.stopDisplayThread(key);
     pad.ShutdownKVSignPadDriver();

@@ -18,6 +18,7 @@
 
 #include <cstring>
 #include <mutex>
+#include <utility>
 
 namespace fingerprint {
 
@@ -180,6 +181,10 @@ void stopDisplay(Pad &pad, const logging::Key &key)
 {
     if (pad.m_pShowFPImageOnDeviceThread == nullptr)
         return;
+    if (!pad.m_internals.isOfThisProcess()) { // a forked child has the object and not the thread
+        threadend::abandoned(std::exchange(pad.m_pShowFPImageOnDeviceThread, nullptr));
+        return;
+    }
     KV_LOG(key, "<%ld>-b4 call m_pShowFPImageOnDeviceThread->quit()...");
     shared::set(pad.m_bGoToShutDown, true);
     pad.m_pShowFPImageOnDeviceThread->quit();

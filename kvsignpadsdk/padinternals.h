@@ -8,10 +8,16 @@
 #include "repaintrequest.h"
 
 #include <mutex>
+#include <unistd.h>
 
 /// The order of locks: m_mutexUpdateCanvas, then pixelsLock; inkLock and colourLock are taken last and alone.
 struct PadInternals
 {
+    /// False in a forked child: the threads that hand over packets and show fingerprints did not come along.
+    bool isOfThisProcess() const { return m_process == ::getpid(); }
+    /// For a forked child, where a thread that held one at the fork will never give it back.
+    void freeLocks();
+
     /// Held for every write to a canvas, for readers that may not take m_mutexUpdateCanvas.
     std::mutex pixelsLock;
     /// Guards m_pPointDataList and m_pDecodedPointDataList with the lists behind them.
@@ -22,6 +28,9 @@ struct PadInternals
     InkBrush brush;
     opaquepixels::Memo canvasOpacity;
     RepaintRequest repaint;
+
+private:
+    const pid_t m_process = ::getpid();
 };
 
 #endif

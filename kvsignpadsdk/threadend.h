@@ -1,10 +1,14 @@
 /// @file
-/// For ThreadSanitizer, to which Qt's own waiting is invisible: what a thread did before its end, its waiter sees.
+/// What the sanitizers must be told of the end of a thread. To ThreadSanitizer Qt's own waiting is invisible: what a
+/// thread did before its end, its waiter sees.
 #ifndef THREADEND_H
 #define THREADEND_H
 
 #ifdef __SANITIZE_THREAD__
 #include <sanitizer/tsan_interface.h>
+#endif
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/lsan_interface.h>
 #endif
 
 namespace threadend {
@@ -14,6 +18,14 @@ inline void reached([[maybe_unused]] void *mark)
 {
 #ifdef __SANITIZE_THREAD__
     __tsan_release(mark);
+#endif
+}
+
+/// For the object of a thread that did not come along into this forked process: it can be neither awaited nor deleted.
+inline void abandoned([[maybe_unused]] const void *thread)
+{
+#ifdef __SANITIZE_ADDRESS__
+    __lsan_ignore_object(thread);
 #endif
 }
 

@@ -6,6 +6,7 @@ kv_add_test(taps_call_back_test taps_call_back_test.cpp ${kv_everycall} PADS THR
 kv_add_test(repaint_requests_test repaint_requests_test.cpp PADS THREADS)
 kv_add_test(repaint_turns_test repaint_turns_test.cpp INSIDE THREADS)
 kv_add_test(hostwindow_destroyed_test hostwindow_destroyed_test.cpp PADS THREADS)
+kv_add_test(forked_child_test forked_child_test.cpp INSIDE)
 kv_add_test(lock_use_test lock_use_test.cpp INSIDE THREADS)
 
 foreach(input arguments canvas fulldisk models packets)

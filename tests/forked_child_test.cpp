@@ -1,0 +1,53 @@
+// A child that the program forks while a pad is open has the instance, and none of the threads.
+#include "handrunpad.h"
+#include "lockholder.h"
+#include "padclasses.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+template <class Pad>
+class ForkedChild : public testing::Test
+{
+};
+TYPED_TEST_SUITE(ForkedChild, PadClasses, PadClassNames);
+
+/// The child's exit status; it is ended when it does not end.
+template <class Work>
+int statusOfChild(Work work)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        work();
+        _exit(7);
+    }
+    int status = -1;
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    while (waitpid(child, &status, WNOHANG) == 0) {
+        if (std::chrono::steady_clock::now() > end)
+            kill(child, SIGKILL);
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
+    return status;
+}
+
+} // namespace
+
+// At the fork another thread holds what the pen's and the display thread hold now and then.
+TYPED_TEST(ForkedChild, EndsThePadAndWaitsForNobody)
+{
+    const auto pad = constructed<TypeParam>(60, 40);
+    Holder<std::lock_guard<std::mutex>> pixels(pad->m_internals.pixelsLock, kPatience);
+    Holder<std::lock_guard<std::mutex>> ink(pad->m_internals.inkLock, kPatience);
+    const int status = statusOfChild([&pad] { pad->Shutdown(); });
+    EXPECT_TRUE(WIFEXITED(status)) << "it had to be ended";
+    EXPECT_EQ(WEXITSTATUS(status), 7);
+    pixels.finish();
+    ink.finish();
+    if constexpr (isFingerprintPad<TypeParam>) {
+        EXPECT_TRUE(pad->m_pShowFPImageOnDeviceThread->isRunning()) << "the parent's goes on";
+    }
+    pad->Shutdown();
+}
