@@ -56,6 +56,7 @@ TEST_F(KvsignAtomic, leavesNothingWhenNobodyReadsItsOutput)
     const QString answer = python(program, {file("."), KV_KVSIGN, "capture", "-m", "S300", "a.png"});
     EXPECT_EQ(answer.trimmed().toStdString(), "1 kvsign: standard output: Broken pipe");
     EXPECT_EQ(temporary(), QStringList());
+    EXPECT_EQ(files(), QStringList("temporary"));
     write("a.ink", record({{300, 300, 9, false, 0, 0}, {400, 400, 9, true, 5, 0}}));
     const QString piped = python(program, {file("."), KV_KVSIGN, "convert", "a.ink", "-", "--to", "csv"});
     EXPECT_EQ(piped.trimmed().toStdString(), "1 kvsign: standard output: Broken pipe");
@@ -93,7 +94,7 @@ TEST_F(KvsignAtomic, goesOnWhenItIsToIgnoreASignal)
 {
     const CommandResult result = runInShell(
         "trap '' HUP; KVSIM_DELAY_MS=1000 \"$0\" capture -m S300 x.ink & child=$!; "
-        "while ! grep -q libkvsignpaddrv /proc/$child/maps; do sleep 0.02; done; kill -HUP $child; wait $child");
+        "while kill -0 $child && ! grep -q libkvsignpaddrv /proc/$child/maps; do sleep 0.02; done; kill -HUP $child; wait $child");
     EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
     EXPECT_TRUE(exists("x.ink"));
 }

@@ -33,7 +33,7 @@ protected:
     QString failure()
     {
         try {
-            OutputFile::commit(m_pointers);
+            OutputFile::commit(m_pointers, [] {});
         } catch (const Failure &failure) {
             return failure.message;
         }

@@ -47,7 +47,7 @@ TEST_F(KvsignUnplugged, keepsTheInkUnderAnotherName)
 
 TEST_F(KvsignUnplugged, keepsTheInkOfWhoDoesNotConfirm)
 {
-    const CommandResult result = capture(kStroke, {"--timeout", "1", "--unconfirmed", "half.csv", "x.ink"});
+    const CommandResult result = capture(kStroke, {"--timeout", "5", "--unconfirmed", "half.csv", "x.ink"});
     EXPECT_EQ(result.exitCode, 4) << testing::PrintToString(result);
     EXPECT_EQ(files(), QStringList({"half.csv", "pen.kvrec"}));
 }

@@ -172,13 +172,17 @@ QJsonObject summary(const OpenPad &pad, const CaptureState &state, const Capture
         {"seconds", state.seconds}, {"files", files}};
 }
 
-void tell(const QJsonObject &summary, const CaptureOutputs &outputs)
+void tell(const OpenPad &pad, const CaptureState &state, const CaptureOutputs &outputs, bool asJson)
 {
+    if (asJson) {
+        sayJson(summary(pad, state, outputs));
+        return;
+    }
     say(QString("%1: %2 points, %3 strokes, %4 s")
-            .arg(summary["model"].toString())
-            .arg(summary["points"].toInt())
-            .arg(summary["strokes"].toInt())
-            .arg(summary["seconds"].toDouble(), 0, 'f', 1));
+            .arg(pad->model)
+            .arg(state.points)
+            .arg(state.strokes)
+            .arg(state.seconds, 0, 'f', 1));
     for (const CapturedFile &file : outputs.files())
         say(QString("%1  %2 bytes").arg(file.name, grouped(file.bytes)));
 }
@@ -190,7 +194,7 @@ void keepUnconfirmed(const OpenPad &pad, CaptureOutputs *unconfirmedInk, Failure
     const bool isMeant = failure.code == kUnplugged || failure.code == kTimedOut;
     if (unconfirmedInk == nullptr || !isMeant || pad->GetTotalInkPointsNumber(pad->type) <= 0)
         return;
-    unconfirmedInk->write(pad, 300);
+    unconfirmedInk->write(pad, 300, [] {});
     const QString name = unconfirmedInk->files().front().name;
     failure.details["unconfirmed"] = name;
     failure.message += QString("; what was written is in %1").arg(name);
@@ -229,12 +233,7 @@ int runCapture(const Arguments &arguments)
         const CaptureState state = confirmedState(pad, seconds, unconfirmedInk ? &*unconfirmedInk : nullptr);
         if (margin.isSet)
             pad->SetSaveClipImageMargin(pad->type, true, margin.x, margin.y);
-        outputs.write(pad, dpi);
-        const QJsonObject result = summary(pad, state, outputs);
-        if (arguments.isSet(kJsonOption))
-            sayJson(result);
-        else
-            tell(result, outputs);
+        outputs.write(pad, dpi, [&] { tell(pad, state, outputs, arguments.isSet(kJsonOption)); });
     } catch (Failure &failure) {
         failure.details["model"] = model;
         throw;

@@ -70,7 +70,7 @@ CaptureOutputs::CaptureOutputs(const QStringList &paths)
         plainio::throwErrno(QFile::decodeName(m_place.path()));
 }
 
-void CaptureOutputs::write(const OpenPad &pad, int dpi)
+void CaptureOutputs::write(const OpenPad &pad, int dpi, const std::function<void()> &tell)
 {
     const QByteArray record = inkRecord(pad);
     for (Output &output : m_outputs) {
@@ -82,7 +82,7 @@ void CaptureOutputs::write(const OpenPad &pad, int dpi)
     std::vector<OutputFile *> files;
     for (const Output &output : m_outputs)
         files.push_back(output.file.get());
-    OutputFile::commit(files);
+    OutputFile::commit(files, tell);
 }
 
 void CaptureOutputs::writePicture(const OpenPad &pad, int dpi, Output &output) const

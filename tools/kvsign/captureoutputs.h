@@ -29,8 +29,8 @@ public:
     /// Opens every file already, so that nobody signs in vain. Throws a Failure.
     explicit CaptureOutputs(const QStringList &paths);
 
-    /// Writes all of them, and puts them in place when every byte of each has been checked.
-    void write(const OpenPad &pad, int dpi);
+    /// Writes all of them, puts them in place when every byte of each has been checked, and tells of it.
+    void write(const OpenPad &pad, int dpi, const std::function<void()> &tell);
 
     std::vector<CapturedFile> files() const;
 

@@ -52,6 +52,19 @@ private:
     qint64 m_points = 0;
 };
 
+QJsonObject summary(const InkInput &input, const OutputFile &output, const InkFormat &format,
+    const PictureSettings &settings, qint64 points)
+{
+    QJsonObject result{{"from", input.format().name}, {"to", format.name}, {"points", points}, {"file", output.name()},
+        {"bytes", output.size()}};
+    if (format.draw != nullptr) {
+        result["model"] = settings.model->name;
+        result["width"] = settings.size().width();
+        result["height"] = settings.size().height();
+    }
+    return result;
+}
+
 int runConvert(const Arguments &arguments)
 {
     const QString path = arguments.positionals().at(1);
@@ -73,18 +86,11 @@ int runConvert(const Arguments &arguments)
         pour(input.points("converting"), counter);
         points = counter.points();
     }
-    output.finish();
-    output.commit();
     progress.clear();
-    QJsonObject result{{"from", input.format().name}, {"to", format.name}, {"points", points}, {"file", output.name()},
-        {"bytes", output.size()}};
-    if (format.draw != nullptr) {
-        result["model"] = settings.model->name;
-        result["width"] = settings.size().width();
-        result["height"] = settings.size().height();
-    }
-    if (arguments.isSet(kJsonOption))
-        sayJson(result);
+    OutputFile::commit({&output}, [&] {
+        if (arguments.isSet(kJsonOption))
+            sayJson(summary(input, output, format, settings, points));
+    });
     return kDone;
 }
 

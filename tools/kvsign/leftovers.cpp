@@ -27,21 +27,30 @@ struct DirectoryEntry
     char name[1];
 };
 
+/// One walk through a folder; whether there was something to remove.
+bool removeEntries(int folder)
+{
+    alignas(DirectoryEntry) char entries[4096];
+    bool removed = false;
+    for (long size = 0; (size = syscall(SYS_getdents64, folder, entries, sizeof entries)) > 0;) {
+        for (long place = 0; place < size;) {
+            const auto *entry = reinterpret_cast<const DirectoryEntry *>(entries + place);
+            const bool isItself = std::strcmp(entry->name, ".") == 0 || std::strcmp(entry->name, "..") == 0;
+            removed = (!isItself && unlinkat(folder, entry->name, 0) == 0) || removed;
+            place += entry->size;
+        }
+    }
+    return removed;
+}
+
 /// readdir() allocates, which no signal handler may.
 void removeFolder(const char *path)
 {
     const int folder = open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (folder < 0)
         return;
-    alignas(DirectoryEntry) char entries[4096];
-    for (long size = 0; (size = syscall(SYS_getdents64, folder, entries, sizeof entries)) > 0;) {
-        for (long place = 0; place < size;) {
-            const auto *entry = reinterpret_cast<const DirectoryEntry *>(entries + place);
-            if (std::strcmp(entry->name, ".") != 0 && std::strcmp(entry->name, "..") != 0)
-                unlinkat(folder, entry->name, 0);
-            place += entry->size;
-        }
-    }
+    while (removeEntries(folder))
+        lseek(folder, 0, SEEK_SET); // some file systems pass over entries while others go
     close(folder);
     rmdir(path);
 }

@@ -1,6 +1,7 @@
 #include "outputfile.h"
 
 #include "failure.h"
+#include "signalpause.h"
 #include "terminal.h"
 #include "unwritable.h"
 
@@ -11,7 +12,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -42,24 +42,6 @@ QByteArray linkTo(int descriptor)
 {
     return "/proc/self/fd/" + QByteArray::number(descriptor);
 }
-
-/// While several names change, no signal comes between.
-class SignalPause
-{
-public:
-    SignalPause()
-    {
-        sigset_t all;
-        sigfillset(&all);
-        pthread_sigmask(SIG_BLOCK, &all, &m_before);
-    }
-    ~SignalPause() { pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
-    SignalPause(const SignalPause &) = delete;
-    SignalPause &operator=(const SignalPause &) = delete;
-
-private:
-    sigset_t m_before = {};
-};
 
 } // namespace
 
@@ -102,29 +84,13 @@ void OutputFile::stage(const QString &path)
     m_device.setFile(std::move(file));
 }
 
-void OutputFile::flush()
-{
-    if (!m_device.flush())
-        throw unwritable(m_device);
-}
-
 void OutputFile::finish()
 {
     if (isRegular() ? !m_device.sync() : !m_device.flush())
         throw unwritable(m_device);
 }
 
-void OutputFile::commit()
-{
-    flush();
-    if (isRegular())
-        place();
-    else
-        passOn();
-    settle();
-}
-
-void OutputFile::commit(const std::vector<OutputFile *> &files)
+void OutputFile::commit(const std::vector<OutputFile *> &files, const std::function<void()> &tell)
 {
     for (OutputFile *file : files)
         file->finish();
@@ -137,6 +103,8 @@ void OutputFile::commit(const std::vector<OutputFile *> &files)
             if (!file->isRegular())
                 file->passOn();
         }
+        tell();
+        flushOutput();
     } catch (...) {
         for (OutputFile *file : files) {
             file->m_earlier.reset();

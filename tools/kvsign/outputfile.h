@@ -8,6 +8,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -27,23 +28,18 @@ public:
     QIODevice &device() { return m_device; }
     QString name() const { return m_name; }
 
-    /// Sees that the disk has every byte.
-    void finish();
+    /// Sees that the disk has every byte of all, puts all in their places, and tells of it on standard output. When
+    /// something of that fails, all earlier files are as they were. What cannot be taken back, say, a pipe, comes last.
+    /// Without it nothing is left behind.
+    static void commit(const std::vector<OutputFile *> &files, const std::function<void()> &tell);
 
-    /// Puts the content in its place. Without it nothing is left behind.
-    void commit();
-
-    /// Finishes all, then puts all in their places; when one cannot be, all earlier files are as they were. What
-    /// cannot be taken back, say, a pipe, comes last.
-    static void commit(const std::vector<OutputFile *> &files);
-
-    /// The content's size, once it is in its place.
+    /// The content's size.
     qint64 size() const { return m_device.count(); }
 
 private:
     bool isRegular() const { return !m_target.isEmpty(); }
     void stage(const QString &path);
-    void flush();
+    void finish();
     void place();
     void replace();
     void nameStaged();

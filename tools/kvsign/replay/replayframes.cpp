@@ -1,32 +1,43 @@
+#include "../checkeddevice.h"
 #include "../failure.h"
-#include "../outputfile.h"
+#include "../leftovers.h"
 #include "../pictures/rasterpicture.h"
+#include "../signalpause.h"
 #include "../unwritable.h"
 #include "replay.h"
 
 #include <QDir>
 #include <QFile>
+#include <QRandomGenerator>
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
 constexpr int kMostFrames = 100000;
 
-/// The frames so far; they go away unless they are kept.
+/// Pictures in a folder of their own until all of them are there; then they get their places, or none does.
 class Frames
 {
 public:
     explicit Frames(const QString &directory)
         : m_directory(directory)
         , m_existed(m_directory.exists())
+        , m_staging(Leftover::Kind::Folder, nameIn(m_directory))
     {
         if (!m_directory.mkpath("."))
             throw failed(QString("%1: the directory cannot be made").arg(directory));
+        if (mkdir(m_staging.path().constData(), 0700) != 0)
+            plainio::throwErrno(directory);
     }
 
     ~Frames()
     {
-        for (const QString &name : m_written)
-            QFile::remove(name);
+        m_staging.clean();
         if (!m_kept && !m_existed)
             m_directory.rmdir(".");
     }
@@ -36,27 +47,74 @@ public:
 
     void write(const QImage &image)
     {
-        const QString name = m_directory.filePath(QString("frame-%1.png").arg(m_written.size() + 1, 5, 10, QChar('0')));
-        OutputFile file(name);
-        if (!image.save(&file.device(), "PNG"))
-            throw unwritable(file.device());
-        file.commit();
-        m_written += name;
+        const QString name = m_directory.filePath(QString::fromLatin1(nameOf(++m_count)));
+        CheckedDevice device;
+        device.setObjectName(name);
+        device.setFile(
+            plainio::Descriptor(open(staged(m_count).constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666)));
+        if (device.descriptor() < 0)
+            plainio::throwErrno(name);
+        if (!image.save(&device, "PNG") || !device.flush())
+            throw unwritable(device);
     }
 
     int keep()
     {
-        const int count = m_written.size();
-        m_written.clear();
+        const SignalPause pause;
+        for (int number = 1; number <= m_count; ++number) {
+            if (exchange(number))
+                continue;
+            const int why = errno;
+            for (int undone = number - 1; undone > 0; --undone)
+                takeBack(undone);
+            errno = why;
+            plainio::throwErrno(m_directory.filePath(QString::fromLatin1(nameOf(number))));
+        }
         m_kept = true;
-        return count;
+        return m_count;
     }
 
 private:
+    static QByteArray nameIn(const QDir &directory)
+    {
+        return QFile::encodeName(directory.absolutePath()) + "/.kvsign-"
+            + QByteArray::number(QRandomGenerator::system()->generate64(), 36);
+    }
+
+    static QByteArray nameOf(int number)
+    {
+        return "frame-" + QByteArray::number(number).rightJustified(5, '0') + ".png";
+    }
+    QByteArray staged(int number) const { return m_staging.path() + '/' + nameOf(number); }
+    QByteArray earlier(int number) const { return m_staging.path() + "/earlier-" + nameOf(number); }
+    QByteArray target(int number) const { return QFile::encodeName(m_directory.absolutePath()) + '/' + nameOf(number); }
+
+    /// An earlier picture of the name is kept aside.
+    bool exchange(int number) const
+    {
+        struct stat status = {};
+        const bool isThere = lstat(target(number).constData(), &status) == 0;
+        errno = EISDIR;
+        if (isThere
+            && (S_ISDIR(status.st_mode) || rename(target(number).constData(), earlier(number).constData()) != 0))
+            return false;
+        if (rename(staged(number).constData(), target(number).constData()) == 0)
+            return true;
+        rename(earlier(number).constData(), target(number).constData());
+        return false;
+    }
+
+    void takeBack(int number) const
+    {
+        if (rename(earlier(number).constData(), target(number).constData()) != 0)
+            unlink(target(number).constData());
+    }
+
     QDir m_directory;
     bool m_existed;
+    Leftover m_staging;
+    int m_count = 0;
     bool m_kept = false;
-    QStringList m_written;
 };
 
 /// Looks before anything is written, for a broken clock can make a replay of years.
