@@ -37,16 +37,15 @@ bool mayBeHalfWay(double value)
     return scaled == std::floor(scaled) && !(value == std::floor(value) && std::abs(value) < 1e6);
 }
 
-void appendNumber(QByteArray &text, double value)
+constexpr int kLongest = 32; // characters of a number, and some more
+
+char *putNumber(char *to, double value)
 {
     value += 0.0; // no minus before a zero
-    if (mayBeHalfWay(value)) {
-        text += QByteArray::number(value, 'g', 6);
-        return;
-    }
-    char digits[32];
-    const auto written = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general, 6);
-    text.append(digits, static_cast<int>(written.ptr - digits));
+    if (!mayBeHalfWay(value))
+        return std::to_chars(to, to + kLongest, value, std::chars_format::general, 6).ptr;
+    const QByteArray digits = QByteArray::number(value, 'g', 6);
+    return std::copy(digits.begin(), digits.end(), to);
 }
 
 } // namespace
@@ -81,6 +80,7 @@ bool SvgBlock::take(const QByteArray &without, const QByteArray &with, int end)
         done = next + static_cast<int>(qstrlen(kMarkTexts[number]));
     }
     m_rest = block.mid(done);
+    m_longest = block.size() + kLongest * static_cast<int>(m_places.size());
     return m_places.size() >= 2;
 }
 
@@ -88,11 +88,15 @@ void SvgBlock::append(QByteArray &text, const svglines::Line &line) const
 {
     const double numbers[kMarkCount] = {
         line.width, line.from.x(), line.from.y(), line.to.x(), line.to.y(), std::abs(line.width) / 2};
+    const int start = text.size();
+    text.resize(start + m_longest);
+    char *to = text.data() + start;
     for (const Place &place : m_places) {
-        text += place.before;
-        appendNumber(text, numbers[place.number]);
+        to = std::copy(place.before.begin(), place.before.end(), to);
+        to = putNumber(to, numbers[place.number]);
     }
-    text += m_rest;
+    to = std::copy(m_rest.begin(), m_rest.end(), to);
+    text.resize(static_cast<int>(to - text.constData()));
 }
 
 bool SvgBlocks::take(const svglines::Drawing &drawing)

@@ -31,6 +31,7 @@ private:
 
     std::vector<Place> m_places;
     QByteArray m_rest;
+    int m_longest = 0; ///< no text of this block has more characters
 };
 
 /// All kinds for one colour and resolution.
