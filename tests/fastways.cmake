@@ -35,3 +35,9 @@ kv_add_test(plain_ways_test plain_ways_test.cpp LIBRARIES Qt5::Core)
 target_compile_definitions(plain_ways_test PRIVATE
   KV_SCENARIOS_FAST="$<TARGET_FILE:kv_scenarios_fast>" KV_SCENARIOS_PLAIN="$<TARGET_FILE:kv_scenarios_plain>")
 add_dependencies(plain_ways_test kv_scenarios_fast kv_scenarios_plain)
+
+# The sanitizers hand out memory in their own way.
+if(NOT KV_SANITIZE)
+  kv_add_test(mergecache_memory_test mergecache_memory_test.cpp recordedink.cpp INSIDE LIBRARIES kv_plain kv_recording)
+  target_compile_definitions(mergecache_memory_test PRIVATE KV_RECORDINGS="${PROJECT_SOURCE_DIR}/simulator/recordings")
+endif()
