@@ -1,5 +1,6 @@
 #include "imagefiles.h"
 
+#include "pixelformats.h"
 #include "pngstream.h"
 
 #include <QBuffer>
@@ -12,10 +13,18 @@ namespace imagefiles {
 
 namespace {
 
+// Their writers convert an image row by row; those of other formats do it at once, in threads.
+bool isWrittenByRows(const QByteArray &format)
+{
+    return format == "png" || format == "jpg" || format == "jpeg";
+}
+
 bool encodedByQt(QImage image, WhiteIs white, const QByteArray &format, QByteArray &bytes)
 {
     if (white == WhiteIs::Transparent)
         inkbounds::makeWhiteTransparent(image);
+    if (!isWrittenByRows(format))
+        image = pixelformats::converted(image, QImage::Format_ARGB32);
     QBuffer buffer(&bytes);
     return !format.isEmpty() && buffer.open(QIODevice::WriteOnly) && QImageWriter(&buffer, format).write(image);
 }
@@ -38,6 +47,8 @@ bool saveBySuffix(QImage image, WhiteIs white, const QString &path)
 
 bool savePdf(QImage image, const QString &path, int nDPI)
 {
+    setResolution(image, nDPI);
+    const QImage pixels = svgdrawing::asPixmapHolds(image);
     QFile file;
     if (!filepaths::openForWriting(file, path))
         return false;
@@ -46,8 +57,7 @@ bool savePdf(QImage image, const QString &path, int nDPI)
     writer.setResolution(nDPI);
     writer.setPageMargins(QMarginsF(10, 10, 10, 10));
     QPainter painter(&writer);
-    setResolution(image, nDPI);
-    painter.drawImage(0, 0, svgdrawing::asPixmapHolds(image));
+    painter.drawImage(0, 0, pixels);
     painter.end();
     file.close();
     return true;

@@ -1,12 +1,14 @@
 #include "inkbounds.h"
 
 #include "opaquepixels.h"
+#include "pixelformats.h"
 #include "plainways.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <limits>
+#include <new>
 #include <vector>
 
 namespace inkbounds {
@@ -74,6 +76,21 @@ bool ends(const std::vector<QRgb> &values, int &first, int &last)
     first = static_cast<int>(found - values.begin());
     last = static_cast<int>(values.rend() - std::find_if(values.rbegin(), values.rend(), isSet)) - 1;
     return true;
+}
+
+// As setAlphaChannel would convert createMaskFromColor's mask, which it does in other threads.
+QImage maskOfWhite(const QImage &image)
+{
+    constexpr QRgb kOpaqueWhite = 0xffffffff;
+    QImage mask(image.size(), QImage::Format_Alpha8);
+    if (mask.isNull())
+        throw std::bad_alloc();
+    for (int y = 0; y < image.height(); ++y) {
+        const auto *row = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        std::transform(
+            row, row + image.width(), mask.scanLine(y), [](QRgb pixel) { return pixel == kOpaqueWhite ? 0 : 255; });
+    }
+    return mask;
 }
 
 } // namespace
@@ -148,12 +165,20 @@ void makeWhiteTransparentPlainly(QImage &image)
 
 void makeWhiteTransparent(QImage &image)
 {
-    const bool mayBeFast = !plainways::only && image.format() == QImage::Format_ARGB32;
-    const QImage fast = mayBeFast ? opaquepixels::whiteTransparent(image) : QImage();
-    if (!fast.isNull())
-        image = fast;
-    else
+    if (plainways::only) {
         makeWhiteTransparentPlainly(image);
+        return;
+    }
+    if (image.isNull())
+        return;
+    const QImage fast = image.format() == QImage::Format_ARGB32 ? opaquepixels::whiteTransparent(image) : QImage();
+    if (!fast.isNull()) {
+        image = fast;
+        return;
+    }
+    const QImage mask = maskOfWhite(image);
+    image = pixelformats::converted(image, QImage::Format_ARGB32_Premultiplied);
+    image.setAlphaChannel(mask);
 }
 
 } // namespace inkbounds

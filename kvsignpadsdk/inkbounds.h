@@ -39,10 +39,12 @@ QImage partInside(const QImage &canvas, const QRect &rectangle);
 /// Makes every pixel that equals the colour, alpha included, transparent. Takes 32-bit images.
 void makeTransparent(QImage &image, const QColor &colour);
 
-/// Makes pure white fully transparent and everything else fully opaque.
+/// Makes pure white fully transparent, in the premultiplied format, as Qt's mask of white set as the alpha channel
+/// does: in what lies beyond pixel 32767 of a side, which QPainter does not reach, white stays. Takes 32-bit images.
+/// @throws std::bad_alloc
 void makeWhiteTransparent(QImage &image);
 
-/// The same with Qt's mask, for images of any kind.
+/// The same with Qt's own mask, for images of any kind.
 void makeWhiteTransparentPlainly(QImage &image);
 
 /// A deep copy of the shown canvas, for those who may not take the canvas lock.

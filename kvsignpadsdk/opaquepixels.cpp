@@ -8,6 +8,7 @@ namespace {
 
 constexpr QRgb kAlpha = 0xff000000;
 constexpr QRgb kOpaqueWhite = 0xffffffff;
+constexpr int kLongestPainted = 32767; // QT_RASTER_COORD_LIMIT
 
 const QRgb *row(const QImage &image, int y)
 {
@@ -42,8 +43,15 @@ bool isWhite(const QImage &image)
     return hasEverywhere(image, kOpaqueWhite);
 }
 
+bool isPaintedWhole(const QImage &image)
+{
+    return image.width() <= kLongestPainted && image.height() <= kLongestPainted;
+}
+
 QImage whiteTransparent(const QImage &image)
 {
+    if (!isPaintedWhole(image))
+        return {};
     QImage result(image.size(), QImage::Format_ARGB32_Premultiplied);
     const int width = result.width();
     QRgb all = kOpaqueWhite;

@@ -13,8 +13,11 @@ bool isOpaque(const QImage &image);
 /// True when every pixel is opaque white.
 bool isWhite(const QImage &image);
 
+/// False where a side is longer than QPainter paints: what Qt makes of such an image ends there.
+bool isPaintedWhole(const QImage &image);
+
 /// A copy in which pure white is fully transparent, in the premultiplied format; a null image when a pixel of the
-/// original is not opaque.
+/// original is not opaque, and for one that QPainter does not paint whole.
 QImage whiteTransparent(const QImage &image);
 
 /// The image's memory as an image without an alpha channel. It must not outlive or see a change of the original.

@@ -1,6 +1,7 @@
 #include "pngstream.h"
 
 #include "inkbounds.h"
+#include "opaquepixels.h"
 #include "plainways.h"
 
 #include <QBuffer>
@@ -141,7 +142,8 @@ QByteArray PngStream::encodedUnchecked(const QImage &image)
 {
     const bool plain = image.format() != QImage::Format_ARGB32 || image.width() < 2 || image.height() < 2
         || (qint64{image.width()} * 4 + 1) * image.height() <= kSmall || image.dotsPerMeterX() <= 0
-        || image.dotsPerMeterY() <= 0 || !image.textKeys().isEmpty() || !image.offset().isNull();
+        || image.dotsPerMeterY() <= 0 || !opaquepixels::isPaintedWhole(image) || !image.textKeys().isEmpty()
+        || !image.offset().isNull();
     const int firstRow = plain ? 0 : resume(firstChangedRow(image));
     if (plain || !compressRows(image, firstRow)) {
         forget();

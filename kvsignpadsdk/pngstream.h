@@ -30,7 +30,7 @@ public:
     PngStream &operator=(const PngStream &) = delete;
 
     /// The file's bytes; empty for an image that must take Qt's own way: another format, a pixel that is not opaque,
-    /// a very small image, or system libraries that make other files than this one.
+    /// a very small or very long image, or system libraries that make other files than this one.
     QByteArray encoded(const QImage &image);
 
     /// Gives all memory back.

@@ -2,16 +2,18 @@
 
 #include "imagefiles.h"
 #include "opaquepixels.h"
+#include "pixelformats.h"
 
 namespace svgdrawing {
 
 QImage asPixmapHolds(const QImage &image)
 {
-    if (image.isNull())
-        return image;
+    QImage pixels = pixelformats::converted(image, QImage::Format_ARGB32_Premultiplied);
+    if (!opaquepixels::isOpaque(pixels))
+        return pixelformats::converted(pixels, QImage::Format_ARGB32); // as the PDF writer would convert it
     // A pixmap keeps an alpha channel only where a pixel uses it.
-    const QImage pixels = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    return opaquepixels::isOpaque(pixels) ? pixels.convertToFormat(QImage::Format_RGB32) : pixels;
+    pixels.reinterpretAsFormat(QImage::Format_RGB32);
+    return pixels;
 }
 
 void drawFingerprint(QPainter &painter, QImage layer, const QSize &size, int nDPI)

@@ -100,6 +100,8 @@ TEST_F(FastPng, StepsAsideWhereItsAssumptionsEnd)
     EXPECT_TRUE(kept.encoded(whiteCanvas({1, 20000})).isEmpty());
     EXPECT_TRUE(kept.encoded(good.convertToFormat(QImage::Format_RGB32)).isEmpty());
     EXPECT_TRUE(kept.encoded(QImage()).isEmpty());
+    EXPECT_TRUE(kept.encoded(whiteCanvas({32768, 2})).isEmpty()) << "Qt leaves the last column white";
+    EXPECT_TRUE(kept.encoded(whiteCanvas({2, 32768})).isEmpty());
     expectEqual(good);
 }
 

@@ -4,6 +4,7 @@
 #include "inkbounds.h"
 #include "jpegfile.h"
 #include "opaquepixels.h"
+#include "pixelformats.h"
 #include "pngstream.h"
 #include "recordedink.h"
 #include "svglines.h"
@@ -52,6 +53,42 @@ TEST(FastTransparency, EqualsQtsMask)
     }
 }
 
+// Qt paints no farther than 32767 pixels; images thicker than one row of pieces, whose last piece is a smaller one.
+TEST(FastTransparency, EqualsQtsMaskOfLongImages)
+{
+    std::mt19937 random(2);
+    for (const QSize &size : {QSize(32767, 3), QSize(32768, 3), QSize(2, 32767), QSize(2, 32768), QSize(70000, 2),
+             QSize(1, 70000), QSize(100, 400)}) {
+        for (const bool opaque : {true, false}) {
+            QImage result = randomImage(random, size, opaque);
+            QImage expected = result;
+            plain::makeWhiteTransparent(expected);
+            inkbounds::makeWhiteTransparent(result);
+            EXPECT_EQ(result, expected) << size.width() << " x " << size.height();
+            EXPECT_EQ(result.format(), expected.format());
+        }
+    }
+}
+
+TEST(PixelFormats, EqualQtsConversion)
+{
+    std::mt19937 random(3);
+    const QImage::Format formats[] = {QImage::Format_ARGB32, QImage::Format_ARGB32_Premultiplied, QImage::Format_RGB32};
+    for (const QSize &size : {QSize(1, 1), QSize(63, 41), QSize(300, 301), QSize(40000, 2), QSize(2, 40000)}) {
+        for (const QImage::Format from : formats) {
+            QImage image = randomImage(random, size, false).convertToFormat(from);
+            image.setDotsPerMeterX(4321);
+            for (const QImage::Format to : formats) {
+                const QImage converted = pixelformats::converted(image, to);
+                EXPECT_EQ(converted, image.convertToFormat(to)) << from << " to " << to;
+                EXPECT_EQ(converted.format(), to);
+                EXPECT_EQ(converted.dotsPerMeterX(), 4321);
+            }
+        }
+    }
+    EXPECT_TRUE(pixelformats::converted(QImage(), QImage::Format_RGB32).isNull());
+}
+
 TEST(FastTransparency, LeavesImagesThatAreNotOpaqueToQt)
 {
     QImage image = whiteCanvas({9, 9});
@@ -59,6 +96,8 @@ TEST(FastTransparency, LeavesImagesThatAreNotOpaqueToQt)
     image.setPixel(8, 8, 0x00ffffff);
     EXPECT_TRUE(opaquepixels::whiteTransparent(image).isNull());
     EXPECT_FALSE(opaquepixels::isOpaque(image));
+    EXPECT_FALSE(opaquepixels::whiteTransparent(whiteCanvas({32767, 1})).isNull());
+    EXPECT_TRUE(opaquepixels::whiteTransparent(whiteCanvas({32768, 1})).isNull()) << "Qt paints no farther";
 }
 
 TEST(OpacityMemo, SeesEveryChangeThroughTheImage)
