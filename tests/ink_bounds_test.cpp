@@ -1,4 +1,5 @@
 // Where the ink is on a canvas: the scan against a plain one of the test's own, margins, log lines, transparency.
+#include "inkbounds.h"
 #include "insidepads.h"
 #include "logmessages.h"
 
@@ -234,6 +235,41 @@ TEST_P(InkBounds, AreInForceOnlyWithAMarginOnSomeSide)
                     row.inForce ? "<%ld>-leave with m_bClipImage=1" : "<%ld>-leave with m_bClipImage=0"}));
         }
     });
+}
+
+TEST(PartInsideARectangle, IsQtsCopy)
+{
+    QImage canvas(60, 40, QImage::Format_ARGB32);
+    canvas.fill(Qt::white);
+    for (int i = 0; i < 40; ++i)
+        canvas.setPixel(i, i, 0xff000000U | static_cast<QRgb>(i * 1001));
+    const QRect whole(0, 0, 60, 40);
+    for (const QRect &part : {QRect(5, 6, 20, 10), whole, QRect(), QRect(7, 9, 0, 0), QRect(50, 30, 30, 30),
+             QRect(-10, -20, 30, 30), QRect(-10, -20, 300, 300), QRect(60, 0, 5, 5), QRect(-7, 3, 7, 4),
+             QRect(500, 600, 4, 3), QRect(3, 3, 0, 5), QRect(3, 3, 5, -2), QRect(20, 20, -10, -10)})
+        EXPECT_EQ(inkbounds::partInside(canvas, part), canvas.copy(part))
+            << part.x() << ", " << part.y() << ", " << part.width() << ", " << part.height();
+    EXPECT_TRUE(inkbounds::partInside(QImage(), QRect()).isNull());
+    EXPECT_TRUE(inkbounds::partInside(QImage(), whole).isNull());
+}
+
+// Of a rectangle that was refused the corners stay, and they may be any.
+TEST(PartInsideARectangle, OfAnyCornersIsNoLargerThanACanvasMayBe)
+{
+    QImage canvas(60, 40, QImage::Format_ARGB32);
+    canvas.fill(Qt::white);
+    const auto part = [&](const QPoint &topLeft, const QPoint &bottomRight) {
+        return inkbounds::partInside(canvas, QRect(topLeft, bottomRight));
+    };
+    QImage nothing(6, 4, QImage::Format_ARGB32);
+    nothing.fill(0);
+    EXPECT_EQ(part({INT_MAX - 5, INT_MAX - 3}, {INT_MAX, INT_MAX}), nothing);
+    EXPECT_EQ(part({INT_MIN, INT_MIN}, {INT_MIN + 5, INT_MIN + 3}), nothing);
+    EXPECT_TRUE(part({INT_MIN, INT_MIN}, {INT_MAX, INT_MAX}).isNull());
+    EXPECT_TRUE(part({0, 0}, {INT_MAX, 39}).isNull());
+    EXPECT_TRUE(part({INT_MAX, INT_MAX}, {INT_MIN, INT_MIN}).isNull());
+    EXPECT_TRUE(part({INT_MAX, 0}, {INT_MIN, 39}).isNull());
+    EXPECT_TRUE(part({-40000, -40000}, {40000, 40000}).isNull());
 }
 
 } // namespace
