@@ -8,6 +8,7 @@
 #include <csetjmp>
 #include <cstdio>
 #include <cstdlib>
+#include <mutex>
 
 #include <jpeglib.h>
 
@@ -108,34 +109,65 @@ QImage probe(bool coloured)
     return image;
 }
 
-// The resolution as Qt writes it for an image that nobody gave one; empty when Qt's files are others than ours.
-QByteArray resolutionWrittenByQt()
+QByteArray resolutionIn(const QByteArray &file)
 {
-    const QByteArray coloured = byQt(probe(true));
-    const QByteArray resolution = coloured.mid(kUnitAt, 5);
-    if (resolution.size() < 5 || written(probe(true), resolution) != coloured
-        || written(probe(false), resolution) != byQt(probe(false)))
-        return {};
-    return resolution;
+    return file.mid(kUnitAt, 5);
 }
+
+bool agreesWithQt()
+{
+    for (const bool coloured : {true, false}) {
+        const QImage image = probe(coloured);
+        const QByteArray file = byQt(image);
+        if (resolutionIn(file).size() < 5 || written(image, resolutionIn(file)) != file)
+            return false;
+    }
+    return true;
+}
+
+/// The last resolution that was asked for, as Qt writes it. Canvases have that of the screen, which a process without
+/// an application object does not know yet, so that one made later may have another.
+class Resolution
+{
+public:
+    QByteArray of(const QImage &image)
+    {
+        const std::lock_guard<std::mutex> locked(m_lock);
+        if (m_bytes.isEmpty() || m_x != image.dotsPerMeterX() || m_y != image.dotsPerMeterY()) {
+            m_x = image.dotsPerMeterX();
+            m_y = image.dotsPerMeterY();
+            QImage pixel(1, 1, QImage::Format_ARGB32);
+            pixel.fill(Qt::white);
+            pixel.setDotsPerMeterX(m_x);
+            pixel.setDotsPerMeterY(m_y);
+            m_bytes = resolutionIn(byQt(pixel));
+        }
+        return m_bytes;
+    }
+
+private:
+    std::mutex m_lock;
+    int m_x = 0;
+    int m_y = 0;
+    QByteArray m_bytes;
+};
 
 bool isPlainCanvas(const QImage &image)
 {
-    static const QImage fresh(1, 1, QImage::Format_ARGB32);
-    return image.width() <= JPEG_MAX_DIMENSION && image.height() <= JPEG_MAX_DIMENSION
-        && image.format() == QImage::Format_ARGB32 && image.dotsPerMeterX() == fresh.dotsPerMeterX()
-        && image.dotsPerMeterY() == fresh.dotsPerMeterY() && image.textKeys().isEmpty()
-        && !image.colorSpace().isValid();
+    return !image.isNull() && image.width() <= JPEG_MAX_DIMENSION && image.height() <= JPEG_MAX_DIMENSION
+        && image.format() == QImage::Format_ARGB32 && image.textKeys().isEmpty() && !image.colorSpace().isValid();
 }
 
 } // namespace
 
 QByteArray encoded(const QImage &image)
 {
-    static const QByteArray resolution = plainways::only ? QByteArray() : resolutionWrittenByQt();
-    if (resolution.isEmpty() || image.isNull() || !isPlainCanvas(image))
+    static const bool agrees = !plainways::only && agreesWithQt();
+    static Resolution resolution;
+    if (!agrees || !isPlainCanvas(image))
         return {};
-    return written(image, resolution);
+    const QByteArray bytes = resolution.of(image);
+    return bytes.size() == 5 ? written(image, bytes) : QByteArray();
 }
 
 } // namespace jpegfile

@@ -176,15 +176,24 @@ TEST(FastJpeg, EqualsQtsWriter)
     }
 }
 
+TEST(FastJpeg, EqualsQtsFileAtAnyResolution)
+{
+    QImage image = whiteCanvas({30, 20});
+    for (const int x : {3937, 5905, 11811, 1, 0, 3780}) {
+        for (const int y : {x, 2835}) {
+            image.setDotsPerMeterX(x);
+            image.setDotsPerMeterY(y);
+            EXPECT_EQ(jpegfile::encoded(image), jpegByQt(image)) << x << ", " << y;
+        }
+    }
+}
+
 TEST(FastJpeg, LeavesOtherImagesToQt)
 {
     EXPECT_TRUE(jpegfile::encoded(QImage()).isEmpty());
     QImage image = whiteCanvas({30, 20});
     EXPECT_FALSE(jpegfile::encoded(image).isEmpty());
     EXPECT_TRUE(jpegfile::encoded(image.convertToFormat(QImage::Format_Indexed8)).isEmpty());
-    image.setDotsPerMeterX(5905);
-    EXPECT_TRUE(jpegfile::encoded(image).isEmpty());
-    image = whiteCanvas({30, 20});
     image.setText("Title", "signature");
     EXPECT_TRUE(jpegfile::encoded(image).isEmpty());
     image = whiteCanvas({30, 20});

@@ -11,3 +11,7 @@ foreach(name image_members_test ink_record_members_test)
   kv_add_test(${name} ${name}.cpp INSIDE)
 endforeach()
 set_property(TEST ink_record_members_test APPEND PROPERTY LABELS large)
+
+# Brings an application object of its own, late.
+kv_add_test(jpeg_before_application_test hosts/jpeg_before_application.cpp inkpicture.cpp LIBRARIES kv_test_pads)
+add_dependencies(jpeg_before_application_test kvsignpaddrv)
