@@ -6,9 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <cwchar>
-#include <fcntl.h>
 #include <string>
-#include <unistd.h>
 
 namespace filepaths {
 
@@ -38,24 +36,6 @@ QByteArray byLocale(const QString &path)
     return bytes;
 }
 
-// Of a new file `created` becomes true.
-bool open(QFile &file, const QString &path, bool &created)
-{
-    const QByteArray name = encoded(path);
-    if (name.isEmpty())
-        return false;
-    int descriptor = ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    created = descriptor >= 0;
-    if (!created)
-        descriptor = ::open(name.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-    if (descriptor < 0)
-        return false;
-    if (file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle))
-        return true;
-    ::close(descriptor);
-    return false;
-}
-
 } // namespace
 
 QString fromWide(const wchar_t *pImageFilePath)
@@ -76,25 +56,6 @@ QByteArray encoded(const QString &path)
     if (path.isEmpty() || !path.isValidUtf16() || path.contains(QChar(0)))
         return {};
     return hasNoLocale() ? path.toUtf8() : byLocale(path);
-}
-
-bool openForWriting(QFile &file, const QString &path)
-{
-    bool created = false;
-    return open(file, path, created);
-}
-
-bool write(const QString &path, const QByteArray &bytes)
-{
-    QFile file;
-    bool created = false;
-    if (!open(file, path, created))
-        return false;
-    const bool written = file.write(bytes) == bytes.size();
-    file.close();
-    if (!written && created)
-        ::unlink(encoded(path).constData());
-    return written;
 }
 
 } // namespace filepaths

@@ -42,15 +42,18 @@ bool saveBySuffix(QImage image, WhiteIs white, const QString &path)
 {
     const QByteArray format = QFileInfo(path).suffix().toLower().toLatin1();
     QByteArray bytes = format == "png" ? PngStream(PngStream::Memory::None, white).encoded(image) : QByteArray();
-    return (!bytes.isEmpty() || encodedByQt(std::move(image), white, format, bytes)) && filepaths::write(path, bytes);
+    if (bytes.isEmpty() && !encodedByQt(std::move(image), white, format, bytes))
+        return false;
+    ReplacedFile file(path);
+    return file.isOpen() && file.write(bytes) == bytes.size() && file.commit();
 }
 
 bool savePdf(QImage image, const QString &path, int nDPI)
 {
     setResolution(image, nDPI);
     const QImage pixels = svgdrawing::asPixmapHolds(image);
-    QFile file;
-    if (!filepaths::openForWriting(file, path))
+    ReplacedFile file(path);
+    if (!file.isOpen())
         return false;
     QPdfWriter writer(&file);
     writer.setPageSize(QPageSize(QPageSize::A4));
@@ -59,7 +62,7 @@ bool savePdf(QImage image, const QString &path, int nDPI)
     QPainter painter(&writer);
     painter.drawImage(0, 0, pixels);
     painter.end();
-    file.close();
+    file.commit(); // one that failed is not told: the earlier file stands
     return true;
 }
 

@@ -8,10 +8,10 @@
 #include "inkbounds.h"
 #include "inkpoints.h"
 #include "pngrows.h"
+#include "replacedfile.h"
 #include "sharedfields.h"
 #include "svgdrawing.h"
 
-#include <QFile>
 #include <QImage>
 #include <QString>
 
@@ -23,10 +23,11 @@ namespace imagefiles {
 void setResolution(QImage &image, int nDPI);
 
 /// Writes the image as the path's suffix says; false for an unknown suffix, a null image or an unwritable path.
-/// A file is only touched when the image could be encoded.
+/// A file is only touched when the image could be encoded, and keeps what it held when it cannot be written.
 bool saveBySuffix(QImage image, WhiteIs white, const QString &path);
 
 /// Writes an A4 page with the image at the top left of the area inside the margins, one pixel a dot. White is opaque.
+/// True too when the page could not be written to an end: then an earlier file keeps what it held.
 bool savePdf(QImage image, const QString &path, int nDPI);
 
 /// True when the instance holds a fingerprint that has not been cleared.
@@ -124,9 +125,9 @@ bool saveAsPdf(Pad &, const QImage &image, const QString &path, int nDPI)
 template <class Pad>
 bool saveAsSvg(Pad &pad, const QImage &image, const QString &path, int nDPI, const QRect &box)
 {
-    QFile file;
-    filepaths::openForWriting(file, path);
+    ReplacedFile file(path);
     svgdrawing::draw(pad, file, image.size(), nDPI, box.topLeft());
+    file.commit();
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "inkrecord.h"
 
+#include "replacedfile.h"
 #include "wholeimage.h"
 
 #include <QBuffer>
@@ -91,10 +92,10 @@ bool decodeImage(const char *text, int nImageTypeID, const QString &path)
     if (qint64{size.width()} * size.height() > kMostPixels)
         return false;
     const QImage image = reader.read();
-    QByteArray written;
-    QBuffer output(&written);
-    output.open(QIODevice::WriteOnly);
-    return !image.isNull() && image.save(&output, format.constData()) && filepaths::write(path, written);
+    if (image.isNull())
+        return false;
+    ReplacedFile file(path);
+    return file.isOpen() && image.save(&file, format.constData()) && file.commit();
 }
 
 int field(const _POINTDATA &point, int nTypeID)

@@ -3,6 +3,7 @@
 #include "returnedtext.h"
 #include "smalldisk.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -68,14 +69,40 @@ TEST_P(FullDisk, filesThatStopHalfWay)
     const SmallDisk disk(100);
     for (const auto &file : kFiles) {
         EXPECT_EQ(save(file.file, file.name), file.expected) << file.name;
-        if (file.text != 0) {
-            EXPECT_FALSE(QFileInfo::exists(directory.filePath(file.name))) << "half a file stays behind";
-        }
+        EXPECT_FALSE(QFileInfo::exists(directory.filePath(file.name))) << "half a file stays behind";
     }
     for (const auto &file : kFiles) {
         if (file.text != 0) {
             EXPECT_EQ(decode(file.text, textOf(pad, file.text).text(), file.name), ARI_INK_EMPTY) << file.name;
         }
+    }
+}
+
+// Whatever the answer, which for two of them tells nothing of the disk.
+TEST_P(FullDisk, anEarlierFileStaysAsItWas)
+{
+    const QByteArray earlier(200000, 'e');
+    for (const auto &file : kFiles) {
+        QFile written(directory.filePath(file.name));
+        ASSERT_TRUE(written.open(QIODevice::WriteOnly) && written.write(earlier) == earlier.size());
+        written.close();
+        ASSERT_TRUE(written.setPermissions(QFile::ReadOwner | QFile::WriteOwner));
+        const QByteArray text = file.text == 0 ? QByteArray() : textOf(pad, file.text).text();
+        const SmallDisk disk(100);
+        EXPECT_EQ(save(file.file, file.name), file.expected) << file.name;
+        if (file.text != 0) {
+            EXPECT_EQ(decode(file.text, text, file.name), ARI_INK_EMPTY) << file.name;
+        }
+        ASSERT_TRUE(written.open(QIODevice::ReadOnly));
+        EXPECT_TRUE(written.readAll() == earlier) << file.name;
+        written.close();
+    }
+    EXPECT_EQ(QDir(directory.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 5);
+    for (const auto &file : kFiles) {
+        EXPECT_EQ(save(file.file, file.name), ARI_SUCCESS) << file.name;
+        EXPECT_LT(QFileInfo(directory.filePath(file.name)).size(), earlier.size());
+        const auto readWriteOwner = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser;
+        EXPECT_EQ(QFileInfo(directory.filePath(file.name)).permissions(), readWriteOwner);
     }
 }
 

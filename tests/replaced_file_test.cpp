@@ -1,0 +1,260 @@
+// Files that take an earlier one's place: what becomes of the name, of the earlier file and of all that it was, after a
+// write that reached its end and after one that did not.
+#include "replacedfile.h"
+
+#include <QByteArray>
+#include <QFile>
+#include <QString>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+namespace {
+
+const QByteArray kEarlier(300000, 'e');
+const QByteArray kLater(200000, 'l');
+
+class ReplacedFiles : public testing::Test
+{
+protected:
+    ReplacedFiles()
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        ::umask(022);
+    }
+
+    QString path(const char *name = "file") const { return m_directory.filePath(name); }
+    std::string name(const char *name = "file") const { return path(name).toStdString(); }
+
+    void makeEarlier(mode_t mode = 0644) const
+    {
+        QFile file(path());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(kEarlier) == kEarlier.size());
+        file.close();
+        ASSERT_EQ(::chmod(name().c_str(), mode), 0);
+    }
+
+    QByteArray contents(const char *name = "file") const
+    {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
+    }
+
+    struct stat status(const char *name = "file") const
+    {
+        struct stat found
+        {
+        };
+        EXPECT_EQ(::lstat(this->name(name).c_str(), &found), 0) << name;
+        return found;
+    }
+
+    size_t files() const
+    {
+        const std::filesystem::directory_iterator entries(m_directory.path().toStdString());
+        return static_cast<size_t>(std::distance(begin(entries), end(entries)));
+    }
+
+    bool replace(const char *name = "file", const QByteArray &bytes = kLater) const
+    {
+        ReplacedFile file(path(name));
+        return file.isOpen() && file.write(bytes) == bytes.size() && file.commit();
+    }
+
+    /// The same where no file can have more than so many bytes.
+    bool replaceOnAFullDisk(rlim_t most = 1000) const
+    {
+        rlimit before{};
+        ::getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit limit{most, before.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        const bool replaced = replace();
+        ::setrlimit(RLIMIT_FSIZE, &before);
+        return replaced;
+    }
+
+    QTemporaryDir m_directory;
+};
+
+TEST_F(ReplacedFiles, HoldAllThatWasWrittenInPiecesOfAnySize)
+{
+    QByteArray expected;
+    ReplacedFile file(path());
+    ASSERT_TRUE(file.isOpen());
+    for (int i = 0; i < 300; ++i) {
+        const QByteArray piece(i * i % 1700 + (i == 200 ? 300000 : 0), static_cast<char>('a' + i % 26));
+        ASSERT_EQ(file.write(piece), piece.size());
+        expected += piece;
+    }
+    EXPECT_TRUE(file.commit());
+    EXPECT_EQ(contents(), expected);
+    EXPECT_EQ(files(), 1u);
+}
+
+TEST_F(ReplacedFiles, LeaveTheEarlierFileAloneUntilTheyAreWhole)
+{
+    makeEarlier();
+    {
+        ReplacedFile file(path());
+        ASSERT_EQ(file.write(kLater), kLater.size());
+        EXPECT_EQ(contents(), kEarlier);
+    }
+    EXPECT_EQ(contents(), kEarlier) << "and without a commit for good";
+    EXPECT_EQ(files(), 1u);
+    EXPECT_TRUE(replace());
+    EXPECT_EQ(contents(), kLater);
+    EXPECT_EQ(files(), 1u);
+}
+
+TEST_F(ReplacedFiles, LeaveNothingBehindOnAFullDisk)
+{
+    EXPECT_FALSE(replaceOnAFullDisk());
+    EXPECT_EQ(files(), 0u);
+    makeEarlier();
+    for (const rlim_t most : {0, 1, 65536, 199999}) {
+        EXPECT_FALSE(replaceOnAFullDisk(most)) << most;
+        EXPECT_EQ(contents(), kEarlier) << most;
+        EXPECT_EQ(files(), 1u) << most;
+    }
+    EXPECT_TRUE(replaceOnAFullDisk(200000));
+    EXPECT_EQ(contents(), kLater);
+}
+
+TEST_F(ReplacedFiles, KeepThePermissionsOfTheEarlierFileAndGiveNewOnesThoseOfAnyFile)
+{
+    for (const mode_t mode : {0600, 0640, 0666, 0777, 0604, 0400 | 0200}) {
+        makeEarlier(mode);
+        EXPECT_TRUE(replace());
+        EXPECT_EQ(status().st_mode & 07777, mode) << std::oct << mode;
+    }
+    for (const mode_t mask : {022, 077, 0}) {
+        ::umask(mask);
+        EXPECT_TRUE(replace("new"));
+        EXPECT_EQ(status("new").st_mode & 07777, 0666 & ~mask) << std::oct << mask;
+        QFile::remove(path("new"));
+    }
+}
+
+TEST_F(ReplacedFiles, WriteALinkSpecialFilesAndFilesOfSeveralNamesInPlace)
+{
+    makeEarlier();
+    ASSERT_EQ(::symlink("file", name("link").c_str()), 0);
+    const ino_t before = status().st_ino;
+    EXPECT_TRUE(replace("link"));
+    EXPECT_TRUE(S_ISLNK(status("link").st_mode));
+    EXPECT_EQ(contents(), kLater);
+    EXPECT_EQ(status().st_ino, before);
+
+    ASSERT_EQ(::symlink("missing", name("dangling").c_str()), 0);
+    EXPECT_TRUE(replace("dangling"));
+    EXPECT_EQ(contents("missing"), kLater) << "the link's file is made";
+
+    ASSERT_EQ(::link(name().c_str(), name("other").c_str()), 0);
+    EXPECT_TRUE(replace("file", "short"));
+    EXPECT_EQ(contents("other"), "short") << "both names have the same file";
+    EXPECT_EQ(status("other").st_nlink, 2u);
+
+    ASSERT_EQ(::symlink("/dev/full", name("full").c_str()), 0);
+    EXPECT_FALSE(replace("full"));
+    EXPECT_TRUE(S_ISLNK(status("full").st_mode));
+    ASSERT_EQ(::symlink("/dev/null", name("null").c_str()), 0);
+    EXPECT_TRUE(replace("null"));
+    EXPECT_EQ(files(), 7u);
+}
+
+TEST_F(ReplacedFiles, WriteAFileWithRightsBeyondItsModeInPlace)
+{
+    makeEarlier();
+    const ino_t before = status().st_ino;
+    if (::setxattr(name().c_str(), "user.note", "kept", 4, 0) != 0)
+        GTEST_FAIL() << "a directory for temporary files without extended attributes";
+    EXPECT_TRUE(replace());
+    EXPECT_EQ(contents(), kLater);
+    EXPECT_EQ(status().st_ino, before);
+    char value[8];
+    EXPECT_EQ(::getxattr(name().c_str(), "user.note", value, sizeof value), 4);
+}
+
+TEST_F(ReplacedFiles, AreNotOpenWhereThereCanBeNone)
+{
+    ASSERT_TRUE(std::filesystem::create_directory(name("folder")));
+    for (const char *bad : {"folder", "missing/file", "folder/", "folder/.", "new/"})
+        EXPECT_FALSE(replace(bad)) << bad;
+    EXPECT_FALSE(replace(std::string(300, 'n').c_str()));
+    EXPECT_FALSE(ReplacedFile(QString()).isOpen());
+    EXPECT_EQ(files(), 1u);
+    EXPECT_TRUE(std::filesystem::is_empty(name("folder")));
+}
+
+/// Runs the call in a child process that is nobody in particular; true when it answers so and exits.
+template <class Call>
+bool asNobody(Call call)
+{
+    const pid_t child = ::fork();
+    if (child == 0)
+        ::_exit(::setegid(65534) == 0 && ::seteuid(65534) == 0 && call() ? 0 : 1);
+    int status = 1;
+    EXPECT_EQ(::waitpid(child, &status, 0), child);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+// A folder or a file that this process may not write: root may all, so the part of another user is played.
+TEST_F(ReplacedFiles, OfOthersAreWrittenInPlaceOrNotAtAll)
+{
+    if (::geteuid() != 0)
+        return; // another user cannot be had; what an own folder refuses is tested below
+    makeEarlier(0666);
+    const ino_t before = status().st_ino;
+    ASSERT_EQ(::chmod(m_directory.path().toStdString().c_str(), 0755), 0);
+    EXPECT_TRUE(asNobody([&] { return replace(); })) << "a writable file in a folder that is not";
+    EXPECT_EQ(contents(), kLater);
+    EXPECT_EQ(status().st_ino, before);
+    EXPECT_FALSE(asNobody([&] { return replace("new"); }));
+    ASSERT_EQ(::chmod(m_directory.path().toStdString().c_str(), 0777), 0);
+    EXPECT_TRUE(asNobody([&] { return replace("file", "short"); })) << "another user's file";
+    EXPECT_EQ(contents(), "short");
+    EXPECT_EQ(status().st_ino, before);
+    makeEarlier(0444);
+    EXPECT_FALSE(asNobody([&] { return replace(); })) << "a file that may not be written in a folder that may";
+    EXPECT_EQ(contents(), kEarlier);
+    ASSERT_EQ(::chown(name().c_str(), 65534, 65534), 0);
+    EXPECT_FALSE(asNobody([&] { return replace(); })) << "nor an own one";
+    EXPECT_EQ(contents(), kEarlier);
+    ASSERT_EQ(::chmod(name().c_str(), 0644), 0);
+    EXPECT_TRUE(asNobody([&] { return replace(); }));
+    EXPECT_EQ(status().st_uid, 65534u);
+    EXPECT_NE(status().st_ino, before);
+    EXPECT_EQ(files(), 1u);
+}
+
+TEST_F(ReplacedFiles, KeepTheGroupOrAreWrittenInPlace)
+{
+    if (::geteuid() != 0)
+        return; // an own file of another group cannot be had
+    makeEarlier(0640);
+    ASSERT_EQ(::chown(name().c_str(), static_cast<uid_t>(-1), 12345), 0);
+    EXPECT_TRUE(replace());
+    EXPECT_EQ(status().st_gid, 12345u);
+    EXPECT_EQ(status().st_mode & 07777, 0640u);
+
+    ASSERT_EQ(::chown(name().c_str(), 65534, 12345), 0);
+    ASSERT_EQ(::chmod(m_directory.path().toStdString().c_str(), 0777), 0);
+    const ino_t before = status().st_ino;
+    EXPECT_TRUE(asNobody([&] { return replace("file", "short"); })) << "who is not in that group";
+    EXPECT_EQ(status().st_ino, before);
+    EXPECT_EQ(status().st_gid, 12345u);
+    EXPECT_EQ(contents(), "short");
+}
+
+} // namespace
