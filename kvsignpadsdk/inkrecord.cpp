@@ -1,10 +1,7 @@
 #include "inkrecord.h"
 
+#include "imageloader.h"
 #include "replacedfile.h"
-#include "wholeimage.h"
-
-#include <QBuffer>
-#include <QImageReader>
 
 #include <algorithm>
 #include <cstring>
@@ -14,9 +11,6 @@ namespace inkrecord {
 namespace {
 
 constexpr size_t kLongestPiece = size_t{1} << 26;
-
-// Larger pictures than this (a gigabyte in memory) are no signatures; refusing them keeps a forged text harmless.
-constexpr qint64 kMostPixels = qint64{1} << 28;
 
 bool isAlphabet(char c)
 {
@@ -80,22 +74,12 @@ bool decodeImage(const char *text, int nImageTypeID, const QString &path)
     const size_t length = std::strlen(text);
     if (length > kLongestPiece * 31) // beyond what Qt's arrays hold
         return false;
-    const QByteArray format = base64text::formatName(nImageTypeID);
-    QByteArray bytes = QByteArray::fromBase64(QByteArray::fromRawData(text, static_cast<int>(length)));
-    if (!wholeimage::isWhole(bytes, nImageTypeID))
-        return false;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer, format);
-    reader.setAutoDetectImageFormat(false);
-    const QSize size = reader.size();
-    if (qint64{size.width()} * size.height() > kMostPixels)
-        return false;
-    const QImage image = reader.read();
+    const QByteArray bytes = QByteArray::fromBase64(QByteArray::fromRawData(text, static_cast<int>(length)));
+    const QImage image = imageloader::loaded(bytes, nImageTypeID);
     if (image.isNull())
         return false;
     ReplacedFile file(path);
-    return file.isOpen() && image.save(&file, format.constData()) && file.commit();
+    return file.isOpen() && image.save(&file, base64text::formatName(nImageTypeID)) && file.commit();
 }
 
 int field(const _POINTDATA &point, int nTypeID)

@@ -20,8 +20,8 @@ char *textOf(const void *points, size_t count, size_t &length);
 /// is left out.
 inkpoints::List decodePoints(const char *text);
 
-/// Decodes an image text in its forced format and writes it to the path in the same format. False when it does not
-/// load, is larger than any canvas, or cannot be written.
+/// Decodes an image text in its forced format and writes it to the path in the same format. False when imageloader does
+/// not load it or it cannot be written.
 bool decodeImage(const char *text, int nImageTypeID, const QString &path);
 
 /// One field of a point; ARI_INK_EMPTY for an unknown field.

@@ -1,4 +1,5 @@
 // Image texts whose headers promise more than there is: nothing comes of them, and no memory is spent on them.
+#include "jpegmarkers.h"
 #include "returnedtext.h"
 
 #include <QDir>
@@ -59,6 +60,25 @@ QByteArray jpeg(uint32_t width, uint32_t height)
     return bytes.replace(frame + 5, 4, number(height, 2, true) + number(width, 2, true));
 }
 
+QByteArray segment(char marker, const QByteArray &data)
+{
+    return QByteArray("\xff") + marker + number(static_cast<uint32_t>(data.size()) + 2, 2, true) + data;
+}
+
+// A header and as many empty scans, with nothing but zeros to code.
+QByteArray progressive(uint32_t width, uint32_t height, int scans)
+{
+    const QByteArray oneCode = QByteArray("\1", 1) + QByteArray(16, '\0'); // one bit for a zero
+    const QByteArray size = number(height, 2, true) + number(width, 2, true);
+    const QByteArray planes("\x03\x01\x22\x00\x02\x11\x00\x03\x11\x00", 10); // colours at half the size
+    QByteArray bytes = "\xff\xd8" + segment('\xdb', QByteArray(1, '\0') + QByteArray(64, '\1'))
+        + segment('\xc2', '\x08' + size + planes) + segment('\xc4', '\0' + oneCode) + segment('\xc4', '\x10' + oneCode);
+    bytes += segment('\xda', QByteArray("\x03\x01\x00\x02\x00\x03\x00\x00\x00\x00", 10));
+    for (int i = 1; i < scans; ++i)
+        bytes += segment('\xda', QByteArray("\x01\x01\x00\x01\x3f\x00", 6));
+    return bytes + "\xff\xd9";
+}
+
 struct Forged
 {
     const char *name;
@@ -66,6 +86,7 @@ struct Forged
     QByteArray bytes;
 };
 
+// More pixels than any canvas has, or than so few bytes can have.
 std::vector<Forged> forgedImages()
 {
     return {{"png 65535", 3, png(65535, 65535)}, {"png largest", 3, png(0x7fffffff, 0x7fffffff)},
@@ -73,8 +94,11 @@ std::vector<Forged> forgedImages()
         {"png 20000", 3, png(20000, 20000)}, {"bmp 65535", 1, bmp(65535, 65535, 32)},
         {"bmp largest", 1, bmp(INT_MAX, INT_MAX, 24)}, {"bmp upside down", 1, bmp(60000, INT_MIN, 32)},
         {"bmp upside down large", 1, bmp(60000, -60000, 32)}, {"bmp negative", 1, bmp(-60000, 60000, 32)},
-        {"bmp one bit", 1, bmp(INT_MAX, INT_MAX, 1)}, {"bmp eight bits", 1, bmp(100000, 100000, 8)},
-        {"jpeg 65535", 2, jpeg(65535, 65535)}, {"jpeg 30000", 2, jpeg(30000, 30000)}, {"jpeg none", 2, jpeg(0, 0)}};
+        {"bmp 5000", 1, bmp(5000, 5000, 32)}, {"bmp one bit", 1, bmp(INT_MAX, INT_MAX, 1)},
+        {"bmp eight bits", 1, bmp(100000, 100000, 8)}, {"jpeg 65535", 2, jpeg(65535, 65535)},
+        {"jpeg 30000", 2, jpeg(30000, 30000)}, {"jpeg 16384", 2, jpeg(16384, 16384)},
+        {"jpeg 5000", 2, jpeg(5000, 5000)}, {"progressive 16384", 2, progressive(16384, 16384, 1)},
+        {"jpeg none", 2, jpeg(0, 0)}};
 }
 
 long fromStatus(const std::string &field)
@@ -122,6 +146,54 @@ TEST_F(ForgedImage, SpendsNoMemory)
     }
 }
 
+// As large as a canvas that people have: decoded even where all but the header is missing.
+TEST_F(ForgedImage, CostsLittleWhereItMustBeDecoded)
+{
+    for (const Forged &forged : {Forged{"jpeg", 2, jpeg(4096, 4096)}, Forged{"bmp", 1, bmp(4096, 4096, 32)},
+             Forged{"progressive", 2, progressive(4096, 4096, 1)}}) {
+        const long kilobytes = memoryOf([&] { EXPECT_EQ(decode(forged), ARI_SUCCESS) << forged.name; });
+        EXPECT_LT(kilobytes, 200 << 10) << forged.name;
+        EXPECT_TRUE(QFile::remove(directory.filePath("out")));
+    }
+}
+
+TEST_F(ForgedImage, MayHaveAHundredScansAndNoMore)
+{
+    EXPECT_EQ(decode({"at most", 2, progressive(60, 40, 100)}), ARI_SUCCESS);
+    EXPECT_EQ(QImage(directory.filePath("out"), "JPG").size(), QSize(60, 40));
+    EXPECT_TRUE(QFile::remove(directory.filePath("out")));
+    EXPECT_EQ(decode({"one more", 2, progressive(60, 40, 101)}), ARI_INK_EMPTY);
+    EXPECT_TRUE(leftNothing());
+}
+
+// A scan may hide behind what no decoder takes for a segment while it looks for the next restart.
+TEST_F(ForgedImage, CannotHideItsScans)
+{
+    const QByteArray whole = progressive(60, 40, 150);
+    const int first = whole.indexOf("\xff\xda");
+    for (const QByteArray &cover : {QByteArray("\xff\x05\xff\xff", 4), QByteArray("\xff\xd3\xff\xff", 4),
+             QByteArray("\xff\x01\xff\xff", 4), QByteArray("\xff\xff\xff\x00", 4), QByteArray("junk")}) {
+        const QByteArray bytes = whole.left(first + 12) + cover + whole.mid(first + 12);
+        EXPECT_EQ(decode({"hidden", 2, bytes}), ARI_INK_EMPTY) << cover.toHex().toStdString();
+        EXPECT_EQ(jpegmarkers::workOf(bytes).scans, 150) << cover.toHex().toStdString();
+    }
+    EXPECT_TRUE(leftNothing());
+}
+
+// Pictures of this size have their bytes, blank ones too: nothing of them is refused.
+TEST_F(ForgedImage, IsNoneThatIsWholeOrCutInTheMiddle)
+{
+    QImage blank(5000, 4000, QImage::Format_RGB32);
+    blank.fill(Qt::white);
+    for (const auto &[type, name] : {std::pair(1, "BMP"), std::pair(2, "JPG"), std::pair(3, "PNG")}) {
+        const QByteArray whole = fileOf(blank, name);
+        for (const QByteArray &bytes : {whole, whole.left(whole.size() / 2)}) {
+            const bool loads = type != EBITI_PNG || bytes == whole;
+            EXPECT_EQ(decode({name, type, bytes}), loads ? ARI_SUCCESS : ARI_INK_EMPTY) << name << bytes.size();
+        }
+    }
+}
+
 // Sanitizers reserve address space without end, so that a limit means nothing to them.
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 TEST_F(ForgedImage, IsRefusedWhereMemoryIsShort)
@@ -129,10 +201,11 @@ TEST_F(ForgedImage, IsRefusedWhereMemoryIsShort)
     rlimit limit{};
     ASSERT_EQ(::getrlimit(RLIMIT_AS, &limit), 0);
     const rlim_t size = static_cast<rlim_t>(fromStatus("VmSize:")) << 10;
-    const rlimit tight{size + (rlim_t{64} << 20), limit.rlim_max};
+    const rlimit tight{size + (rlim_t{32} << 20), limit.rlim_max};
     auto images = forgedImages();
-    images.push_back({"png just allowed", 3, png(16384, 16384)});
-    images.push_back({"bmp just allowed", 1, bmp(16384, 16384, 32)});
+    images.push_back({"png of the largest canvas", 3, png(65536, 8191)});
+    images.push_back({"bmp that is allowed", 1, bmp(4096, 4096, 32)});
+    images.push_back({"jpeg that is allowed", 2, progressive(4096, 4096, 1)});
     std::vector<int> results;
     ASSERT_EQ(::setrlimit(RLIMIT_AS, &tight), 0);
     for (const Forged &forged : images)

@@ -1,0 +1,114 @@
+#include "imageloader.h"
+
+#include "base64text.h"
+#include "jpegmarkers.h"
+#include "kvsignpadsdk_global.h"
+#include "largestcanvas.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QPixelFormat>
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+namespace imageloader {
+
+namespace {
+
+constexpr int kMostScans = 100;
+
+// Whole pictures, blank ones too, have more: a JPEG file of a blank canvas one byte for 64 pixels, a BMP file at least
+// one for 8.
+constexpr qint64 kPixelsForAByte = 1024;
+constexpr qint64 kPixelsForNothing = qint64{1} << 24;
+
+// A text can claim no more than this of a picture that is filled in where the data end.
+bool canBeThere(qint64 pixels, const QByteArray &bytes, int nImageTypeID)
+{
+    return nImageTypeID == EBITI_PNG // which does not load when it is cut
+        || pixels <= std::max(kPixelsForNothing, kPixelsForAByte * bytes.size());
+}
+
+qint64 bitsForAPixel(QImage::Format format)
+{
+    return format == QImage::Format_Invalid ? 0 : QImage::toPixelFormat(format).bitsPerPixel();
+}
+
+bool isAffordable(const QByteArray &bytes, int nImageTypeID, const QSize &size, QImage::Format format)
+{
+    const qint64 width = std::llabs(size.width()); // of some BMP files negative
+    const qint64 height = std::llabs(size.height());
+    if (!largestcanvas::holds(width, height) || !canBeThere(width * height, bytes, nImageTypeID))
+        return false;
+    qint64 bits = bitsForAPixel(format);
+    if (nImageTypeID == EBITI_JPEG) {
+        const jpegmarkers::Work work = jpegmarkers::workOf(bytes);
+        if (work.scans > kMostScans)
+            return false;
+        if (work.keepsCoefficients)
+            bits += work.planes * 16;
+    }
+    return width * height * bits / 8 <= largestcanvas::kBytes;
+}
+
+/// Qt's reader of one format on bytes.
+class Reader
+{
+public:
+    Reader(QByteArray bytes, int nImageTypeID)
+        : m_bytes(std::move(bytes))
+        , m_buffer(&m_bytes)
+        , m_reader(&m_buffer, base64text::formatName(nImageTypeID))
+    {
+        m_buffer.open(QIODevice::ReadOnly);
+        m_reader.setAutoDetectImageFormat(false);
+    }
+    QSize size() const { return m_reader.size(); }
+
+    /// Of bytes that do not load Qt answers any number.
+    QImage::Format format() const
+    {
+        const QImage::Format format = m_reader.imageFormat();
+        return format > QImage::Format_Invalid && format < QImage::NImageFormats ? format : QImage::Format_Invalid;
+    }
+    bool read(QImage &image) { return m_reader.read(&image); }
+
+private:
+    QByteArray m_bytes;
+    QBuffer m_buffer;
+    QImageReader m_reader;
+};
+
+// Qt reads a BMP file into an image that fits, and leaves the rest of it where the file is cut off.
+bool readIntoBlack(const QByteArray &bytes, const QSize &size, QImage::Format format, QImage &image)
+{
+    image = QImage(std::abs(size.width()), std::abs(size.height()), format);
+    image.fill(0);
+    return Reader(bytes, EBITI_BITMAP).read(image);
+}
+
+bool readBitmap(const QByteArray &bytes, const QSize &size, QImage::Format format, QImage &image)
+{
+    if (!readIntoBlack(bytes, size, format, image))
+        return false;
+    // The header alone does not tell of every file what it becomes.
+    return image.format() == format || readIntoBlack(bytes, size, image.format(), image);
+}
+
+} // namespace
+
+QImage loaded(const QByteArray &bytes, int nImageTypeID)
+{
+    Reader reader(bytes, nImageTypeID);
+    const QSize size = reader.size();
+    const QImage::Format format = reader.format();
+    if (!isAffordable(bytes, nImageTypeID, size, format))
+        return {};
+    QImage image;
+    const bool read = nImageTypeID == EBITI_BITMAP ? readBitmap(bytes, size, format, image) : reader.read(image);
+    return read ? image : QImage();
+}
+
+} // namespace imageloader
