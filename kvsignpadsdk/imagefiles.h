@@ -68,8 +68,8 @@ Cut cut(Pad &pad, Wanted wanted)
         result.box = inkbounds::clipRect(pad, result.image);
         result.image = inkbounds::partInside(result.image, result.box);
     }
-    if (!result.image.isNull())
-        result.size = result.image.size();
+    if (wanted == Wanted::Pixels || result.clipped)
+        result.size = result.image.size(); // 0 by 0 where there are no pixels
     return result;
 }
 

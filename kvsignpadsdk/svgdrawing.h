@@ -74,7 +74,8 @@ private:
     QPointF m_here;
 };
 
-/// Writes the whole drawing to the device, which should be open; nothing is written to one that is not.
+/// Writes the whole drawing to the device, which should be open. Nothing is written to one that is not; the points are
+/// mapped all the same, which the class that logs its mapping tells.
 template <class Pad>
 void draw(Pad &pad, QIODevice &device, const QSize &size, int nDPI, const QPoint &origin)
 {
@@ -82,8 +83,8 @@ void draw(Pad &pad, QIODevice &device, const QSize &size, int nDPI, const QPoint
     KV_LOG(key, "<%ld>-enter, nDPI=%d", nDPI);
     const inkpoints::List points = inkpoints::snapshot(pad);
     KV_LOG(key, "<%ld>-nInkCount=%d", static_cast<int>(points.size()));
+    LineMaker<Pad> lines(pad, points, origin);
     if (device.isOpen()) {
-        LineMaker<Pad> lines(pad, points, origin);
         svglines::Drawing drawing{size, nDPI, strokes::drawColour(pad), {},
             [&lines](svglines::Line &line) { return lines.next(line); }, points.size()};
         if constexpr (Pad::row.model.hasFingerprint) {
@@ -94,6 +95,7 @@ void draw(Pad &pad, QIODevice &device, const QSize &size, int nDPI, const QPoint
         }
         svglines::write(device, drawing);
     }
+    for (svglines::Line unwritten; lines.next(unwritten);) { }
     KV_LOG(key, "<%ld>-leave !");
 }
 

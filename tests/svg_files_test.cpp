@@ -174,4 +174,41 @@ TEST_P(SvgFiles, WriteTheirLogLinesAlsoWhereNoFileCanBeWritten)
             "<%ld>-nInkCount=3", "<%ld>-leave !"}));
 }
 
+// The class that tells each mapping tells them of a drawing that goes nowhere too: an enter and a leave line for
+// each end of the segment.
+TEST_P(SvgFiles, MapTheirPointsAlsoWhereNoFileCanBeWritten)
+{
+    sign(stroke(pad.type(), {{0.2, 0.2, 0.4}, {0.3, 0.3, 0.4}}));
+    const std::string key = GetParam().className() + std::string("::ConvertSignRawDataToSignWndData()");
+    const auto mapped = [&](const char *name) {
+        const LogTail log;
+        {
+            const LogOn logOn;
+            EXPECT_EQ(files.save(pad, ITI_SVG, name), ARI_SUCCESS);
+        }
+        return messagesOf(log, key);
+    };
+    const Lines written = mapped("sig.svg");
+    EXPECT_EQ(written.size(), key == "CS310XSignWidget::ConvertSignRawDataToSignWndData()" ? 4u : 0u);
+    EXPECT_EQ(mapped("no/such/directory"), written);
+}
+
+// A canvas that cannot be had is 0 by 0 pixels.
+TEST_P(SvgFiles, OfACanvasWithoutPixelsHaveNoSize)
+{
+    pad->UnInitialDevice(pad.type());
+    for (const QSize &size : {QSize(67, 0), QSize(0, 67), QSize(0, 0)}) {
+        OpenPad flat(GetParam(), size.width(), size.height());
+        flat.driver.send(stroke(flat.type(), {{0.2, 0.2, 0.4}, {0.3, 0.3, 0.4}}));
+        for (const bool clipped : {false, true}) {
+            EXPECT_EQ(flat->SetSaveClipImageMargin(flat.type(), clipped, 3, 3), 0);
+            ASSERT_EQ(files.save(flat, ITI_SVG, "sig.svg"), ARI_SUCCESS);
+            char *text = flat->GetSVGImageBase64Data(flat.type());
+            for (const QByteArray &svg : {files.bytes("sig.svg"), QByteArray::fromBase64(text)})
+                EXPECT_TRUE(svg.contains("width=\"0mm\" height=\"0mm\"")) << svg.left(200).toStdString();
+            flat->FreeSVGImageBase64Data(flat.type(), text);
+        }
+    }
+}
+
 } // namespace

@@ -1,4 +1,5 @@
 // The signature as the Base64 text of an SVG file, and the file that it leaves in a directory of many users.
+#include "logmessages.h"
 #include "returnedtext.h"
 #include "svgfiles.h"
 
@@ -175,6 +176,24 @@ TEST_P(SvgText, DirectoryOrPipeStays)
     EXPECT_EQ(svgTextOf(pad).text(), "");
     EXPECT_TRUE(fs::is_fifo(kFile));
     EXPECT_EQ(svgFiles(), before);
+}
+
+TEST_P(SvgText, MapsItsPointsAlsoWhereItsFileCannotBeHad)
+{
+    const std::string key = GetParam().className() + std::string("::ConvertSignRawDataToSignWndData()");
+    const auto mapped = [&] {
+        const LogTail log;
+        {
+            const LogOn logOn;
+            svgTextOf(pad);
+        }
+        return messagesOf(log, key);
+    };
+    const Lines written = mapped();
+    EXPECT_EQ(written.empty(), key != "CS310XSignWidget::ConvertSignRawDataToSignWndData()");
+    fs::remove_all(kFile);
+    fs::create_directory(kFile);
+    EXPECT_EQ(mapped(), written);
 }
 
 TEST_P(SvgText, HardLinksOtherNameKeepsItsContents)
