@@ -6,6 +6,7 @@
 #include <QByteArray>
 
 #include <cstddef>
+#include <exception>
 #include <functional>
 
 namespace base64text {
@@ -24,6 +25,17 @@ char *newText(const void *bytes, size_t size, size_t &length);
 char *newText(size_t size, const std::function<bool(char *to)> &put, size_t &length);
 
 char *newText(const QByteArray &bytes, int *length = nullptr);
+
+/// The text of the bytes that `make` answers; an empty one where memory runs out on the way.
+template <class Make>
+char *newTextOf(Make make)
+{
+    try {
+        return newText(make());
+    } catch (const std::exception &) {
+        return newText(QByteArray());
+    }
+}
 
 } // namespace base64text
 

@@ -62,16 +62,17 @@ char *CS210SignObj::WPSEncodeBase64SignImage(int nImageTypeID)
     static constexpr logging::Key key{row.scope, "WPSEncodeBase64SignImage()"};
     const CanvasLock locked(m_mutexUpdateCanvas);
     KV_LOG(key, "<%ld>-enter, nImageTypeID=%d", nImageTypeID);
-    if (!m_WPSSignCanvas.isNull()) {
-        QPainter painter(&m_WPSSignCanvas);
-        painter.setCompositionMode(QPainter::CompositionMode_Source);
-        painter.drawImage(QRectF(m_WPSSignCanvas.rect()), m_canvas, QRectF(m_canvas.rect()));
-    }
-    if (nImageTypeID == EBITI_PNG)
-        inkbounds::makeWhiteTransparent(m_WPSSignCanvas); // stays so until the next text paints it over
-    const bool wanted = nImageTypeID == EBITI_JPEG || nImageTypeID == EBITI_PNG;
-    const QByteArray bytes = wanted ? imagetexts::encoded(m_WPSSignCanvas, nImageTypeID, false) : QByteArray();
-    char *pEncodeBase64Image = base64text::newText(bytes);
+    char *pEncodeBase64Image = base64text::newTextOf([&] {
+        if (!m_WPSSignCanvas.isNull()) {
+            QPainter painter(&m_WPSSignCanvas);
+            painter.setCompositionMode(QPainter::CompositionMode_Source);
+            painter.drawImage(QRectF(m_WPSSignCanvas.rect()), m_canvas, QRectF(m_canvas.rect()));
+        }
+        if (nImageTypeID == EBITI_PNG)
+            inkbounds::makeWhiteTransparent(m_WPSSignCanvas); // stays so until the next text paints it over
+        const bool wanted = nImageTypeID == EBITI_JPEG || nImageTypeID == EBITI_PNG;
+        return wanted ? imagetexts::encoded(m_WPSSignCanvas, nImageTypeID, false) : QByteArray();
+    });
     KV_LOG(key, "<%ld>-leave with pEncodeBase64Image=%lx !", logging::address(pEncodeBase64Image));
     return pEncodeBase64Image;
 }

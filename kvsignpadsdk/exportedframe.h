@@ -83,16 +83,24 @@ bool isOurs(const logging::Key &key, int nDeviceType)
     return false;
 }
 
-/// Calls the open instance as the host that it is marked as; `otherwise` answers without one, and for an exception.
+/// Calls the open instance as the host that it is marked as; `without` answers where there is none, `failed` for an
+/// exception, which is one of no memory.
 template <class Family, class Result, class Call>
-Result forward(Result otherwise, Call call)
+Result forward(Result without, Result failed, Call call)
 {
     if (g_pSignWidget == nullptr)
-        return otherwise;
-    return contained::call(otherwise, [&]() -> Result {
+        return without;
+    return contained::call(failed, [&]() -> Result {
         return g_bUseSignObj ? call(openinstance::as<typename Family::Obj>())
                              : call(openinstance::as<typename Family::Widget>());
     });
+}
+
+/// The same for functions that tell both alike.
+template <class Family, class Result, class Call>
+Result forward(Result otherwise, Call call)
+{
+    return forward<Family, Result>(otherwise, otherwise, call);
 }
 
 /// The same for members without a result.

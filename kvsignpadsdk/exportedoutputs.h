@@ -44,7 +44,7 @@ int SaveDrawingImage(int nDeviceType, int nImageTypeID, wchar_t *pImageFilePath,
     }
     const int nDPI = nDPILevel == IDLI_150DPI ? 150 : 300;
     const int nResult = forward<Family, int>(
-        ARI_FAIL, [=](auto &pad) { return pad.SaveDrawingImage(nImageTypeID, pImageFilePath, nDPI); });
+        ARI_FAIL, ARI_INK_EMPTY, [=](auto &pad) { return pad.SaveDrawingImage(nImageTypeID, pImageFilePath, nDPI); });
     KV_LOG_WIDE(key, "<%ld>-leave with nResult=%d !", nResult);
     return nResult;
 }
@@ -133,8 +133,8 @@ int Base64Decode(int nDeviceType, int nImageTypeID, const char *pEncodedData, wc
         KV_LOG_WIDE(key, "<%ld>-leave with nullptr due to (pEncodedData : null or empty) !");
         return ARI_INVALID_PARAMETERS;
     }
-    const int nResult = forward<Family, int>(
-        ARI_FAIL, [=](auto &pad) { return pad.Base64Decode(nImageTypeID, pEncodedData, pImageFilePath); });
+    const int nResult = forward<Family, int>(ARI_FAIL, ARI_INK_EMPTY,
+        [=](auto &pad) { return pad.Base64Decode(nImageTypeID, pEncodedData, pImageFilePath); });
     KV_LOG_WIDE(key, "<%ld>-leave with nResult=%d !", nResult);
     return nResult;
 }

@@ -176,7 +176,8 @@ char *encode(FPHost &host, const Wanted &wanted)
     host.m_nSaveImageClipMarginX = wanted.clipMarginX;
     host.m_nSaveImageClipMarginY = wanted.clipMarginY;
     host.m_bFPImageBase64DataOnly = wanted.fingerprintOnly;
-    char *pEncodeBase64Image = base64text::newText(imagetexts::encoded(chosen(host), wanted.imageTypeID, true));
+    char *pEncodeBase64Image =
+        base64text::newTextOf([&] { return imagetexts::encoded(chosen(host), wanted.imageTypeID, true); });
     KV_LOG(key, "<%ld>-leave with pEncodeBase64Image=%lx !", logging::address(pEncodeBase64Image));
     return pEncodeBase64Image;
 }

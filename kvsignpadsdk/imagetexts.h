@@ -18,6 +18,8 @@
 #include <QByteArray>
 #include <QImage>
 
+#include <exception>
+
 namespace imagetexts {
 
 /// The image as a complete file of the type, default quality; empty for an unknown type or what cannot be written.
@@ -62,7 +64,8 @@ char *encodeLockedImage(Pad &pad, int nImageTypeID)
 {
     static constexpr logging::Key key{Pad::row.scope, "EncodeBase64SignImage()"};
     KV_LOG(key, "<%ld>-enter, nImageTypeID=%d", nImageTypeID);
-    char *pEncodeBase64Image = base64text::newText(encoded(chosen(pad, true), nImageTypeID, true, keptStream(pad)));
+    char *pEncodeBase64Image =
+        base64text::newTextOf([&] { return encoded(chosen(pad, true), nImageTypeID, true, keptStream(pad)); });
     KV_LOG(key, "<%ld>-leave with pEncodeBase64Image=%lx !", logging::address(pEncodeBase64Image));
     return pEncodeBase64Image;
 }
@@ -82,7 +85,7 @@ char *encodeImageEx(Pad &pad, int nImageTypeID, bool bEnableTransparentBackgroun
     KV_LOG(key, "<%ld>-enter, nImageTypeID=%d, bEnableTransparentBackground=%d", nImageTypeID,
         bEnableTransparentBackground);
     char *pEncodeBase64Image =
-        base64text::newText(encoded(chosen(pad, false), nImageTypeID, bEnableTransparentBackground));
+        base64text::newTextOf([&] { return encoded(chosen(pad, false), nImageTypeID, bEnableTransparentBackground); });
     KV_LOG(key, "<%ld>-leave with pEncodeBase64Image=%lx !", logging::address(pEncodeBase64Image));
     return pEncodeBase64Image;
 }
@@ -151,6 +154,25 @@ void freeText(Pad &, const char *function, char *pEncodedData)
 /// cannot be had whole.
 char *publishedText(PrivateFile &file, size_t &size, size_t &length);
 
+/// Writes the drawing to its file and answers its text, with the number of bytes and of characters: none where that
+/// could not be done or memory ran out.
+template <class Pad>
+char *drawnText(Pad &pad, const logging::Key &key, size_t &size, size_t &length)
+{
+    try {
+        const imagefiles::Cut cut = imagefiles::cut(pad, imagefiles::Wanted::Size);
+        if (cut.clipped)
+            KV_LOG(key, "<%ld>-after call CheckSignImageBoundingBox(), l=%d, t=%d, r=%d, b=%d", cut.box.left(),
+                cut.box.top(), cut.box.right(), cut.box.bottom());
+        PrivateFile file("/tmp/KVeSign.svg");
+        svgdrawing::draw(pad, file.device(), cut.size, 150, cut.box.topLeft());
+        return publishedText(file, size, length);
+    } catch (const std::exception &) {
+        size = 0;
+        return base64text::newText(nullptr, 0, length);
+    }
+}
+
 template <class Pad>
 char *svgText(Pad &pad)
 {
@@ -161,15 +183,9 @@ char *svgText(Pad &pad)
         KV_LOG(key, "<%ld>-leave with nullptr due to (nInkCount <= 0) !");
         return nullptr;
     }
-    const imagefiles::Cut cut = imagefiles::cut(pad, imagefiles::Wanted::Size);
-    if (cut.clipped)
-        KV_LOG(key, "<%ld>-after call CheckSignImageBoundingBox(), l=%d, t=%d, r=%d, b=%d", cut.box.left(),
-            cut.box.top(), cut.box.right(), cut.box.bottom());
-    PrivateFile file("/tmp/KVeSign.svg");
-    svgdrawing::draw(pad, file.device(), cut.size, 150, cut.box.topLeft());
     size_t size = 0;
     size_t nBase64Size = 0;
-    char *pBase64Data = publishedText(file, size, nBase64Size);
+    char *pBase64Data = drawnText(pad, key, size, nBase64Size);
     if constexpr (Pad::row.logsSvgFileClosed)
         KV_LOG(key, "<%ld>-after call f.close()...");
     KV_LOG(key, "<%ld>-byteArray size=%d", static_cast<int>(size));

@@ -17,6 +17,7 @@ endforeach()
 if(NOT KV_SANITIZE)
   kv_add_test(packet_allocations_test packet_allocations_test.cpp PADS)
   kv_add_test(output_memory_test output_memory_test.cpp inkpicture.cpp PADS)
+  kv_add_test(outputs_without_memory_test outputs_without_memory_test.cpp PADS LIBRARIES kv_test_fingerprints)
 endif()
 
 # A C compiler, the public header and the shared library: nothing else.

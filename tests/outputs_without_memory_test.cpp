@@ -1,0 +1,120 @@
+// Outputs that memory runs out on: ARI_INK_EMPTY of a file, an empty text of an image, none of the ink record.
+#include "fingerprints.h"
+#include "returnedtext.h"
+#include "savedfiles.h"
+
+#include <atomic>
+#include <cstdlib>
+
+extern "C" {
+void *__libc_malloc(size_t size);
+void *__libc_realloc(void *memory, size_t size);
+}
+
+namespace {
+
+std::atomic<size_t> most{SIZE_MAX}; ///< that an allocation may ask for
+
+} // namespace
+
+// Of the whole process: what images, byte arrays and lists ask for passes here.
+extern "C" void *malloc(size_t size)
+{
+    return size <= most ? __libc_malloc(size) : nullptr;
+}
+
+extern "C" void *realloc(void *memory, size_t size)
+{
+    return size <= most ? __libc_realloc(memory, size) : nullptr;
+}
+
+namespace {
+
+/// Nothing large can be had for a scope.
+class LittleMemory
+{
+public:
+    LittleMemory() { most = 60000; }
+    ~LittleMemory() { most = SIZE_MAX; }
+};
+
+class OutputsWithoutMemory : public testing::TestWithParam<PadCase>
+{
+protected:
+    OutputsWithoutMemory()
+        : pad(GetParam(), 900, 700)
+    {
+        std::vector<Share> shares;
+        for (int i = 0; i < 5000; ++i)
+            shares.push_back({0.1 + 0.0001 * i, 0.3 + 0.01 * (i % 40), 0.1});
+        pad.driver.send(stroke(pad.type(), shares));
+        for (const int type : {EBITI_BITMAP, EBITI_JPEG, EBITI_PNG})
+            EXPECT_NE(textOf(pad, type).text(), "") << "what is made once is made";
+    }
+
+    int save(int type, const char *name) const
+    {
+        std::wstring path = files.path(name).toStdWString();
+        const LittleMemory little;
+        return pad->SaveDrawingImage(pad.type(), type, path.data(), IDLI_150DPI);
+    }
+
+    OpenPad pad;
+    SavedFiles files;
+};
+
+INSTANTIATE_TEST_SUITE_P(AllPads, OutputsWithoutMemory, testing::ValuesIn(allPads()), padCaseName);
+
+constexpr std::pair<int, const char *> kFiles[] = {
+    {ITI_BITMAP, "a.bmp"}, {ITI_JPEG, "a.jpg"}, {ITI_PNG, "a.png"}, {ITI_PDF, "a.pdf"}, {ITI_SVG, "a.svg"}};
+
+TEST_P(OutputsWithoutMemory, AreNoFiles)
+{
+    for (const bool clipped : {false, true}) {
+        EXPECT_EQ(pad->SetSaveClipImageMargin(pad.type(), clipped, 3, 3), 0);
+        for (const auto &[type, name] : kFiles)
+            EXPECT_EQ(save(type, name), ARI_INK_EMPTY) << name;
+    }
+    EXPECT_TRUE(files.names().empty());
+    for (const auto &[type, name] : kFiles)
+        EXPECT_EQ(files.save(pad, type, name), ARI_SUCCESS) << name << " with memory again";
+}
+
+TEST_P(OutputsWithoutMemory, AreEmptyTextsOfImages)
+{
+    const auto expectEmpty = [&](const auto &text, const char *what) {
+        const Text made = [&] {
+            const LittleMemory little;
+            return text();
+        }();
+        EXPECT_FALSE(made.isNull()) << what;
+        EXPECT_EQ(made.text(), "") << what;
+    };
+    for (const int type : {EBITI_BITMAP, EBITI_PNG}) {
+        const bool bitmap = type == EBITI_BITMAP;
+        expectEmpty([&] { return textOf(pad, type); }, bitmap ? "BMP" : "PNG");
+        expectEmpty([&] { return exTextOf(pad, type, bitmap); }, bitmap ? "BMP, Ex" : "opaque PNG, Ex");
+    }
+    expectEmpty([&] { return svgTextOf(pad); }, "SVG");
+    EXPECT_NE(svgTextOf(pad).text(), "") << "with memory again";
+}
+
+TEST_P(OutputsWithoutMemory, AreNoInkRecord)
+{
+    const LittleMemory little;
+    EXPECT_TRUE(textOf(pad, EBITI_INK).isNull());
+}
+
+TEST_P(OutputsWithoutMemory, AreNothingDecoded)
+{
+    for (const auto &[type, name] : {std::pair(EBITI_BITMAP, "a.bmp"), std::pair(EBITI_INK, "")}) {
+        const QByteArray text = textOf(pad, type).text();
+        std::wstring path = files.path(name).toStdWString();
+        const LittleMemory little;
+        EXPECT_EQ(pad->Base64Decode(pad.type(), type, text.constData(), path.data()), ARI_INK_EMPTY) << type;
+    }
+    EXPECT_TRUE(files.names().empty());
+    EXPECT_EQ(pad->GetTotalDecodeInkPointsNumber(pad.type()), ARI_INK_EMPTY);
+}
+
+} // namespace
