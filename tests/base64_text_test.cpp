@@ -111,8 +111,8 @@ TEST_P(Base64Text, ShowsThePartInsideTheClipRectangle)
 TEST_P(Base64Text, EmptyClipRectangleGivesAnEmptyTextNotNull)
 {
     signInWhite();
-    // The second pair of margins makes both sides of the rectangle exactly 0.
-    for (const auto &[x, y] : {std::pair(4, 6), std::pair(99999 - kWidth, 99999 - kHeight)}) {
+    // The later margins make one side of the rectangle exactly 0. With both there is the whole canvas.
+    for (const auto &[x, y] : {std::pair(4, 6), std::pair(99999 - kWidth, 6), std::pair(4, 99999 - kHeight)}) {
         ASSERT_EQ(pad->SetSaveClipImageMargin(pad.type(), true, x, y), ARI_SUCCESS);
         for (const int type : kTypes) {
             for (const bool transparent : {false, true}) {
@@ -125,8 +125,10 @@ TEST_P(Base64Text, EmptyClipRectangleGivesAnEmptyTextNotNull)
             EXPECT_EQ(text.text(), "") << type << ' ' << x;
         }
     }
-    pad->SetSaveClipImageMargin(pad.type(), false, 0, 0);
-    EXPECT_NE(textOf(pad, 3).text(), "");
+    for (const bool clip : {true, false}) {
+        pad->SetSaveClipImageMargin(pad.type(), clip, 99999 - kWidth, 99999 - kHeight);
+        EXPECT_EQ(QImage::fromData(textOf(pad, 3).bytes(), "PNG").size(), QSize(kWidth, kHeight));
+    }
 }
 
 TEST_P(Base64Text, NullWithoutAPoint)
