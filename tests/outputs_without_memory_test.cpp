@@ -50,6 +50,7 @@ protected:
         pad.driver.send(stroke(pad.type(), shares));
         for (const int type : {EBITI_BITMAP, EBITI_JPEG, EBITI_PNG})
             EXPECT_NE(textOf(pad, type).text(), "") << "what is made once is made";
+        EXPECT_NE(exTextOf(pad, EBITI_PNG, false).text(), "");
     }
 
     int save(int type, const char *name) const
