@@ -204,13 +204,15 @@ KVSIGNPADSDK_EXPORT int KVR800_SetSaveClipImageMargin(
 KVSIGNPADSDK_EXPORT int KVM450_SetSaveClipImageMargin(
     int nDeviceType, bool bClipImage, int nClipMarginX, int nClipMarginY);
 
-/// Writes the signature to a file.
+/// Writes the signature to a file. An earlier file of that name is replaced as a whole; a save that fails leaves it as
+/// it was, unless it is a link, another user's or in a folder that takes no new file: such a one is written in place.
 /// @param nImageTypeID IMAGE_TYPE_ID. For BMP, JPEG and PNG the path's suffix chooses the format; ITI_PNG makes white
 /// transparent. PDF puts the picture on an A4 page, SVG draws the stored points anew.
 /// @param pImageFilePath zero-terminated, one code point per wchar_t.
 /// @param nDPILevel 0 means 150 dots per inch, any other value 300.
-/// @return ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type; ARI_INK_EMPTY without ink or when the file could not
-/// be written (an SVG that could not be written is not noticed); ARI_FAIL without an instance.
+/// @return ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type; ARI_INK_EMPTY without ink, without memory or when the
+/// file could not be written (an SVG that could not be written is not noticed, nor a disk that is full before a PDF's
+/// end); ARI_FAIL without an instance.
 KVSIGNPADSDK_EXPORT int KVS210_SaveDrawingImage(
     int nDeviceType, int nImageTypeID, wchar_t *pImageFilePath, int nDPILevel);
 KVSIGNPADSDK_EXPORT int KVS300_SaveDrawingImage(
@@ -271,7 +273,9 @@ KVSIGNPADSDK_EXPORT void KVM450_FreeSVGImageBase64Data(int nDeviceType, char *pE
 
 /// Turns a text back: an image text into a file of that format at the path, an ink record (EBITI_INK) into decoded
 /// points for the two functions below. Any earlier decoded points are gone. Characters outside the alphabet are
-/// skipped.
+/// skipped. Of images all that Qt loads is written, a JPEG or BMP that is cut off too, but for what would cost too much:
+/// more pixels than any canvas has (2^29), a JPEG of more than 100 scans, and a JPEG or BMP of more than 16 million
+/// pixels that has less than a byte for 1000 of them.
 /// @return ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type or an empty text; ARI_INK_EMPTY when the image does not
 /// load in its format or cannot be written; ARI_FAIL without an instance.
 KVSIGNPADSDK_EXPORT int KVS210_Base64Decode(

@@ -120,9 +120,9 @@ ReplacedFile::Beside ReplacedFile::beginBeside()
 
 ReplacedFile::Beside ReplacedFile::createBeside(bool replaces, const struct stat &earlier)
 {
+    m_besideName = unpredictableName();
     const QByteArray folder = m_path.left(m_path.lastIndexOf('/') + 1);
     m_folder = ::open(folder.isEmpty() ? "." : folder.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC);
-    m_besideName = unpredictableName();
     if (m_folder >= 0 && !m_besideName.isEmpty())
         m_file = ::openat(m_folder, m_besideName.constData(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
             replaces ? 0600 : 0666);

@@ -145,7 +145,8 @@ namespace Korvane.Signpad
         /// </summary>
         /// <returns>
         /// false when nDeviceType is another family's, the driver "./libkvsignpaddrv.so" (working directory) cannot be
-        /// used, or the pad is not this model; the library is closed then and the call may be repeated.
+        /// used, the pad is not this model, memory or threads are out, or the parent is not a widget of this thread and
+        /// of a living QApplication; the library is closed then and the call may be repeated.
         /// </returns>
         [DllImport(Sdk, CallingConvention = CallingConvention.Cdecl)]
         [return: MarshalAs(UnmanagedType.I1)]
@@ -161,7 +162,8 @@ namespace Korvane.Signpad
         /// </summary>
         /// <returns>
         /// false when nDeviceType is another family's, the driver "./libkvsignpaddrv.so" (working directory) cannot be
-        /// used, or the pad is not this model; the library is closed then and the call may be repeated.
+        /// used, the pad is not this model, memory or threads are out, or the parent is not a widget of this thread and
+        /// of a living QApplication; the library is closed then and the call may be repeated.
         /// </returns>
         [DllImport(Sdk, CallingConvention = CallingConvention.Cdecl)]
         [return: MarshalAs(UnmanagedType.I1)]
@@ -177,7 +179,8 @@ namespace Korvane.Signpad
         /// </summary>
         /// <returns>
         /// false when nDeviceType is another family's, the driver "./libkvsignpaddrv.so" (working directory) cannot be
-        /// used, or the pad is not this model; the library is closed then and the call may be repeated.
+        /// used, the pad is not this model, memory or threads are out, or the parent is not a widget of this thread and
+        /// of a living QApplication; the library is closed then and the call may be repeated.
         /// </returns>
         [DllImport(Sdk, CallingConvention = CallingConvention.Cdecl)]
         [return: MarshalAs(UnmanagedType.I1)]
@@ -193,7 +196,8 @@ namespace Korvane.Signpad
         /// </summary>
         /// <returns>
         /// false when nDeviceType is another family's, the driver "./libkvsignpaddrv.so" (working directory) cannot be
-        /// used, or the pad is not this model; the library is closed then and the call may be repeated.
+        /// used, the pad is not this model, memory or threads are out, or the parent is not a widget of this thread and
+        /// of a living QApplication; the library is closed then and the call may be repeated.
         /// </returns>
         [DllImport(Sdk, CallingConvention = CallingConvention.Cdecl)]
         [return: MarshalAs(UnmanagedType.I1)]
@@ -209,7 +213,8 @@ namespace Korvane.Signpad
         /// </summary>
         /// <returns>
         /// false when nDeviceType is another family's, the driver "./libkvsignpaddrv.so" (working directory) cannot be
-        /// used, or the pad is not this model; the library is closed then and the call may be repeated.
+        /// used, the pad is not this model, memory or threads are out, or the parent is not a widget of this thread and
+        /// of a living QApplication; the library is closed then and the call may be repeated.
         /// </returns>
         [DllImport(Sdk, CallingConvention = CallingConvention.Cdecl)]
         [return: MarshalAs(UnmanagedType.I1)]
@@ -217,8 +222,10 @@ namespace Korvane.Signpad
             int nDeviceType, IntPtr pParentWidget, int nX, int nY, int nWidth, int nHeight);
 
         /// <summary>
-        /// Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop). Call
-        /// it on the thread that opened the pad, never from a callback. Texts handed out before must be freed before.
+        /// Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop; after
+        /// the QApplication is gone it is neither, and goes with its parent). Call it on the thread that opened the
+        /// pad, never from a callback. Texts handed out before must be freed before. In a forked child, where the
+        /// library's threads are not, it waits for none of them.
         /// </summary>
         /// <returns>
         /// ARI_SUCCESS, also without an instance; ARI_INVALID_PARAMETERS for another family's nDeviceType.
@@ -227,8 +234,10 @@ namespace Korvane.Signpad
         public static extern int KVS210_UnInitialDevice(int nDeviceType);
 
         /// <summary>
-        /// Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop). Call
-        /// it on the thread that opened the pad, never from a callback. Texts handed out before must be freed before.
+        /// Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop; after
+        /// the QApplication is gone it is neither, and goes with its parent). Call it on the thread that opened the
+        /// pad, never from a callback. Texts handed out before must be freed before. In a forked child, where the
+        /// library's threads are not, it waits for none of them.
         /// </summary>
         /// <returns>
         /// ARI_SUCCESS, also without an instance; ARI_INVALID_PARAMETERS for another family's nDeviceType.
@@ -237,8 +246,10 @@ namespace Korvane.Signpad
         public static extern int KVS300_UnInitialDevice(int nDeviceType);
 
         /// <summary>
-        /// Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop). Call
-        /// it on the thread that opened the pad, never from a callback. Texts handed out before must be freed before.
+        /// Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop; after
+        /// the QApplication is gone it is neither, and goes with its parent). Call it on the thread that opened the
+        /// pad, never from a callback. Texts handed out before must be freed before. In a forked child, where the
+        /// library's threads are not, it waits for none of them.
         /// </summary>
         /// <returns>
         /// ARI_SUCCESS, also without an instance; ARI_INVALID_PARAMETERS for another family's nDeviceType.
@@ -247,8 +258,10 @@ namespace Korvane.Signpad
         public static extern int KVS310X_UnInitialDevice(int nDeviceType);
 
         /// <summary>
-        /// Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop). Call
-        /// it on the thread that opened the pad, never from a callback. Texts handed out before must be freed before.
+        /// Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop; after
+        /// the QApplication is gone it is neither, and goes with its parent). Call it on the thread that opened the
+        /// pad, never from a callback. Texts handed out before must be freed before. In a forked child, where the
+        /// library's threads are not, it waits for none of them.
         /// </summary>
         /// <returns>
         /// ARI_SUCCESS, also without an instance; ARI_INVALID_PARAMETERS for another family's nDeviceType.
@@ -257,8 +270,10 @@ namespace Korvane.Signpad
         public static extern int KVR800_UnInitialDevice(int nDeviceType);
 
         /// <summary>
-        /// Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop). Call
-        /// it on the thread that opened the pad, never from a callback. Texts handed out before must be freed before.
+        /// Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop; after
+        /// the QApplication is gone it is neither, and goes with its parent). Call it on the thread that opened the
+        /// pad, never from a callback. Texts handed out before must be freed before. In a forked child, where the
+        /// library's threads are not, it waits for none of them.
         /// </summary>
         /// <returns>
         /// ARI_SUCCESS, also without an instance; ARI_INVALID_PARAMETERS for another family's nDeviceType.
@@ -835,71 +850,96 @@ namespace Korvane.Signpad
         public static extern int KVM450_SetSaveClipImageMargin(
             int nDeviceType, [MarshalAs(UnmanagedType.I1)] bool bClipImage, int nClipMarginX, int nClipMarginY);
 
-        /// <summary>Writes the signature to a file.</summary>
+        /// <summary>
+        /// Writes the signature to a file. An earlier file of that name is replaced as a whole; a save that fails
+        /// leaves it as it was, unless it is a link, another user's or in a folder that takes no new file: such a one
+        /// is written in place.
+        /// </summary>
         /// <remarks>
         /// nImageTypeID: IMAGE_TYPE_ID. For BMP, JPEG and PNG the path's suffix chooses the format; ITI_PNG makes white
         /// transparent. PDF puts the picture on an A4 page, SVG draws the stored points anew. pImageFilePath: zero-
         /// terminated, one code point per wchar_t. nDPILevel: 0 means 150 dots per inch, any other value 300.
         /// </remarks>
         /// <returns>
-        /// ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type; ARI_INK_EMPTY without ink or when the file could not
-        /// be written (an SVG that could not be written is not noticed); ARI_FAIL without an instance.
+        /// ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type; ARI_INK_EMPTY without ink, without memory or when the
+        /// file could not be written (an SVG that could not be written is not noticed, nor a disk that is full before a
+        /// PDF's end); ARI_FAIL without an instance.
         /// </returns>
         [DllImport(Sdk, CallingConvention = CallingConvention.Cdecl)]
         public static extern int KVS210_SaveDrawingImage(
             int nDeviceType, int nImageTypeID, byte[] pImageFilePath, int nDPILevel);
 
-        /// <summary>Writes the signature to a file.</summary>
+        /// <summary>
+        /// Writes the signature to a file. An earlier file of that name is replaced as a whole; a save that fails
+        /// leaves it as it was, unless it is a link, another user's or in a folder that takes no new file: such a one
+        /// is written in place.
+        /// </summary>
         /// <remarks>
         /// nImageTypeID: IMAGE_TYPE_ID. For BMP, JPEG and PNG the path's suffix chooses the format; ITI_PNG makes white
         /// transparent. PDF puts the picture on an A4 page, SVG draws the stored points anew. pImageFilePath: zero-
         /// terminated, one code point per wchar_t. nDPILevel: 0 means 150 dots per inch, any other value 300.
         /// </remarks>
         /// <returns>
-        /// ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type; ARI_INK_EMPTY without ink or when the file could not
-        /// be written (an SVG that could not be written is not noticed); ARI_FAIL without an instance.
+        /// ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type; ARI_INK_EMPTY without ink, without memory or when the
+        /// file could not be written (an SVG that could not be written is not noticed, nor a disk that is full before a
+        /// PDF's end); ARI_FAIL without an instance.
         /// </returns>
         [DllImport(Sdk, CallingConvention = CallingConvention.Cdecl)]
         public static extern int KVS300_SaveDrawingImage(
             int nDeviceType, int nImageTypeID, byte[] pImageFilePath, int nDPILevel);
 
-        /// <summary>Writes the signature to a file.</summary>
+        /// <summary>
+        /// Writes the signature to a file. An earlier file of that name is replaced as a whole; a save that fails
+        /// leaves it as it was, unless it is a link, another user's or in a folder that takes no new file: such a one
+        /// is written in place.
+        /// </summary>
         /// <remarks>
         /// nImageTypeID: IMAGE_TYPE_ID. For BMP, JPEG and PNG the path's suffix chooses the format; ITI_PNG makes white
         /// transparent. PDF puts the picture on an A4 page, SVG draws the stored points anew. pImageFilePath: zero-
         /// terminated, one code point per wchar_t. nDPILevel: 0 means 150 dots per inch, any other value 300.
         /// </remarks>
         /// <returns>
-        /// ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type; ARI_INK_EMPTY without ink or when the file could not
-        /// be written (an SVG that could not be written is not noticed); ARI_FAIL without an instance.
+        /// ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type; ARI_INK_EMPTY without ink, without memory or when the
+        /// file could not be written (an SVG that could not be written is not noticed, nor a disk that is full before a
+        /// PDF's end); ARI_FAIL without an instance.
         /// </returns>
         [DllImport(Sdk, CallingConvention = CallingConvention.Cdecl)]
         public static extern int KVS310X_SaveDrawingImage(
             int nDeviceType, int nImageTypeID, byte[] pImageFilePath, int nDPILevel);
 
-        /// <summary>Writes the signature to a file.</summary>
+        /// <summary>
+        /// Writes the signature to a file. An earlier file of that name is replaced as a whole; a save that fails
+        /// leaves it as it was, unless it is a link, another user's or in a folder that takes no new file: such a one
+        /// is written in place.
+        /// </summary>
         /// <remarks>
         /// nImageTypeID: IMAGE_TYPE_ID. For BMP, JPEG and PNG the path's suffix chooses the format; ITI_PNG makes white
         /// transparent. PDF puts the picture on an A4 page, SVG draws the stored points anew. pImageFilePath: zero-
         /// terminated, one code point per wchar_t. nDPILevel: 0 means 150 dots per inch, any other value 300.
         /// </remarks>
         /// <returns>
-        /// ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type; ARI_INK_EMPTY without ink or when the file could not
-        /// be written (an SVG that could not be written is not noticed); ARI_FAIL without an instance.
+        /// ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type; ARI_INK_EMPTY without ink, without memory or when the
+        /// file could not be written (an SVG that could not be written is not noticed, nor a disk that is full before a
+        /// PDF's end); ARI_FAIL without an instance.
         /// </returns>
         [DllImport(Sdk, CallingConvention = CallingConvention.Cdecl)]
         public static extern int KVR800_SaveDrawingImage(
             int nDeviceType, int nImageTypeID, byte[] pImageFilePath, int nDPILevel);
 
-        /// <summary>Writes the signature to a file.</summary>
+        /// <summary>
+        /// Writes the signature to a file. An earlier file of that name is replaced as a whole; a save that fails
+        /// leaves it as it was, unless it is a link, another user's or in a folder that takes no new file: such a one
+        /// is written in place.
+        /// </summary>
         /// <remarks>
         /// nImageTypeID: IMAGE_TYPE_ID. For BMP, JPEG and PNG the path's suffix chooses the format; ITI_PNG makes white
         /// transparent. PDF puts the picture on an A4 page, SVG draws the stored points anew. pImageFilePath: zero-
         /// terminated, one code point per wchar_t. nDPILevel: 0 means 150 dots per inch, any other value 300.
         /// </remarks>
         /// <returns>
-        /// ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type; ARI_INK_EMPTY without ink or when the file could not
-        /// be written (an SVG that could not be written is not noticed); ARI_FAIL without an instance.
+        /// ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type; ARI_INK_EMPTY without ink, without memory or when the
+        /// file could not be written (an SVG that could not be written is not noticed, nor a disk that is full before a
+        /// PDF's end); ARI_FAIL without an instance.
         /// </returns>
         [DllImport(Sdk, CallingConvention = CallingConvention.Cdecl)]
         public static extern int KVM450_SaveDrawingImage(
@@ -1103,7 +1143,9 @@ namespace Korvane.Signpad
         /// <summary>
         /// Turns a text back: an image text into a file of that format at the path, an ink record (EBITI_INK) into
         /// decoded points for the two functions below. Any earlier decoded points are gone. Characters outside the
-        /// alphabet are skipped.
+        /// alphabet are skipped. Of images all that Qt loads is written, a JPEG or BMP that is cut off too, but for
+        /// what would cost too much: more pixels than any canvas has (2^29), a JPEG of more than 100 scans, and a JPEG
+        /// or BMP of more than 16 million pixels that has less than a byte for 1000 of them.
         /// </summary>
         /// <returns>
         /// ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type or an empty text; ARI_INK_EMPTY when the image does not
@@ -1116,7 +1158,9 @@ namespace Korvane.Signpad
         /// <summary>
         /// Turns a text back: an image text into a file of that format at the path, an ink record (EBITI_INK) into
         /// decoded points for the two functions below. Any earlier decoded points are gone. Characters outside the
-        /// alphabet are skipped.
+        /// alphabet are skipped. Of images all that Qt loads is written, a JPEG or BMP that is cut off too, but for
+        /// what would cost too much: more pixels than any canvas has (2^29), a JPEG of more than 100 scans, and a JPEG
+        /// or BMP of more than 16 million pixels that has less than a byte for 1000 of them.
         /// </summary>
         /// <returns>
         /// ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type or an empty text; ARI_INK_EMPTY when the image does not
@@ -1129,7 +1173,9 @@ namespace Korvane.Signpad
         /// <summary>
         /// Turns a text back: an image text into a file of that format at the path, an ink record (EBITI_INK) into
         /// decoded points for the two functions below. Any earlier decoded points are gone. Characters outside the
-        /// alphabet are skipped.
+        /// alphabet are skipped. Of images all that Qt loads is written, a JPEG or BMP that is cut off too, but for
+        /// what would cost too much: more pixels than any canvas has (2^29), a JPEG of more than 100 scans, and a JPEG
+        /// or BMP of more than 16 million pixels that has less than a byte for 1000 of them.
         /// </summary>
         /// <returns>
         /// ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type or an empty text; ARI_INK_EMPTY when the image does not
@@ -1142,7 +1188,9 @@ namespace Korvane.Signpad
         /// <summary>
         /// Turns a text back: an image text into a file of that format at the path, an ink record (EBITI_INK) into
         /// decoded points for the two functions below. Any earlier decoded points are gone. Characters outside the
-        /// alphabet are skipped.
+        /// alphabet are skipped. Of images all that Qt loads is written, a JPEG or BMP that is cut off too, but for
+        /// what would cost too much: more pixels than any canvas has (2^29), a JPEG of more than 100 scans, and a JPEG
+        /// or BMP of more than 16 million pixels that has less than a byte for 1000 of them.
         /// </summary>
         /// <returns>
         /// ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type or an empty text; ARI_INK_EMPTY when the image does not
@@ -1155,7 +1203,9 @@ namespace Korvane.Signpad
         /// <summary>
         /// Turns a text back: an image text into a file of that format at the path, an ink record (EBITI_INK) into
         /// decoded points for the two functions below. Any earlier decoded points are gone. Characters outside the
-        /// alphabet are skipped.
+        /// alphabet are skipped. Of images all that Qt loads is written, a JPEG or BMP that is cut off too, but for
+        /// what would cost too much: more pixels than any canvas has (2^29), a JPEG of more than 100 scans, and a JPEG
+        /// or BMP of more than 16 million pixels that has less than a byte for 1000 of them.
         /// </summary>
         /// <returns>
         /// ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type or an empty text; ARI_INK_EMPTY when the image does not
@@ -1344,7 +1394,13 @@ namespace Korvane.Signpad
         /// <summary>
         /// Places the fingerprint. Widget instance: in a rectangle of the signing widget when pParentWidget is its
         /// parent, else in a new widget that covers pParentWidget. Headless: on a canvas of nCanvasWidth by
-        /// nCanvasHeight pixels. The rectangle is in pixels and lies wholly inside its host.
+        /// nCanvasHeight pixels. The rectangle is in pixels and lies wholly inside its host. A new place takes over
+        /// from the former one. A widget that was replaced stays in its window with its last picture, also after
+        /// UnInitialDevice; the newest one is hidden and deleted by UnInitialDevice. A refused rectangle takes over
+        /// too, and later fingerprints are painted into what of it lies inside its host: on the signing widget in place
+        /// of the former rectangle, in another window on a new empty widget that is not shown, headless on a new white
+        /// canvas of 640 by 480 pixels. Only which kind of place was accepted last does not change. Place the
+        /// fingerprint once more then.
         /// </summary>
         /// <returns>
         /// ARI_SUCCESS; ARI_INVALID_PARAMETERS for a rectangle outside or a null parent; ARI_FAIL without an instance.
@@ -1359,7 +1415,9 @@ namespace Korvane.Signpad
         /// transparent); bFPImageOnly cuts it to the fingerprint's rectangle.
         /// </summary>
         /// <returns>
-        /// a new text for FreeFPImageBase64Data; null when no fingerprint has a place of its own, or without instance.
+        /// a new text for FreeFPImageBase64Data, empty when there is no picture to write: the canvas could not be had,
+        /// or the cut leaves nothing of it. Null when a headless instance has accepted no place yet, when the window
+        /// that held the newest one is gone, for another type, and without an instance.
         /// </returns>
         [DllImport(Sdk, CallingConvention = CallingConvention.Cdecl)]
         public static extern IntPtr KVS310X_GetFPImageBase64Data(

@@ -173,13 +173,15 @@ const FUNCTIONS = [
     'bool KVS310X_InitialDevice(int nDeviceType, void *pParentWidget, int nX, int nY, int nWidth, int nHeight)',
     'bool KVR800_InitialDevice(int nDeviceType, void *pParentWidget, int nX, int nY, int nWidth, int nHeight)',
     'bool KVM450_InitialDevice(int nDeviceType, void *pParentWidget, int nX, int nY, int nWidth, int nHeight)',
-    // Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop). Call it on
-    // the thread that opened the pad, never from a callback. Texts handed out before must be freed before.
-    'int KVS210_UnInitialDevice(int nDeviceType)',
-    'int KVS300_UnInitialDevice(int nDeviceType)',
-    'int KVS310X_UnInitialDevice(int nDeviceType)',
-    'int KVR800_UnInitialDevice(int nDeviceType)',
-    'int KVM450_UnInitialDevice(int nDeviceType)',
+    // Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop; after the
+    // QApplication is gone it is neither, and goes with its parent). Call it on the thread that opened the pad, never
+    // from a callback. Texts handed out before must be freed before. In a forked child, where the library's threads
+    // are not, it waits for none of them.
+    "int KVS210_UnInitialDevice(int nDeviceType)",
+    "int KVS300_UnInitialDevice(int nDeviceType)",
+    "int KVS310X_UnInitialDevice(int nDeviceType)",
+    "int KVR800_UnInitialDevice(int nDeviceType)",
+    "int KVM450_UnInitialDevice(int nDeviceType)",
     // Switches the pad's screen on or off; off also clears the canvas (stored points stay).
     "int KVS210_OpenLCD(int nDeviceType, bool bOn)",
     "int KVS300_OpenLCD(int nDeviceType, bool bOn)",
@@ -280,12 +282,14 @@ const FUNCTIONS = [
     'int KVS310X_SetSaveClipImageMargin(int nDeviceType, bool bClipImage, int nClipMarginX, int nClipMarginY)',
     'int KVR800_SetSaveClipImageMargin(int nDeviceType, bool bClipImage, int nClipMarginX, int nClipMarginY)',
     'int KVM450_SetSaveClipImageMargin(int nDeviceType, bool bClipImage, int nClipMarginX, int nClipMarginY)',
-    // Writes the signature to a file.
-    'int KVS210_SaveDrawingImage(int nDeviceType, int nImageTypeID, wchar_t *pImageFilePath, int nDPILevel)',
-    'int KVS300_SaveDrawingImage(int nDeviceType, int nImageTypeID, wchar_t *pImageFilePath, int nDPILevel)',
-    'int KVS310X_SaveDrawingImage(int nDeviceType, int nImageTypeID, wchar_t *pImageFilePath, int nDPILevel)',
-    'int KVR800_SaveDrawingImage(int nDeviceType, int nImageTypeID, wchar_t *pImageFilePath, int nDPILevel)',
-    'int KVM450_SaveDrawingImage(int nDeviceType, int nImageTypeID, wchar_t *pImageFilePath, int nDPILevel)',
+    // Writes the signature to a file. An earlier file of that name is replaced as a whole; a save that fails leaves it
+    // as it was, unless it is a link, another user's or in a folder that takes no new file: such a one is written in
+    // place.
+    "int KVS210_SaveDrawingImage(int nDeviceType, int nImageTypeID, wchar_t *pImageFilePath, int nDPILevel)",
+    "int KVS300_SaveDrawingImage(int nDeviceType, int nImageTypeID, wchar_t *pImageFilePath, int nDPILevel)",
+    "int KVS310X_SaveDrawingImage(int nDeviceType, int nImageTypeID, wchar_t *pImageFilePath, int nDPILevel)",
+    "int KVR800_SaveDrawingImage(int nDeviceType, int nImageTypeID, wchar_t *pImageFilePath, int nDPILevel)",
+    "int KVM450_SaveDrawingImage(int nDeviceType, int nImageTypeID, wchar_t *pImageFilePath, int nDPILevel)",
     // The signature as a Base64 text: EBITI_BITMAP, EBITI_JPEG, EBITI_PNG (white transparent) or EBITI_INK.
     'void *KVS210_Base64Encode(int nDeviceType, int nImageTypeID)',
     'void *KVS300_Base64Encode(int nDeviceType, int nImageTypeID)',
@@ -324,7 +328,9 @@ const FUNCTIONS = [
     'void KVM450_FreeSVGImageBase64Data(int nDeviceType, void *pEncodedData)',
     // Turns a text back: an image text into a file of that format at the path, an ink record (EBITI_INK) into decoded
     // points for the two functions below. Any earlier decoded points are gone. Characters outside the alphabet are
-    // skipped.
+    // skipped. Of images all that Qt loads is written, a JPEG or BMP that is cut off too, but for what would cost too
+    // much: more pixels than any canvas has (2^29), a JPEG of more than 100 scans, and a JPEG or BMP of more than 16
+    // million pixels that has less than a byte for 1000 of them.
     'int KVS210_Base64Decode(int nDeviceType, int nImageTypeID, const char *pEncodedData, wchar_t *pImageFilePath)',
     'int KVS300_Base64Decode(int nDeviceType, int nImageTypeID, const char *pEncodedData, wchar_t *pImageFilePath)',
     'int KVS310X_Base64Decode(int nDeviceType, int nImageTypeID, const char *pEncodedData, wchar_t *pImageFilePath)',
@@ -368,7 +374,12 @@ const FUNCTIONS = [
     'void KVS210_WPSBase64EncodeFree(int nDeviceType, void *pEncodedData)',
     // Places the fingerprint. Widget instance: in a rectangle of the signing widget when pParentWidget is its parent,
     // else in a new widget that covers pParentWidget. Headless: on a canvas of nCanvasWidth by nCanvasHeight pixels.
-    // The rectangle is in pixels and lies wholly inside its host.
+    // The rectangle is in pixels and lies wholly inside its host. A new place takes over from the former one. A widget
+    // that was replaced stays in its window with its last picture, also after UnInitialDevice; the newest one is
+    // hidden and deleted by UnInitialDevice. A refused rectangle takes over too, and later fingerprints are painted
+    // into what of it lies inside its host: on the signing widget in place of the former rectangle, in another window
+    // on a new empty widget that is not shown, headless on a new white canvas of 640 by 480 pixels. Only which kind of
+    // place was accepted last does not change. Place the fingerprint once more then.
     'int KVS310X_SetDisplayedFPImageAt(int nDeviceType, void *pParentWidget, int nCanvasWidth, int nCanvasHeight, int nFPLeft, int nFPTop, int nFPWidth, int nFPHeight)',
     // The picture that carries the fingerprint, as Base64 text of EBITI_BITMAP, EBITI_JPEG or EBITI_PNG (white
     // transparent); bFPImageOnly cuts it to the fingerprint's rectangle.

@@ -311,7 +311,8 @@ public interface LowLevel extends Library {
      * to give.
      *
      * @return false when nDeviceType is another family's, the driver "./libkvsignpaddrv.so" (working directory) cannot
-     *     be used, or the pad is not this model; the library is closed then and the call may be repeated.
+     *     be used, the pad is not this model, memory or threads are out, or the parent is not a widget of this thread
+     *     and of a living QApplication; the library is closed then and the call may be repeated.
      */
     byte KVS210_InitialDevice(int nDeviceType, Pointer pParentWidget, int nX, int nY, int nWidth, int nHeight);
     byte KVS300_InitialDevice(int nDeviceType, Pointer pParentWidget, int nX, int nY, int nWidth, int nHeight);
@@ -320,8 +321,10 @@ public interface LowLevel extends Library {
     byte KVM450_InitialDevice(int nDeviceType, Pointer pParentWidget, int nX, int nY, int nWidth, int nHeight);
 
     /**
-     * Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop). Call it on
-     * the thread that opened the pad, never from a callback. Texts handed out before must be freed before.
+     * Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop; after the
+     * QApplication is gone it is neither, and goes with its parent). Call it on the thread that opened the pad, never
+     * from a callback. Texts handed out before must be freed before. In a forked child, where the library's threads
+     * are not, it waits for none of them.
      *
      * @return ARI_SUCCESS, also without an instance; ARI_INVALID_PARAMETERS for another family's nDeviceType.
      */
@@ -504,14 +507,17 @@ public interface LowLevel extends Library {
     int KVM450_SetSaveClipImageMargin(int nDeviceType, boolean bClipImage, int nClipMarginX, int nClipMarginY);
 
     /**
-     * Writes the signature to a file.
+     * Writes the signature to a file. An earlier file of that name is replaced as a whole; a save that fails leaves it
+     * as it was, unless it is a link, another user's or in a folder that takes no new file: such a one is written in
+     * place.
      *
      * @param nImageTypeID IMAGE_TYPE_ID. For BMP, JPEG and PNG the path's suffix chooses the format; ITI_PNG makes
      *     white transparent. PDF puts the picture on an A4 page, SVG draws the stored points anew.
      * @param pImageFilePath zero-terminated, one code point per wchar_t.
      * @param nDPILevel 0 means 150 dots per inch, any other value 300.
-     * @return ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type; ARI_INK_EMPTY without ink or when the file could
-     *     not be written (an SVG that could not be written is not noticed); ARI_FAIL without an instance.
+     * @return ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type; ARI_INK_EMPTY without ink, without memory or when
+     *     the file could not be written (an SVG that could not be written is not noticed, nor a disk that is full
+     *     before a PDF's end); ARI_FAIL without an instance.
      */
     int KVS210_SaveDrawingImage(int nDeviceType, int nImageTypeID, byte[] pImageFilePath, int nDPILevel);
     int KVS300_SaveDrawingImage(int nDeviceType, int nImageTypeID, byte[] pImageFilePath, int nDPILevel);
@@ -574,7 +580,9 @@ public interface LowLevel extends Library {
     /**
      * Turns a text back: an image text into a file of that format at the path, an ink record (EBITI_INK) into decoded
      * points for the two functions below. Any earlier decoded points are gone. Characters outside the alphabet are
-     * skipped.
+     * skipped. Of images all that Qt loads is written, a JPEG or BMP that is cut off too, but for what would cost too
+     * much: more pixels than any canvas has (2^29), a JPEG of more than 100 scans, and a JPEG or BMP of more than 16
+     * million pixels that has less than a byte for 1000 of them.
      *
      * @return ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type or an empty text; ARI_INK_EMPTY when the image does
      *     not load in its format or cannot be written; ARI_FAIL without an instance.
@@ -659,6 +667,13 @@ public interface LowLevel extends Library {
      * else in a new widget that covers pParentWidget. Headless: on a canvas of nCanvasWidth by nCanvasHeight pixels.
      * The rectangle is in pixels and lies wholly inside its host.
      *
+     * <p>A new place takes over from the former one. A widget that was replaced stays in its window with its last
+     * picture, also after UnInitialDevice; the newest one is hidden and deleted by UnInitialDevice. A refused
+     * rectangle takes over too, and later fingerprints are painted into what of it lies inside its host: on the
+     * signing widget in place of the former rectangle, in another window on a new empty widget that is not shown,
+     * headless on a new white canvas of 640 by 480 pixels. Only which kind of place was accepted last does not change.
+     * Place the fingerprint once more then.
+     *
      * @return ARI_SUCCESS; ARI_INVALID_PARAMETERS for a rectangle outside or a null parent; ARI_FAIL without an
      *     instance.
      */
@@ -669,8 +684,9 @@ public interface LowLevel extends Library {
      * The picture that carries the fingerprint, as Base64 text of EBITI_BITMAP, EBITI_JPEG or EBITI_PNG (white
      * transparent); bFPImageOnly cuts it to the fingerprint's rectangle.
      *
-     * @return a new text for FreeFPImageBase64Data; null when no fingerprint has a place of its own, or without
-     *     instance.
+     * @return a new text for FreeFPImageBase64Data, empty when there is no picture to write: the canvas could not be
+     *     had, or the cut leaves nothing of it. Null when a headless instance has accepted no place yet, when the
+     *     window that held the newest one is gone, for another type, and without an instance.
      */
     Pointer KVS310X_GetFPImageBase64Data(int nDeviceType, int nImageTypeID, boolean bFPImageOnly);
 
