@@ -6,6 +6,7 @@
 #include "LogFileUtil.h"
 #include "contained.h"
 #include "driverinterface.h"
+#include "forkedchild.h"
 #include "inkpoints.h"
 #include "padmodels.h"
 #include "sharedfields.h"
@@ -154,7 +155,7 @@ void shutdown(Pad &pad)
     static constexpr logging::Key key{Pad::row.scope, "Shutdown()"};
     KV_LOG(key, "<%ld>-Enter...");
     if (!pad.m_internals.isOfThisProcess())
-        pad.m_internals.freeLocks();
+        forkedchild::freeLocks(pad);
     if constexpr (Pad::row.model.hasFingerprint)
         pad.stopDisplayThread(key);
     pad.ShutdownKVSignPadDriver();

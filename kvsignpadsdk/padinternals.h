@@ -15,8 +15,6 @@ struct PadInternals
 {
     /// False in a forked child: the threads that hand over packets and show fingerprints did not come along.
     bool isOfThisProcess() const { return m_process == ::getpid(); }
-    /// For a forked child, where a thread that held one at the fork will never give it back.
-    void freeLocks();
 
     /// Held for every write to a canvas, for readers that may not take m_mutexUpdateCanvas.
     std::mutex pixelsLock;

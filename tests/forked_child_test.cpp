@@ -33,17 +33,34 @@ int statusOfChild(Work work)
     return status;
 }
 
+template <class Pad>
+bool canTakeAll(Pad &pad)
+{
+    if constexpr (isFingerprintPad<Pad>) {
+        if (!pad.m_mutexUpdateShowFPImageRawDataOnDevice.tryLock())
+            return false;
+    }
+    return pad.m_mutexUpdateCanvas.tryLock() && pad.m_internals.pixelsLock.try_lock()
+        && pad.m_internals.inkLock.try_lock();
+}
+
 } // namespace
 
 // At the fork another thread holds what the pen's and the display thread hold now and then.
 TYPED_TEST(ForkedChild, EndsThePadAndWaitsForNobody)
 {
     const auto pad = constructed<TypeParam>(60, 40);
+    Holder<CanvasLock> canvas(pad->m_mutexUpdateCanvas, kPatience);
     Holder<std::lock_guard<std::mutex>> pixels(pad->m_internals.pixelsLock, kPatience);
     Holder<std::lock_guard<std::mutex>> ink(pad->m_internals.inkLock, kPatience);
-    const int status = statusOfChild([&pad] { pad->Shutdown(); });
+    const int status = statusOfChild([&pad] {
+        pad->Shutdown();
+        if (!canTakeAll(*pad))
+            _exit(8);
+    });
     EXPECT_TRUE(WIFEXITED(status)) << "it had to be ended";
-    EXPECT_EQ(WEXITSTATUS(status), 7);
+    EXPECT_EQ(WEXITSTATUS(status), 7) << "8: a lock is still held";
+    canvas.finish();
     pixels.finish();
     ink.finish();
     if constexpr (isFingerprintPad<TypeParam>) {

@@ -1,9 +1,0 @@
-#include "padinternals.h"
-
-#include <new>
-
-void PadInternals::freeLocks()
-{
-    for (std::mutex *lock : {&pixelsLock, &inkLock, &colourLock})
-        new (lock) std::mutex;
-}
