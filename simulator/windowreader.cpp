@@ -18,7 +18,8 @@ bool WindowReader::next(std::vector<Event> &events)
 {
     for (Event event; m_reader.next(event);) {
         if (!changesAnswers(event)) {
-            events.assign(1, std::move(event));
+            events.clear();
+            events.push_back(std::move(event));
             return true;
         }
         if (m_state.size() == kLargestState)
