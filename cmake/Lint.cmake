@@ -38,6 +38,6 @@ function(kv_lint_stamps variable)
   set(${variable} ${stamps} PARENT_SCOPE)
 endfunction()
 
-kv_lint_stamps(stamps kvsignpadsdk_objects kv_recording kvsignpaddrv_objects kv_handwriting kv-demo kv_kvsign kvsign
+kv_lint_stamps(stamps kvsignpadsdk_objects kv_recording kv_playback kvsignpaddrv_objects kv_handwriting kv-demo kv_kvsign kvsign
   kv_signdesk kv-sign-desk)
 add_custom_target(kv_lint DEPENDS ${stamps})
