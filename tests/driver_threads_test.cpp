@@ -1,6 +1,7 @@
 /// @file
 /// A driver whose thread is gone: a receiver ended it, or the process is a forked child. Nobody waits for it. Whoever
 /// does is killed by the alarm.
+#include "forkedchild.h"
 #include "patience.h"
 #include "simulateddriver.h"
 

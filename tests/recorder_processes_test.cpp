@@ -1,5 +1,6 @@
 /// @file
 /// The recorder in processes that fork or exit, and real drivers that others could replace.
+#include "forkedchild.h"
 #include "recordeddriver.h"
 
 #include <atomic>

@@ -6,7 +6,11 @@ kv_add_test(virtuallink_test virtuallink_test.cpp THREADS LIBRARIES kv_playback 
 target_include_directories(virtuallink_test PRIVATE ${PROJECT_SOURCE_DIR}/kvsignpadsdk)
 add_dependencies(virtuallink_test kvsignpaddrv)
 
-foreach(name simulator_test simulator_playback_test driver_threads_test)
+set(tests simulator_test simulator_playback_test)
+if(NOT KV_SANITIZE MATCHES "address") # which fails by itself where a thread is unwound to its end
+  list(APPEND tests driver_threads_test)
+endif()
+foreach(name IN LISTS tests)
   kv_add_test(${name} ${name}.cpp THREADS LIBRARIES Qt5::Gui Threads::Threads ${CMAKE_DL_LIBS})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/simulator ${PROJECT_SOURCE_DIR}/kvsignpadsdk)
   add_dependencies(${name} kvsignpaddrv kvsignpaddrv_without_UnInitial)
