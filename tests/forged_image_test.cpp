@@ -121,6 +121,14 @@ long memoryOf(Call call)
     return fromStatus("VmHWM:") - before;
 }
 
+// An image of a PNG text is asked for before its first row is missing. That costs nothing until it is written to, but
+// AddressSanitizer notes its own byte for eight of it.
+#ifdef __SANITIZE_ADDRESS__
+constexpr long kHardlyAnything = 300 << 10;
+#else
+constexpr long kHardlyAnything = 100 << 10;
+#endif
+
 class ForgedImage : public testing::Test
 {
 protected:
@@ -141,7 +149,7 @@ TEST_F(ForgedImage, SpendsNoMemory)
 {
     for (const Forged &forged : forgedImages()) {
         const long kilobytes = memoryOf([&] { EXPECT_EQ(decode(forged), ARI_INK_EMPTY) << forged.name; });
-        EXPECT_LT(kilobytes, 100 << 10) << forged.name;
+        EXPECT_LT(kilobytes, kHardlyAnything) << forged.name;
         EXPECT_TRUE(leftNothing()) << forged.name;
     }
 }
