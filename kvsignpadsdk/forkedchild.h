@@ -15,13 +15,19 @@ void renew(Lock &lock)
     new (&lock) Lock;
 }
 
-/// Makes every lock of the instance anew: who held one at the fork is not here to give it back.
+/// Makes every lock of the instance and of its fingerprint places anew: who held one at the fork is not here to give it
+/// back.
 template <class Pad>
 void freeLocks(Pad &pad)
 {
     renew(pad.m_mutexUpdateCanvas);
-    if constexpr (Pad::row.model.hasFingerprint)
+    if constexpr (Pad::row.model.hasFingerprint) {
         renew(pad.m_mutexUpdateShowFPImageRawDataOnDevice);
+        for (auto *widget : pad.m_internals.widgets)
+            renew(widget->pixelsLock);
+        if (pad.m_internals.canvas != nullptr)
+            renew(pad.m_internals.canvas->pixelsLock);
+    }
     renew(pad.m_internals.pixelsLock);
     renew(pad.m_internals.inkLock);
     renew(pad.m_internals.colourLock);

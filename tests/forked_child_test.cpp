@@ -1,4 +1,5 @@
 // A child that the program forks while a pad is open has the instance, and none of the threads.
+#include "cs310xfpwidget.h"
 #include "handrunpad.h"
 #include "lockholder.h"
 #include "padclasses.h"
@@ -31,6 +32,17 @@ int statusOfChild(Work work)
         std::this_thread::sleep_for(std::chrono::milliseconds(2));
     }
     return status;
+}
+
+std::mutex &lockOfPlace(CS310XSignObj &pad, QWidget &)
+{
+    EXPECT_EQ(pad.SetDisplayedFPImageAt(60, 40, 5, 5, 20, 20), ARI_SUCCESS);
+    return pad.m_pNewFPWidget->pixelsLock;
+}
+std::mutex &lockOfPlace(CS310XSignWidget &pad, QWidget &window)
+{
+    EXPECT_EQ(pad.SetDisplayedFPImageAt(&window, 5, 5, 20, 20), ARI_SUCCESS);
+    return pad.m_pNewFPWidget->pixelsLock;
 }
 
 template <class Pad>
@@ -67,4 +79,23 @@ TYPED_TEST(ForkedChild, EndsThePadAndWaitsForNobody)
         EXPECT_TRUE(pad->m_pShowFPImageOnDeviceThread->isRunning()) << "the parent's goes on";
     }
     pad->Shutdown();
+}
+
+// The display thread may be painting a fingerprint into its place.
+TYPED_TEST(ForkedChild, EndsThePlaceOfAFingerprintToo)
+{
+    if constexpr (isFingerprintPad<TypeParam>) {
+        QWidget window;
+        const auto pad = constructed<TypeParam>(60, 40);
+        Holder<std::lock_guard<std::mutex>> place(lockOfPlace(*pad, window), kPatience);
+        const int status = statusOfChild([&pad] {
+            pad->Shutdown();
+            if (pad->m_pNewFPWidget != nullptr)
+                _exit(8);
+        });
+        EXPECT_TRUE(WIFEXITED(status)) << "it had to be ended";
+        EXPECT_EQ(WEXITSTATUS(status), 7) << "8: the place is still there";
+        place.finish();
+        pad->Shutdown();
+    }
 }
