@@ -1,6 +1,7 @@
 #include "LogFileUtil.h"
 
 #include "ownfile.h"
+#include "uncancelled.h"
 
 #include <algorithm>
 #include <cstdarg>
@@ -9,7 +10,6 @@
 #include <cstring>
 #include <ctime>
 #include <cwchar>
-#include <pthread.h>
 #include <unistd.h>
 
 bool g_bEnableLog = false;
@@ -24,22 +24,9 @@ namespace {
 
 constexpr int kLongestKey = 128;
 
-/// While it lives, a cancellation of the thread waits: a line is written whole, and its file closed.
-class Uncancelled
-{
-public:
-    Uncancelled() { pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &m_before); }
-    ~Uncancelled() { pthread_setcancelstate(m_before, nullptr); }
-    Uncancelled(const Uncancelled &) = delete;
-    Uncancelled &operator=(const Uncancelled &) = delete;
-
-private:
-    int m_before = PTHREAD_CANCEL_ENABLE;
-};
-
 void append(const char *fileName, const char *key, const char *value, const char *tail)
 {
-    const Uncancelled whole;
+    const Uncancelled whole; // the line, and the file is closed
     const int file = ownfile::openToAppend(fileName);
     if (file < 0)
         return;

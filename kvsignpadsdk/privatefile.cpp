@@ -1,6 +1,7 @@
 #include "privatefile.h"
 
 #include "ownfile.h"
+#include "uncancelled.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -24,6 +25,7 @@ bool isOursOrFree(const QByteArray &path)
 // Qt's own file device does not tell its users of a write that was cut off.
 qint64 PrivateFile::Device::writeData(const char *bytes, qint64 size)
 {
+    const Uncancelled whole; // painters write in their destructor
     for (qint64 done = 0; done < size && !failed;) {
         const ssize_t now = ::write(descriptor, bytes + done, static_cast<size_t>(size - done));
         if (now > 0) {
@@ -41,6 +43,7 @@ PrivateFile::PrivateFile(const char *path)
 {
     if (!isOursOrFree(m_path))
         return;
+    const Uncancelled begun; // no destructor removes what a constructor leaves behind
     QByteArray ownPath = m_path + ".XXXXXX";
     m_device.descriptor = ::mkostemp(ownPath.data(), O_CLOEXEC); // mode 0600
     if (m_device.descriptor < 0)
@@ -51,6 +54,7 @@ PrivateFile::PrivateFile(const char *path)
 
 PrivateFile::~PrivateFile()
 {
+    const Uncancelled closed;
     if (m_device.descriptor >= 0)
         ::close(m_device.descriptor);
     if (!m_ownPath.isEmpty())

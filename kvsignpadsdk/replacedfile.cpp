@@ -1,6 +1,7 @@
 #include "replacedfile.h"
 
 #include "filepaths.h"
+#include "uncancelled.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -72,7 +73,10 @@ ReplacedFile::ReplacedFile(const QString &path)
 {
     if (m_path.isEmpty())
         return;
-    const Beside beside = beginBeside();
+    const Beside beside = [this] {
+        const Uncancelled begun; // no destructor removes what a constructor leaves behind
+        return beginBeside();
+    }();
     if (beside == Beside::Impossible)
         openInPlace();
     if (m_file >= 0)
@@ -81,6 +85,7 @@ ReplacedFile::ReplacedFile(const QString &path)
 
 ReplacedFile::~ReplacedFile()
 {
+    const Uncancelled closed;
     if (m_created)
         ::unlink(m_path.constData());
     closeAll();
@@ -164,6 +169,7 @@ qint64 ReplacedFile::readData(char *, qint64)
 
 qint64 ReplacedFile::writeData(const char *data, qint64 size)
 {
+    const Uncancelled written; // painters write in their destructor
     const auto bytes = static_cast<size_t>(size);
     if (m_besideName.isEmpty() || m_waiting.size() + bytes < kPiece) {
         m_waiting.insert(m_waiting.end(), data, data + size);

@@ -21,6 +21,7 @@ kv_add_test(long_canvases_test long_canvases_test.cpp ${inkpicture} PADS)
 kv_add_test(file_paths_test file_paths_test.cpp PADS)
 kv_add_test(outputs_in_one_thread_test outputs_in_one_thread_test.cpp INSIDE LIBRARIES kv_test_fingerprints)
 kv_add_test(replaced_file_test replaced_file_test.cpp LIBRARIES kvsignpadsdk_inside)
+kv_add_test(cancelled_files_test cancelled_files_test.cpp LIBRARIES kvsignpadsdk_inside)
 kv_add_test(save_members_test save_members_test.cpp INSIDE)
 
 # A host with and without an application object.
