@@ -113,6 +113,24 @@ TEST_F(SignDeskPage, AJpegOfTooManyScansIsRefused)
     openInVain(written("5000.png", withScans(jpeg, 5000)), "it is a JPEG of too many scans."); // whatever its name is
 }
 
+/// Restarts now and then, so that a decoder that meets other markers in a scan looks for the next one.
+QByteArray withRestarts(QByteArray jpeg)
+{
+    return jpeg.insert(jpeg.indexOf("\xff\xda"), QByteArray("\xff\xdd\x00\x04\x00\x01", 6));
+}
+
+TEST_F(SignDeskPage, ScansDoNotHideBehindMarkersThatNobodyKnows)
+{
+    const QByteArray jpeg = withRestarts(withScans(progressiveJpeg(), 150));
+    const int data = jpeg.indexOf("\xff\xda") + 14; // of the first scan
+    for (const QByteArray &cover :
+        {QByteArray("\xff\x05\x7f\xfe", 4), QByteArray("\xff\xbf\x7f\xfe", 4), QByteArray("\xff\x02\x7f\x00", 4)}) {
+        const QByteArray hidden = jpeg.left(data) + cover + jpeg.mid(data);
+        EXPECT_EQ(signdesk::scansOfJpeg(hidden), 150) << cover.toHex().toStdString();
+        openInVain(written("hidden.jpg", hidden), "it is a JPEG of too many scans.");
+    }
+}
+
 TEST_F(SignDeskPage, ScansAreNotFoundWhereThereAreNone)
 {
     QByteArray jpeg = plainJpeg();

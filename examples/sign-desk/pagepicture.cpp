@@ -27,8 +27,7 @@ constexpr int kMostScans = 100;
 /// What stands after the byte FF in a JPEG.
 enum Marker : quint8
 {
-    StuffedByte = 0x00,
-    Temporary = 0x01,
+    FirstSegment = 0xc0,
     FirstRestart = 0xd0,
     StartOfImage = 0xd8,
     EndOfImage = 0xd9,
@@ -36,9 +35,10 @@ enum Marker : quint8
     FillByte = 0xff
 };
 
+/// Or is passed over by a decoder that looks for the next restart, so that nothing hides behind its length.
 bool standsAlone(quint8 marker)
 {
-    return marker == StuffedByte || marker == Temporary || (marker >= FirstRestart && marker <= StartOfImage);
+    return marker < FirstSegment || (marker >= FirstRestart && marker <= StartOfImage);
 }
 
 } // namespace
