@@ -1,6 +1,8 @@
 # What is installed, and as which Debian packages: the library, what compiles against it, the pad simulator,
 # the command-line tool.
 
+set(components library:libkvsignpadsdk1 development:libkvsignpadsdk-dev simulator:kvsignpad-simulator
+  python:python3-kvsignpad)
 set(KV_SIMULATOR_INSTALL ${CMAKE_INSTALL_LIBDIR}/kvsignpadsdk/simulator)
 configure_file(packaging/kvsignpadsdk.pc.in ${CMAKE_BINARY_DIR}/packaging/kvsignpadsdk.pc @ONLY)
 
@@ -24,14 +26,20 @@ install(DIRECTORY simulator/recordings
 install(FILES simulator/README.md simulator/FORMAT.md
   DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kvsignpad-simulator COMPONENT simulator)
 
-install(TARGETS kvsign RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT kvsign)
-install(FILES ${CMAKE_BINARY_DIR}/tools/man/kvsign.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT kvsign)
-install(FILES ${CMAKE_BINARY_DIR}/tools/completions/kvsign
-  DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT kvsign)
+if(KV_BUILD_TOOLS)
+  install(TARGETS kvsign RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT kvsign)
+  install(FILES ${CMAKE_BINARY_DIR}/tools/man/kvsign.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT kvsign)
+  install(FILES ${CMAKE_BINARY_DIR}/tools/completions/kvsign
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT kvsign)
+  list(APPEND components kvsign:kvsign)
+endif()
 
-install(TARGETS kv-sign-desk RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT signdesk)
-install(FILES examples/sign-desk/sample/delivery-note.pdf
-  DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kv-sign-desk COMPONENT signdesk)
+if(KV_BUILD_EXAMPLES)
+  install(TARGETS kv-sign-desk RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT signdesk)
+  install(FILES examples/sign-desk/sample/delivery-note.pdf
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kv-sign-desk COMPONENT signdesk)
+  list(APPEND components signdesk:kv-sign-desk)
+endif()
 
 install(DIRECTORY bindings/python/kvsignpad DESTINATION lib/python3/dist-packages COMPONENT python
   PATTERN __pycache__ EXCLUDE)
@@ -40,7 +48,7 @@ if(EXISTS ${CMAKE_BINARY_DIR}/packaging/kvsignpad.jar) # packaging/build makes i
   install(FILES ${CMAKE_BINARY_DIR}/packaging/kvsignpad.jar
     DESTINATION ${CMAKE_INSTALL_DATADIR}/java COMPONENT java)
   install(FILES docs/languages/java.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libkvsignpad-java COMPONENT java)
-  set(KV_JAVA_PACKAGE java)
+  list(APPEND components java:libkvsignpad-java)
 endif()
 
 set(CPACK_GENERATOR DEB)
@@ -49,7 +57,6 @@ set(CPACK_PACKAGE_CONTACT "Korvane <support@korvane.example>")
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_COMPONENTS_ALL library development simulator kvsign signdesk python ${KV_JAVA_PACKAGE})
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
@@ -88,11 +95,12 @@ set(CPACK_DEBIAN_JAVA_PACKAGE_DEPENDS "libjna-java, libkvsignpadsdk1 (>= ${PROJE
 set(CPACK_DEBIAN_JAVA_DESCRIPTION "signatures from Korvane signature pads in Java")
 
 # dpkg wants the licence and the changes under each package's own name.
-foreach(component_package library:libkvsignpadsdk1 development:libkvsignpadsdk-dev simulator:kvsignpad-simulator
-    kvsign:kvsign signdesk:kv-sign-desk python:python3-kvsignpad java:libkvsignpad-java)
+set(CPACK_COMPONENTS_ALL "")
+foreach(component_package IN LISTS components)
   string(REPLACE ":" ";" pair ${component_package})
   list(GET pair 0 component)
   list(GET pair 1 package)
+  list(APPEND CPACK_COMPONENTS_ALL ${component})
   install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package} RENAME copyright COMPONENT ${component})
   install(FILES CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package} COMPONENT ${component})
 endforeach()

@@ -93,6 +93,7 @@ Names exported(const char *kinds)
 const Names kFunctions = {
 #include "exportednames.inl"
 };
+#undef KV_FUNCTION
 
 const Names kGlobals = {"g_bEnableLog", "g_cKeyBuf", "g_cValueBuf", "g_wszKeyBuf", "g_wszValueBuf",
     "g_cKeyBuf_InThread", "g_cValueBuf_InThread"};

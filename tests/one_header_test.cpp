@@ -23,6 +23,7 @@ namespace {
 const std::vector<Function> kFunctions = {
 #include "exportednames.inl"
 };
+#undef KV_FUNCTION
 
 TEST(OneHeader, DeclaresEveryFunction)
 {

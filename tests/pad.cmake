@@ -1,10 +1,5 @@
 # Tests of the driver's binding, the pad's settings, the mapping, the canvas host and pen packets.
 
-kv_add_test(driver_loading_test driver_loading_test.cpp PADS)
-foreach(operation Initial UnInitial OpenDeviceLCD ClearDeviceContent GetDevicePenID GetDevicePadID GetDeviceSecureID
-    GetDevicePartsVersion ShowVersionInfoOnDevice SetDevicePenStyle ShowFPImageOnDevice)
-  add_dependencies(driver_loading_test kvsignpaddrv_without_${operation})
-endforeach()
 # A driver that throws or never returns, in a directory of its own.
 add_library(kv_unruly_driver SHARED hosts/unruly_driver.cpp)
 target_include_directories(kv_unruly_driver PRIVATE ${PROJECT_SOURCE_DIR}/kvsignpadsdk)
@@ -12,21 +7,12 @@ target_compile_options(kv_unruly_driver PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-gn
 target_link_libraries(kv_unruly_driver PRIVATE kv_warnings Threads::Threads)
 set_target_properties(kv_unruly_driver PROPERTIES
   OUTPUT_NAME kvsignpaddrv LIBRARY_OUTPUT_DIRECTORY ${KV_DRIVER_DIRECTORY}/unruly NO_SONAME ON)
-foreach(name throwing_driver_test cancelled_threads_test)
-  kv_add_test(${name} ${name}.cpp PADS)
-  add_dependencies(${name} kv_unruly_driver)
-endforeach()
-kv_add_test(driver_recognition_test driver_recognition_test.cpp INSIDE)
-kv_add_test(driver_shutdown_test driver_shutdown_test.cpp INSIDE THREADS)
-kv_add_test(devicesettings_test devicesettings_test.cpp PADS)
-kv_add_test(devicesettings_inside_test devicesettings_inside_test.cpp INSIDE)
-kv_add_test(deviceinfo_test deviceinfo_test.cpp INSIDE)
-kv_add_test(clearcontent_test clearcontent_test.cpp INSIDE)
-kv_add_test(signmapping_test signmapping_test.cpp INSIDE)
-kv_add_test(canvashost_test canvashost_test.cpp INSIDE THREADS)
-kv_add_test(canvaswidget_test canvaswidget_test.cpp PADS THREADS)
-kv_add_test(penstates_test penstates_test.cpp INSIDE)
-kv_add_test(penpackets_test penpackets_test.cpp PADS THREADS)
-kv_add_test(penevents_test penevents_test.cpp PADS THREADS)
-kv_add_test(throwing_receivers_test throwing_receivers_test.cpp PADS THREADS)
-kv_add_test(penpackets_log_test penpackets_log_test.cpp INSIDE)
+
+kv_add_tests(pad_tests PADS
+  cancelled_threads_test.cpp devicesettings_test.cpp driver_loading_test.cpp throwing_driver_test.cpp
+  THREADS canvaswidget_test.cpp penevents_test.cpp penpackets_test.cpp throwing_receivers_test.cpp
+  RUNS kv_unruly_driver ${KV_DRIVERS_WITHOUT})
+kv_add_tests(pad_inside_tests INSIDE
+  clearcontent_test.cpp deviceinfo_test.cpp devicesettings_inside_test.cpp driver_recognition_test.cpp
+  penpackets_log_test.cpp penstates_test.cpp signmapping_test.cpp
+  THREADS canvashost_test.cpp driver_shutdown_test.cpp)

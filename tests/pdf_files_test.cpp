@@ -42,7 +42,7 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(AllPads, PdfFiles, testing::ValuesIn(allPads()), padCaseName);
 
-QRect inkOf(const QImage &image)
+QRect boxOfInk(const QImage &image)
 {
     QRect ink;
     for (int y = 0; y < image.height(); ++y) {
@@ -64,7 +64,7 @@ TEST_P(PdfFiles, AreOneA4PageWithTheCanvasInItsTopLeftAtTheResolution)
         EXPECT_TRUE(info.contains(QRegularExpression("Page size: +595 x 842 pts \\(A4\\)"))) << info.toStdString();
 
         // At 144 dots per inch the margins of 10 points are 20 dots.
-        const QRect ink = inkOf(page(144));
+        const QRect ink = boxOfInk(page(144));
         const QRect expected(20, 20, kWidth * 144 / dotsPerInch, kHeight * 144 / dotsPerInch);
         EXPECT_NEAR(ink.left(), expected.left(), 1);
         EXPECT_NEAR(ink.top(), expected.top(), 1);

@@ -1,4 +1,6 @@
 // Entry of the tests that show widgets.
+#include "testsoffile.h"
+
 #include <QApplication>
 
 #include <gtest/gtest.h>
@@ -7,5 +9,5 @@ int main(int argc, char **argv)
 {
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
-    return RUN_ALL_TESTS();
+    return runTestsOfFile(argc, argv);
 }

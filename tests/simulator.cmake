@@ -1,26 +1,27 @@
-# Tests of the pad simulator itself; the library has no part in them.
+# Tests of the pad simulator itself; the library has no part in them: its recordings, its control face, faults, the
+# recorder; and what the programs ask of a driver's file.
 
-kv_add_test(recording_test recording_test.cpp LIBRARIES kv_handwriting)
-
-kv_add_test(virtuallink_test virtuallink_test.cpp THREADS LIBRARIES kv_playback Threads::Threads ${CMAKE_DL_LIBS})
-target_include_directories(virtuallink_test PRIVATE ${PROJECT_SOURCE_DIR}/kvsignpadsdk)
-add_dependencies(virtuallink_test kvsignpaddrv)
-
-set(tests simulator_test simulator_playback_test)
-if(NOT KV_SANITIZE MATCHES "address") # which fails by itself where a thread is unwound to its end
-  list(APPEND tests driver_threads_test)
-endif()
-foreach(name IN LISTS tests)
-  kv_add_test(${name} ${name}.cpp THREADS LIBRARIES Qt5::Gui Threads::Threads ${CMAKE_DL_LIBS})
-  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/simulator ${PROJECT_SOURCE_DIR}/kvsignpadsdk)
-  add_dependencies(${name} kvsignpaddrv kvsignpaddrv_without_UnInitial)
+set(KV_DRIVERS_WITHOUT "")
+foreach(operation IN LISTS SIM_OPERATIONS)
+  list(APPEND KV_DRIVERS_WITHOUT kvsignpaddrv_without_${operation})
 endforeach()
+
+if(NOT KV_SANITIZE MATCHES address) # which fails by itself where a thread is unwound to its end
+  set(unwound driver_threads_test.cpp)
+endif()
+kv_add_tests(simulator_tests
+  driverfile_test.cpp recording_test.cpp scramble_recording_test.cpp
+  THREADS ${unwound} faultplayback_test.cpp recorder_processes_test.cpp recorder_test.cpp
+    simulator_playback_test.cpp simulator_test.cpp virtuallink_test.cpp
+  LIBRARIES kv_driverfile kv_handwriting kv_playback Qt5::Gui Threads::Threads ${CMAKE_DL_LIBS}
+  DEFINES KV_SCRAMBLE="$<TARGET_FILE:kv-scramble-recording>"
+  RUNS kvsignpaddrv kvsignpaddrv_recorder kvsignpaddrv_without_UnInitial kvsignpaddrv_without_GetDevicePadID
+    kv-scramble-recording)
 
 # A host of its own: an interpreter that is not sanitized cannot load what is.
 find_program(KV_PYTHON python3)
-if(KV_PYTHON AND NOT KV_SANITIZE)
-  kv_add_test(host_ends_test host_ends_test.cpp LIBRARIES Qt5::Core)
-  target_compile_definitions(host_ends_test PRIVATE
-    KV_ENDING_HOST="${CMAKE_CURRENT_SOURCE_DIR}/hosts/ending_host.py" KV_LIBRARY="$<TARGET_FILE:kvsignpadsdk>")
-  add_dependencies(host_ends_test kvsignpadsdk kvsignpaddrv)
+if(KV_PYTHON)
+  kv_add_tests(host_ends_test UNSANITIZED host_ends_test.cpp LIBRARIES Qt5::Core
+    DEFINES KV_ENDING_HOST="${CMAKE_CURRENT_SOURCE_DIR}/hosts/ending_host.py" KV_LIBRARY="$<TARGET_FILE:kvsignpadsdk>"
+    RUNS kvsignpadsdk kvsignpaddrv)
 endif()

@@ -1,0 +1,176 @@
+# How test programs are made, and how ctest runs them.
+
+# Tests are built often and run shortly: compiled without optimisation, which takes less than half the time.
+set(KV_TEST_OPTIONS -O0 -g1)
+if(KV_SANITIZE)
+  list(APPEND KV_TEST_OPTIONS -fno-sanitize=undefined) # of the tests themselves
+endif()
+find_program(KV_GOLD ld.gold) # links a test in a quarter of the time
+if(KV_GOLD)
+  set(KV_TEST_LINK_OPTIONS -fuse-ld=gold)
+endif()
+
+# For all test programs: where the repository and the build are, and what is in them.
+add_library(kv_test_settings INTERFACE)
+target_include_directories(kv_test_settings INTERFACE
+  ${CMAKE_CURRENT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/simulator ${PROJECT_SOURCE_DIR}/kvsignpadsdk)
+target_compile_definitions(kv_test_settings INTERFACE
+  KV_SOURCE_DIRECTORY="${PROJECT_SOURCE_DIR}" KV_BUILD_DIRECTORY="${CMAKE_BINARY_DIR}"
+  KV_TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}/data" KV_RECORDINGS="${PROJECT_SOURCE_DIR}/simulator/recordings"
+  KV_KVSIGN="${CMAKE_BINARY_DIR}/tools/bin/kvsign" $<$<BOOL:${KV_SANITIZE}>:KV_SANITIZED>)
+target_compile_options(kv_test_settings INTERFACE ${KV_TEST_OPTIONS})
+target_link_libraries(kv_test_settings INTERFACE GTest::gtest kv_warnings)
+
+# What tests share, and what most include, compiled once: pads opened on the simulated driver, pictures to compare with,
+# other programs run. It goes with the library or with its inside.
+add_library(kv_harness STATIC
+  everycall.cpp exportedcalls_table.cpp fingerprints.cpp inkpicture.cpp openpad.cpp outsidecommand.cpp readsvg.cpp)
+target_link_libraries(kv_harness
+  PUBLIC Qt5::Core Qt5::Gui Qt5::Widgets Qt5::Svg Threads::Threads ${CMAKE_DL_LIBS} PRIVATE kv_test_settings)
+target_precompile_headers(kv_harness PRIVATE testheaders.h)
+
+# The entries of the programs: with a QApplication and without.
+add_library(kv_test_main STATIC qtmain.cpp testsoffile.cpp)
+add_library(kv_test_plain_main STATIC plainmain.cpp testsoffile.cpp)
+target_link_libraries(kv_test_main PRIVATE Qt5::Widgets kv_test_settings)
+target_link_libraries(kv_test_plain_main PRIVATE kv_test_settings)
+
+# Tests share the library's log files and its SVG file in /tmp. Side by side each has a /tmp of its own, where the system
+# lets it; elsewhere those that share one of these files, which these words in their sources tell, wait for each other.
+set(KV_APART ${CMAKE_CURRENT_SOURCE_DIR}/apart ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} --)
+execute_process(COMMAND ${KV_APART} true RESULT_VARIABLE KV_NOT_APART OUTPUT_QUIET ERROR_QUIET)
+if(KV_NOT_APART)
+  message(STATUS "Tests have no /tmp of their own here; those that share files in it run one after another")
+  set(KV_APART "")
+endif()
+set(KV_SHARES_FILES "logfile\\.h|logmessages\\.h|svgfiles\\.h|[sS][vV][gG]|KVeSign|everycall|exportedcalls_table|virtual")
+
+set(KV_TEST_ENVIRONMENT
+  "QT_QPA_PLATFORM=offscreen"
+  "TSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/tsan.supp halt_on_error=1"
+  "LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/lsan.supp")
+
+# kv_run_test(<name> <source> <command>...): one test of ctest's, for which the source tells what it shares
+function(kv_run_test name source)
+  add_test(NAME ${name} COMMAND ${KV_APART} ${ARGN} WORKING_DIRECTORY ${KV_DRIVER_DIRECTORY})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 600 ENVIRONMENT "${KV_TEST_ENVIRONMENT}")
+  file(STRINGS ${source} shared REGEX "${KV_SHARES_FILES}" LIMIT_COUNT 1)
+  if(KV_NOT_APART AND shared)
+    set_property(TEST ${name} APPEND PROPERTY RESOURCE_LOCK kvsignpadsdk_files)
+  endif()
+endfunction()
+
+# kv_environment(<test> <variable>=<value>...), kv_label(<label> <test>...): more about tests, where the build has them
+function(kv_environment test)
+  set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT ${ARGN})
+endfunction()
+function(kv_label label)
+  foreach(test IN LISTS ARGN)
+    if(TEST ${test})
+      set_property(TEST ${test} APPEND PROPERTY LABELS ${label})
+    endif()
+  endforeach()
+endfunction()
+
+# What the tsan preset builds and runs: the tests labelled threads.
+add_custom_target(kv_threads_tests)
+if(KV_SANITIZE MATCHES thread)
+  set(KV_ONLY_THREADS TRUE)
+endif()
+
+# kv_units(<variable> <program> <source>...): sources that hold up to six of the tests each, see unit.cmake
+function(kv_units variable program)
+  set(units "")
+  list(LENGTH ARGN left)
+  while(left GREATER 0)
+    list(SUBLIST ARGN 0 6 sources)
+    list(REMOVE_ITEM ARGN ${sources})
+    list(LENGTH ARGN left)
+    list(LENGTH sources count)
+    if(count EQUAL 1)
+      list(APPEND units ${sources})
+      continue()
+    endif()
+    list(TRANSFORM sources PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+    list(LENGTH units number)
+    set(unit ${CMAKE_CURRENT_BINARY_DIR}/units/${program}_${number}.cpp)
+    string(REPLACE ";" "|" list "${sources}")
+    add_custom_command(OUTPUT ${unit}
+      COMMAND ${CMAKE_COMMAND} -DOUTPUT=${unit} "-DSOURCES=${list}" -P ${CMAKE_CURRENT_SOURCE_DIR}/unit.cmake
+      DEPENDS ${sources} ${CMAKE_CURRENT_SOURCE_DIR}/unit.cmake COMMENT "Joining tests of ${program}" VERBATIM)
+    list(APPEND units ${unit})
+  endwhile()
+  set(${variable} ${units} PARENT_SCOPE)
+endfunction()
+
+# kv_add_tests(<program> <name>_test.cpp... [THREADS <name>_test.cpp...] [UNSANITIZED <name>_test.cpp...]
+#   [PADS | INSIDE] [NO_APPLICATION] [SOURCES ...] [LIBRARIES ...] [DEFINES ...] [RUNS ...])
+# A program; ctest runs each <name>_test.cpp as <name>_test, in a process of its own. What replaces functions of the
+# system or of Qt needs a program of its own.
+# THREADS: run under ThreadSanitizer too; a build with it leaves the others out.
+# UNSANITIZED: built, but not run, under the other sanitizers.
+# PADS: with the harness above, on the shared library's exported functions, and with a QApplication.
+# INSIDE: the same with the library's inside. Without either the tests bring what they need and have no application.
+# NO_APPLICATION: PADS, without the QApplication.
+# SOURCES: further sources. RUNS: targets that the tests run or load.
+function(kv_add_tests program)
+  cmake_parse_arguments(arg "PADS;INSIDE;NO_APPLICATION" "" "THREADS;UNSANITIZED;SOURCES;LIBRARIES;DEFINES;RUNS" ${ARGN})
+  set(tests ${arg_THREADS})
+  if(NOT KV_ONLY_THREADS)
+    list(APPEND tests ${arg_UNPARSED_ARGUMENTS} ${arg_UNSANITIZED})
+  endif()
+  if(NOT tests)
+    return()
+  endif()
+  kv_units(units ${program} ${tests})
+  add_executable(${program} ${units} ${arg_SOURCES})
+  if(arg_INSIDE OR arg_PADS)
+    target_link_libraries(${program} PRIVATE kv_harness $<IF:$<BOOL:${arg_INSIDE}>,kvsignpadsdk_inside,kvsignpadsdk>)
+    target_precompile_headers(${program} REUSE_FROM kv_harness)
+    list(APPEND arg_RUNS kvsignpaddrv)
+  endif()
+  if((arg_INSIDE OR arg_PADS) AND NOT arg_NO_APPLICATION)
+    target_link_libraries(${program} PRIVATE kv_test_main)
+  else()
+    target_link_libraries(${program} PRIVATE kv_test_plain_main)
+  endif()
+  target_link_libraries(${program} PRIVATE kv_test_settings ${arg_LIBRARIES})
+  target_link_options(${program} PRIVATE ${KV_TEST_LINK_OPTIONS})
+  target_compile_definitions(${program} PRIVATE ${arg_DEFINES})
+  if(arg_RUNS)
+    add_dependencies(${program} ${arg_RUNS})
+  endif()
+  if(KV_SANITIZE)
+    list(REMOVE_ITEM tests ${arg_UNSANITIZED})
+  endif()
+  foreach(source IN LISTS tests)
+    get_filename_component(name ${source} NAME_WE)
+    kv_run_test(${name} ${source} $<TARGET_FILE:${program}> --file=${source})
+  endforeach()
+  foreach(source IN LISTS arg_THREADS)
+    get_filename_component(name ${source} NAME_WE)
+    kv_label(threads ${name})
+  endforeach()
+  if(arg_THREADS)
+    add_dependencies(kv_threads_tests ${program})
+  endif()
+endfunction()
+
+# kv_add_test(<name> <source>... [PADS | INSIDE] [THREADS] [LIBRARIES ...]): a program of its own
+function(kv_add_test name)
+  cmake_parse_arguments(arg "PADS;INSIDE;THREADS" "" "LIBRARIES" ${ARGN})
+  set(tests ${arg_UNPARSED_ARGUMENTS})
+  list(FILTER tests INCLUDE REGEX "_test\\.cpp$")
+  list(FILTER arg_UNPARSED_ARGUMENTS EXCLUDE REGEX "_test\\.cpp$|/inkpicture|^inkpicture|^everycall|TARGET_OBJECTS")
+  list(REMOVE_ITEM arg_LIBRARIES kv_outside_command kv_kvsign_tests kv_test_fingerprints)
+  if(arg_THREADS)
+    list(PREPEND tests THREADS)
+  endif()
+  set(face "")
+  if(arg_INSIDE)
+    set(face INSIDE)
+  elseif(arg_PADS)
+    set(face PADS)
+  endif()
+  kv_add_tests(${name} ${tests} ${face} SOURCES ${arg_UNPARSED_ARGUMENTS} LIBRARIES ${arg_LIBRARIES})
+endfunction()
