@@ -273,9 +273,9 @@ KVSIGNPADSDK_EXPORT void KVM450_FreeSVGImageBase64Data(int nDeviceType, char *pE
 
 /// Turns a text back: an image text into a file of that format at the path, an ink record (EBITI_INK) into decoded
 /// points for the two functions below. Any earlier decoded points are gone. Characters outside the alphabet are
-/// skipped. Of images all that Qt loads is written, a JPEG or BMP that is cut off too, but for what would cost too much:
-/// more pixels than any canvas has (2^29), a JPEG of more than 100 scans, and a JPEG or BMP of more than 16 million
-/// pixels that has less than a byte for 1000 of them.
+/// skipped. Of images all that Qt loads is written, a JPEG or BMP that is cut off too, but for what would cost too
+/// much: more pixels than any canvas has (2^29), a JPEG of more than 100 scans, and a JPEG or BMP of more than 16
+/// million pixels that has less than a byte for 1000 of them.
 /// @return ARI_SUCCESS; ARI_INVALID_PARAMETERS for another type or an empty text; ARI_INK_EMPTY when the image does not
 /// load in its format or cannot be written; ARI_FAIL without an instance.
 KVSIGNPADSDK_EXPORT int KVS210_Base64Decode(

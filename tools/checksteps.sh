@@ -97,7 +97,7 @@ beside_busy_loops() {
 
 # sources [FIND-CONDITION]...: the files of the repository
 sources() {
-    find . \( -name .git -o -name build -o -name demo-output \) -prune -o -type f "$@" -print
+    find . \( -name .git -o -name build -o -name demo-output -o -name node_modules \) -prune -o -type f "$@" -print
 }
 
 # The .inl files hold one forwarder a line and are left as they are.
