@@ -17,7 +17,10 @@ target_include_directories(kv_test_settings INTERFACE
 target_compile_definitions(kv_test_settings INTERFACE
   KV_SOURCE_DIRECTORY="${PROJECT_SOURCE_DIR}" KV_BUILD_DIRECTORY="${CMAKE_BINARY_DIR}"
   KV_TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}/data" KV_RECORDINGS="${PROJECT_SOURCE_DIR}/simulator/recordings"
-  KV_KVSIGN="${CMAKE_BINARY_DIR}/tools/bin/kvsign" $<$<BOOL:${KV_SANITIZE}>:KV_SANITIZED>)
+  KV_KVSIGN="${CMAKE_BINARY_DIR}/tools/bin/kvsign")
+if(KV_SANITIZE)
+  target_compile_definitions(kv_test_settings INTERFACE KV_SANITIZED)
+endif()
 target_compile_options(kv_test_settings INTERFACE ${KV_TEST_OPTIONS})
 target_link_libraries(kv_test_settings INTERFACE GTest::gtest kv_warnings)
 
