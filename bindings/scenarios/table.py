@@ -37,6 +37,10 @@ class Scenario:
     exit_code: int = 0
     compared: tuple[str, ...] = ()
     """Files that must be those that C writes."""
+    action: str = ""
+    """The scenario by whose name the runner is started, when it is not its own."""
+    version: str = ""
+    """Runs with a stand-in for the library that says it has this version, and whose functions do nothing."""
 
 
 POINTS = "the recording's points"
@@ -150,5 +154,26 @@ SCENARIOS = (
         "a pad. directory: whether the process is still in the directory that it was started in, after a pad was "
         "opened and closed.",
         {"functions": 156, "points": -8, "directory": True},
+    ),
+    Scenario(
+        "older",
+        "Opens a pad, twice, with a library that is older than the bindings.",
+        {"first": "VersionMismatch", "again": "VersionMismatch"},
+        action="missing",
+        version="1.0.4.9",
+    ),
+    Scenario(
+        "major",
+        "The same with a library of the next major version.",
+        {"first": "VersionMismatch", "again": "VersionMismatch"},
+        action="missing",
+        version="2.0.0.0",
+    ),
+    Scenario(
+        "later",
+        "The same with a later library of this major version, which serves: it is asked for the pad, and has none.",
+        {"first": "PadNotFound", "again": "PadNotFound"},
+        action="missing",
+        version="1.10.0.0",
     ),
 )
