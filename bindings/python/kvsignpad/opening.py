@@ -28,6 +28,10 @@ def claim(pad: Pad) -> None:
     """Makes it the one pad of the process. It is held until it is closed: a pad that is forgotten is closed at exit."""
     global _open_pad
     with _opening:
+        if _open_pad is not None and _open_pad.inherited:
+            raise AlreadyOpen(
+                f"{_open_pad!r} was open when this process was forked, and is its parent's: fork before a pad is opened"
+            )
         if _open_pad is not None:
             raise AlreadyOpen(
                 f"{_open_pad!r} is open, and the library has one pad at a time: close it, or kvsignpad.open_pad().close()"
@@ -48,9 +52,12 @@ def driver_directory(directory: str | os.PathLike[str] | None) -> Iterator[None]
     if directory is None:
         yield
         return
-    before = os.open(".", os.O_RDONLY | os.O_DIRECTORY | os.O_CLOEXEC)
+    before = os.open(".", os.O_PATH | os.O_DIRECTORY | os.O_CLOEXEC)  # O_PATH: it may be one that cannot be listed
     try:
-        os.chdir(directory)
+        try:
+            os.chdir(directory)
+        except OSError as error:
+            raise DriverNotFound(f"the pad driver's folder cannot be entered: {error}") from error
         try:
             yield
         finally:
@@ -61,7 +68,7 @@ def driver_directory(directory: str | os.PathLike[str] | None) -> Iterator[None]
 
 def why_not_opened(model: str, directory: str | os.PathLike[str] | None) -> DriverNotFound | PadNotFound:
     """What most likely kept a pad from being opened."""
-    place = os.path.abspath(os.fspath(directory) if directory is not None else ".")
+    place = os.path.abspath(os.fsdecode(directory) if directory is not None else ".")
     if not os.path.exists(os.path.join(place, DRIVER)):
         return DriverNotFound(
             f"there is no {DRIVER} in {place}: name the pad driver's folder, Pad(..., driver=\"/its/folder\")"
@@ -78,4 +85,10 @@ def _close_at_exit() -> None:
         pad.close()
 
 
+def _forked() -> None:
+    global _opening
+    _opening = threading.Lock()  # another thread of the parent may have held it
+
+
 atexit.register(_close_at_exit)
+os.register_at_fork(after_in_child=_forked)

@@ -4,6 +4,7 @@ from __future__ import annotations
 
 import asyncio
 import base64
+import contextlib
 import ctypes
 import functools
 import os
@@ -13,7 +14,7 @@ from types import TracebackType
 from typing import Any, AsyncIterator, Callable, Iterator, Optional, TypeVar
 
 from . import lowlevel, opening, receivers, sdk, settings
-from .errors import CommandFailed, NoInk, NotSaved, NotSupported, PadClosed, PadLost
+from .errors import CommandFailed, NoInk, NotSaved, NotSupported, PadClosed, PadError, PadLost
 from .host import widget_address
 from .info import PadInfo, device_info, device_text
 from .ink import Ink
@@ -53,8 +54,7 @@ class Pad:
     ) -> None:
         if model not in lowlevel.FAMILIES:
             raise ValueError(f"{model!r} is no model: {', '.join(lowlevel.FAMILIES)}")
-        if min(size) < 1:
-            raise ValueError(f"a canvas has at least one pixel, not {size!r}")
+        size = settings.canvas(size)
         self.model = model
         self.size = size
         self._library = sdk.library()
@@ -66,6 +66,7 @@ class Pad:
         self._live_kind: str | None = None
         self._closed = False
         self._closing = threading.Lock()
+        self._process = os.getpid()
         opening.claim(self)
         try:
             address = None if parent is None else widget_address(parent)
@@ -91,7 +92,10 @@ class Pad:
         self._raw("SignPadEventCallback", receivers.on_event)
 
     def close(self) -> None:
-        """Ends the work with the pad; what was written and not taken is gone. Closing twice does nothing."""
+        """Ends the work with the pad; what was written and not taken is gone. Closing twice does nothing, nor does
+        closing in a forked child: the pad is its parent's."""
+        if self.inherited:
+            return
         with self._closing:
             if self._closed:
                 return
@@ -108,6 +112,11 @@ class Pad:
     @property
     def closed(self) -> bool:
         return self._closed
+
+    @property
+    def inherited(self) -> bool:
+        """Whether this process was forked from the one that opened the pad: only that one can use it."""
+        return os.getpid() != self._process
 
     def __enter__(self) -> Pad:
         return self
@@ -132,8 +141,8 @@ class Pad:
     ) -> None:
         """Sets the pen for strokes to come: the width's level (1 to 10, at first 3), the colour ("navy", "#001a57",
         (0, 26, 87); at first black), and whether the width follows the pressure (at first it does)."""
-        if width is not None and not 1 <= width <= 10:
-            raise ValueError(f"a pen's width is 1 to 10, not {width}")
+        if width is not None and width not in range(1, 11):
+            raise ValueError(f"a pen's width is a whole number from 1 to 10, not {width}")
         rgb = None if color is None else settings.color(color)
         if width is not None:
             self._command("SetPenWidth", width)
@@ -170,15 +179,19 @@ class Pad:
 
     def taps(self) -> Iterator[Tap]:
         """The taps as they come, until the pad is closed."""
-        while (tap := self.wait()) is not None:
-            yield tap
+        self._check_open()
+        with contextlib.suppress(PadClosed):
+            while (tap := self.wait()) is not None:
+                yield tap
 
     def on_tap(self, handler: Callable[[Tap], None]) -> None:
         """Calls the handler for each tap to come, on a thread that waits for nothing else: it may take its time, and
-        may close the pad. What it raises goes to threading.excepthook. Set one handler a pad."""
+        may close the pad. What it raises goes to threading.excepthook. Another handler takes the place of the first."""
         self._check_open()
         mailbox: Mailbox[Tap] = Mailbox()
-        self._receivers.handled_taps = mailbox
+        replaced, self._receivers.handled_taps = self._receivers.handled_taps, mailbox
+        if replaced is not None:
+            replaced.close()  # its thread ends
 
         def serve() -> None:
             while (tap := mailbox.get()) is not None:
@@ -261,7 +274,7 @@ class Pad:
         """The signature as SVG, drawn anew from the points. (The library also leaves it in /tmp/KVeSign.svg.)"""
         return self._picture("GetSVGImageBase64Data").decode()
 
-    def save(self, path: str | os.PathLike[str], *, dpi: int = 300, transparent: bool = True) -> None:
+    def save(self, path: str | bytes | os.PathLike[str], *, dpi: int = 300, transparent: bool = True) -> None:
         """Writes the signature; the name's ending says how: .png .jpg .bmp .pdf .svg. dpi: 150 or 300.
 
         Raises NoInk or NotSaved; an earlier file of that name is then as it was.
@@ -286,14 +299,16 @@ class Pad:
         as long as the pad is open, and the pad's next packet waits for it.
         """
         self._start_live(kind)
-        while (image := self._next(self._receivers.images, timeout)) is not None:
-            yield image
+        with contextlib.suppress(PadClosed):
+            while (image := self._next(self._receivers.images, timeout)) is not None:
+                yield image
 
     async def live_async(self, kind: str = "PNG", *, timeout: float | None = None) -> AsyncIterator[bytes]:
         """As live, for `async for`."""
         self._start_live(kind)
-        while (image := await self._anext(self._receivers.images, timeout)) is not None:
-            yield image
+        with contextlib.suppress(PadClosed):
+            while (image := await self._anext(self._receivers.images, timeout)) is not None:
+                yield image
 
     def _start_live(self, kind: str) -> None:
         if kind not in ("PNG", "JPEG"):
@@ -310,9 +325,7 @@ class Pad:
         parent)."""
         if kind not in ("PNG", "JPEG"):
             raise ValueError(f"the office canvas gives PNG or JPEG, not {kind!r}")
-        if min(size) < 1:
-            raise ValueError(f"an office canvas has at least one pixel, not {size!r}")
-        if not self._call("InitialWPSSignCanvas", *size):
+        if not self._call("InitialWPSSignCanvas", *settings.canvas(size)):
             raise NotSupported("a pad in a window has no office canvas")
         return self._picture("WPSBase64Encode", EncodedImageType[kind])
 
@@ -335,6 +348,8 @@ class Pad:
 
     def fingerprint(self, kind: str = "PNG", *, only: bool = True) -> bytes:
         """The fingerprint's picture as "PNG", "JPEG" or "BITMAP"; only: cut to its rectangle (S310X)."""
+        if kind not in ("PNG", "JPEG", "BITMAP"):
+            raise ValueError(f"the fingerprint's picture is PNG, JPEG or BITMAP, not {kind!r}")
         picture = self._encoded("GetFPImageBase64Data", EncodedImageType[kind], only)
         if picture is None:
             raise NotSupported("the fingerprint has no picture of its own yet: call place_fingerprint first")
@@ -348,6 +363,8 @@ class Pad:
     # --- Calls ---
 
     def _check_open(self) -> None:
+        if self.inherited:
+            raise PadError("the pad is the parent process's: use it there, or fork before a pad is opened")
         if self._closed:
             raise PadClosed("the pad is closed: open a new one with Pad(...)")
 

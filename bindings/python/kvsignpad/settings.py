@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import operator
 import os
 import re
 from typing import Tuple, Union
@@ -10,6 +11,8 @@ from . import lowlevel
 from .lowlevel import ImageType
 
 Color = Union[str, Tuple[int, int, int]]
+
+_MOST = 2**31 - 1  # of a C int
 
 _SUFFIXES = {
     ".bmp": ImageType.BITMAP,
@@ -38,17 +41,25 @@ def color(value: Color) -> tuple[int, int, int]:
     return red, green, blue
 
 
-def margins(value: int | tuple[int, int]) -> tuple[int, int]:
-    """Margins across and down, in pixels."""
-    across, down = (value, value) if isinstance(value, int) else value
-    if across < 0 or down < 0:
-        raise ValueError(f"a margin is 0 pixels or more, not {value!r}")
+def canvas(size: tuple[int, int]) -> tuple[int, int]:
+    """Width and height in pixels."""
+    across, down = (operator.index(value) for value in size)
+    if not (1 <= across <= _MOST and 1 <= down <= _MOST):
+        raise ValueError(f"a canvas has one pixel or more, and its sides fit into an int: not {size!r}")
     return across, down
 
 
-def file_type(path: str | os.PathLike[str], transparent: bool) -> tuple[str, ImageType]:
+def margins(value: int | tuple[int, int]) -> tuple[int, int]:
+    """Margins across and down, in pixels."""
+    across, down = (value, value) if isinstance(value, int) else value
+    if not (0 <= across <= _MOST and 0 <= down <= _MOST):
+        raise ValueError(f"a margin is 0 pixels or more, and fits into an int: not {value!r}")
+    return across, down
+
+
+def file_type(path: str | bytes | os.PathLike[str], transparent: bool) -> tuple[str, ImageType]:
     """The file's whole name, and what the library is to write into it."""
-    name = os.path.abspath(os.fspath(path))
+    name = os.path.abspath(os.fsdecode(path))
     if "\0" in name:
         raise ValueError("a file's name holds no zero character")
     suffix = os.path.splitext(name)[1].lower()

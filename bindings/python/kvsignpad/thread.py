@@ -11,7 +11,7 @@ import queue
 import threading
 from typing import Any, Callable, Generic, Protocol, TypeVar
 
-from .errors import PadError, WrongThread
+from .errors import WrongThread
 
 T = TypeVar("T")
 
@@ -50,12 +50,9 @@ class PadThread:
         self._jobs: queue.SimpleQueue[_Job[Any]] = queue.SimpleQueue()
         self._starting = threading.Lock()
         self._thread: threading.Thread | None = None
-        self._process = os.getpid()
 
     def run(self, work: Callable[[], T]) -> T:
         """The result of the work, or its exception."""
-        if os.getpid() != self._process:
-            raise PadError("the pad belongs to the process that this one was forked from: open it there or here, once")
         self._start()
         if threading.current_thread() is self._thread:
             return work()
@@ -88,3 +85,6 @@ class CallersThread:
 
 
 pad_thread = PadThread()
+
+# A forked child has none of its parent's threads: it begins anew, so that a program may fork first and open a pad then.
+os.register_at_fork(after_in_child=lambda: PadThread.__init__(pad_thread))

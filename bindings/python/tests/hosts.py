@@ -8,15 +8,17 @@ from __future__ import annotations
 import asyncio
 import os
 import sys
+import tempfile
 import threading
 import unittest
 import xml.dom.minidom
 from pathlib import Path
+from typing import Callable
 
 import numpy
 from PyQt5.QtWidgets import QApplication, QWidget
 
-from kvsignpad import Ink, NotSupported, Pad, PadClosed, PadError, PadLost, Tap, WrongThread, open_pad
+from kvsignpad import AlreadyOpen, DriverNotFound, Ink, NotSupported, Pad, PadClosed, PadError, PadLost, Tap, WrongThread, open_pad
 
 DRIVER = sys.argv.pop(1)
 RECORDINGS = Path(__file__).resolve().parents[3] / "bindings" / "scenarios" / "recordings"
@@ -146,6 +148,94 @@ class Threads(unittest.TestCase):
                 os._exit(1)
             self.assertEqual(os.waitstatus_to_exitcode(os.waitpid(child, 0)[1]), 5)
             self.assertEqual(len(pad), 0)
+
+    def _in_child(self, work: Callable[[], bool]) -> int:
+        """The exit code of a forked child: 5 when the work is done and answers true."""
+        child = os.fork()
+        if child == 0:
+            try:
+                os._exit(5 if work() else 1)
+            finally:
+                os._exit(2)
+        return os.waitstatus_to_exitcode(os.waitpid(child, 0)[1])
+
+    def test_forked_child_opens_a_pad_of_its_own(self) -> None:
+        def capture() -> bool:
+            with Pad("S300", driver=DRIVER) as pad:
+                return pad.wait(timeout=60) is Tap.CONFIRM and len(pad) == 763
+
+        with Environment("KVSIM_RECORDING", "none"):
+            Pad("S300", driver=DRIVER).close()
+        self.assertEqual(self._in_child(capture), 5)
+
+    def test_forked_child_leaves_its_parents_pad_alone(self) -> None:
+        def open_and_close() -> bool:
+            pad = open_pad()
+            assert pad is not None
+            pad.close()
+            try:
+                Pad("S300", driver=DRIVER)
+            except AlreadyOpen:
+                return not pad.closed
+            return False
+
+        with Environment("KVSIM_DELAY_MS", "500"), Pad("S300", driver=DRIVER) as pad:
+            self.assertEqual(self._in_child(open_and_close), 5)
+            self.assertIs(pad.wait(timeout=60), Tap.CONFIRM)
+
+
+class WrongUse(unittest.TestCase):
+    def test_folder_that_cannot_be_entered(self) -> None:
+        for folder in ("missing", __file__):
+            with self.assertRaises(DriverNotFound):
+                Pad("S300", driver=folder)
+            self.assertIsNone(open_pad())
+
+    def test_sizes_that_no_int_holds(self) -> None:
+        for size in ((2**32 + 10, 10), (10, 0), (10, -1)):
+            with self.assertRaises(ValueError):
+                Pad("S300", size=size, driver=DRIVER)
+            self.assertIsNone(open_pad())
+
+    def test_pad_closed_by_who_reads_its_taps_and_images(self) -> None:
+        taps = []
+        with Pad("S210", driver=DRIVER) as pad:
+            for tap in pad.taps():
+                taps.append(tap)
+                pad.close()
+        self.assertEqual(taps, [Tap.CONFIRM])
+        images = 0
+        with Pad("S210", driver=DRIVER) as pad:
+            for _ in pad.live("PNG"):
+                images += 1
+                pad.close()
+        self.assertEqual(images, 1)
+
+    def test_second_handler_takes_the_first_ones_place(self) -> None:
+        tapped = threading.Event()
+        with Environment("KVSIM_RECORDING", "signature"), Pad("S300", driver=DRIVER) as pad:
+            pad.on_tap(lambda tap: None)
+            first = [thread for thread in threading.enumerate() if thread.name == "kvsignpad taps"]
+            pad.on_tap(lambda tap: tapped.set())
+            first[-1].join(60)
+            self.assertFalse(first[-1].is_alive())
+            self.assertTrue(tapped.wait(60))
+
+    def test_values_that_make_no_sense(self) -> None:
+        with Environment("KVSIM_RECORDING", "none"), Pad("S310X", driver=DRIVER) as pad:
+            with self.assertRaises(ValueError):
+                pad.fingerprint("GIF")
+            with self.assertRaises(ValueError):
+                pad.pen(width=2.5)  # type: ignore[arg-type]
+            with self.assertRaises(ValueError):
+                pad.clip(2**31)
+
+    def test_a_file_named_by_bytes(self) -> None:
+        with tempfile.TemporaryDirectory() as place, Pad("S300", driver=DRIVER) as pad:
+            pad.wait(timeout=60)
+            name = os.path.join(os.fsencode(place), "ü.png".encode())
+            pad.save(name)
+            self.assertTrue(os.path.exists(name))
 
 
 class Notebook(unittest.TestCase):
