@@ -14,12 +14,12 @@ import java.io.File;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.time.Duration;
+import java.time.temporal.ChronoUnit;
 import java.util.Arrays;
 import java.util.LinkedHashMap;
 import java.util.Map;
 import java.util.Optional;
 import java.util.concurrent.CompletableFuture;
-import java.util.concurrent.Executors;
 import java.util.concurrent.TimeUnit;
 import java.util.stream.Collectors;
 
@@ -51,6 +51,7 @@ public final class Scenarios {
             Map.entry("exit", Scenarios::exit),
             Map.entry("forgotten", Scenarios::forgotten),
             Map.entry("errors", Scenarios::errors),
+            Map.entry("inside", Scenarios::inside),
             Map.entry("missing", Scenarios::missing),
             Map.entry("lowlevel", Scenarios::lowlevel),
             Map.entry("bench", Scenarios::bench));
@@ -134,7 +135,7 @@ public final class Scenarios {
 
     private static Map<String, Object> cancel() throws Exception {
         try (Pad pad = open()) {
-            return answer("tap", name(pad.await(LONG)), "points", pad.points());
+            return answer("tap", name(pad.await(ChronoUnit.FOREVER.getDuration())), "points", pad.points());
         }
     }
 
@@ -219,9 +220,26 @@ public final class Scenarios {
         }
     }
 
+    private static Map<String, Object> inside() throws Exception {
+        Pad pad = open();
+        CompletableFuture<Integer> taps = new CompletableFuture<>();
+        int[] told = {0};
+        pad.onTap(tap -> {
+            if (pad.isClosed()) {
+                return; // one that was on its way already
+            }
+            ++told[0];
+            pad.close();
+            taps.complete(told[0]);
+        }, Runnable::run); // as what follows nextTap() runs
+        int first = taps.get();
+        open().close();
+        return answer("taps", first, "closed", pad.isClosed());
+    }
+
     private static Map<String, Object> exit() throws Exception {
         Pad pad = open();
-        pad.onTap(tap -> System.exit(7), Executors.newSingleThreadExecutor());
+        pad.nextTap().thenAccept(tap -> System.exit(7)); // no executor of its own
         Thread.sleep(TimeUnit.HOURS.toMillis(1));
         return answer("open", !pad.isClosed());
     }
@@ -235,10 +253,12 @@ public final class Scenarios {
     private static Map<String, Object> errors() throws Exception {
         Files.createDirectory(Path.of("empty"));
         String none = error(() -> Pad.open(model, 400, 226, Path.of("empty").toAbsolutePath()));
+        String nowhere = error(() -> Pad.open(model, 400, 226, Path.of("not-there/below")));
         Pad pad = open();
         pad.await(LONG);
         Map<String, Object> answer = answer(
                 "driver", none,
+                "nowhere", nowhere,
                 "second", error(Scenarios::open),
                 "unsupported", error(() -> pad.liveImage(ImageKind.PNG, LONG)),
                 "width", error(() -> pad.penWidth(11)),

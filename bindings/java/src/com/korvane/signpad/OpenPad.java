@@ -47,7 +47,7 @@ final class OpenPad {
         if (directory == null) {
             return work.call();
         }
-        int before = Sdk.C.INSTANCE.open(".", Sdk.C.O_RDONLY_CLOEXEC);
+        int before = Sdk.C.INSTANCE.open(".", Sdk.C.O_PATH_CLOEXEC);
         if (Sdk.C.INSTANCE.chdir(directory.toString()) != 0) {
             Sdk.C.INSTANCE.close(before);
             throw new PadException.DriverNotFound("there is no directory " + directory);

@@ -223,7 +223,7 @@ public final class Pad implements AutoCloseable {
     }
 
     /**
-     * Calls the listener for each tap to come. The driver's thread only hands the tap to the executor.
+     * Calls the listener for each tap to come. The executor never runs on the driver's thread.
      *
      * @param listener may take its time, and may close the pad
      * @param executor where it runs

@@ -16,6 +16,9 @@ import java.util.concurrent.TimeUnit;
 final class PadWatch {
     private static final Duration ASK_EVERY = Duration.ofMillis(500);
 
+    /** So long that nobody sees its end, and short enough for a count of nanoseconds. */
+    private static final Duration FOR_EVER = Duration.ofDays(36_500);
+
     private final Pad pad;
     private final List<CompletableFuture<?>> waiting = new CopyOnWriteArrayList<>();
     private ScheduledExecutorService clock;
@@ -28,12 +31,12 @@ final class PadWatch {
     /** The next item; empty when the time is over or the pad was closed. */
     <T> Optional<T> next(Mailbox<T> mailbox, Duration time) throws InterruptedException {
         pad.checkOpen();
-        long end = System.nanoTime() + time.toNanos();
+        long end = System.nanoTime() + (time.compareTo(FOR_EVER) < 0 ? time : FOR_EVER).toNanos();
         int failed = 0;
         while (true) {
             Duration left = Duration.ofNanos(Math.max(0, end - System.nanoTime()));
             T item = mailbox.poll(left.compareTo(ASK_EVERY) < 0 ? left : ASK_EVERY);
-            if (item != null || mailbox.isClosed() || System.nanoTime() >= end) {
+            if (item != null || mailbox.isClosed() || System.nanoTime() - end >= 0) {
                 return Optional.ofNullable(item);
             }
             failed = answers() ? 0 : failed + 1;

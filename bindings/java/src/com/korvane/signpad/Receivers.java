@@ -4,6 +4,8 @@ import com.sun.jna.Pointer;
 import java.util.Base64;
 import java.util.List;
 import java.util.concurrent.CopyOnWriteArrayList;
+import java.util.concurrent.ExecutorService;
+import java.util.concurrent.Executors;
 import java.util.function.Consumer;
 
 /**
@@ -13,13 +15,20 @@ import java.util.function.Consumer;
 final class Receivers {
     static volatile Receivers current;
 
+    // Not the driver's thread, which closing waits for: a listener that runs at once may close the pad, or end the program.
+    private static final ExecutorService HANDING_ON = Executors.newSingleThreadExecutor(work -> {
+        Thread thread = new Thread(work, "kvsignpad taps");
+        thread.setDaemon(true);
+        return thread;
+    });
+
     static final LowLevel.EventCallback ON_EVENT = Sdk.onDaemonThread(Receivers::onEvent);
     static final LowLevel.LiveImageCallback ON_LIVE_IMAGE = Sdk.onDaemonThread(Receivers::onLiveImage);
 
     final Mailbox<Tap> taps = new Mailbox<>(Integer.MAX_VALUE);
     final Mailbox<byte[]> images = new Mailbox<>(1);
 
-    /** Each hands the tap on and returns at once. */
+    /** Each hands the tap on to its executor, which may be one that runs it at once. */
     final List<Consumer<Tap>> listeners = new CopyOnWriteArrayList<>();
 
     void close() {
@@ -32,7 +41,7 @@ final class Receivers {
         if (receivers != null && (key == 0 || key == 1)) {
             Tap tap = Tap.values()[key];
             receivers.taps.put(tap);
-            receivers.listeners.forEach(listener -> listener.accept(tap));
+            receivers.listeners.forEach(listener -> HANDING_ON.execute(() -> listener.accept(tap)));
         }
     }
 

@@ -86,7 +86,8 @@ public final class Sdk {
     /** The C library's own functions: Java cannot change the process's directory. */
     interface C extends Library {
         C INSTANCE = Native.load("c", C.class);
-        int O_RDONLY_CLOEXEC = 0x80000;
+        /** A directory that may be entered, and perhaps not be listed. */
+        int O_PATH_CLOEXEC = 0x280000;
 
         int open(String path, int flags);
 
