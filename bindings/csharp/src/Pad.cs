@@ -137,6 +137,7 @@ namespace Korvane.Signpad
 
         /// <summary>
         /// Waits for the next tap on confirm or cancel; null when the time is over or the pad was closed meanwhile.
+        /// Timeout.InfiniteTimeSpan waits for as long as it takes.
         /// Throws PadLostException soon after the pad was unplugged.
         /// </summary>
         public Tap? Wait(TimeSpan time)
@@ -358,6 +359,8 @@ namespace Korvane.Signpad
         private bool Next<T>(Mailbox<T> mailbox, TimeSpan time, CancellationToken cancelled, out T item)
         {
             CheckOpen();
+            if (time == Timeout.InfiniteTimeSpan)
+                time = TimeSpan.MaxValue;
             Stopwatch waited = Stopwatch.StartNew();
             int failures = 0;
             while (true)

@@ -77,9 +77,10 @@ namespace Korvane.Signpad
             {
                 Directory.SetCurrentDirectory(directory);
             }
-            catch (IOException)
+            catch (Exception error) when (error is IOException || error is UnauthorizedAccessException
+                || error is ArgumentException)
             {
-                throw new DriverNotFoundException("there is no directory " + directory);
+                throw new DriverNotFoundException("the pad driver's folder cannot be entered: " + error.Message);
             }
             try
             {

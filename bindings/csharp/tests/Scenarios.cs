@@ -99,7 +99,7 @@ static class Scenarios
     {
         using (Pad pad = Open())
             return new Dictionary<string, object> {
-                { "tap", Name(pad.WaitAsync(Long).Result) }, { "points", pad.Points },
+                { "tap", Name(pad.WaitAsync(System.Threading.Timeout.InfiniteTimeSpan).Result) }, { "points", pad.Points },
             };
     }
 
@@ -200,6 +200,25 @@ static class Scenarios
         }
     }
 
+    public static Dictionary<string, object> Inside()
+    {
+        Pad pad = Open();
+        int taps = 0;
+        using (var closed = new ManualResetEventSlim())
+        {
+            pad.Tapped += tap => {
+                if (pad.IsClosed)
+                    return; // one that was on its way already
+                ++taps;
+                pad.Dispose();
+                closed.Set();
+            };
+            closed.Wait();
+        }
+        Open().Dispose();
+        return new Dictionary<string, object> { { "taps", taps }, { "closed", pad.IsClosed } };
+    }
+
     public static Dictionary<string, object> Exit()
     {
         Pad pad = Open();
@@ -219,10 +238,12 @@ static class Scenarios
     {
         Directory.CreateDirectory("empty");
         string none = Error(() => Open(model, "empty"));
+        string nowhere = Error(() => Open(model, "not-there/below"));
         Pad pad = Open();
         pad.Wait(Long);
         var answer = new Dictionary<string, object> {
             { "driver", none },
+            { "nowhere", nowhere },
             { "second", Error(() => Open()) },
             { "unsupported", Error(() => pad.LiveImage(ImageKind.Png, Long)) },
             { "width", Error(() => pad.SetPenWidth(11)) },
