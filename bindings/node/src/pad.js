@@ -62,6 +62,9 @@ export class Pad {
         if (!(Number.isInteger(width) && Number.isInteger(height) && width > 0 && height > 0)) {
             throw new RangeError(`a canvas has at least one pixel, not ${width} x ${height}`);
         }
+        if (driver !== undefined && (typeof driver !== 'string' || driver === '')) {
+            throw new RangeError(`the driver's folder is a path, not ${driver}`);
+        }
         if (current) {
             throw new AlreadyOpen(`${current} is open, and the library has one pad at a time: close it first`);
         }
@@ -159,8 +162,10 @@ export class Pad {
 
     /** The taps as they come, until the pad is closed. */
     async *taps(options) {
-        for (let tap = await this.tap(options); tap !== null; tap = await this.tap(options)) {
+        let tap = await this.tap(options);
+        while (tap !== null) {
             yield tap;
+            tap = this.#closed ? null : await this.tap(options); // whoever reads them may close the pad
         }
     }
 
@@ -277,8 +282,9 @@ export class Pad {
             throw new RangeError(`live images are png or jpeg, not ${kind}`);
         }
         this.#require('SetRealTimeSignBase64DataCallback');
+        this.#checkOpen();
         let shown = 0;
-        while (true) {
+        while (!this.#closed) {
             const image = await this.#until(timeout, signal, () => {
                 const points = this.points;
                 if (points === shown || points === 0) {
@@ -321,6 +327,9 @@ export class Pad {
     /** The fingerprint's picture: 'png', 'jpeg' or 'bmp'; only: cut to its rectangle (S310X). */
     fingerprint(kind = 'png', { only = true } = {}) {
         this.#require('GetFPImageBase64Data');
+        if (!Object.hasOwn(KINDS, kind)) {
+            throw new RangeError(`the fingerprint's picture is png, jpeg or bmp, not ${kind}`);
+        }
         const picture = this.#decoded('GetFPImageBase64Data', KINDS[kind], only);
         if (!picture) {
             throw new NotSupported('the fingerprint has no picture of its own yet: call placeFingerprint first');
@@ -429,10 +438,11 @@ function inDirectory(directory, work) {
         return work();
     }
     const before = process.cwd();
-    if (!fs.existsSync(directory)) {
-        throw new DriverNotFound(`there is no directory ${directory}`);
+    try {
+        process.chdir(directory);
+    } catch (error) {
+        throw new DriverNotFound(`the pad driver's folder cannot be entered (${error.message})`);
     }
-    process.chdir(directory);
     try {
         return work();
     } finally {
@@ -458,7 +468,7 @@ function colorOf(color) {
             ? color
             : COLORS[color.toLowerCase()] ??
               /^#([0-9a-f]{2})([0-9a-f]{2})([0-9a-f]{2})$/i.exec(color)?.slice(1).map((part) => parseInt(part, 16));
-    if (!Array.isArray(rgb) || rgb.length !== 3 || !rgb.every((part) => part >= 0 && part <= 255)) {
+    if (!Array.isArray(rgb) || rgb.length !== 3 || !rgb.every((part) => Number.isInteger(part) && part >= 0 && part <= 255)) {
         throw new RangeError(`${color} is no colour: write #rrggbb, [r, g, b], or ${Object.keys(COLORS).join(', ')}`);
     }
     return rgb;

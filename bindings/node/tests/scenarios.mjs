@@ -65,7 +65,7 @@ const scenarios = {
         return { tap };
     }),
 
-    cancel: () => withPad(async (pad) => ({ tap: await pad.tap(LONG), points: pad.points })),
+    cancel: () => withPad(async (pad) => ({ tap: await pad.tap(), points: pad.points })),
 
     timeout: () => withPad(async (pad) => ({
         tap: await pad.tap({ timeout: 300 }),
@@ -153,10 +153,12 @@ const scenarios = {
     errors: async () => {
         fs.mkdirSync('empty');
         const none = await error(() => openPad(model, { driver: 'empty' }));
+        const nowhere = await error(() => openPad(model, { driver: 'not-there/below' }));
         const pad = await open();
         await pad.tap(LONG);
         const answer = {
             driver: none,
+            nowhere,
             second: await error(() => open()),
             unsupported: await error(() => pad.live().next()),
             width: await error(() => pad.pen({ width: 11 })),
@@ -171,6 +173,17 @@ const scenarios = {
     },
 
     missing: async () => ({ first: await error(open), again: await error(open) }),
+
+    inside: async () => {
+        let taps = 0;
+        const pad = await open();
+        for await (const tap of pad.taps()) {
+            taps += tap === null ? 0 : 1;
+            await pad.close();
+        }
+        await (await open()).close();
+        return { taps, closed: pad.closed };
+    },
 
     lowlevel: async () => {
         const before = process.cwd();
