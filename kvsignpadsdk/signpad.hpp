@@ -13,6 +13,7 @@
 
 #include "signpaddetail.hpp"
 #include "signpadtable.hpp"
+#include "signpadtypes.hpp"
 #include "signpadversion.hpp"
 
 #include <chrono>
@@ -27,53 +28,6 @@
 #include <vector>
 
 namespace kv {
-
-/// In the order of detail::kFamilies.
-enum class Model
-{
-    S210,
-    S300,
-    S310X,
-    R800,
-    M450
-};
-
-/// Pixels.
-struct Size
-{
-    int width;
-    int height;
-};
-
-/// Pixels; left and top from the canvas's corner.
-struct Rect
-{
-    int left;
-    int top;
-    int width;
-    int height;
-};
-
-struct Color
-{
-    int red;
-    int green;
-    int blue;
-};
-
-enum class ImageKind
-{
-    Bmp = EBITI_BITMAP,
-    Jpeg = EBITI_JPEG,
-    Png = EBITI_PNG
-};
-
-/// A stored ink point, in the pad's raw units; pointTime in seconds since the epoch, ulTickCount in milliseconds of a
-/// clock that nobody sets.
-using Point = ::POINTDATA;
-
-/// A whole file of a picture.
-using Bytes = std::vector<unsigned char>;
 
 class Pad
 {
@@ -175,7 +129,9 @@ public:
         constexpr std::chrono::milliseconds kAskEvery(500);
         checkOpen();
         error.clear();
-        const auto end = std::chrono::steady_clock::now() + timeout;
+        // milliseconds::max() is no moment of the clock: a century waits as long.
+        const auto most = std::min<std::chrono::milliseconds>(timeout, std::chrono::hours(24 * 36500));
+        const auto end = std::chrono::steady_clock::now() + most;
         for (int failures = 0;;) {
             const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - std::chrono::steady_clock::now());
             const std::optional<Tap> tap = detail::Receiver::instance().next(std::min(left, kAskEvery));

@@ -11,6 +11,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstdlib>
+#include <cxxabi.h>
 #include <deque>
 #include <exception>
 #include <fcntl.h>
@@ -197,7 +198,9 @@ public:
         try {
             if (receiver)
                 (*receiver)(fromBase64(text));
-        } catch (const std::exception &) {
+        } catch (const abi::__forced_unwind &) {
+            throw; // the thread is being cancelled
+        } catch (...) {
             const std::lock_guard<std::mutex> lock(m_mutex);
             m_failure = std::current_exception();
             m_changed.notify_all();
@@ -253,7 +256,7 @@ public:
     {
         if (directory.empty())
             return;
-        m_before = ::open(".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        m_before = ::open(".", kEntered | O_DIRECTORY | O_CLOEXEC);
         if (::chdir(directory.c_str()) != 0) {
             restore();
             throw PadError(Errc::DriverNotFound);
@@ -264,6 +267,12 @@ public:
     ~WorkingDirectory() { restore(); }
 
 private:
+#ifdef O_PATH
+    static constexpr int kEntered = O_PATH; // a directory that may be entered, and perhaps not be listed
+#else
+    static constexpr int kEntered = O_RDONLY;
+#endif
+
     void restore() noexcept
     {
         if (m_before < 0)

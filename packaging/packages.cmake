@@ -9,7 +9,8 @@ configure_file(packaging/kvsignpadsdk.pc.in ${CMAKE_BINARY_DIR}/packaging/kvsign
 install(TARGETS kvsignpadsdk
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development)
 install(FILES kvsignpadsdk/kvsignpadsdk.h kvsignpadsdk/kvsignpadsdk_global.h
-    kvsignpadsdk/signpad.hpp kvsignpadsdk/signpaddetail.hpp kvsignpadsdk/signpadtable.hpp kvsignpadsdk/signpadversion.hpp
+    kvsignpadsdk/signpad.hpp kvsignpadsdk/signpaddetail.hpp kvsignpadsdk/signpadtable.hpp kvsignpadsdk/signpadtypes.hpp
+    kvsignpadsdk/signpadversion.hpp
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kvsignpadsdk COMPONENT development)
 install(FILES ${CMAKE_BINARY_DIR}/packaging/kvsignpadsdk.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)

@@ -108,7 +108,7 @@ Answer path()
 Answer cancel()
 {
     kv::Pad pad = openPad();
-    const std::optional<kv::Tap> tap = pad.wait(60s);
+    const std::optional<kv::Tap> tap = pad.wait(std::chrono::milliseconds::max());
     return Answer().add("tap", nameOf(tap)).add("points", pad.points());
 }
 
@@ -192,6 +192,18 @@ Answer collect()
     return cancel(); // C++ collects nothing: the same as waiting
 }
 
+Answer inside()
+{
+    int taps = 0;
+    kv::Pad pad = openPad();
+    while (pad.isOpen() && pad.wait(60s)) {
+        ++taps;
+        pad.close();
+    }
+    openPad().close();
+    return Answer().add("taps", taps).add("closed", !pad.isOpen());
+}
+
 Answer exitInside()
 {
     kv::Pad pad = openPad();
@@ -210,6 +222,7 @@ Answer errors()
     Answer answer;
     std::filesystem::create_directory("empty");
     answer.add("driver", error([] { kv::Pad(model, {400, 226}, "empty"); }));
+    answer.add("nowhere", error([] { kv::Pad(model, {400, 226}, "not-there/below"); }));
     kv::Pad pad = openPad();
     pad.wait(60s);
     answer.add("second", error([] { openPad(); }));
@@ -283,8 +296,8 @@ int main(int, char **arguments)
 {
     static const std::map<std::string, Answer (*)()> scenarios = {{"capture", capture}, {"path", path},
         {"cancel", cancel}, {"timeout", timeout}, {"unplug", unplug}, {"fingerprint", fingerprint}, {"live", live},
-        {"cycles", cycles}, {"collect", collect}, {"exit", exitInside}, {"forgotten", forgotten}, {"errors", errors},
-        {"missing", missing}, {"lowlevel", lowlevel}, {"bench", bench}};
+        {"cycles", cycles}, {"collect", collect}, {"inside", inside}, {"exit", exitInside}, {"forgotten", forgotten},
+        {"errors", errors}, {"missing", missing}, {"lowlevel", lowlevel}, {"bench", bench}};
     static const std::map<std::string, kv::Model> models = {{"S210", kv::Model::S210}, {"S300", kv::Model::S300},
         {"S310X", kv::Model::S310X}, {"R800", kv::Model::R800}, {"M450", kv::Model::M450}};
     model = models.at(arguments[2]);
