@@ -64,7 +64,7 @@ SCENARIOS = (
     ),
     Scenario(
         "cancel",
-        "Waits 60 s for a tap, says which it was and how many points there are.",
+        "Waits for ever for a tap, says which it was and how many points there are.",
         {"tap": "cancel", "points": POINTS},
         models=ALL,
         recording="tick-and-cross",
@@ -113,6 +113,13 @@ SCENARIOS = (
         {"tap": "confirm", "points": POINTS},
     ),
     Scenario(
+        "inside",
+        "Closes the pad from inside the loop or the receiver that is told of the first tap, while packets come. taps: how "
+        "many it was told of. Then opens a pad again and closes it.",
+        {"taps": 1, "closed": True},
+        settings={"KVSIM_REPEAT": "0"},
+    ),
+    Scenario(
         "exit",
         "Ends the process with exit code 7 from inside its receiver of taps, with the pad open and packets coming.",
         {},
@@ -127,7 +134,7 @@ SCENARIOS = (
     ),
     Scenario(
         "errors",
-        "Opens with a driver's folder that is empty. With the pad open: opens a second one; asks a pad without that for "
+        "Opens with a driver's folder that is empty, and with one that is not there. With the pad open: opens a second one; asks a pad without that for "
         "live images; sets pen width 11; names an unknown colour; saves to a name without an ending, and into a folder "
         "that is not there. Then closes it, and asks for the points. Then opens an unknown model.",
         {
@@ -139,6 +146,7 @@ SCENARIOS = (
             "folder": "NotSaved",
             "closed": "PadClosed",
             "driver": "DriverNotFound",
+            "nowhere": "DriverNotFound",
             "model": "InvalidArgument",
         },
     ),

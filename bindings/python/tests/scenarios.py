@@ -64,7 +64,7 @@ def path() -> Answer:
 
 def cancel() -> Answer:
     with _open() as pad:
-        return {"tap": _name(pad.wait(timeout=60)), "points": len(pad)}
+        return {"tap": _name(pad.wait()), "points": len(pad)}
 
 
 def timeout() -> Answer:
@@ -129,6 +129,16 @@ def collect() -> Answer:
         return {"tap": _name(taps[0]), "points": len(pad)}
 
 
+def inside() -> Answer:
+    taps = 0
+    pad = _open()
+    for _ in pad.taps():
+        taps += 1
+        pad.close()
+    _open().close()
+    return {"taps": taps, "closed": pad.closed}
+
+
 def exit() -> Answer:
     pad = _open()
     pad.on_tap(lambda tap: os._exit(7))
@@ -145,9 +155,11 @@ def forgotten() -> Answer:
 def errors() -> Answer:
     os.mkdir("empty")
     driver = _error(lambda: _open(driver="empty"))
+    nowhere = _error(lambda: _open(driver="not-there/below"))
     pad = _open()
     pad.wait(timeout=60)
     answer = {
+        "nowhere": nowhere,
         "second": _error(lambda: Pad("S300", driver=_DRIVER)),
         "unsupported": _error(lambda: next(pad.live())),
         "width": _error(lambda: pad.pen(width=11)),
