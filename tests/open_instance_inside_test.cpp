@@ -40,6 +40,23 @@ void *operator new[](size_t size)
 {
     return allocate(size);
 }
+// An S310X's fields lie on lines of the processor's cache.
+void *operator new(size_t size, std::align_val_t alignment)
+{
+    const auto boundary = static_cast<size_t>(alignment);
+    void *memory = size == refusedSize || refusedAll ? nullptr : std::aligned_alloc(boundary, size);
+    if (memory == nullptr)
+        throw std::bad_alloc();
+    return memory;
+}
+void operator delete(void *memory, std::align_val_t) noexcept
+{
+    std::free(memory);
+}
+void operator delete(void *memory, size_t, std::align_val_t) noexcept
+{
+    std::free(memory);
+}
 void *operator new(size_t size, const std::nothrow_t &) noexcept
 {
     return allocateOrNull(size);
@@ -202,7 +219,7 @@ TEST(OpenFingerprintInstance, EncodesTheWholeCanvasAfterATextOfTheFingerprintFou
     SimulatedDriver driver;
     QWidget window;
     ASSERT_TRUE(KVS310X_InitialDevice(KVS310X_DEVICE, &window, 0, 0, 400, 200));
-    ASSERT_EQ(KVS310X_SetDisplayedFPImageAt(KVS310X_DEVICE, &window, 0, 0, 5, 5, 70, 60), ARI_SUCCESS);
+    ASSERT_EQ(KVS310X_SetDisplayedFPImageAt(KVS310X_DEVICE, &window, 0, 0, 5, 5, 70, 20), ARI_SUCCESS);
     driver.send({{3000, 2900, 5, 0}});
     const auto sizeOf = [](char *text) {
         const size_t size = text == nullptr ? 0 : std::strlen(text) + 1;
