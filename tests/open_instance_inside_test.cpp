@@ -234,7 +234,8 @@ TEST(OpenFingerprintInstance, EncodesTheWholeCanvasAfterATextOfTheFingerprintFou
     refusedSize = part;
     char *const none = fingerprint();
     refusedSize = 0;
-    EXPECT_EQ(none, nullptr) << "and no exception";
+    EXPECT_STREQ(none, "") << "and no exception";
+    KVS310X_FreeFPImageBase64Data(KVS310X_DEVICE, none);
     EXPECT_EQ(sizeOf(canvas()), whole);
     EXPECT_EQ(sizeOf(fingerprint()), part);
     KVS310X_UnInitialDevice(KVS310X_DEVICE);
