@@ -1,4 +1,19 @@
-# Memory that is not given back.
+# Memory that cannot be had, and memory that is not given back.
+
+# The sanitizers have allocators of their own.
+if(NOT KV_SANITIZE)
+  # A driver that asks for no memory, so that only the library's allocations count.
+  add_library(kv_quiet_driver SHARED ${PROJECT_SOURCE_DIR}/bench/benchdriver.cpp)
+  set_target_properties(kv_quiet_driver PROPERTIES OUTPUT_NAME kvsignpaddrv NO_SONAME ON
+    LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/simulator/quiet)
+  target_include_directories(kv_quiet_driver PRIVATE ${PROJECT_SOURCE_DIR}/kvsignpadsdk)
+  target_link_libraries(kv_quiet_driver PRIVATE kv_warnings)
+  kv_add_test(allocation_faults_test
+    allocation_faults_test.cpp memorycalls.cpp quietpad.cpp crashingchild.cpp failingmemory.cpp PADS)
+  target_compile_definitions(allocation_faults_test PRIVATE
+    KV_QUIET_DRIVER_DIRECTORY="${CMAKE_BINARY_DIR}/simulator/quiet")
+  add_dependencies(allocation_faults_test kv_quiet_driver)
+endif()
 
 # Many cycles in one process: kv_soak CYCLES, in the simulator's directory.
 add_executable(kv_soak soak.cpp ${PROJECT_SOURCE_DIR}/fuzz/openpad.cpp ${PROJECT_SOURCE_DIR}/fuzz/target.cpp)

@@ -1,0 +1,24 @@
+/// @file
+/// Work done in a child of the process, which may crash or hang: the parent learns how far it came, and whose code it was in.
+#ifndef CRASHINGCHILD_H
+#define CRASHINGCHILD_H
+
+#include <functional>
+#include <string>
+
+/// What a child tells its parent, in memory that both see.
+struct ChildReport
+{
+    long step; ///< set by the work as it goes on
+    char failure[512]; ///< set by the work when something is wrong; empty: nothing is
+    bool crashed;
+    bool isTerminated; ///< by an exception that nobody could catch
+    bool isHung; ///< it waited for itself
+    char module[128]; ///< the library whose code crashed, or called what did in the C and C++ run time
+    char where[1024]; ///< the functions on the stack, innermost first
+};
+
+/// Does the work in a child and waits for its end.
+ChildReport inChild(const std::function<void(ChildReport &)> &work);
+
+#endif
