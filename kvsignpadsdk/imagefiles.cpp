@@ -9,6 +9,9 @@
 #include <QPainter>
 #include <QPdfWriter>
 
+#include <algorithm>
+#include <new>
+
 namespace imagefiles {
 
 namespace {
@@ -29,13 +32,43 @@ bool encodedByQt(QImage image, WhiteIs white, const QByteArray &format, QByteArr
     return !format.isEmpty() && buffer.open(QIODevice::WriteOnly) && QImageWriter(&buffer, format).write(image);
 }
 
+constexpr char kNoStream[] = "stream\n\nendstream"; // where Qt had no memory to compress a picture, or a page
+constexpr int kAcross = sizeof kNoStream - 2; // bytes of it that may stand in an earlier piece
+
+/// Sees whether Qt leaves anything out, of which it only warns.
+class PdfFile : public ReplacedFile
+{
+public:
+    using ReplacedFile::ReplacedFile;
+
+    bool isWhole() const { return m_whole; }
+
+protected:
+    qint64 writeData(const char *data, qint64 size) override
+    {
+        m_end.append(data, static_cast<int>(std::min<qint64>(size, kAcross)));
+        const QByteArray piece = QByteArray::fromRawData(data, static_cast<int>(size));
+        m_whole = m_whole && !m_end.contains(kNoStream) && !piece.contains(kNoStream);
+        m_end = size < kAcross ? m_end.right(kAcross) : QByteArray(data + size - kAcross, kAcross);
+        return ReplacedFile::writeData(data, size);
+    }
+
+private:
+    QByteArray m_end; ///< of what has been written
+    bool m_whole = true;
+};
+
 } // namespace
 
 void setResolution(QImage &image, int nDPI)
 {
+    if (image.isNull())
+        return;
     const int dotsPerMetre = static_cast<int>(nDPI / 0.0254);
     image.setDotsPerMeterX(dotsPerMetre);
     image.setDotsPerMeterY(dotsPerMetre);
+    if (image.isNull()) // there was no memory to detach it
+        throw std::bad_alloc();
 }
 
 bool saveBySuffix(QImage image, WhiteIs white, const QString &path)
@@ -52,7 +85,7 @@ bool savePdf(QImage image, const QString &path, int nDPI)
 {
     setResolution(image, nDPI);
     const QImage pixels = svgdrawing::asPixmapHolds(image);
-    ReplacedFile file(path);
+    PdfFile file(path);
     if (!file.isOpen())
         return false;
     QPdfWriter writer(&file);
@@ -61,7 +94,8 @@ bool savePdf(QImage image, const QString &path, int nDPI)
     writer.setPageMargins(QMarginsF(10, 10, 10, 10));
     QPainter painter(&writer);
     painter.drawImage(0, 0, pixels);
-    painter.end();
+    if (!painter.end() || !file.isWhole())
+        return false;
     file.commit(); // one that failed is not told: the earlier file stands
     return true;
 }

@@ -20,6 +20,7 @@
 namespace imagefiles {
 
 /// Sets the resolution on both axes.
+/// @throws std::bad_alloc
 void setResolution(QImage &image, int nDPI);
 
 /// Writes the image as the path's suffix says; false for an unknown suffix, a null image or an unwritable path.
@@ -27,7 +28,9 @@ void setResolution(QImage &image, int nDPI);
 bool saveBySuffix(QImage image, WhiteIs white, const QString &path);
 
 /// Writes an A4 page with the image at the top left of the area inside the margins, one pixel a dot. White is opaque.
-/// True too when the page could not be written to an end: then an earlier file keeps what it held.
+/// True too when the page could not be written to an end: then an earlier file keeps what it held. False when there is
+/// no memory for the picture.
+/// @throws std::bad_alloc
 bool savePdf(QImage image, const QString &path, int nDPI);
 
 /// True when the instance holds a fingerprint that has not been cleared.
