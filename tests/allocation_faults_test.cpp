@@ -7,14 +7,24 @@
 #include "failingmemory.h"
 #include "memorycalls.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <limits>
 #include <sstream>
 #include <unistd.h>
 
 namespace {
 
 constexpr long kMostCrashes = 300;
+constexpr long kPlainly = 40; ///< allocations of a call that the plain run fails
+
+/// All allocations of all calls, on all pads: minutes of it.
+bool isThorough()
+{
+    return std::getenv("KV_EVERY_PAD") != nullptr;
+}
 
 bool isOneOf(const std::string &word, const std::string &words)
 {
@@ -52,7 +62,7 @@ public:
     /// Answers whether there was an n-th allocation.
     bool fail(long n)
     {
-        m_report.step = n;
+        nextStep(n);
         m_call.prepare(m_pad);
         failingmemory::failNth(n);
         const Answer answer = m_call.call(m_pad);
@@ -102,22 +112,24 @@ protected:
     /// Fails one allocation after the other; after a crash the next one in a new process.
     static void tryAll(const MemoryCall &call)
     {
+        const long last = isThorough() ? std::numeric_limits<long>::max() : kPlainly;
         long crashes = 0, next = 1;
         for (bool atEnd = false; !atEnd;) {
             const ChildReport report = inChild([&](ChildReport &told) {
                 Trial trial(GetParam(), call, told);
                 trial.begin();
-                for (long n = next; told.failure[0] == '\0' && trial.fail(n); ++n) { }
+                for (long n = next; told.failure[0] == '\0' && n <= last && trial.fail(n); ++n) { }
             });
             ASSERT_STREQ(report.failure, "") << call.name;
             ASSERT_FALSE(report.crashed && isOurs(report)) << call.name << ", allocation " << report.step << '\n'
                                                            << report.where;
             crashes += report.crashed;
             ASSERT_LT(crashes, kMostCrashes) << call.name << '\n' << report.where;
-            atEnd = !report.crashed;
+            atEnd = !report.crashed || report.step >= last;
             next = report.step + 1;
         }
-        std::cout << call.name << ": " << next - 2 << " allocations failed, " << crashes << " of them ended in Qt\n";
+        std::cout << call.name << ": " << std::min(next - 2, last) << " allocations failed, " << crashes
+                  << " of them ended in Qt\n";
     }
 
     static bool isOurs(const ChildReport &report)
@@ -139,9 +151,6 @@ TEST_P(AllocationFaults, HaveAnAnswer)
     }
 }
 
-// Both hosts and every function are in these two; KV_EVERY_PAD asks for all ten.
+// KV_EVERY_PAD asks for all ten, and for all allocations of a call.
 INSTANTIATE_TEST_SUITE_P(Pads, AllocationFaults,
-    testing::ValuesIn(std::getenv("KV_EVERY_PAD") != nullptr
-            ? allPads()
-            : std::vector<PadCase>{{&kS210Family, true}, {&kS310XFamily, false}}),
-    padCaseName);
+    testing::ValuesIn(isThorough() ? allPads() : std::vector<PadCase>{{&kS210Family, true}}), padCaseName);

@@ -2,27 +2,35 @@
 
 #include "failingmemory.h"
 
-#include <chrono>
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <cxxabi.h>
 #include <dlfcn.h>
 #include <exception>
 #include <execinfo.h>
 #include <filesystem>
 #include <fstream>
+#include <map>
+#include <poll.h>
 #include <sys/mman.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
-#include <thread>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
 constexpr int kCrashed = 77;
-constexpr int kAsleepForGood = 25; ///< looks, 20 ms apart
+constexpr int kLook = 10; ///< milliseconds between looks at a child
+constexpr int kAloneForGood = 4; ///< looks: nobody else can wake an only thread
+constexpr int kAsleepForGood = 100; ///< looks
+constexpr long kSpins = 300'000'000; ///< nanoseconds of the main thread's own work in one step
 ChildReport *report = nullptr;
+timer_t spinning{};
 
 const char *nameOf(const char *path)
 {
@@ -62,12 +70,18 @@ void noteFrame(void *address)
 void noteCrash(int)
 {
     failingmemory::stop();
+    report->crashed = true; // also where the stack cannot be followed
     void *frames[60];
     const int count = backtrace(frames, 60);
     for (int i = 2; i < count; ++i) // behind this function and the signal's frame
         noteFrame(frames[i]);
-    report->crashed = true;
     _exit(kCrashed);
+}
+
+void noteSpinning(int signal)
+{
+    report->isHung = true;
+    noteCrash(signal);
 }
 
 [[noreturn]] void noteTermination()
@@ -91,44 +105,98 @@ void watch()
     action.sa_flags = SA_ONSTACK | SA_RESETHAND;
     for (const int signal : {SIGSEGV, SIGABRT, SIGBUS, SIGFPE, SIGILL})
         sigaction(signal, &action, nullptr);
+    action.sa_handler = noteSpinning;
+    sigaction(SIGPROF, &action, nullptr);
+    sigevent event{};
+    event.sigev_notify = SIGEV_SIGNAL;
+    event.sigev_signo = SIGPROF;
+    timer_create(CLOCK_THREAD_CPUTIME_ID, &event, &spinning);
     std::set_terminate(noteTermination);
     void *frame = nullptr;
     backtrace(&frame, 1); // loads what it needs now
 }
 
-/// Whether no thread of the process runs or wants to. A busy machine makes nobody sleep.
-bool isAsleep(pid_t process)
+/// Looks at a process from time to time, and sees when its main thread waits for good. A busy machine makes nobody
+/// sleep: looks count only while each other thread sleeps or gets on, as that of a pad's display does that looks for
+/// its end, and start anew when the main thread has run in between.
+class Sleep
 {
-    const std::filesystem::path tasks = "/proc/" + std::to_string(process) + "/task";
-    std::error_code gone;
-    for (const auto &task : std::filesystem::directory_iterator(tasks, gone)) {
-        std::ifstream file(task.path() / "stat");
-        std::string line;
-        std::getline(file, line);
-        const size_t name = line.rfind(") ");
-        if (name == std::string::npos || line.compare(name + 2, 1, "S") != 0)
-            return false;
+public:
+    explicit Sleep(pid_t process)
+        : m_process(process)
+    {
     }
-    return true;
-}
 
-/// Waits for the end; a child that sleeps on and on waits for itself, and is told to say where.
+    bool isForGood()
+    {
+        const std::map<pid_t, std::string> before = std::exchange(m_threads, {});
+        const std::filesystem::path tasks = "/proc/" + std::to_string(m_process) + "/task";
+        std::error_code gone;
+        bool counts = true;
+        for (const auto &task : std::filesystem::directory_iterator(tasks, gone)) {
+            const pid_t thread = std::stoi(task.path().filename());
+            const std::string now = m_threads[thread] = stateOf(task.path() / "status");
+            const auto then = before.find(thread);
+            const bool ran = then == before.end() || switchesOf(then->second) != switchesOf(now);
+            if (thread == m_process && (ran || !sleeps(now)))
+                m_looks = 0;
+            counts &= ran || sleeps(now);
+        }
+        m_looks += counts;
+        const int enough = m_threads.size() == 1 ? kAloneForGood : kAsleepForGood;
+        return m_looks > 0 && m_looks % enough == 0;
+    }
+
+private:
+    static std::string stateOf(const std::filesystem::path &path)
+    {
+        std::ifstream file(path);
+        std::string state;
+        for (std::string line; std::getline(file, line);) {
+            if (line.rfind("State:", 0) == 0 || line.find("_switches:") != std::string::npos)
+                state += line + '\n';
+        }
+        return state;
+    }
+
+    static bool sleeps(const std::string &state) { return state.find("S (sleeping)") != std::string::npos; }
+
+    static std::string switchesOf(const std::string &state)
+    {
+        return state.substr(std::min(state.find('\n'), state.size()));
+    }
+
+    const pid_t m_process;
+    std::map<pid_t, std::string> m_threads; ///< what they did at the last look
+    int m_looks = 0;
+};
+
+/// Waits for the end; a child that waits for itself is told to say where.
 int ended(pid_t child)
 {
-    int status = 0, asleep = 0;
-    while (waitpid(child, &status, WNOHANG) == 0) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(asleep == 0 ? 1 : 20));
-        asleep = isAsleep(child) ? asleep + 1 : 0;
-        if (asleep == kAsleepForGood) {
+    int status = 0;
+    Sleep sleep(child);
+    pollfd end{static_cast<int>(syscall(SYS_pidfd_open, child, 0)), POLLIN, 0};
+    while (poll(&end, 1, kLook) == 0) {
+        if (sleep.isForGood()) {
+            kill(child, report->isHung ? SIGKILL : SIGABRT); // it may wait while it tells where
             report->isHung = true;
-            kill(child, SIGABRT);
-            asleep = 1;
         }
     }
+    close(end.fd);
+    waitpid(child, &status, 0);
     return status;
 }
 
 } // namespace
+
+void nextStep(long step)
+{
+    report->step = step;
+    itimerspec limit{};
+    limit.it_value.tv_nsec = kSpins;
+    timer_settime(spinning, 0, &limit, nullptr);
+}
 
 ChildReport inChild(const std::function<void(ChildReport &)> &work)
 {

@@ -1,5 +1,6 @@
 /// @file
-/// Work done in a child of the process, which may crash or hang: the parent learns how far it came, and whose code it was in.
+/// Work done in a child of the process, which may crash or hang: the parent learns how far it came, and whose code it
+/// was in.
 #ifndef CRASHINGCHILD_H
 #define CRASHINGCHILD_H
 
@@ -9,14 +10,17 @@
 /// What a child tells its parent, in memory that both see.
 struct ChildReport
 {
-    long step; ///< set by the work as it goes on
+    long step; ///< the work's last, see nextStep()
     char failure[512]; ///< set by the work when something is wrong; empty: nothing is
     bool crashed;
     bool isTerminated; ///< by an exception that nobody could catch
-    bool isHung; ///< it waited for itself
+    bool isHung; ///< it waited for itself, or worked on and on
     char module[128]; ///< the library whose code crashed, or called what did in the C and C++ run time
     char where[1024]; ///< the functions on the stack, innermost first
 };
+
+/// For the work: says how far it is. A step should not need a third of a second of its thread's time.
+void nextStep(long step);
 
 /// Does the work in a child and waits for its end.
 ChildReport inChild(const std::function<void(ChildReport &)> &work);
