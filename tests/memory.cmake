@@ -8,11 +8,10 @@ if(NOT KV_SANITIZE)
     LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/simulator/quiet)
   target_include_directories(kv_quiet_driver PRIVATE ${PROJECT_SOURCE_DIR}/kvsignpadsdk)
   target_link_libraries(kv_quiet_driver PRIVATE kv_warnings)
-  kv_add_test(allocation_faults_test
-    allocation_faults_test.cpp memorycalls.cpp quietpad.cpp crashingchild.cpp failingmemory.cpp PADS)
-  target_compile_definitions(allocation_faults_test PRIVATE
-    KV_QUIET_DRIVER_DIRECTORY="${CMAKE_BINARY_DIR}/simulator/quiet")
-  add_dependencies(allocation_faults_test kv_quiet_driver)
+  kv_add_tests(memory_tests PADS
+    allocation_faults_test.cpp
+    SOURCES memorycalls.cpp quietpad.cpp crashingchild.cpp failingmemory.cpp
+    DEFINES KV_QUIET_DRIVER_DIRECTORY="${CMAKE_BINARY_DIR}/simulator/quiet" RUNS kv_quiet_driver)
 endif()
 
 # Many cycles in one process: kv_soak CYCLES, in the simulator's directory.
