@@ -10,7 +10,7 @@ namespace contained {
 
 /// The call's result, `otherwise` when it throws. A cancellation has no object, which a sanitizer takes for null.
 template <class Result, class Call>
-[[gnu::no_sanitize("undefined")]] Result call(Result otherwise, Call &&call)
+__attribute__((no_sanitize("undefined"))) Result call(Result otherwise, Call &&call)
 {
     try {
         return call();
