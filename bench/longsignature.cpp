@@ -68,7 +68,7 @@ int main()
 {
     std::printf("| output | points | ms | peak MB |\n|---|---|---|---|\n");
     for (const Output &output : kOutputs) {
-        for (const size_t points : {10000, 100000, 1000000})
+        for (const size_t points : {size_t{10000}, size_t{100000}, size_t{1000000}})
             measure(output, points);
     }
     return 0;
