@@ -3,6 +3,7 @@
 #include "failure.h"
 #include "interruption.h"
 #include "openpad.h"
+#include "padpresence.h"
 #include "pictureoptions.h"
 #include "progress.h"
 #include "subcommands.h"
@@ -17,8 +18,6 @@
 namespace {
 
 constexpr int kLook = 20; // milliseconds between two looks at the pad's key and points
-constexpr int kQuestion = 500; // milliseconds between two questions to the pad
-constexpr int kRefusals = 3; // of one question, one after the other: the pad is gone
 constexpr int kConfirmed = 1;
 
 constexpr Option kTimeoutOption{
@@ -92,20 +91,18 @@ public:
     explicit Presence(const OpenPad &pad)
         : m_pad(pad)
         , m_answersAtAll(answers())
+        , m_presence([this] { return answers(); })
     {
-        m_sinceQuestion.start();
+        m_sinceLook.start();
     }
 
-    bool isLost()
+    bool isLost(int points)
     {
-        if (!m_answersAtAll || !m_sinceQuestion.hasExpired(kQuestion))
+        if (!m_answersAtAll || !m_sinceLook.hasExpired(m_presence.pause().count()))
             return false;
-        m_sinceQuestion.start();
-        for (int refusals = 0; refusals < kRefusals; ++refusals) {
-            if (answers())
-                return false;
-        }
-        return true;
+        m_presence.look(points);
+        m_sinceLook.start();
+        return m_presence.isAway();
     }
 
 private:
@@ -113,7 +110,8 @@ private:
 
     const OpenPad &m_pad;
     const bool m_answersAtAll;
-    QElapsedTimer m_sinceQuestion;
+    PadPresence m_presence;
+    QElapsedTimer m_sinceLook;
 };
 
 void setPen(const Arguments &arguments, const OpenPad &pad)
@@ -150,7 +148,7 @@ CaptureState waitForConfirm(const OpenPad &pad, int seconds)
         if (seconds > 0 && waiting.hasExpired(seconds * 1000LL))
             throw unconfirmed(
                 kTimedOut, QString("nobody confirmed on the %1 within %2 s").arg(pad->model).arg(seconds), state);
-        if (presence.isLost())
+        if (presence.isLost(state.points))
             throw unconfirmed(
                 kUnplugged, QString("the %1 was unplugged before it was confirmed").arg(pad->model), state);
         progress.show(QString("%1  sign and confirm   %2 points  %3 strokes  %4 s")
