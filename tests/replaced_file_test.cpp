@@ -122,7 +122,7 @@ TEST_F(ReplacedFiles, LeaveNothingBehindOnAFullDisk)
     EXPECT_FALSE(replaceOnAFullDisk());
     EXPECT_EQ(files(), 0u);
     makeEarlier();
-    for (const rlim_t most : {0, 1, 65536, 199999}) {
+    for (const rlim_t most : {0u, 1u, 65536u, 199999u}) {
         EXPECT_FALSE(replaceOnAFullDisk(most)) << most;
         EXPECT_EQ(contents(), kEarlier) << most;
         EXPECT_EQ(files(), 1u) << most;
@@ -133,12 +133,12 @@ TEST_F(ReplacedFiles, LeaveNothingBehindOnAFullDisk)
 
 TEST_F(ReplacedFiles, KeepThePermissionsOfTheEarlierFileAndGiveNewOnesThoseOfAnyFile)
 {
-    for (const mode_t mode : {0600, 0640, 0666, 0777, 0604, 0400 | 0200}) {
+    for (const mode_t mode : {0600u, 0640u, 0666u, 0777u, 0604u}) {
         makeEarlier(mode);
         EXPECT_TRUE(replace());
         EXPECT_EQ(status().st_mode & 07777, mode) << std::oct << mode;
     }
-    for (const mode_t mask : {022, 077, 0}) {
+    for (const mode_t mask : {022u, 077u, 0u}) {
         ::umask(mask);
         EXPECT_TRUE(replace("new"));
         EXPECT_EQ(status("new").st_mode & 07777, 0666 & ~mask) << std::oct << mask;

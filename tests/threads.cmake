@@ -32,3 +32,8 @@ add_dependencies(forks_chost kvsignpaddrv)
 if(NOT KV_SANITIZE)
   kv_run_test(forks_chost hosts/forks_chost.c $<TARGET_FILE:forks_chost>)
 endif()
+
+# Clang's run time of the sanitizers for C++, which the library needs, comes with the linker's call for C++ alone.
+if(KV_SANITIZE)
+  set_target_properties(threads_chost forks_chost PROPERTIES LINKER_LANGUAGE CXX)
+endif()

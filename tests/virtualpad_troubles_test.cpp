@@ -226,7 +226,7 @@ TEST_F(VirtualPadTest, OnlyItsUserMayMeetIt)
     EXPECT_EQ(kvsim::virtualPadSocket().rfind(ownDirectory + "/", 0), 0u);
     EXPECT_EQ(modeOf(kvsim::virtualPadSocket()) & 077, 0u);
     const std::string fallback = "/tmp/kv-virtualpad-" + std::to_string(geteuid());
-    for (const mode_t mode : {0750, 0701, 0777}) {
+    for (const mode_t mode : {0750u, 0701u, 0777u}) {
         chmod(ownDirectory.c_str(), mode);
         EXPECT_EQ(kvsim::virtualPadSocket(), fallback + "/kv-virtualpad.sock") << mode;
         EXPECT_EQ(modeOf(fallback), 0700u);
