@@ -1,24 +1,21 @@
-# kv_lint: clang-tidy over the library, the simulator, the examples and the tools, as .clang-tidy says. Each source has
-# a stamp and is looked at again only when its object was built anew, for the compiler knows best what it includes.
+# kv_lint: clang-tidy over the library, the simulator, the recorder, the examples and the tools, as .clang-tidy says,
+# several sources at once. They are looked at again only when one of their objects was built anew, for the compiler knows
+# best what it includes.
 
 find_program(KV_CLANG_TIDY NAMES clang-tidy-14 clang-tidy)
-if(NOT KV_CLANG_TIDY OR NOT CMAKE_EXPORT_COMPILE_COMMANDS)
+find_program(KV_PYTHON python3)
+if(NOT KV_CLANG_TIDY OR NOT KV_PYTHON OR NOT CMAKE_EXPORT_COMPILE_COMMANDS)
   return()
 endif()
 
 set(KV_LINT_DIRECTORY ${CMAKE_BINARY_DIR}/lint)
+file(MAKE_DIRECTORY ${KV_LINT_DIRECTORY})
+add_custom_target(kv_lint)
 
-# The commands without what only GCC takes: its precompiled headers and one of its options.
-add_custom_target(kv_lint_database
-  COMMAND ${CMAKE_COMMAND} -E make_directory ${KV_LINT_DIRECTORY}
-  COMMAND sed -E -e "s/ -Winvalid-pch//" -e "s/ -include [^ ]*cmake_pch\\.hxx//" -e "s/ -fno-gnu-unique//"
-    ${CMAKE_BINARY_DIR}/compile_commands.json > ${KV_LINT_DIRECTORY}/compile_commands.json
-  COMMENT "" VERBATIM)
-
-# kv_lint_stamps(<variable> <target>...): the stamps of these targets' sources
-function(kv_lint_stamps variable)
-  set(stamps "")
-  foreach(target IN LISTS ARGN)
+# kv_lint_together(<target>...): the sources of targets that are compiled alike, ten at a time
+function(kv_lint_together first)
+  set(all "")
+  foreach(target IN LISTS first ARGN)
     if(NOT TARGET ${target})
       continue()
     endif()
@@ -27,20 +24,38 @@ function(kv_lint_stamps variable)
     get_target_property(binary_directory ${target} BINARY_DIR)
     list(FILTER sources INCLUDE REGEX "^[^/$]+(/[^/$]+)*\\.cpp$")
     foreach(source IN LISTS sources)
-      file(RELATIVE_PATH name ${PROJECT_SOURCE_DIR} ${source_directory}/${source})
-      string(REPLACE "/" "-" stamp "${name}.stamp")
-      add_custom_command(OUTPUT ${KV_LINT_DIRECTORY}/${stamp}
-        COMMAND ${KV_CLANG_TIDY} --quiet -p ${KV_LINT_DIRECTORY} ${source_directory}/${source}
-        COMMAND ${CMAKE_COMMAND} -E touch ${KV_LINT_DIRECTORY}/${stamp}
-        DEPENDS kv_lint_database ${PROJECT_SOURCE_DIR}/.clang-tidy
-          ${binary_directory}/CMakeFiles/${target}.dir/${source}.o
-        COMMENT "Looking at ${name}" VERBATIM)
-      list(APPEND stamps ${KV_LINT_DIRECTORY}/${stamp})
+      list(APPEND all ${source_directory}/${source})
+      set(object_of_${source_directory}/${source} ${binary_directory}/CMakeFiles/${target}.dir/${source}.o)
     endforeach()
   endforeach()
-  set(${variable} ${stamps} PARENT_SCOPE)
+  set(number 0)
+  while(all)
+    list(SUBLIST all 0 10 sources)
+    list(REMOVE_ITEM all ${sources})
+    set(objects "")
+    foreach(source IN LISTS sources)
+      list(APPEND objects ${object_of_${source}})
+    endforeach()
+    set(unit ${KV_LINT_DIRECTORY}/${first}_${number})
+    add_custom_command(OUTPUT ${unit}.stamp
+      COMMAND ${KV_PYTHON} ${PROJECT_SOURCE_DIR}/cmake/lint_together.py ${KV_CLANG_TIDY}
+        ${CMAKE_BINARY_DIR}/compile_commands.json ${unit}.cpp ${sources}
+      COMMAND ${CMAKE_COMMAND} -E touch ${unit}.stamp
+      DEPENDS ${PROJECT_SOURCE_DIR}/.clang-tidy ${PROJECT_SOURCE_DIR}/cmake/lint_together.py ${objects}
+      COMMENT "Looking at ${first}, part ${number}" VERBATIM)
+    add_custom_target(kv_lint_${first}_${number} DEPENDS ${unit}.stamp)
+    add_dependencies(kv_lint kv_lint_${first}_${number})
+    math(EXPR number "${number} + 1")
+  endwhile()
 endfunction()
 
-kv_lint_stamps(stamps kvsignpadsdk_objects kv_recording kv_playback kvsignpaddrv_objects kv_handwriting kv-demo kv_kvsign kvsign
-  kv_signdesk kv-sign-desk)
-add_custom_target(kv_lint DEPENDS ${stamps})
+kv_lint_together(kvsignpadsdk_objects)
+kv_lint_together(kv_recording kv_playback kvsignpaddrv_objects)
+kv_lint_together(kv_handwriting kv-make-recording)
+kv_lint_together(kv-make-finger)
+kv_lint_together(kv-import-handwriting)
+kv_lint_together(kv_scramble kvsignpaddrv_recorder kv-scramble-recording kv_driverfile kv_padpresence)
+kv_lint_together(kv-demo)
+kv_lint_together(kv_kvsign kvsign)
+kv_lint_together(kv_virtualpad kv-virtualpad)
+kv_lint_together(kv_signdesk kv-sign-desk)

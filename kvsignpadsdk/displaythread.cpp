@@ -37,7 +37,7 @@ void start(QThread &thread, const logging::Key &key)
         KV_LOG(key, "<%ld>-leave due to (m_pShowFPImageOnDeviceThread->isRunning() == false) !");
         throw std::system_error(std::make_error_code(std::errc::resource_unavailable_try_again));
     }
-    dispatcher.release(); // the thread deletes it at its end
+    static_cast<void>(dispatcher.release()); // the thread deletes it at its end
 }
 
 } // namespace displaythread

@@ -15,7 +15,7 @@ namespace {
 constexpr size_t kFew = 32; // taking the blocks costs as much as these many lines
 constexpr int kPiece = 1 << 16; // bytes written at a time
 
-QByteArray plainText(Drawing drawing)
+QByteArray plainText(const Drawing &drawing)
 {
     QByteArray text;
     QBuffer buffer(&text);

@@ -105,7 +105,8 @@ QStringList platforms()
     for (const QString &folder : folders) {
         for (const QFileInfo &plugin : QDir(folder).entryInfoList({"*.so"}, QDir::Files)) {
             const QJsonObject data = QPluginLoader(plugin.filePath()).metaData()["MetaData"].toObject();
-            for (const QJsonValue &key : data["Keys"].toArray())
+            const QJsonArray keys = data["Keys"].toArray();
+            for (const QJsonValue &key : keys)
                 names += key.toString().toLower();
         }
     }

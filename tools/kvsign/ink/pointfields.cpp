@@ -38,7 +38,8 @@ template <class Number>
 bool holds(long double number)
 {
     // The largest 64-bit numbers may not be long doubles; the power of two behind them is one.
-    constexpr long double kBehind = 2.0L * static_cast<long double>(std::numeric_limits<Number>::max() / 2 + 1);
+    constexpr Number kHalf = std::numeric_limits<Number>::max() / 2 + 1;
+    constexpr long double kBehind = 2.0L * static_cast<long double>(kHalf);
     return number >= static_cast<long double>(std::numeric_limits<Number>::min()) && number < kBehind;
 }
 
