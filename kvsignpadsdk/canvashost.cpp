@@ -1,7 +1,7 @@
 #include "canvashost.h"
 
+#include "fastways/opaquepixels.h"
 #include "largestcanvas.h"
-#include "opaquepixels.h"
 
 #include <QPainter>
 

@@ -1,10 +1,10 @@
 #include "cm450signobj.h"
 
-#include "paddefined.h"
+#include "padclass/defined.h"
 
 #define KV_PAD CM450SignObj
-#include "padmembers.inl"
-#include "padmembers_headless.inl"
+#include "padclass/members.inl"
+#include "padclass/members_headless.inl"
 
 void RxM450SignObjRawDataCallback(int nX, int nY, int nP, int nPenStatus)
 {

@@ -3,7 +3,7 @@
 #ifndef CM450SIGNOBJ_H
 #define CM450SIGNOBJ_H
 
-#include "paddeclared.h"
+#include "padclass/declared.h"
 
 /// Registered with the driver: hands what it gets to the open instance, on the driver's thread.
 void RxM450SignObjRawDataCallback(int nX, int nY, int nP, int nPenStatus);
@@ -22,15 +22,15 @@ public:
     CM450SignObj(const CM450SignObj &) = delete;
     CM450SignObj &operator=(const CM450SignObj &) = delete;
 
-#include "paddeclarations.inl"
+#include "padclass/declarations.inl"
 
     void RxM450SignPadRawData(int nX, int nY, int nP, int nPenStatus);
 
     QImage m_canvas;
     QColor m_drawColor = Qt::black;
     QLibrary *m_plibKVSignPadDriver = nullptr; ///< owned
-#include "padslots_plain.inl"
-#include "padfields.inl"
+#include "padclass/slots_plain.inl"
+#include "padclass/fields.inl"
     QMutex m_mutexUpdateCanvas;
     bool m_bPenDownOnCancelButton = false; ///< tapped since the last clear
     PadInternals m_internals;

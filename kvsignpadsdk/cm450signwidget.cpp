@@ -1,10 +1,10 @@
 #include "cm450signwidget.h"
 
-#include "paddefined.h"
+#include "padclass/defined.h"
 
 #define KV_PAD CM450SignWidget
-#include "padmembers.inl"
-#include "padmembers_widget.inl"
+#include "padclass/members.inl"
+#include "padclass/members_widget.inl"
 
 void RxM450SignPadRawDataCallback(int nX, int nY, int nP, int nPenStatus)
 {

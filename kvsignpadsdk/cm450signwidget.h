@@ -3,7 +3,7 @@
 #ifndef CM450SIGNWIDGET_H
 #define CM450SIGNWIDGET_H
 
-#include "paddeclared.h"
+#include "padclass/declared.h"
 
 /// Registered with the driver: hands what it gets to the open instance, on the driver's thread.
 void RxM450SignPadRawDataCallback(int nX, int nY, int nP, int nPenStatus);
@@ -22,16 +22,16 @@ public:
     explicit CM450SignWidget(QWidget *pParent);
     ~CM450SignWidget() override;
 
-#include "paddeclarations.inl"
-#include "paddeclarations_widget.inl"
+#include "padclass/declarations.inl"
+#include "padclass/declarations_widget.inl"
 
     void RxM450SignPadRawData(int nX, int nY, int nP, int nPenStatus);
 
     QImage m_canvas;
     QColor m_drawColor = Qt::black;
     QLibrary *m_plibKVSignPadDriver = nullptr; ///< owned
-#include "padslots_plain.inl"
-#include "padfields.inl"
+#include "padclass/slots_plain.inl"
+#include "padclass/fields.inl"
     QMutex m_mutexUpdateCanvas;
     bool m_bPenDownOnDeviceConfirmOrCancelArea = false; ///< tapped since the last clear
     PadInternals m_internals;

@@ -1,10 +1,10 @@
 #include "cr800signobj.h"
 
-#include "paddefined.h"
+#include "padclass/defined.h"
 
 #define KV_PAD CR800SignObj
-#include "padmembers.inl"
-#include "padmembers_headless.inl"
+#include "padclass/members.inl"
+#include "padclass/members_headless.inl"
 
 void RxR800SignObjRawDataCallback(int nX, int nY, int nP, int nPenStatus)
 {

@@ -1,10 +1,10 @@
 #include "cr800signwidget.h"
 
-#include "paddefined.h"
+#include "padclass/defined.h"
 
 #define KV_PAD CR800SignWidget
-#include "padmembers.inl"
-#include "padmembers_widget.inl"
+#include "padclass/members.inl"
+#include "padclass/members_widget.inl"
 
 void RxR800SignPadRawDataCallback(int nX, int nY, int nP, int nPenStatus)
 {

@@ -3,7 +3,7 @@
 #ifndef CR800SIGNWIDGET_H
 #define CR800SIGNWIDGET_H
 
-#include "paddeclared.h"
+#include "padclass/declared.h"
 
 /// Registered with the driver: hands what it gets to the open instance, on the driver's thread.
 void RxR800SignPadRawDataCallback(int nX, int nY, int nP, int nPenStatus);
@@ -22,16 +22,16 @@ public:
     explicit CR800SignWidget(QWidget *pParent);
     ~CR800SignWidget() override;
 
-#include "paddeclarations.inl"
-#include "paddeclarations_widget.inl"
+#include "padclass/declarations.inl"
+#include "padclass/declarations_widget.inl"
 
     void RxR800SignPadRawData(int nX, int nY, int nP, int nPenStatus);
 
     QImage m_canvas;
     QColor m_drawColor = Qt::black;
     QLibrary *m_plibKVSignPadDriver = nullptr; ///< owned
-#include "padslots_plain.inl"
-#include "padfields.inl"
+#include "padclass/slots_plain.inl"
+#include "padclass/fields.inl"
     QMutex m_mutexUpdateCanvas;
     bool m_bPenDownOnDeviceConfirmOrCancelArea = false; ///< tapped since the last clear
     PadInternals m_internals;

@@ -1,14 +1,14 @@
 #include "cs210signobj.h"
 
 #include "livepush.h"
-#include "paddefined.h"
+#include "padclass/defined.h"
 
 #include <QPainter>
 
 #define KV_PAD CS210SignObj
-#include "padmembers.inl"
-#include "padmembers_headless.inl"
-#include "padmembers_screen.inl"
+#include "padclass/members.inl"
+#include "padclass/members_headless.inl"
+#include "padclass/members_screen.inl"
 
 void RxS210SignObjRawDataCallback(int nX, int nY, int nP, int nPenStatus)
 {

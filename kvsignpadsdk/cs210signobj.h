@@ -3,8 +3,8 @@
 #ifndef CS210SIGNOBJ_H
 #define CS210SIGNOBJ_H
 
-#include "liveinternals.h"
-#include "paddeclared.h"
+#include "padclass/declared.h"
+#include "padclass/liveinternals.h"
 
 /// Registered with the driver: hands what it gets to the open instance, on the driver's thread.
 void RxS210SignObjRawDataCallback(int nX, int nY, int nP, int nPenStatus);
@@ -23,8 +23,8 @@ public:
     CS210SignObj(const CS210SignObj &) = delete;
     CS210SignObj &operator=(const CS210SignObj &) = delete;
 
-#include "paddeclarations.inl"
-#include "paddeclarations_screen.inl"
+#include "padclass/declarations.inl"
+#include "padclass/declarations_screen.inl"
 
     void RxS210SignPadRawData(int nX, int nY, int nP, int nPenStatus);
     bool SetRealTimeSignBase64DataCallback(int nType, SIGNPAD_SIGN_BASE64_DATA_CALLBACK pfnSignBase64DataCallback);
@@ -37,8 +37,8 @@ public:
     QImage m_canvas;
     QColor m_drawColor = Qt::black;
     QLibrary *m_plibKVSignPadDriver = nullptr; ///< owned
-#include "padslots_screen.inl"
-#include "padfields.inl"
+#include "padclass/slots_screen.inl"
+#include "padclass/fields.inl"
     QMutex m_mutexUpdateCanvas;
     bool m_bPenDownOnCancelButton = false; ///< tapped since the last clear
     int m_nRealTimeSignBase64Data_ImageTypeID = 0;

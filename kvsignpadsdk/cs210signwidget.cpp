@@ -1,12 +1,12 @@
 #include "cs210signwidget.h"
 
 #include "livepush.h"
-#include "paddefined.h"
+#include "padclass/defined.h"
 
 #define KV_PAD CS210SignWidget
-#include "padmembers.inl"
-#include "padmembers_screen.inl"
-#include "padmembers_widget.inl"
+#include "padclass/members.inl"
+#include "padclass/members_screen.inl"
+#include "padclass/members_widget.inl"
 
 void RxS210SignPadRawDataCallback(int nX, int nY, int nP, int nPenStatus)
 {

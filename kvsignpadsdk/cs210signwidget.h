@@ -3,8 +3,8 @@
 #ifndef CS210SIGNWIDGET_H
 #define CS210SIGNWIDGET_H
 
-#include "liveinternals.h"
-#include "paddeclared.h"
+#include "padclass/declared.h"
+#include "padclass/liveinternals.h"
 
 /// Registered with the driver: hands what it gets to the open instance, on the driver's thread.
 void RxS210SignPadRawDataCallback(int nX, int nY, int nP, int nPenStatus);
@@ -23,9 +23,9 @@ public:
     explicit CS210SignWidget(QWidget *pParent);
     ~CS210SignWidget() override;
 
-#include "paddeclarations.inl"
-#include "paddeclarations_screen.inl"
-#include "paddeclarations_widget.inl"
+#include "padclass/declarations.inl"
+#include "padclass/declarations_screen.inl"
+#include "padclass/declarations_widget.inl"
 
     void RxS210SignPadRawData(int nX, int nY, int nP, int nPenStatus);
     bool SetRealTimeSignBase64DataCallback(int nType, SIGNPAD_SIGN_BASE64_DATA_CALLBACK pfnSignBase64DataCallback);
@@ -34,8 +34,8 @@ public:
     QImage m_canvas;
     QColor m_drawColor = Qt::black;
     QLibrary *m_plibKVSignPadDriver = nullptr; ///< owned
-#include "padslots_screen.inl"
-#include "padfields.inl"
+#include "padclass/slots_screen.inl"
+#include "padclass/fields.inl"
     QMutex m_mutexUpdateCanvas;
     bool m_bPenDownOnCancelButton = false; ///< tapped since the last clear
     int m_nRealTimeSignBase64Data_ImageTypeID = 0;

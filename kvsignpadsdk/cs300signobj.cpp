@@ -1,11 +1,11 @@
 #include "cs300signobj.h"
 
-#include "paddefined.h"
+#include "padclass/defined.h"
 
 #define KV_PAD CS300SignObj
-#include "padmembers.inl"
-#include "padmembers_headless.inl"
-#include "padmembers_screen.inl"
+#include "padclass/members.inl"
+#include "padclass/members_headless.inl"
+#include "padclass/members_screen.inl"
 
 void RxS300SignObjRawDataCallback(int nX, int nY, int nP, int nPenStatus)
 {

@@ -1,11 +1,11 @@
 #include "cs300signwidget.h"
 
-#include "paddefined.h"
+#include "padclass/defined.h"
 
 #define KV_PAD CS300SignWidget
-#include "padmembers.inl"
-#include "padmembers_screen.inl"
-#include "padmembers_widget.inl"
+#include "padclass/members.inl"
+#include "padclass/members_screen.inl"
+#include "padclass/members_widget.inl"
 
 void RxS300SignPadRawDataCallback(int nX, int nY, int nP, int nPenStatus)
 {

@@ -3,7 +3,7 @@
 #ifndef CS300SIGNWIDGET_H
 #define CS300SIGNWIDGET_H
 
-#include "paddeclared.h"
+#include "padclass/declared.h"
 
 /// Registered with the driver: hands what it gets to the open instance, on the driver's thread.
 void RxS300SignPadRawDataCallback(int nX, int nY, int nP, int nPenStatus);
@@ -22,17 +22,17 @@ public:
     explicit CS300SignWidget(QWidget *pParent);
     ~CS300SignWidget() override;
 
-#include "paddeclarations.inl"
-#include "paddeclarations_screen.inl"
-#include "paddeclarations_widget.inl"
+#include "padclass/declarations.inl"
+#include "padclass/declarations_screen.inl"
+#include "padclass/declarations_widget.inl"
 
     void RxS300SignPadRawData(int nX, int nY, int nP, int nPenStatus);
 
     QImage m_canvas;
     QColor m_drawColor = Qt::black;
     QLibrary *m_plibKVSignPadDriver = nullptr; ///< owned
-#include "padslots_screen.inl"
-#include "padfields.inl"
+#include "padclass/slots_screen.inl"
+#include "padclass/fields.inl"
     QMutex m_mutexUpdateCanvas;
     bool m_bPenDownOnCancelButton = false; ///< tapped since the last clear
     PadInternals m_internals;

@@ -3,14 +3,14 @@
 #include "cs310xobj_showfpimageondevicethread.h"
 #include "displaythread.h"
 #include "fingerprintplacement.h"
-#include "paddefined.h"
+#include "padclass/defined.h"
 #include "widgetthread.h"
 
 #define KV_PAD CS310XSignObj
-#include "padmembers.inl"
-#include "padmembers_fingerprint.inl"
-#include "padmembers_headless.inl"
-#include "padmembers_screen.inl"
+#include "padclass/members.inl"
+#include "padclass/members_fingerprint.inl"
+#include "padclass/members_headless.inl"
+#include "padclass/members_screen.inl"
 
 void RxS310XSignObjRawDataCallback(int nX, int nY, int nP, int nPenStatus)
 {

@@ -3,8 +3,8 @@
 #ifndef CS310XSIGNOBJ_H
 #define CS310XSIGNOBJ_H
 
-#include "fingerprintinternals.h"
-#include "paddeclared.h"
+#include "padclass/declared.h"
+#include "padclass/fingerprintinternals.h"
 #include "sharedfields.h"
 
 class CS310XFPWidget;
@@ -28,9 +28,9 @@ public:
     CS310XSignObj(const CS310XSignObj &) = delete;
     CS310XSignObj &operator=(const CS310XSignObj &) = delete;
 
-#include "paddeclarations.inl"
-#include "paddeclarations_fingerprint.inl"
-#include "paddeclarations_screen.inl"
+#include "padclass/declarations.inl"
+#include "padclass/declarations_fingerprint.inl"
+#include "padclass/declarations_screen.inl"
 
     void RxS310XSignPadRawData(int nX, int nY, int nP, int nPenStatus);
     int SetDisplayedFPImageAt(
@@ -41,12 +41,12 @@ public:
     QImage m_FPOnlyCanvas; ///< the accepted fingerprint at its top left
     QColor m_drawColor = Qt::black;
     QLibrary *m_plibKVSignPadDriver = nullptr; ///< owned
-#include "padslots_screen.inl"
+#include "padclass/slots_screen.inl"
     KVSPDAPI_ShowFPImageOnDevice m_pfn_KVSPDAPI_ShowFPImageOnDevice = nullptr;
-#include "padfields.inl"
-#include "padfields_fingerprint.inl"
+#include "padclass/fields.inl"
+#include "padclass/fields_fingerprint.inl"
     CS310XObj_ShowFPImageOnDeviceThread *m_pShowFPImageOnDeviceThread = nullptr; ///< owned
-#include "padfields_display.inl"
+#include "padclass/fields_display.inl"
     alignas(shared::kApart) QMutex m_mutexUpdateCanvas; ///< away from what the display thread writes without a pause
     bool m_bPenDownOnCancelButton = false; ///< tapped since the last clear
     FingerprintInternals m_internals;

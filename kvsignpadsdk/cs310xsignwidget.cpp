@@ -3,15 +3,15 @@
 #include "cs310xwidget_showfpimageondevicethread.h"
 #include "displaythread.h"
 #include "fingerprintplacement.h"
-#include "paddefined.h"
+#include "padclass/defined.h"
 
 #include <QScopedValueRollback>
 
 #define KV_PAD CS310XSignWidget
-#include "padmembers.inl"
-#include "padmembers_fingerprint.inl"
-#include "padmembers_screen.inl"
-#include "padmembers_widget.inl"
+#include "padclass/members.inl"
+#include "padclass/members_fingerprint.inl"
+#include "padclass/members_screen.inl"
+#include "padclass/members_widget.inl"
 
 void RxS310XSignPadRawDataCallback(int nX, int nY, int nP, int nPenStatus)
 {

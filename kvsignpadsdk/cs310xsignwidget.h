@@ -3,8 +3,8 @@
 #ifndef CS310XSIGNWIDGET_H
 #define CS310XSIGNWIDGET_H
 
-#include "fingerprintinternals.h"
-#include "paddeclared.h"
+#include "padclass/declared.h"
+#include "padclass/fingerprintinternals.h"
 #include "sharedfields.h"
 
 class CS310XFPWidget;
@@ -28,10 +28,10 @@ public:
     explicit CS310XSignWidget(QWidget *pParent);
     ~CS310XSignWidget() override;
 
-#include "paddeclarations.inl"
-#include "paddeclarations_fingerprint.inl"
-#include "paddeclarations_screen.inl"
-#include "paddeclarations_widget.inl"
+#include "padclass/declarations.inl"
+#include "padclass/declarations_fingerprint.inl"
+#include "padclass/declarations_screen.inl"
+#include "padclass/declarations_widget.inl"
 
     void RxS310XSignPadRawData(int nX, int nY, int nP, int nPenStatus);
     int SetDisplayedFPImageAt(QWidget *pParentWidget, int nFPLeft, int nFPTop, int nFPWidth, int nFPHeight);
@@ -43,12 +43,12 @@ public:
     QImage m_FPOnlyCanvas; ///< the accepted fingerprint at its top left
     QColor m_drawColor = Qt::black;
     QLibrary *m_plibKVSignPadDriver = nullptr; ///< owned
-#include "padslots_screen.inl"
+#include "padclass/slots_screen.inl"
     KVSPDAPI_ShowFPImageOnDevice m_pfn_KVSPDAPI_ShowFPImageOnDevice = nullptr;
-#include "padfields.inl"
-#include "padfields_fingerprint.inl"
+#include "padclass/fields.inl"
+#include "padclass/fields_fingerprint.inl"
     CS310XWidget_ShowFPImageOnDeviceThread *m_pShowFPImageOnDeviceThread = nullptr; ///< owned
-#include "padfields_display.inl"
+#include "padclass/fields_display.inl"
     alignas(shared::kApart) QMutex m_mutexUpdateCanvas; ///< away from what the display thread writes without a pause
     bool m_bPenDownOnCancelButton = false; ///< tapped since the last clear
     FingerprintInternals m_internals;

@@ -6,7 +6,7 @@
 #include "LogFileUtil.h"
 #include "canvaslock.h"
 #include "contained.h"
-#include "mergecache.h"
+#include "fastways/mergecache.h"
 #include "padmodels.h"
 #include "sharedfields.h"
 #include "strokes.h"

@@ -1,6 +1,6 @@
 #include "fingerprinthost.h"
 
-#include "fingerprintinternals.h"
+#include "padclass/fingerprintinternals.h"
 
 #include <QPainter>
 

@@ -5,8 +5,8 @@
 #define FINGERPRINTHOST_H
 
 #include "LogFileUtil.h"
-#include "base64text.h"
 #include "canvashost.h"
+#include "fastways/base64text.h"
 #include "fingerprint.h"
 #include "imagetexts.h"
 #include "inkbounds.h"

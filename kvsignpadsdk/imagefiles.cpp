@@ -1,7 +1,7 @@
 #include "imagefiles.h"
 
+#include "fastways/pngstream.h"
 #include "pixelformats.h"
-#include "pngstream.h"
 
 #include <QBuffer>
 #include <QFileInfo>

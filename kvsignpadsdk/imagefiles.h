@@ -4,10 +4,10 @@
 #define IMAGEFILES_H
 
 #include "LogFileUtil.h"
+#include "fastways/pngrows.h"
 #include "filepaths.h"
 #include "inkbounds.h"
 #include "inkpoints.h"
-#include "pngrows.h"
 #include "replacedfile.h"
 #include "sharedfields.h"
 #include "svgdrawing.h"

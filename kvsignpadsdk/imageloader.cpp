@@ -1,6 +1,6 @@
 #include "imageloader.h"
 
-#include "base64text.h"
+#include "fastways/base64text.h"
 #include "jpegmarkers.h"
 #include "kvsignpadsdk_global.h"
 #include "largestcanvas.h"

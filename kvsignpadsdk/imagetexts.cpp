@@ -1,7 +1,7 @@
 #include "imagetexts.h"
 
-#include "bitmapfile.h"
-#include "jpegfile.h"
+#include "fastways/bitmapfile.h"
+#include "fastways/jpegfile.h"
 
 #include <QBuffer>
 

@@ -4,13 +4,13 @@
 #define IMAGETEXTS_H
 
 #include "LogFileUtil.h"
-#include "base64text.h"
 #include "canvaslock.h"
+#include "fastways/base64text.h"
+#include "fastways/pngstream.h"
 #include "imagefiles.h"
 #include "inkbounds.h"
 #include "inkpoints.h"
 #include "inkrecord.h"
-#include "pngstream.h"
 #include "privatefile.h"
 #include "sharedfields.h"
 #include "svgdrawing.h"

@@ -1,9 +1,9 @@
 #include "inkbounds.h"
 
+#include "fastways/opaquepixels.h"
+#include "fastways/plainways.h"
 #include "largestcanvas.h"
-#include "opaquepixels.h"
 #include "pixelformats.h"
-#include "plainways.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -4,7 +4,7 @@
 #define INKRECORD_H
 
 #include "LogFileUtil.h"
-#include "base64text.h"
+#include "fastways/base64text.h"
 #include "filepaths.h"
 #include "inkpoints.h"
 

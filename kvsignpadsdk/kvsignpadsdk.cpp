@@ -2,8 +2,8 @@
 /// The 156 exported functions, one line each by family, and the globals of the open instance. Nothing is done here.
 #include "kvsignpadsdk_global.h"
 
-#include "exportedextras.h"
-#include "exportedlifecycle.h"
+#include "exported/extras.h"
+#include "exported/lifecycle.h"
 
 void *g_pSignWidget = nullptr;
 bool g_bUseSignObj = false;

@@ -5,7 +5,7 @@
 
 #include "LogFileUtil.h"
 #include "canvaslock.h"
-#include "mergecache.h"
+#include "fastways/mergecache.h"
 #include "padmodels.h"
 #include "padparts.h"
 #include "sharedfields.h"

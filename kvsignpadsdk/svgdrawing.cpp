@@ -1,7 +1,7 @@
 #include "svgdrawing.h"
 
+#include "fastways/opaquepixels.h"
 #include "imagefiles.h"
-#include "opaquepixels.h"
 #include "pixelformats.h"
 
 namespace svgdrawing {

@@ -4,10 +4,10 @@
 #define SVGDRAWING_H
 
 #include "LogFileUtil.h"
+#include "fastways/svglines.h"
 #include "inkpoints.h"
 #include "sharedfields.h"
 #include "strokes.h"
-#include "svglines.h"
 
 #include <QIODevice>
 #include <QImage>

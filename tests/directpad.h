@@ -3,7 +3,7 @@
 #ifndef DIRECTPAD_H
 #define DIRECTPAD_H
 
-#include "exportedframe.h"
+#include "exported/frame.h"
 #include "inkpoints.h"
 
 #include <QImage>

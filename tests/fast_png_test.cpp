@@ -1,5 +1,5 @@
 // The PNG stream makes the bytes of Qt's own writer, whatever the canvas shows and however it changed.
-#include "pngstream.h"
+#include "fastways/pngstream.h"
 #include "recordedink.h"
 #include "savedfiles.h"
 

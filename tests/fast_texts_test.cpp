@@ -1,13 +1,13 @@
 // The faster ways of the other outputs give the pixels and bytes of the plain ones.
-#include "base64text.h"
-#include "bitmapfile.h"
+#include "fastways/base64text.h"
+#include "fastways/bitmapfile.h"
+#include "fastways/jpegfile.h"
+#include "fastways/opaquepixels.h"
+#include "fastways/pngstream.h"
+#include "fastways/svglines.h"
 #include "inkbounds.h"
-#include "jpegfile.h"
-#include "opaquepixels.h"
 #include "pixelformats.h"
-#include "pngstream.h"
 #include "recordedink.h"
-#include "svglines.h"
 
 #include <QBuffer>
 #include <QColorSpace>

@@ -8,9 +8,10 @@ kv_add_tests(other_writers_test PADS other_writers_test.cpp) # replaces Qt's wri
 # The library once more with its faster ways stepping aside: what includes plainways.h is compiled anew, and found before
 # the same code of the library.
 set(kv_ways "")
-file(GLOB kv_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/kvsignpadsdk/*.cpp)
+file(GLOB kv_sources CONFIGURE_DEPENDS
+  ${PROJECT_SOURCE_DIR}/kvsignpadsdk/*.cpp ${PROJECT_SOURCE_DIR}/kvsignpadsdk/*/*.cpp)
 foreach(source IN LISTS kv_sources)
-  file(STRINGS ${source} found REGEX "#include \"plainways\\.h\"")
+  file(STRINGS ${source} found REGEX "#include \"(fastways/)?plainways\\.h\"")
   if(found)
     list(APPEND kv_ways ${source})
   endif()

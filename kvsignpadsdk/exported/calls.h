@@ -3,7 +3,7 @@
 #ifndef EXPORTEDCALLS_H
 #define EXPORTEDCALLS_H
 
-#include "exportedframe.h"
+#include "frame.h"
 
 namespace exported {
 

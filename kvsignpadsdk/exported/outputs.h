@@ -3,7 +3,7 @@
 #ifndef EXPORTEDOUTPUTS_H
 #define EXPORTEDOUTPUTS_H
 
-#include "exportedcalls.h"
+#include "calls.h"
 
 namespace exported {
 

@@ -5,7 +5,7 @@
 
 #include "LogFileUtil.h"
 #include "driverinterface.h"
-#include "padinternals.h"
+#include "internals.h"
 #include "padmodels.h"
 #include "signmapping.h"
 

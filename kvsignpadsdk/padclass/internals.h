@@ -3,8 +3,8 @@
 #ifndef PADINTERNALS_H
 #define PADINTERNALS_H
 
-#include "inkbrush.h"
-#include "opaquepixels.h"
+#include "fastways/inkbrush.h"
+#include "fastways/opaquepixels.h"
 #include "repaintrequest.h"
 
 #include <mutex>

@@ -3,7 +3,7 @@
 #ifndef EXPORTEDEXTRAS_H
 #define EXPORTEDEXTRAS_H
 
-#include "exportedoutputs.h"
+#include "outputs.h"
 
 namespace exported {
 

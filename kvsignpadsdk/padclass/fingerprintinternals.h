@@ -3,8 +3,8 @@
 #ifndef FINGERPRINTINTERNALS_H
 #define FINGERPRINTINTERNALS_H
 
-#include "mergecache.h"
-#include "padinternals.h"
+#include "fastways/mergecache.h"
+#include "internals.h"
 
 #include <memory>
 #include <vector>

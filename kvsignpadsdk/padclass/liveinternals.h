@@ -3,8 +3,8 @@
 #ifndef LIVEINTERNALS_H
 #define LIVEINTERNALS_H
 
-#include "padinternals.h"
-#include "pngstream.h"
+#include "fastways/pngstream.h"
+#include "internals.h"
 
 struct LiveInternals : PadInternals
 {

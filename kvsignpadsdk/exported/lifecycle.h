@@ -5,7 +5,7 @@
 
 #include "aboutbox.h"
 #include "contained.h"
-#include "exportedframe.h"
+#include "frame.h"
 #include "widgetthread.h"
 
 #include <QRect>
