@@ -13,7 +13,7 @@ endif()
 # For all test programs: where the repository and the build are, and what is in them.
 add_library(kv_test_settings INTERFACE)
 target_include_directories(kv_test_settings INTERFACE
-  ${CMAKE_CURRENT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/simulator ${PROJECT_SOURCE_DIR}/kvsignpadsdk)
+  ${CMAKE_CURRENT_SOURCE_DIR}/harness ${PROJECT_SOURCE_DIR}/simulator ${PROJECT_SOURCE_DIR}/kvsignpadsdk)
 target_compile_definitions(kv_test_settings INTERFACE
   KV_SOURCE_DIRECTORY="${PROJECT_SOURCE_DIR}" KV_BUILD_DIRECTORY="${CMAKE_BINARY_DIR}"
   KV_TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}/data" KV_RECORDINGS="${PROJECT_SOURCE_DIR}/simulator/recordings"
@@ -27,14 +27,15 @@ target_link_libraries(kv_test_settings INTERFACE GTest::gtest kv_warnings)
 # What tests share, and what most include, compiled once: pads opened on the simulated driver, pictures to compare with,
 # other programs run. It goes with the library or with its inside.
 add_library(kv_harness STATIC
-  everycall.cpp exportedcalls_table.cpp fingerprints.cpp inkpicture.cpp openpad.cpp outsidecommand.cpp readsvg.cpp)
+  harness/everycall.cpp harness/fingerprints.cpp harness/inkpicture.cpp harness/openpad.cpp harness/outsidecommand.cpp
+  harness/readsvg.cpp)
 target_link_libraries(kv_harness
   PUBLIC Qt5::Core Qt5::Gui Qt5::Widgets Qt5::Svg Threads::Threads ${CMAKE_DL_LIBS} PRIVATE kv_test_settings)
-target_precompile_headers(kv_harness PRIVATE testheaders.h)
+target_precompile_headers(kv_harness PRIVATE harness/testheaders.h)
 
 # The entries of the programs: with a QApplication and without.
-add_library(kv_test_main STATIC qtmain.cpp testsoffile.cpp)
-add_library(kv_test_plain_main STATIC plainmain.cpp testsoffile.cpp)
+add_library(kv_test_main STATIC harness/qtmain.cpp harness/testsoffile.cpp)
+add_library(kv_test_plain_main STATIC harness/plainmain.cpp harness/testsoffile.cpp)
 target_link_libraries(kv_test_main PRIVATE Qt5::Widgets kv_test_settings)
 target_link_libraries(kv_test_plain_main PRIVATE kv_test_settings)
 
@@ -81,6 +82,7 @@ if(KV_SANITIZE MATCHES thread)
   set(KV_ONLY_THREADS TRUE)
 endif()
 
+set(KV_UNIT ${CMAKE_CURRENT_SOURCE_DIR}/unit.cmake)
 # kv_units(<variable> <program> <source>...): sources that hold up to six of the tests each, see unit.cmake
 function(kv_units variable program)
   set(units "")
@@ -99,8 +101,8 @@ function(kv_units variable program)
     set(unit ${CMAKE_CURRENT_BINARY_DIR}/units/${program}_${number}.cpp)
     string(REPLACE ";" "|" list "${sources}")
     add_custom_command(OUTPUT ${unit}
-      COMMAND ${CMAKE_COMMAND} -DOUTPUT=${unit} "-DSOURCES=${list}" -P ${CMAKE_CURRENT_SOURCE_DIR}/unit.cmake
-      DEPENDS ${sources} ${CMAKE_CURRENT_SOURCE_DIR}/unit.cmake COMMENT "Joining tests of ${program}" VERBATIM)
+      COMMAND ${CMAKE_COMMAND} -DOUTPUT=${unit} "-DSOURCES=${list}" -P ${KV_UNIT}
+      DEPENDS ${sources} ${KV_UNIT} COMMENT "Joining tests of ${program}" VERBATIM)
     list(APPEND units ${unit})
   endwhile()
   set(${variable} ${units} PARENT_SCOPE)
@@ -137,6 +139,7 @@ function(kv_add_tests program)
   else()
     target_link_libraries(${program} PRIVATE kv_test_plain_main)
   endif()
+  target_include_directories(${program} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(${program} PRIVATE kv_test_settings ${arg_LIBRARIES})
   target_link_options(${program} PRIVATE ${KV_TEST_LINK_OPTIONS})
   target_compile_definitions(${program} PRIVATE ${arg_DEFINES})

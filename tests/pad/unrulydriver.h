@@ -1,5 +1,5 @@
 /// @file
-/// The driver that misbehaves as it is told (hosts/unruly_driver.cpp), as the driver of the working directory.
+/// The driver that misbehaves as it is told (unruly_driver.cpp), as the driver of the working directory.
 #ifndef UNRULYDRIVER_H
 #define UNRULYDRIVER_H
 

@@ -1,6 +1,6 @@
 // Opens a pad, signs, saves and closes it, over and over in one process: PROGRAM CYCLES. Prints what the process holds
 // as it goes on, and ends with 1 when memory or file descriptors grow behind the first tenth.
-#include "../fuzz/openpad.h"
+#include "../../fuzz/openpad.h"
 
 #include <QApplication>
 #include <QTemporaryDir>

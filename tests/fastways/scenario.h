@@ -3,7 +3,7 @@
 #ifndef SCENARIO_H
 #define SCENARIO_H
 
-#include "../fuzz/openpad.h"
+#include "../../fuzz/openpad.h"
 
 #include <QByteArray>
 #include <QTemporaryDir>
