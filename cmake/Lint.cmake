@@ -1,10 +1,10 @@
 # kv_lint: clang-tidy over the library, the simulator, the recorder, the examples and the tools, as .clang-tidy says,
 # several sources at once. They are looked at again only when one of their objects was built anew, for the compiler knows
-# best what it includes.
+# best what it includes. It takes a build of single sources (KV_UNITY=OFF), as the clang preset is.
 
 find_program(KV_CLANG_TIDY NAMES clang-tidy-14 clang-tidy)
 find_program(KV_PYTHON python3)
-if(NOT KV_CLANG_TIDY OR NOT KV_PYTHON OR NOT CMAKE_EXPORT_COMPILE_COMMANDS)
+if(NOT KV_CLANG_TIDY OR NOT KV_PYTHON OR NOT CMAKE_EXPORT_COMPILE_COMMANDS OR KV_UNITY)
   return()
 endif()
 

@@ -11,15 +11,15 @@ import shlex
 import subprocess
 import sys
 
-# Only GCC takes its precompiled headers; warnings are for the compilers to give.
+# A compiler takes its own precompiled headers alone; warnings are for the compilers to give.
 DROPPED = {"-c", "-fno-gnu-unique"}
-DROPPED_WITH_VALUE = {"-o", "-include"}
+DROPPED_WITH_VALUE = {"-o", "-include", "-Xclang"}
 
 
 def options_of(entry):
     words = iter(shlex.split(entry["command"]))
     for word in words:
-        if word.endswith(("/c++", "/g++")):
+        if word.endswith(("/c++", "/g++", "/clang++", "/clang++-14")):
             break
     kept = []
     for word in words:

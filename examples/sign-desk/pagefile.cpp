@@ -14,7 +14,7 @@ namespace signdesk {
 
 namespace {
 
-struct Words
+struct PageFileWords
 {
     Q_DECLARE_TR_FUNCTIONS(signdesk::Pages)
 };
@@ -33,18 +33,18 @@ PageFile readPageFile(const QString &path)
 {
     const QFileInfo there(path);
     if (!there.exists())
-        throw unreadable(path, Words::tr("there is no such file."));
+        throw unreadable(path, PageFileWords::tr("there is no such file."));
     if (!there.isFile())
-        throw unreadable(path, Words::tr("it is no file."));
+        throw unreadable(path, PageFileWords::tr("it is no file."));
     QFile file;
     const int descriptor = opened(path);
     if (descriptor < 0 || !file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
-        throw unreadable(path, Words::tr("you may not read it."));
+        throw unreadable(path, PageFileWords::tr("you may not read it."));
     if (file.isSequential()) // a pipe has come into the file's place
-        throw unreadable(path, Words::tr("it is no file."));
+        throw unreadable(path, PageFileWords::tr("it is no file."));
     PageFile page{path, {}, file.fileTime(QFileDevice::FileModificationTime), file.size()};
     if (page.size > kMostBytes)
-        throw unreadable(path, Words::tr("it is too large."));
+        throw unreadable(path, PageFileWords::tr("it is too large."));
     page.content = file.read(kMostBytes);
     return page;
 }
@@ -57,8 +57,8 @@ bool PageFile::hasChanged() const
 
 Trouble unreadable(const QString &path, const QString &why)
 {
-    return {Words::tr("%1 cannot be opened: %2").arg(QDir::toNativeSeparators(path), why),
-        Words::tr("Choose another file; the page shown before is still there.")};
+    return {PageFileWords::tr("%1 cannot be opened: %2").arg(QDir::toNativeSeparators(path), why),
+        PageFileWords::tr("Choose another file; the page shown before is still there.")};
 }
 
 } // namespace signdesk

@@ -14,7 +14,7 @@ namespace signdesk {
 
 namespace {
 
-struct Words
+struct PictureWords
 {
     Q_DECLARE_TR_FUNCTIONS(signdesk::Pages)
 };
@@ -73,12 +73,12 @@ QImage readPicture(const PageFile &file)
     reader.setAutoTransform(true);
     const QSize size = reader.size();
     if (qint64{size.width()} * size.height() > kMostPixels)
-        throw unreadable(file.path, Words::tr("it has more pixels than there is memory for."));
+        throw unreadable(file.path, PictureWords::tr("it has more pixels than there is memory for."));
     if (reader.format() == "jpeg" && scansOfJpeg(file.content) > kMostScans)
-        throw unreadable(file.path, Words::tr("it is a JPEG of too many scans."));
+        throw unreadable(file.path, PictureWords::tr("it is a JPEG of too many scans."));
     const QImage picture = size.isValid() ? reader.read() : QImage();
     if (picture.isNull())
-        throw unreadable(file.path, Words::tr("it is neither a PDF nor a picture."));
+        throw unreadable(file.path, PictureWords::tr("it is neither a PDF nor a picture."));
     return picture;
 }
 

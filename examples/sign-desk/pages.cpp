@@ -16,7 +16,7 @@ namespace signdesk {
 
 namespace {
 
-struct Words
+struct PagesWords
 {
     Q_DECLARE_TR_FUNCTIONS(signdesk::Pages)
 };
@@ -109,11 +109,11 @@ private:
         // From memory: read from the file, a page would be drawn as the file is by then.
         std::unique_ptr<Poppler::Document> document(Poppler::Document::loadFromData(file.content));
         if (document == nullptr)
-            throw unreadable(file.path, Words::tr("it is a damaged PDF."));
+            throw unreadable(file.path, PagesWords::tr("it is a damaged PDF."));
         if (document->isLocked())
-            throw unreadable(file.path, Words::tr("it is protected by a password."));
+            throw unreadable(file.path, PagesWords::tr("it is protected by a password."));
         if (document->numPages() < 1)
-            throw unreadable(file.path, Words::tr("it has no page."));
+            throw unreadable(file.path, PagesWords::tr("it has no page."));
         return document;
     }
 

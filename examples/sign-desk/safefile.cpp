@@ -12,7 +12,7 @@ namespace signdesk {
 
 namespace {
 
-struct Words
+struct FileWords
 {
     Q_DECLARE_TR_FUNCTIONS(signdesk::SafeFile)
 };
@@ -22,14 +22,14 @@ Trouble cannotWrite(const QString &path)
     const QString shown = QDir::toNativeSeparators(path);
     const QFileInfo directory(QFileInfo(path).path());
     if (!directory.isDir())
-        return {Words::tr("%1 was not written: there is no such folder.").arg(shown),
-            Words::tr("Choose another folder. The signature is still here.")};
+        return {FileWords::tr("%1 was not written: there is no such folder.").arg(shown),
+            FileWords::tr("Choose another folder. The signature is still here.")};
     if (!directory.isWritable())
-        return {Words::tr("%1 was not written: you may not write in this folder.").arg(shown),
-            Words::tr("Choose another folder. The signature is still here.")};
-    return {Words::tr("%1 could not be written.").arg(shown),
-        Words::tr("See that there is space on the disk and that no folder or protected file has this name. "
-                  "The signature is still here.")};
+        return {FileWords::tr("%1 was not written: you may not write in this folder.").arg(shown),
+            FileWords::tr("Choose another folder. The signature is still here.")};
+    return {FileWords::tr("%1 could not be written.").arg(shown),
+        FileWords::tr("See that there is space on the disk and that no folder or protected file has this name. "
+                      "The signature is still here.")};
 }
 
 } // namespace
@@ -38,8 +38,8 @@ void writeFile(const QString &path, const std::function<bool(QIODevice &)> &writ
 {
     const QFileInfo there(path);
     if (there.exists() && !there.isFile() && !there.isDir()) // a device or a pipe, which would be replaced by a file
-        throw Trouble{Words::tr("%1 was not written: it is no file.").arg(QDir::toNativeSeparators(path)),
-            Words::tr("Choose another name. The signature is still here.")};
+        throw Trouble{FileWords::tr("%1 was not written: it is no file.").arg(QDir::toNativeSeparators(path)),
+            FileWords::tr("Choose another name. The signature is still here.")};
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         throw cannotWrite(path);

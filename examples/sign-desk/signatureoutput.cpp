@@ -17,7 +17,7 @@ namespace signdesk {
 
 namespace {
 
-struct Words
+struct OutputWords
 {
     Q_DECLARE_TR_FUNCTIONS(signdesk::SignatureOutput)
 };
@@ -83,9 +83,9 @@ QByteArray fileOf(const PadSession &session, const SignatureFormat &format, cons
                           : pictureFile(session.model(), format, options.isFine ? 300 : 150);
     }
     if (content.isEmpty())
-        throw Trouble{Words::tr("There is no whole picture of the signature."),
-            Words::tr("See that something is written in the field, and that the computer has memory to spare. "
-                      "Nothing was written; the signature is still here.")};
+        throw Trouble{OutputWords::tr("There is no whole picture of the signature."),
+            OutputWords::tr("See that something is written in the field, and that the computer has memory to spare. "
+                            "Nothing was written; the signature is still here.")};
     return content;
 }
 
@@ -116,8 +116,8 @@ void saveSignature(const PadSession &session, const QString &path, const OutputO
 {
     const SignatureFormat *format = formatOf(path);
     if (format == nullptr)
-        throw Trouble{Words::tr("%1: a signature is not written in this format.").arg(QFileInfo(path).fileName()),
-            Words::tr("Let the name end with .png, .svg, .pdf, .jpg or .bmp.")};
+        throw Trouble{OutputWords::tr("%1: a signature is not written in this format.").arg(QFileInfo(path).fileName()),
+            OutputWords::tr("Let the name end with .png, .svg, .pdf, .jpg or .bmp.")};
     const QByteArray content = fileOf(session, *format, options);
     writeFile(path, [&](QIODevice &file) { return file.write(content) == content.size(); });
 }

@@ -20,7 +20,7 @@ namespace signdesk {
 
 namespace {
 
-struct Words
+struct DocumentWords
 {
     Q_DECLARE_TR_FUNCTIONS(signdesk::SignedDocument)
 };
@@ -43,8 +43,9 @@ QRectF fitted(const QSizeF &page, const QRectF &paper)
 
 Trouble noPrinter()
 {
-    return {Words::tr("The printer does not take the page."),
-        Words::tr("See that it is switched on and has paper, or print into a file. The signature is still here.")};
+    return {DocumentWords::tr("The printer does not take the page."),
+        DocumentWords::tr(
+            "See that it is switched on and has paper, or print into a file. The signature is still here.")};
 }
 
 } // namespace
@@ -61,8 +62,9 @@ void SignedDocument::save(const QString &path) const
     if (suffix == QLatin1String("pdf"))
         return writeFile(path, [this](QIODevice &file) { return writePdf(file); });
     if (suffix != QLatin1String("png"))
-        throw Trouble{Words::tr("%1: a signed page is not written in this format.").arg(QFileInfo(path).fileName()),
-            Words::tr("Let the name end with .pdf or .png.")};
+        throw Trouble{
+            DocumentWords::tr("%1: a signed page is not written in this format.").arg(QFileInfo(path).fileName()),
+            DocumentWords::tr("Let the name end with .pdf or .png.")};
     const QImage page = signedPage();
     writeFile(path, [&](QIODevice &file) { return page.save(&file, "PNG"); });
 }
@@ -72,8 +74,8 @@ void SignedDocument::paint(QPainter &painter, int page, const QRectF &target, do
 {
     const QImage picture = m_pages.render(page, dotsPerPoint);
     if (picture.isNull())
-        throw Trouble{Words::tr("Page %1 cannot be drawn.").arg(page + 1),
-            Words::tr("Open the file anew. The signature itself can still be exported.")};
+        throw Trouble{DocumentWords::tr("Page %1 cannot be drawn.").arg(page + 1),
+            DocumentWords::tr("Open the file anew. The signature itself can still be exported.")};
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform | QPainter::LosslessImageRendering);
     painter.drawImage(target, picture);
     if (page != m_signature.page)
@@ -88,8 +90,8 @@ void SignedDocument::paint(QPainter &painter, int page, const QRectF &target, do
         return;
     QSvgRenderer strokes(m_signature.strokes);
     if (!strokes.isValid())
-        throw Trouble{Words::tr("The signature cannot be drawn."),
-            Words::tr("See that the computer has memory to spare. The signature is still here.")};
+        throw Trouble{DocumentWords::tr("The signature cannot be drawn."),
+            DocumentWords::tr("See that the computer has memory to spare. The signature is still here.")};
     strokes.render(&painter, placed(m_signature.field));
 }
 
@@ -139,8 +141,8 @@ void SignedDocument::print(QPrinter &printer) const
     if (!printer.isValid() || printer.outputFormat() != QPrinter::NativeFormat || !writePdf(buffer))
         throw noPrinter();
     if (!hasRoomForTemporary(2 * qint64{pages.size()}))
-        throw Trouble{Words::tr("There is no room to print: the disk with the temporary files is full."),
-            Words::tr("Make room on it, or print into a file. The signature is still here.")};
+        throw Trouble{DocumentWords::tr("There is no room to print: the disk with the temporary files is full."),
+            DocumentWords::tr("Make room on it, or print into a file. The signature is still here.")};
     printPages(printer);
 }
 
@@ -154,8 +156,8 @@ void SignedDocument::printIntoFile(QPrinter &printer) const
     printPages(printer);
     const QByteArray content = memory.content();
     if (!isWholePdf(content))
-        throw Trouble{Words::tr("The page could not be printed whole."),
-            Words::tr("See that the computer has memory to spare. The signature is still here.")};
+        throw Trouble{DocumentWords::tr("The page could not be printed whole."),
+            DocumentWords::tr("See that the computer has memory to spare. The signature is still here.")};
     writeFile(path, [&](QIODevice &file) { return file.write(content) == content.size(); });
 }
 

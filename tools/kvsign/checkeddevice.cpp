@@ -7,19 +7,19 @@
 
 namespace {
 
-constexpr int kPiece = 1 << 16;
+constexpr int kBuffered = 1 << 16;
 
 } // namespace
 
 qint64 CheckedDevice::writeData(const char *bytes, qint64 count)
 {
     m_count += count;
-    if (count > kPiece) {
+    if (count > kBuffered) {
         flush();
         pass(bytes, count);
     } else {
         m_buffer.append(bytes, static_cast<int>(count));
-        if (m_buffer.size() > kPiece)
+        if (m_buffer.size() > kBuffered)
             flush();
     }
     return m_failed ? -1 : count;

@@ -13,9 +13,9 @@
 
 namespace {
 
-constexpr int kMost = 4096;
+constexpr int kSlots = 4096;
 
-std::array<std::atomic<const Leftover *>, kMost> g_leftovers;
+std::array<std::atomic<const Leftover *>, kSlots> g_leftovers;
 
 /// As the kernel writes it.
 struct DirectoryEntry
@@ -64,7 +64,7 @@ Leftover::Leftover(Kind kind, const QByteArray &path, const QByteArray &to)
     , m_name(m_path.constData())
     , m_target(m_to.constData())
 {
-    for (int slot = 0; slot < kMost && m_slot < 0; ++slot) {
+    for (int slot = 0; slot < kSlots && m_slot < 0; ++slot) {
         const Leftover *free = nullptr;
         if (g_leftovers[static_cast<size_t>(slot)].compare_exchange_strong(free, this))
             m_slot = slot;

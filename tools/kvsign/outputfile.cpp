@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr size_t kPiece = 1 << 16;
+constexpr size_t kCopiedAtOnce = 1 << 16;
 constexpr int kMostLinks = 40;
 
 /// Where links lead to in the end, also to nothing; absolute, for the working directory may change.
@@ -177,7 +177,7 @@ void OutputFile::passOn()
     plainio::Descriptor target;
     if (!isStandard)
         target = plainio::openForWriting(m_path);
-    std::vector<char> piece(kPiece);
+    std::vector<char> piece(kCopiedAtOnce);
     for (qint64 place = 0; place < m_device.count();) {
         const ssize_t size = pread(m_device.descriptor(), piece.data(), piece.size(), place);
         if (size <= 0)

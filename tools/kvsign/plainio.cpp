@@ -19,7 +19,7 @@ namespace plainio {
 
 namespace {
 
-constexpr int kPiece = 1 << 16;
+constexpr int kReadAtOnce = 1 << 16;
 constexpr int kLook = 50; // milliseconds until the next look for an interruption
 constexpr qint64 kPatience = 1000; // milliseconds before a wait is explained
 
@@ -119,7 +119,7 @@ Descriptor openForWriting(const QString &path)
 
 QByteArray read(int descriptor, const QString &name, const QString &explanation)
 {
-    QByteArray bytes(kPiece, Qt::Uninitialized);
+    QByteArray bytes(kReadAtOnce, Qt::Uninitialized);
     for (;;) {
         if (isPipe(descriptor))
             waitFor(descriptor, POLLIN, explanation);

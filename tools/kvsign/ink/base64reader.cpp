@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int kPiece = 1 << 16;
+constexpr int kTextPiece = 1 << 16;
 constexpr int kGroup = 4;
 
 bool isAlphabet(char c)
@@ -17,7 +17,7 @@ bool isAlphabet(char c)
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '+' || c == '/';
 }
 
-bool isBlank(char c)
+bool isTextBlank(char c)
 {
     return c == ' ' || c == '\n' || c == '\r' || c == '\t';
 }
@@ -57,17 +57,17 @@ int Base64Reader::read(char *bytes, int count)
 
 void Base64Reader::refill()
 {
-    const QByteArray piece = m_device.read(kPiece);
+    const QByteArray piece = m_device.read(kTextPiece);
     m_ended = piece.isEmpty();
     for (const char c : piece) {
         const bool isPadding = c == '=' && (m_padded || m_pending.size() % kGroup >= 2);
-        if (!isBlank(c) && !isPadding && (m_padded || !isAlphabet(c)))
+        if (!isTextBlank(c) && !isPadding && (m_padded || !isAlphabet(c)))
             throw failed(QString("%1: %2 at byte %3 is not part of a Base64 text%4")
                              .arg(m_name, shown(c))
                              .arg(m_offset)
                              .arg(m_padded ? " that has ended" : ""));
         m_padded = m_padded || isPadding;
-        if (!isBlank(c))
+        if (!isTextBlank(c))
             m_pending += c;
         ++m_offset;
     }

@@ -12,7 +12,7 @@
 namespace {
 
 constexpr int kPointsPerLook = 1024;
-constexpr qint64 kPiece = 1 << 16;
+constexpr qint64 kPeeked = 1 << 16;
 constexpr qint64 kMostSpooled = qint64{4} << 30; // bytes; the ink of a month
 
 /// Passes points on, and tells how far it is.
@@ -77,7 +77,7 @@ InkInput::InkInput(const QString &path, const QString &formatName, Progress &pro
         throw failed(QString("%1: %2").arg(m_name, m_device.errorString()));
     m_device.seek(0);
     if (m_format == nullptr)
-        m_format = &formatOfContent(m_device.peek(kPiece));
+        m_format = &formatOfContent(m_device.peek(kPeeked));
 }
 
 /// What cannot be read twice is kept in a file without a name.

@@ -1,13 +1,14 @@
 #include "inkmldocument.h"
 
+#include "inkmlnamespace.h"
+
 #include <QDateTime>
 
 #include <algorithm>
 
 namespace {
 
-constexpr char kNamespace[] = "http://www.w3.org/2003/InkML";
-constexpr size_t kDeepest = 200;
+constexpr size_t kDeepestElement = 200;
 constexpr size_t kMostChannels = 256;
 constexpr int kMostStored = 100000;
 constexpr qint64 kMostViewed = qint64{1} << 28; // bytes: views of views make much of little
@@ -60,8 +61,8 @@ void InkmlDocument::begin()
 {
     if (m_open.empty())
         checkRoot();
-    if (m_open.size() >= kDeepest)
-        throw broken(QString("elements are nested more than %1 deep").arg(kDeepest));
+    if (m_open.size() >= kDeepestElement)
+        throw broken(QString("elements are nested more than %1 deep").arg(kDeepestElement));
     if (m_xml.namespaceUri() != m_namespace || isPassedOver(m_xml.name())) {
         m_xml.skipCurrentElement();
         return;
@@ -110,7 +111,7 @@ void InkmlDocument::end()
 void InkmlDocument::checkRoot()
 {
     const QStringRef space = m_xml.namespaceUri();
-    if (m_xml.name() != "ink" || (space != kNamespace && !space.isEmpty()))
+    if (m_xml.name() != "ink" || (space != kInkmlNamespace && !space.isEmpty()))
         throw broken(QString("the root is \"%1\", not InkML's \"ink\"").arg(m_xml.name().toString()));
     m_namespace = space.toString();
 }

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr long double kMost = 1e300L; // beyond this nothing is a coordinate or a time
+constexpr long double kLargest = 1e300L; // beyond this nothing is a coordinate or a time
 constexpr int kHexadecimal = 16;
 
 bool isPrefix(char c)
@@ -18,7 +18,7 @@ bool isLetterValue(char c)
     return c == '*' || c == '?' || c == 'T' || c == 'F';
 }
 
-bool isBlank(char c)
+bool isXmlBlank(char c)
 {
     return c == ' ' || c == '\n' || c == '\r' || c == '\t';
 }
@@ -31,7 +31,7 @@ bool isDigit(char c)
 /// Behind a number: what belongs to it by mistake, for the message.
 const char *endOfWord(const char *place, const char *end)
 {
-    while (place < end && !isBlank(*place) && *place != ',' && place[0] != '\'' && place[0] != '"')
+    while (place < end && !isXmlBlank(*place) && *place != ',' && place[0] != '\'' && place[0] != '"')
         ++place;
     return place;
 }
@@ -70,7 +70,7 @@ bool InkmlTrace::next()
 
 void InkmlTrace::skipBlanks()
 {
-    while (m_place < m_end && isBlank(*m_place))
+    while (m_place < m_end && isXmlBlank(*m_place))
         ++m_place;
 }
 
@@ -123,7 +123,7 @@ void InkmlTrace::takeNumber(size_t column)
     state.velocity = value.number - before;
     value.isKnown = true;
     value.letter = 0;
-    if (std::fabs(value.number) > kMost)
+    if (std::fabs(value.number) > kLargest)
         throw at(QString("%1 is more than a record holds").arg(name));
 }
 

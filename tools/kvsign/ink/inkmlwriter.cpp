@@ -2,14 +2,13 @@
 #include "../unwritable.h"
 #include "inkmlchannels.h"
 #include "inkmlformat.h"
+#include "inkmlnamespace.h"
 
 #include <QXmlStreamWriter>
 
 #include <limits>
 
 namespace {
-
-constexpr char kNamespace[] = "http://www.w3.org/2003/InkML";
 
 class InkmlSink : public PointSink
 {
@@ -60,7 +59,7 @@ private:
         m_begun = true;
         m_xml.writeStartDocument();
         m_xml.writeStartElement("ink");
-        m_xml.writeDefaultNamespace(kNamespace);
+        m_xml.writeDefaultNamespace(kInkmlNamespace);
         m_xml.writeStartElement("definitions");
         const bool hasZero = writeZero(first);
         m_xml.writeStartElement("context");

@@ -4,10 +4,10 @@
 
 namespace {
 
-constexpr int kPiece = 1 << 16;
+constexpr int kJsonPiece = 1 << 16;
 constexpr int kEnd = -1;
 constexpr int kLongestToken = 1 << 20;
-constexpr int kDeepest = 100;
+constexpr int kDeepestValue = 100;
 
 bool isBlank(int c)
 {
@@ -34,7 +34,7 @@ JsonTokens::JsonTokens(QIODevice &device, const QString &name)
 int JsonTokens::peek()
 {
     if (m_place == m_piece.size()) {
-        m_piece = m_device.read(kPiece);
+        m_piece = m_device.read(kJsonPiece);
         m_place = 0;
     }
     return m_piece.isEmpty() ? kEnd : static_cast<unsigned char>(m_piece.at(m_place));
@@ -154,7 +154,7 @@ void JsonTokens::skipValue()
         const bool opens = is('[') || is('{');
         const bool closes = is(']') || is('}');
         depth += opens ? 1 : closes ? -1 : 0;
-        if (depth > kDeepest || depth < 0)
+        if (depth > kDeepestValue || depth < 0)
             throw broken("the brackets do not match, or are too many");
         next();
     } while (depth > 0);

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int kPiece = 1 << 16;
+constexpr int kLinesPiece = 1 << 16;
 
 struct Mark
 {
@@ -77,7 +77,7 @@ bool TextLines::fill()
 {
     if (m_atEnd)
         return false;
-    QByteArray piece = m_device.read(kPiece);
+    QByteArray piece = m_device.read(kLinesPiece);
     m_atEnd = piece.isEmpty();
     if (m_atBegin) {
         const Mark *const mark = markOf(piece);
