@@ -5,6 +5,7 @@
 
 #include "LogFileUtil.h"
 #include "canvaslock.h"
+#include "modelrules.h"
 #include "padmodels.h"
 #include "sharedfields.h"
 #include "signmapping.h"
@@ -37,7 +38,7 @@ void fillContext(Pad &pad, int width, int height)
 {
     const ModelRow &model = Pad::row.model;
     signmapping::fill(pad.m_SignContext, model, width, height,
-        signmapping::pressureRatio(model, shared::get(pad.m_nSignWidthLevel), shared::get(pad.m_nMaxPressureValue)));
+        pressureRatio(model, shared::get(pad.m_nSignWidthLevel), shared::get(pad.m_nMaxPressureValue)));
 }
 
 template <class Pad>
@@ -45,7 +46,7 @@ void clearAll(Pad &pad, int width, int height)
 {
     const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
     pad.clearCanvas(pad.m_canvas, width, height);
-    if constexpr (Pad::row.model.hasFingerprint) {
+    if constexpr (Pad::row.model.hasFingerprintSensor) {
         pad.clearCanvas(pad.m_SignCanvas, width, height);
         pad.clearCanvas(pad.m_FPOnlyCanvas, width, height);
     }
@@ -58,7 +59,7 @@ void begin(Pad &pad, int width, int height)
     static constexpr logging::Key key{Pad::row.scope, Pad::row.constructor};
     const CanvasLock locked(pad.m_mutexUpdateCanvas);
     clearAll(pad, width, height);
-    if constexpr (Pad::row.model.hasFingerprint) {
+    if constexpr (Pad::row.model.hasFingerprintSensor) {
         pad.startDisplayThread(key);
         KV_LOG(key, "<%ld>-width=%d, height=%d, m_pShowFPImageOnDeviceThread=%lx", width, height,
             logging::address(pad.m_pShowFPImageOnDeviceThread));
@@ -100,7 +101,7 @@ void resize(Pad &pad)
     const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
     pad.m_internals.brush.release();
     pad.m_canvas = grown(pad.m_canvas, width, height);
-    if constexpr (Pad::row.model.hasFingerprint) {
+    if constexpr (Pad::row.model.hasFingerprintSensor) {
         pad.clearCanvas(pad.m_SignCanvas, width, height);
         pad.clearCanvas(pad.m_FPOnlyCanvas, kFingerprintWidth, kFingerprintHeight);
     }

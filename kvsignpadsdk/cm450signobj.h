@@ -14,8 +14,6 @@ public:
     static constexpr const PadRow &row = padrows::kM450Obj;
     static constexpr NOTIFY_HWSIGNDATA penPacketCallback = RxM450SignObjRawDataCallback;
     static constexpr NOTIFY_FPDATA fingerprintCallback = nullptr;
-    static constexpr const char *penPacketFunction = "RxM450SignPadRawData()";
-    static constexpr bool pushesLive = false;
 
     CM450SignObj(int nWidth, int nHeight);
     ~CM450SignObj();

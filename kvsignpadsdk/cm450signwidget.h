@@ -16,8 +16,6 @@ public:
     static constexpr const PadRow &row = padrows::kM450Widget;
     static constexpr NOTIFY_HWSIGNDATA penPacketCallback = RxM450SignPadRawDataCallback;
     static constexpr NOTIFY_FPDATA fingerprintCallback = nullptr;
-    static constexpr const char *penPacketFunction = "RxM450SignPadRawData()";
-    static constexpr bool pushesLive = false;
 
     explicit CM450SignWidget(QWidget *pParent);
     ~CM450SignWidget() override;

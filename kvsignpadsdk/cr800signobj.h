@@ -14,8 +14,6 @@ public:
     static constexpr const PadRow &row = padrows::kR800Obj;
     static constexpr NOTIFY_HWSIGNDATA penPacketCallback = RxR800SignObjRawDataCallback;
     static constexpr NOTIFY_FPDATA fingerprintCallback = nullptr;
-    static constexpr const char *penPacketFunction = "RxR800SignPadRawData()";
-    static constexpr bool pushesLive = false;
 
     CR800SignObj(int nWidth, int nHeight);
     ~CR800SignObj();

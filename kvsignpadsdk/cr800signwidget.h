@@ -16,8 +16,6 @@ public:
     static constexpr const PadRow &row = padrows::kR800Widget;
     static constexpr NOTIFY_HWSIGNDATA penPacketCallback = RxR800SignPadRawDataCallback;
     static constexpr NOTIFY_FPDATA fingerprintCallback = nullptr;
-    static constexpr const char *penPacketFunction = "RxR800SignPadRawData()";
-    static constexpr bool pushesLive = false;
 
     explicit CR800SignWidget(QWidget *pParent);
     ~CR800SignWidget() override;

@@ -15,8 +15,6 @@ public:
     static constexpr const PadRow &row = padrows::kS210Obj;
     static constexpr NOTIFY_HWSIGNDATA penPacketCallback = RxS210SignObjRawDataCallback;
     static constexpr NOTIFY_FPDATA fingerprintCallback = nullptr;
-    static constexpr const char *penPacketFunction = "RxS210SignPadRawData()";
-    static constexpr bool pushesLive = true;
 
     CS210SignObj(int nWidth, int nHeight);
     ~CS210SignObj();

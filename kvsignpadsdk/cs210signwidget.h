@@ -17,8 +17,6 @@ public:
     static constexpr const PadRow &row = padrows::kS210Widget;
     static constexpr NOTIFY_HWSIGNDATA penPacketCallback = RxS210SignPadRawDataCallback;
     static constexpr NOTIFY_FPDATA fingerprintCallback = nullptr;
-    static constexpr const char *penPacketFunction = "RxS210SignPadRawData()";
-    static constexpr bool pushesLive = true;
 
     explicit CS210SignWidget(QWidget *pParent);
     ~CS210SignWidget() override;

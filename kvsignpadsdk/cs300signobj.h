@@ -14,8 +14,6 @@ public:
     static constexpr const PadRow &row = padrows::kS300Obj;
     static constexpr NOTIFY_HWSIGNDATA penPacketCallback = RxS300SignObjRawDataCallback;
     static constexpr NOTIFY_FPDATA fingerprintCallback = nullptr;
-    static constexpr const char *penPacketFunction = "RxS300SignPadRawData()";
-    static constexpr bool pushesLive = false;
 
     CS300SignObj(int nWidth, int nHeight);
     ~CS300SignObj();

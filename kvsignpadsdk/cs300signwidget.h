@@ -16,8 +16,6 @@ public:
     static constexpr const PadRow &row = padrows::kS300Widget;
     static constexpr NOTIFY_HWSIGNDATA penPacketCallback = RxS300SignPadRawDataCallback;
     static constexpr NOTIFY_FPDATA fingerprintCallback = nullptr;
-    static constexpr const char *penPacketFunction = "RxS300SignPadRawData()";
-    static constexpr bool pushesLive = false;
 
     explicit CS300SignWidget(QWidget *pParent);
     ~CS300SignWidget() override;

@@ -20,8 +20,6 @@ public:
     static constexpr const PadRow &row = padrows::kS310XObj;
     static constexpr NOTIFY_HWSIGNDATA penPacketCallback = RxS310XSignObjRawDataCallback;
     static constexpr NOTIFY_FPDATA fingerprintCallback = RxS310XSignObjFPRawDataCallback;
-    static constexpr const char *penPacketFunction = "RxS310XSignPadRawData()";
-    static constexpr bool pushesLive = false;
 
     CS310XSignObj(int nWidth, int nHeight);
     ~CS310XSignObj();

@@ -22,8 +22,6 @@ public:
     static constexpr const PadRow &row = padrows::kS310XWidget;
     static constexpr NOTIFY_HWSIGNDATA penPacketCallback = RxS310XSignPadRawDataCallback;
     static constexpr NOTIFY_FPDATA fingerprintCallback = RxS310XSignPadFPRawDataCallback;
-    static constexpr const char *penPacketFunction = "RxS310XSignPadRawData()";
-    static constexpr bool pushesLive = false;
 
     explicit CS310XSignWidget(QWidget *pParent);
     ~CS310XSignWidget() override;

@@ -33,7 +33,7 @@ void writeInfo(const ModelRow &model, const State &state, int nIndex, void *pOut
         std::strcpy(static_cast<char *>(pOutput), "Korvane");
         break;
     case DIID_GET_PRODUCT:
-        std::strcpy(static_cast<char *>(pOutput), model.product);
+        std::strcpy(static_cast<char *>(pOutput), model.name);
         break;
     case DIID_GET_DRV_VER:
         put(pOutput, _tagKVSDKVERSION{1, 0});

@@ -5,6 +5,7 @@
 
 #include "LogFileUtil.h"
 #include "inkpoints.h"
+#include "modelrules.h"
 #include "padmodels.h"
 #include "padparts.h"
 #include "sharedfields.h"
@@ -113,7 +114,7 @@ int setPenWidth(Pad &pad, int nPenWidth)
     }
     shared::set(pad.m_nSignWidthLevel, nPenWidth);
     shared::set(pad.m_SignContext.dblSignPressureRatio,
-        signmapping::pressureRatio(Pad::row.model, nPenWidth, shared::get(pad.m_nMaxPressureValue)));
+        pressureRatio(Pad::row.model, nPenWidth, shared::get(pad.m_nMaxPressureValue)));
     KV_LOG(key, "<%ld>-leave with nResult=%d !", ARI_SUCCESS);
     return ARI_SUCCESS;
 }
@@ -146,18 +147,17 @@ int info(Pad &pad, int nIndex, void *pOutput)
 template <class Pad>
 int clearPadScreen(Pad &pad, const logging::Key &key)
 {
-    constexpr bool kWholeArea = Pad::row.tapMark == TapMark::ConfirmOrCancel;
     if (__atomic_exchange_n(&padparts::tapMark(pad), false, __ATOMIC_ACQ_REL)) {
-        if constexpr (kWholeArea)
+        if constexpr (Pad::row.tapMark == TapMark::ConfirmOrCancel)
             KV_LOG(key, "<%ld>-m_bPenDownOnDeviceConfirmOrCancelArea = false, only clear UI canvas !");
         else
             KV_LOG(key, "<%ld>-m_bPenDownOnCancelButton = false");
         return ARI_SUCCESS;
     }
-    if constexpr (kWholeArea)
+    if constexpr (Pad::row.has(LogsScreenClear))
         KV_LOG(key, "<%ld>-b4 call m_pfn_KVSPDAPI_ClearDeviceContent()...");
     const int nResult = pad.m_pfn_KVSPDAPI_ClearDeviceContent();
-    if constexpr (kWholeArea)
+    if constexpr (Pad::row.has(LogsScreenClear))
         KV_LOG(key, "<%ld>-after call m_pfn_KVSPDAPI_ClearDeviceContent()...");
     return nResult;
 }
@@ -168,7 +168,7 @@ int clearContent(Pad &pad)
 {
     static constexpr logging::Key key{Pad::row.scope, "ClearDeviceContent()"};
     KV_LOG(key, "<%ld>-enter...");
-    if constexpr (Pad::row.model.hasFingerprint && Pad::row.host == Host::Widget)
+    if constexpr (Pad::row.model.hasFingerprintSensor && Pad::row.has(ClearsFingerprintPlaceFirst))
         pad.clearFingerprintHost();
     int nResult = ARI_FAIL;
     if (pad.m_pfn_KVSPDAPI_ClearDeviceContent != nullptr) {
@@ -177,7 +177,7 @@ int clearContent(Pad &pad)
     }
     shared::set(pad.m_bClipImage, false);
     inkpoints::clear(pad);
-    if constexpr (Pad::row.model.hasFingerprint && Pad::row.host == Host::Headless)
+    if constexpr (Pad::row.model.hasFingerprintSensor && !Pad::row.has(ClearsFingerprintPlaceFirst))
         pad.clearFingerprintHost();
     KV_LOG(key, "<%ld>-leave with nResult=%d !", nResult);
     return nResult;

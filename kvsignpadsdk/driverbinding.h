@@ -8,15 +8,13 @@
 #include "driverinterface.h"
 #include "forkedchild.h"
 #include "inkpoints.h"
+#include "modelrules.h"
 #include "padmodels.h"
 #include "sharedfields.h"
 
 #include <QLibrary>
 
 namespace driverbinding {
-
-/// Largest pressure of the pad that gave this version text; 0 for a pad of another model.
-int maxPressureOf(const ModelRow &model, const char *version);
 
 /// The operations of the instance's model in the order of resolution: slot, exported name, needed to connect.
 template <class Pad, class Visit>
@@ -36,7 +34,7 @@ void forEachOperation(Pad &pad, Visit visit)
     if constexpr (Pad::row.model.hasScreen)
         visit(pad.m_pfn_KVSPDAPI_ShowVersionInfoOnDevice, "KVSPDAPI_ShowVersionInfoOnDevice", true);
     visit(pad.m_pfn_KVSPDAPI_SetDevicePenStyle, "KVSPDAPI_SetDevicePenStyle", true);
-    if constexpr (Pad::row.model.hasFingerprint)
+    if constexpr (Pad::row.model.hasFingerprintSensor)
         visit(pad.m_pfn_KVSPDAPI_ShowFPImageOnDevice, "KVSPDAPI_ShowFPImageOnDevice", true);
 }
 
@@ -81,11 +79,11 @@ bool recognise(Pad &pad, const logging::Key &key)
     constexpr int kVersionSize = 32;
     char cVersion[kVersionSize + 1] = {}; // the driver may leave it empty, or fill it without a zero
     const int nResult = pad.m_pfn_KVSPDAPI_GetDevicePartsVersion(cVersion, kVersionSize);
-    const int maxPressure = maxPressureOf(Pad::row.model, cVersion);
-    if (maxPressure != 0)
-        shared::set(pad.m_nMaxPressureValue, maxPressure);
+    const std::optional<int> maxPressure = maxPressureOf(Pad::row.model, cVersion);
+    if (maxPressure.has_value())
+        shared::set(pad.m_nMaxPressureValue, *maxPressure);
     KV_LOG(key, "<%ld>-cVersion=%s, nResult=%d", cVersion, nResult);
-    return maxPressure != 0;
+    return maxPressure.has_value();
 }
 
 template <class Pad>
@@ -156,11 +154,11 @@ void shutdown(Pad &pad)
     KV_LOG(key, "<%ld>-Enter...");
     if (!pad.m_internals.isOfThisProcess())
         forkedchild::freeLocks(pad);
-    if constexpr (Pad::row.model.hasFingerprint)
+    if constexpr (Pad::row.model.hasFingerprintSensor)
         pad.stopDisplayThread(key);
     pad.ShutdownKVSignPadDriver();
     inkpoints::deleteLists(pad);
-    if constexpr (Pad::row.model.hasFingerprint)
+    if constexpr (Pad::row.model.hasFingerprintSensor)
         pad.releaseFingerprintHosts();
     KV_LOG(key, "<%ld>-leave !");
 }

@@ -115,7 +115,7 @@ void showPicture(Pad &pad)
         }
     } else if (pad.m_bAlreadyShownFPImageRawDataOnDevice) {
         pad.m_bAlreadyShownFPImageRawDataOnDevice = false;
-        if constexpr (Pad::row.host == Host::Headless) {
+        if constexpr (Pad::row.has(LogsFingerprintMerge)) {
             static constexpr logging::Key key{Pad::row.scope, "ProcessShowFPImgaeRawDataOnDevice()"};
             KV_LOG(key, "<%ld>-b4 call MergeSignCanvasAndFPCanvas()...");
         }

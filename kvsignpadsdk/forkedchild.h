@@ -21,7 +21,7 @@ template <class Pad>
 void freeLocks(Pad &pad)
 {
     renew(pad.m_mutexUpdateCanvas);
-    if constexpr (Pad::row.model.hasFingerprint) {
+    if constexpr (Pad::row.model.hasFingerprintSensor) {
         renew(pad.m_mutexUpdateShowFPImageRawDataOnDevice);
         for (auto *widget : pad.m_internals.widgets)
             renew(widget->pixelsLock);

@@ -37,7 +37,7 @@ bool savePdf(QImage image, const QString &path, int nDPI);
 template <class Pad>
 bool hasFingerprint(Pad &pad)
 {
-    if constexpr (Pad::row.model.hasFingerprint)
+    if constexpr (Pad::row.model.hasFingerprintSensor)
         return shared::get(pad.m_nCurrentFPRawDataWithBestScore) > 0;
     else
         return false;

@@ -40,7 +40,7 @@ QImage chosen(Pad &pad, bool mayCutToFingerprint)
 {
     if (shared::get(pad.m_bClipImage))
         return inkbounds::partInside(pad.m_canvas, inkbounds::clipRect(pad, pad.m_canvas));
-    if constexpr (Pad::row.model.hasFingerprint && Pad::row.host == Host::Widget) {
+    if constexpr (Pad::row.has(CutsTextsToFingerprint)) {
         if (mayCutToFingerprint && shared::get(pad.m_bFPImageBase64DataOnly)
             && shared::get(pad.m_nNewFPProcessActionID) == NFPPA_SIGN_FP_SAME_WIDGET)
             return inkbounds::partInside(pad.m_canvas, placeOfFingerprint(pad));
@@ -53,7 +53,7 @@ QImage chosen(Pad &pad, bool mayCutToFingerprint)
 template <class Pad>
 PngStream *keptStream(Pad &pad)
 {
-    if constexpr (Pad::pushesLive)
+    if constexpr (Pad::row.has(PushesLive))
         return shared::get(pad.m_pfnRealTimeSignBase64DataCallback) != nullptr ? &pad.m_internals.livePng : nullptr;
     return nullptr;
 }
@@ -96,7 +96,7 @@ bool hasContent(Pad &pad, int nImageTypeID, bool fingerprintWillDo)
 {
     if (inkpoints::count(pad) > 0)
         return true;
-    if constexpr (Pad::row.model.hasFingerprint)
+    if constexpr (Pad::row.model.hasFingerprintSensor)
         return fingerprintWillDo && nImageTypeID >= EBITI_BITMAP && nImageTypeID <= EBITI_PNG
             && shared::get(pad.m_nCurrentFPRawDataWithBestScore) != 0;
     return false;
@@ -186,7 +186,7 @@ char *svgText(Pad &pad)
     size_t size = 0;
     size_t nBase64Size = 0;
     char *pBase64Data = drawnText(pad, key, size, nBase64Size);
-    if constexpr (Pad::row.logsSvgFileClosed)
+    if constexpr (Pad::row.has(LogsSvgFileClosed))
         KV_LOG(key, "<%ld>-after call f.close()...");
     KV_LOG(key, "<%ld>-byteArray size=%d", static_cast<int>(size));
     KV_LOG(key, "<%ld>-nBase64Size=%d", static_cast<int>(nBase64Size));

@@ -14,7 +14,7 @@ template <class Pad>
 bool setReceiver(Pad &pad, int nType, SIGNPAD_SIGN_BASE64_DATA_CALLBACK pfnSignBase64DataCallback)
 {
     static constexpr logging::Key key{Pad::row.scope, "SetRealTimeSignBase64DataCallback()"};
-    if constexpr (Pad::row.host == Host::Headless)
+    if constexpr (Pad::row.has(LogsPushReceiver))
         KV_LOG(key, "<%ld>-Enter, nType=%d, pfnSignBase64DataCallback=%x", nType,
             logging::shortAddress(pfnSignBase64DataCallback));
     else

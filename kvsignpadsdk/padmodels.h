@@ -1,55 +1,11 @@
 /// @file
-/// Every difference between the pads: five model rows, ten pad rows. Behaviour asks for a difference by its name.
+/// What differs between the ten instance classes, a row each; what differs between models is in modelrows.h. Behaviour
+/// asks for a difference by its name, never for a class or a model. `host` is asked only for what being a widget means:
+/// repaints, events, Qt's ownership, other parameters of a member.
 #ifndef PADMODELS_H
 #define PADMODELS_H
 
-#include "kvsignpadsdk_global.h"
-
-/// Size of the fingerprint sensor's image, one grey byte a pixel.
-inline constexpr int kFingerprintWidth = 208;
-inline constexpr int kFingerprintHeight = 288;
-
-/// A version text that begins with `text` names a pad of the model, with this largest pressure.
-struct VersionPrefix
-{
-    const char *text;
-    int maxPressure;
-};
-
-/// How the pen's width follows from the width level.
-enum class WidthRule
-{
-    FixedDivisor, ///< level / 306 per unit of pressure; without pressure: the level
-    OwnMaximum ///< level * 3 at the pad's own largest pressure; without pressure: level * 3
-};
-
-/// What holds for a pad, however it is shown.
-struct ModelRow
-{
-    int deviceType;
-    const char *product;
-    int rawOffsetX; ///< raw x at the left edge of the writing area
-    int rawOffsetY; ///< raw y at its top edge
-    int rawSpanX; ///< size of the writing area in raw units
-    int rawSpanY;
-    int maxPressure; ///< until the version text says otherwise
-    WidthRule widthRule;
-    bool hasScreen; ///< a screen to switch, pen and secure identifiers, version display, pen style in the pad
-    bool hasFingerprint;
-    VersionPrefix versions[8]; ///< in the order of testing, ended by a null text
-};
-
-inline constexpr ModelRow kS210{KVS210_DEVICE, "S210", 160, 220, 2360, 1430, 2048, WidthRule::FixedDivisor, true, false,
-    {{"KVT120", 1024}, {"KVS210L1", 1024}, {"KVT140L1", 1024}, {"KVS190", 1024}, {"KVN230", 1024}, {"KVS210", 2048},
-        {"KVT14", 2048}}};
-inline constexpr ModelRow kS300{
-    KVS300_DEVICE, "S300", 200, 200, 2300, 1300, 2048, WidthRule::FixedDivisor, true, false, {{"KVS300", 2048}}};
-inline constexpr ModelRow kS310X{
-    KVS310X_DEVICE, "S310X", 2050, 1750, 21170, 11490, 2048, WidthRule::FixedDivisor, true, true, {{"KVS310X", 2048}}};
-inline constexpr ModelRow kR800{
-    KVR800_DEVICE, "R800", 550, 180, 29870, 20120, 8192, WidthRule::OwnMaximum, false, false, {{"KVR800", 8192}}};
-inline constexpr ModelRow kM450{
-    KVM450_DEVICE, "M450", 550, 180, 29870, 20120, 8192, WidthRule::OwnMaximum, false, false, {{"KVM450", 8192}}};
+#include "modelrows.h"
 
 enum class Host
 {
@@ -72,18 +28,39 @@ enum class TapMark
     ConfirmOrCancel
 };
 
+/// What only some classes do; the log lines are known to those who read logs, so each class keeps its own.
+enum Trait : unsigned
+{
+    NoTrait = 0,
+    PushesLive = 1U << 0, ///< the whole signature to a receiver after every pen movement
+    LogsPushReceiver = 1U << 1, ///< its address, when it is set
+    LogsMapping = 1U << 2, ///< of every packet to the canvas
+    LogsSvgFileClosed = 1U << 3,
+    LogsScreenClear = 1U << 4, ///< before and after the driver's call
+    LogsFingerprintMerge = 1U << 5, ///< before the display thread's
+    ClearsFingerprintPlaceFirst = 1U << 6, ///< at ClearDeviceContent, else last
+    CutsTextsToFingerprint = 1U << 7 ///< images of a fingerprint alone show its rectangle alone
+};
+
+constexpr Trait operator|(Trait one, Trait other)
+{
+    return static_cast<Trait>(static_cast<unsigned>(one) | static_cast<unsigned>(other));
+}
+
 /// What holds for one of the ten instance classes.
 struct PadRow
 {
     const char *scope; ///< head of the class's log keys
     const char *constructor; ///< log key of the constructor, without the scope
+    const char *penPackets; ///< log key of the member that takes pen packets, without the scope
     const ModelRow &model;
     Host host;
     MoveLimit moveLimit;
     TapMark tapMark;
     const char *inkCountLeaveKey; ///< function that the leave line of GetTotalInkPointsNumber names
-    bool logsMapping;
-    bool logsSvgFileClosed;
+    Trait traits;
+
+    constexpr bool has(Trait trait) const { return (traits & trait) != 0; }
 };
 
 namespace padrows {
@@ -91,27 +68,28 @@ namespace padrows {
 inline constexpr const char *kSlippedKey = "SetSignPadEventCallback()";
 inline constexpr const char *kOwnKey = "GetTotalInkPointsNumber()";
 
-// class, constructor, model, host, moves dropped above, tap mark, ink count leaves as, logs: mapping, SVG file closed
-inline constexpr PadRow kS210Widget{"CS210SignWidget::", "CS210SignWidget()", kS210, Host::Widget,
-    MoveLimit::OwnMaximum, TapMark::Cancel, kSlippedKey, false, false};
-inline constexpr PadRow kS210Obj{"CS210SignObj::", "CS210SignObj()", kS210, Host::Headless, //
-    MoveLimit::OwnMaximum, TapMark::Cancel, kSlippedKey, false, false};
-inline constexpr PadRow kS300Widget{"CS300SignWidget::", "CS300SignWidget()", kS300, Host::Widget,
-    MoveLimit::OwnMaximum, TapMark::Cancel, kSlippedKey, false, false};
-inline constexpr PadRow kS300Obj{"CS300SignObj::", "CS300SignObj()", kS300, Host::Headless, //
-    MoveLimit::None, TapMark::Cancel, kSlippedKey, false, true};
-inline constexpr PadRow kS310XWidget{"CS310XSignWidget::", "CS310XSignWidget()", kS310X, Host::Widget,
-    MoveLimit::Fixed2048, TapMark::Cancel, kSlippedKey, true, false};
-inline constexpr PadRow kS310XObj{"CS310XSignObj::", "CS310XSignObj()", kS310X, Host::Headless, //
-    MoveLimit::None, TapMark::Cancel, kSlippedKey, false, true};
-inline constexpr PadRow kR800Widget{"CR800SignWidget::", "CR800SignWidget()", kR800, Host::Widget,
-    MoveLimit::OwnMaximum, TapMark::ConfirmOrCancel, kOwnKey, false, false};
-inline constexpr PadRow kR800Obj{"CR800SignObj::", "CR800SignObj()", kR800, Host::Headless, //
-    MoveLimit::None, TapMark::Cancel, kSlippedKey, false, true};
-inline constexpr PadRow kM450Widget{"CM450SignWidget::", "CM450SignWidget()", kM450, Host::Widget,
-    MoveLimit::OwnMaximum, TapMark::ConfirmOrCancel, kOwnKey, false, false};
-inline constexpr PadRow kM450Obj{"CM450SignObj::", "CM450SignObj()", kM450, Host::Headless, //
-    MoveLimit::None, TapMark::Cancel, kSlippedKey, false, true};
+// class, constructor, pen packets, model, host, moves dropped above, tap mark, ink count leaves as, traits
+inline constexpr PadRow kS210Widget{"CS210SignWidget::", "CS210SignWidget()", "RxS210SignPadRawData()", //
+    kS210, Host::Widget, MoveLimit::OwnMaximum, TapMark::Cancel, kSlippedKey, PushesLive};
+inline constexpr PadRow kS210Obj{"CS210SignObj::", "CS210SignObj()", "RxS210SignPadRawData()", //
+    kS210, Host::Headless, MoveLimit::OwnMaximum, TapMark::Cancel, kSlippedKey, PushesLive | LogsPushReceiver};
+inline constexpr PadRow kS300Widget{"CS300SignWidget::", "CS300SignWidget()", "RxS300SignPadRawData()", //
+    kS300, Host::Widget, MoveLimit::OwnMaximum, TapMark::Cancel, kSlippedKey, NoTrait};
+inline constexpr PadRow kS300Obj{"CS300SignObj::", "CS300SignObj()", "RxS300SignPadRawData()", //
+    kS300, Host::Headless, MoveLimit::None, TapMark::Cancel, kSlippedKey, LogsSvgFileClosed};
+inline constexpr PadRow kS310XWidget{"CS310XSignWidget::", "CS310XSignWidget()", "RxS310XSignPadRawData()", //
+    kS310X, Host::Widget, MoveLimit::Fixed2048, TapMark::Cancel, kSlippedKey,
+    LogsMapping | ClearsFingerprintPlaceFirst | CutsTextsToFingerprint};
+inline constexpr PadRow kS310XObj{"CS310XSignObj::", "CS310XSignObj()", "RxS310XSignPadRawData()", //
+    kS310X, Host::Headless, MoveLimit::None, TapMark::Cancel, kSlippedKey, LogsSvgFileClosed | LogsFingerprintMerge};
+inline constexpr PadRow kR800Widget{"CR800SignWidget::", "CR800SignWidget()", "RxR800SignPadRawData()", //
+    kR800, Host::Widget, MoveLimit::OwnMaximum, TapMark::ConfirmOrCancel, kOwnKey, LogsScreenClear};
+inline constexpr PadRow kR800Obj{"CR800SignObj::", "CR800SignObj()", "RxR800SignPadRawData()", //
+    kR800, Host::Headless, MoveLimit::None, TapMark::Cancel, kSlippedKey, LogsSvgFileClosed};
+inline constexpr PadRow kM450Widget{"CM450SignWidget::", "CM450SignWidget()", "RxM450SignPadRawData()", //
+    kM450, Host::Widget, MoveLimit::OwnMaximum, TapMark::ConfirmOrCancel, kOwnKey, LogsScreenClear};
+inline constexpr PadRow kM450Obj{"CM450SignObj::", "CM450SignObj()", "RxM450SignPadRawData()", //
+    kM450, Host::Headless, MoveLimit::None, TapMark::Cancel, kSlippedKey, LogsSvgFileClosed};
 
 } // namespace padrows
 

@@ -23,7 +23,7 @@ bool &tapMark(Pad &pad)
 template <class Pad>
 QImage &inkCanvas(Pad &pad)
 {
-    if constexpr (Pad::row.model.hasFingerprint)
+    if constexpr (Pad::row.model.hasFingerprintSensor)
         return pad.m_SignCanvas;
     else
         return pad.m_canvas;
@@ -32,7 +32,7 @@ QImage &inkCanvas(Pad &pad)
 template <class Pad>
 bool hasDisplayThread(const Pad &pad)
 {
-    if constexpr (Pad::row.model.hasFingerprint)
+    if constexpr (Pad::row.model.hasFingerprintSensor)
         return pad.m_pShowFPImageOnDeviceThread != nullptr;
     else
         return false;

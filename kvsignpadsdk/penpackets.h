@@ -59,7 +59,7 @@ void drawMove(Pad &pad, const logging::Key &key, int nX, int nY, int nP)
     pad.StartSignOnCanvas(at.x, at.y, at.pressure);
     KV_LOG(key, "<%ld>-Pen_Move, dblSignWndX=%f, dblSignWndY=%f, dblSignWndPressure=%f", at.x, at.y, at.pressure);
     inkpoints::append(pad, nX, nY, nP);
-    if constexpr (Pad::pushesLive)
+    if constexpr (Pad::row.has(PushesLive))
         pad.CheckIfNeedToSendRealTimeSignBase64Data();
 }
 
@@ -121,7 +121,7 @@ void handle(Pad &pad, int nX, int nY, int nP, int nPenStatus)
 {
     if (!shared::get(pad.m_bDeviceConnected))
         return;
-    static constexpr logging::Key key{Pad::row.scope, Pad::penPacketFunction};
+    static constexpr logging::Key key{Pad::row.scope, Pad::row.penPackets};
     KV_LOG(key, "<%ld>-Enter, nX=%d, nY=%d, nP=%d, nPenStatus=%d", nX, nY, nP, nPenStatus);
     const Action action =
         actionFor(Pad::row, shared::get(pad.m_bPenDown), shared::get(pad.m_nMaxPressureValue), nP, nPenStatus);

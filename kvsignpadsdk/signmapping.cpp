@@ -17,13 +17,6 @@ double place(int raw, const int32_t &offset, int span, const double &ratio)
 
 } // namespace
 
-double pressureRatio(const ModelRow &model, int widthLevel, int maxPressure)
-{
-    if (model.widthRule == WidthRule::FixedDivisor)
-        return widthLevel / 306.0;
-    return widthLevel * 3.0 / maxPressure;
-}
-
 void fill(SingContext &context, const ModelRow &model, int width, int height, double pressureRatio)
 {
     shared::set(context.nSignWndWidth, width);

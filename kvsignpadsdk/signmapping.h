@@ -8,9 +8,6 @@
 
 namespace signmapping {
 
-/// Pen width in pixels per unit of raw pressure, for a width level of 1 to 10.
-double pressureRatio(const ModelRow &model, int widthLevel, int maxPressure);
-
 /// Fills the context for a canvas of width by height pixels. Another thread may be mapping meanwhile: each field is
 /// stored as a whole, and a packet in between may see some old and some new ones.
 void fill(SingContext &context, const ModelRow &model, int width, int height, double pressureRatio);
@@ -24,10 +21,10 @@ template <class Pad>
 void convert(Pad &pad, int nSignRawX, int nSignRawY, int nSignRawP, double &dblX, double &dblY, double &dblP)
 {
     static constexpr logging::Key key{Pad::row.scope, "ConvertSignRawDataToSignWndData()"};
-    if constexpr (Pad::row.logsMapping)
+    if constexpr (Pad::row.has(LogsMapping))
         KV_LOG(key, "<%ld>-enter, nSignRawX=%d, nSignRawY=%d, nSignRawP=%d", nSignRawX, nSignRawY, nSignRawP);
     map(pad.m_SignContext, Pad::row.model, nSignRawX, nSignRawY, nSignRawP, dblX, dblY, dblP);
-    if constexpr (Pad::row.logsMapping)
+    if constexpr (Pad::row.has(LogsMapping))
         KV_LOG(key, "<%ld>-leave !");
 }
 

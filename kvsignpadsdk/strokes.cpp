@@ -20,11 +20,6 @@ QPen penFor(double width, const QColor &colour)
     return pen;
 }
 
-double fixedWidth(const ModelRow &model, int widthLevel)
-{
-    return model.widthRule == WidthRule::OwnMaximum ? widthLevel * 3.0 : widthLevel;
-}
-
 void drawWith(QPainter &painter, const QPointF &from, const QPointF &to, double width)
 {
     // Of a line without length only pens of up to one pixel leave a mark.

@@ -6,6 +6,7 @@
 #include "LogFileUtil.h"
 #include "canvaslock.h"
 #include "fastways/mergecache.h"
+#include "modelrules.h"
 #include "padmodels.h"
 #include "padparts.h"
 #include "sharedfields.h"
@@ -23,9 +24,6 @@ namespace strokes {
 
 /// The pen of a segment: solid, with round caps and joins.
 QPen penFor(double width, const QColor &colour);
-
-/// Pen width while the pressure is switched off.
-double fixedWidth(const ModelRow &model, int widthLevel);
 
 /// Switches on the antialiasing that strokes have.
 void setHint(QPainter &painter);
@@ -76,7 +74,7 @@ void startSign(Pad &pad, double dblX, double dblY, double dblPressure)
         drawInk(pad, from, {dblX, dblY}, width);
         pad.m_dblLastSignWndX = dblX;
         pad.m_dblLastSignWndY = dblY;
-        if constexpr (Pad::row.model.hasFingerprint) {
+        if constexpr (Pad::row.model.hasFingerprintSensor) {
             pad.m_internals.mergeCache.segmentDrawn(MergeCache::boxOf(from, {dblX, dblY}, width));
             pad.MergeSignCanvasAndFPCanvas();
         }
@@ -94,7 +92,7 @@ void clear(Pad &pad)
     const CanvasLock locked(pad.m_mutexUpdateCanvas);
     {
         const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
-        if constexpr (Pad::row.model.hasFingerprint) {
+        if constexpr (Pad::row.model.hasFingerprintSensor) {
             shared::set(pad.m_nCurrentFPRawDataWithBestScore, 0);
             pad.m_FPOnlyCanvas.fill(Qt::white);
             pad.m_SignCanvas.fill(Qt::white);

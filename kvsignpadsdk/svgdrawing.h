@@ -87,7 +87,7 @@ void draw(Pad &pad, QIODevice &device, const QSize &size, int nDPI, const QPoint
     if (device.isOpen()) {
         svglines::Drawing drawing{size, nDPI, strokes::drawColour(pad), {},
             [&lines](svglines::Line &line) { return lines.next(line); }, points.size()};
-        if constexpr (Pad::row.model.hasFingerprint) {
+        if constexpr (Pad::row.model.hasFingerprintSensor) {
             if (shared::get(pad.m_nCurrentFPRawDataWithBestScore) > 0)
                 drawing.below = [&](QPainter &painter) {
                     drawFingerprint(painter, pad.fingerprintLayer(), size, nDPI);

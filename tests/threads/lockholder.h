@@ -69,7 +69,7 @@ void expectAllFree(Pad &pad)
     expectFree(pad.m_internals.pixelsLock, "pixelsLock");
     expectFree(pad.m_internals.inkLock, "inkLock");
     expectFree(pad.m_internals.colourLock, "colourLock");
-    if constexpr (Pad::row.model.hasFingerprint)
+    if constexpr (Pad::row.model.hasFingerprintSensor)
         expectFree(pad.m_mutexUpdateShowFPImageRawDataOnDevice, "m_mutexUpdateShowFPImageRawDataOnDevice");
 }
 
