@@ -1,30 +1,15 @@
 // A substitute driver for measurements: it keeps the callbacks, so that a benchmark calls them on its own thread and
 // sees the cost of the library alone.
-#include "kvsignpadsdk_global.h"
+#include "modelrows.h"
 
 #include <cstdio>
+#include <string>
 
 namespace {
 
 NOTIFY_HWSIGNDATA penPacket = nullptr;
 NOTIFY_FPDATA fingerprint = nullptr;
 int openedType = 0;
-
-const char *versionText()
-{
-    switch (openedType) {
-    case KVS210_DEVICE:
-        return "KVS210";
-    case KVS300_DEVICE:
-        return "KVS300";
-    case KVS310X_DEVICE:
-        return "KVS310X";
-    case KVR800_DEVICE:
-        return "KVR800";
-    default:
-        return "KVM450";
-    }
-}
 
 int write(char *text, int size, const char *value)
 {
@@ -78,7 +63,7 @@ int KVSPDAPI_GetDeviceSecureID(char *text, int size)
 }
 int KVSPDAPI_GetDevicePartsVersion(char *text, int size)
 {
-    return write(text, size, versionText());
+    return write(text, size, (std::string("KV") + modelOfType(openedType)->name).c_str());
 }
 int KVSPDAPI_ShowVersionInfoOnDevice(bool)
 {

@@ -1,5 +1,6 @@
 #include "benchpad.h"
 
+#include "modelrules.h"
 #include "recording.h"
 
 #include <QApplication>
@@ -13,48 +14,47 @@
 
 namespace {
 
-// The recordings are made for this model; the others get them mapped.
-const BenchFamily &recordedFor()
-{
-    return benchFamily("S310X");
-}
+constexpr int kWidthLevel = 3; // what a pad begins with
 
-Packet mapped(const KVSIM_PACKET &packet, const BenchFamily &family)
+// The recordings are made for this model; the others get them mapped.
+constexpr const ModelRow &kRecordedFor = kS310X;
+
+Packet mapped(const KVSIM_PACKET &packet, const ModelRow &model)
 {
-    const BenchFamily &from = recordedFor();
+    const ModelRow &from = kRecordedFor;
     const auto map = [](int value, int offset, int span, int toOffset, int toSpan) {
         return toOffset + static_cast<int>(std::lround((value - offset) * (1.0 * toSpan / span)));
     };
-    return {map(packet.x, from.offsetX, from.spanX, family.offsetX, family.spanX),
-        map(packet.y, from.offsetY, from.spanY, family.offsetY, family.spanY),
-        map(packet.pressure, 0, from.maxPressure, 0, family.maxPressure), packet.status};
+    return {map(packet.x, from.rawOffsetX, from.rawSpanX, model.rawOffsetX, model.rawSpanX),
+        map(packet.y, from.rawOffsetY, from.rawSpanY, model.rawOffsetY, model.rawSpanY),
+        map(packet.pressure, 0, from.maxPressure, 0, model.maxPressure), packet.status};
 }
 
-std::vector<Packet> signature(const BenchFamily &family)
+std::vector<Packet> signature(const ModelRow &model)
 {
     const std::string path = std::string(KV_RECORDINGS) + "/long-signature.kvrec";
     std::ifstream file(path);
     const kvsim::Recording recording = kvsim::readRecording(file, path);
-    if (recording.model != recordedFor().name)
+    if (recording.model != kRecordedFor.name)
         throw std::runtime_error(path + " is recorded for another model");
     std::vector<Packet> packets;
     for (const kvsim::Event &event : recording.events) {
         if (event.kind == kvsim::Event::Kind::Pen && event.packet.status <= KVSPDARI_PS_PEN_UP)
-            packets.push_back(mapped(event.packet, family));
+            packets.push_back(mapped(event.packet, model));
     }
     return packets;
 }
 
-std::vector<plain::Segment> segmentsOf(const std::vector<Packet> &packets, const BenchFamily &family, const QSize &size)
+std::vector<plain::Segment> segmentsOf(const std::vector<Packet> &packets, const ModelRow &model, const QSize &size)
 {
     std::vector<plain::Segment> segments;
     QPointF last;
     for (const Packet &packet : packets) {
         const QPointF here(
-            std::clamp(packet.x - family.offsetX, 0, family.spanX - 1) * (1.0 * size.width() / family.spanX),
-            std::clamp(packet.y - family.offsetY, 0, family.spanY - 1) * (1.0 * size.height() / family.spanY));
+            std::clamp(packet.x - model.rawOffsetX, 0, model.rawSpanX - 1) * (1.0 * size.width() / model.rawSpanX),
+            std::clamp(packet.y - model.rawOffsetY, 0, model.rawSpanY - 1) * (1.0 * size.height() / model.rawSpanY));
         if (packet.status == KVSPDARI_PS_PEN_MOVE)
-            segments.push_back({last, here, packet.pressure * family.pressureRatio});
+            segments.push_back({last, here, packet.pressure * pressureRatio(model, kWidthLevel, model.maxPressure)});
         if (packet.status != KVSPDARI_PS_PEN_UP)
             last = here;
     }
@@ -74,44 +74,18 @@ Function fromDriver(const char *name)
 
 } // namespace
 
-const std::vector<BenchFamily> &benchFamilies()
-{
-    static const std::vector<BenchFamily> families{
-        {"S210", KVS210_DEVICE, 160, 220, 2360, 1430, 2048, 3 / 306.0, KVS210_InitialDevice, KVS210_UnInitialDevice,
-            KVS210_Clear},
-        {"S300", KVS300_DEVICE, 200, 200, 2300, 1300, 2048, 3 / 306.0, KVS300_InitialDevice, KVS300_UnInitialDevice,
-            KVS300_Clear},
-        {"S310X", KVS310X_DEVICE, 2050, 1750, 21170, 11490, 2048, 3 / 306.0, KVS310X_InitialDevice,
-            KVS310X_UnInitialDevice, KVS310X_Clear},
-        {"R800", KVR800_DEVICE, 550, 180, 29870, 20120, 8192, 9 / 8192.0, KVR800_InitialDevice, KVR800_UnInitialDevice,
-            KVR800_Clear},
-        {"M450", KVM450_DEVICE, 550, 180, 29870, 20120, 8192, 9 / 8192.0, KVM450_InitialDevice, KVM450_UnInitialDevice,
-            KVM450_Clear},
-    };
-    return families;
-}
-
-const BenchFamily &benchFamily(const char *name)
-{
-    for (const BenchFamily &family : benchFamilies()) {
-        if (std::string(family.name) == name)
-            return family;
-    }
-    throw std::runtime_error(std::string("no such model: ") + name);
-}
-
-BenchPad::BenchPad(const BenchFamily &family, const QSize &size, bool inWidget)
+BenchPad::BenchPad(const PadFamily &family, const QSize &size, bool inWidget)
     : m_family(family)
-    , m_packets(signature(family))
-    , m_segments(segmentsOf(m_packets, family, size))
+    , m_packets(signature(family.row))
+    , m_segments(segmentsOf(m_packets, family.row, size))
 {
     if (inWidget) {
         m_window = std::make_unique<QWidget>();
         m_window->resize(size);
         m_window->show();
     }
-    if (!family.open(family.type, m_window.get(), 0, 0, size.width(), size.height()))
-        throw std::runtime_error(std::string("the pad does not open: ") + family.name);
+    if (!family.InitialDevice(family.type, m_window.get(), 0, 0, size.width(), size.height()))
+        throw std::runtime_error(std::string("the pad does not open: ") + family.model);
     m_penPacket = fromDriver<NOTIFY_HWSIGNDATA (*)()>("KVBENCH_PenPacket")();
     m_fingerprint = fromDriver<NOTIFY_FPDATA (*)()>("KVBENCH_Fingerprint")();
     if (inWidget)
@@ -120,7 +94,7 @@ BenchPad::BenchPad(const BenchFamily &family, const QSize &size, bool inWidget)
 
 BenchPad::~BenchPad()
 {
-    m_family.close(m_family.type);
+    m_family.UnInitialDevice(m_family.type);
     if (m_window != nullptr) {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QApplication::processEvents();

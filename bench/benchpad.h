@@ -3,7 +3,7 @@
 #ifndef BENCHPAD_H
 #define BENCHPAD_H
 
-#include "kvsignpadsdk_global.h"
+#include "padfamilies.h"
 #include "plain.h"
 
 #include <QWidget>
@@ -20,30 +20,11 @@ struct Packet
     int status;
 };
 
-/// What the measurements need of a family.
-struct BenchFamily
-{
-    const char *name; ///< "S300"
-    int type;
-    int offsetX;
-    int offsetY;
-    int spanX;
-    int spanY;
-    int maxPressure;
-    double pressureRatio; ///< at width level 3
-    decltype(&KVS300_InitialDevice) open;
-    decltype(&KVS300_UnInitialDevice) close;
-    decltype(&KVS300_Clear) clear;
-};
-
-const std::vector<BenchFamily> &benchFamilies();
-const BenchFamily &benchFamily(const char *name);
-
 /// Open from construction to destruction. With `inWidget` the pad is a widget in a window of its own.
 class BenchPad
 {
 public:
-    BenchPad(const BenchFamily &family, const QSize &size, bool inWidget = false);
+    BenchPad(const PadFamily &family, const QSize &size, bool inWidget = false);
     ~BenchPad();
     BenchPad(const BenchPad &) = delete;
     BenchPad &operator=(const BenchPad &) = delete;
@@ -51,7 +32,7 @@ public:
     void send(const Packet &packet) const { m_penPacket(packet.x, packet.y, packet.pressure, packet.status); }
     void sign() const;
     void takeFingerprint(int score) const;
-    void clear() const { m_family.clear(m_family.type); }
+    void clear() const { m_family.Clear(m_family.type); }
     QWidget *widget() const;
 
     const std::vector<Packet> &packets() const { return m_packets; }
@@ -60,7 +41,7 @@ public:
     const std::vector<plain::Segment> &segments() const { return m_segments; }
 
 private:
-    const BenchFamily &m_family;
+    const PadFamily &m_family;
     std::unique_ptr<QWidget> m_window;
     NOTIFY_HWSIGNDATA m_penPacket = nullptr;
     NOTIFY_FPDATA m_fingerprint = nullptr;

@@ -30,7 +30,7 @@ void ignore(char *) { }
 void measure(const QSize &size, bool shown, int pushType, const char *pushName, double seconds)
 {
     using Clock = std::chrono::steady_clock;
-    const BenchPad pad(benchFamily("S210"), size, shown);
+    const BenchPad pad(*familyOfName("S210"), size, shown);
     PaintCounter counter;
     if (shown)
         pad.widget()->installEventFilter(&counter);

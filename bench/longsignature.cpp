@@ -45,7 +45,7 @@ void measure(const Output &output, size_t points)
 {
     std::fflush(stdout);
     if (fork() == 0) {
-        const BenchPad pad(benchFamily("S300"), {800, 600});
+        const BenchPad pad(*familyOfName("S300"), {800, 600});
         for (size_t i = 0; i < points; ++i)
             pad.send(pad.packets()[i % pad.packets().size()]);
         const auto before = std::chrono::steady_clock::now();

@@ -52,7 +52,7 @@ const Output kOutputs[] = {
 
 void byLibrary(const Output &output, const QSize &size)
 {
-    const BenchPad pad(benchFamily("S300"), size);
+    const BenchPad pad(*familyOfName("S300"), size);
     pad.sign();
     if (output.file) {
         std::wstring path = L"./memory." + QString(output.format).toStdWString();
@@ -64,7 +64,7 @@ void byLibrary(const Output &output, const QSize &size)
 
 void byPlainWay(const Output &output, const QSize &size)
 {
-    const BenchPad pad(benchFamily("S300"), {1, 1}); // its packets and segments, and no canvas to speak of
+    const BenchPad pad(*familyOfName("S300"), {1, 1}); // its packets and segments, and no canvas to speak of
     QImage canvas(size, QImage::Format_ARGB32);
     canvas.fill(Qt::white);
     std::vector<_POINTDATA> points;

@@ -23,7 +23,7 @@ void ignore(char *) { }
 // A push a packet while the signature is written: the packets of its second half.
 void push(benchmark::State &state, const QSize &size, int type)
 {
-    const BenchPad pad(benchFamily("S210"), size);
+    const BenchPad pad(*familyOfName("S210"), size);
     const size_t half = pad.packets().size() / 2;
     const size_t wanted = size.width() > 1000 ? 12 : 40;
     for (size_t i = 0; i < half; ++i)
@@ -67,7 +67,7 @@ private:
 struct TwoWidgets
 {
     explicit TwoWidgets(const QSize &size)
-        : pad(benchFamily("S300"), size, true)
+        : pad(*familyOfName("S300"), size, true)
         , plainWidget(signedCanvas(pad, size))
     {
         pad.sign();
@@ -118,7 +118,7 @@ void renderCleared(benchmark::State &state, const QSize &size)
 
 void imageText(benchmark::State &state, const QSize &size, int type, bool transparent)
 {
-    const BenchPad pad(benchFamily("S300"), size);
+    const BenchPad pad(*familyOfName("S300"), size);
     pad.sign();
     const QImage canvas = signedCanvas(pad, size);
     const char *format = type == EBITI_BITMAP ? "BMP" : type == EBITI_JPEG ? "JPG" : "PNG";
@@ -130,7 +130,7 @@ void imageText(benchmark::State &state, const QSize &size, int type, bool transp
 
 void pngFile(benchmark::State &state, const QSize &size, bool transparent)
 {
-    const BenchPad pad(benchFamily("S300"), size);
+    const BenchPad pad(*familyOfName("S300"), size);
     pad.sign();
     const QImage canvas = signedCanvas(pad, size);
     wchar_t path[] = L"./library.png";
@@ -141,7 +141,7 @@ void pngFile(benchmark::State &state, const QSize &size, bool transparent)
 
 void svgText(benchmark::State &state, const QSize &size)
 {
-    const BenchPad pad(benchFamily("S300"), size);
+    const BenchPad pad(*familyOfName("S300"), size);
     pad.sign();
     compare::run(
         state, [&] { KVS300_FreeSVGImageBase64Data(KVS300_DEVICE, KVS300_GetSVGImageBase64Data(KVS300_DEVICE)); },
@@ -162,7 +162,7 @@ std::vector<_POINTDATA> somePoints(size_t count)
 void inkEncode(benchmark::State &state)
 {
     constexpr int kTimes = 100;
-    const BenchPad pad(benchFamily("S300"), {400, 200});
+    const BenchPad pad(*familyOfName("S300"), {400, 200});
     for (int i = 0; i < kTimes; ++i)
         pad.sign();
     const auto points = somePoints(static_cast<size_t>(KVS300_GetTotalInkPointsNumber(KVS300_DEVICE)));
@@ -173,7 +173,7 @@ void inkEncode(benchmark::State &state)
 
 void inkDecode(benchmark::State &state)
 {
-    const BenchPad pad(benchFamily("S300"), {400, 200});
+    const BenchPad pad(*familyOfName("S300"), {400, 200});
     const auto points = somePoints(100000);
     char *text = plain::inkText(points);
     compare::run(

@@ -17,7 +17,7 @@ QImage whiteCanvas(const QSize &size)
     return canvas;
 }
 
-void packet(benchmark::State &state, const BenchFamily &family, const QSize &size, bool inWidget)
+void packet(benchmark::State &state, const PadFamily &family, const QSize &size, bool inWidget)
 {
     const BenchPad pad(family, size, inWidget);
     QImage canvas = whiteCanvas(size);
@@ -32,7 +32,7 @@ void packet(benchmark::State &state, const BenchFamily &family, const QSize &siz
 // The shown canvas of a fingerprint pad follows every segment.
 void packetWithFingerprint(benchmark::State &state, const QSize &size)
 {
-    const BenchPad pad(benchFamily("S310X"), size);
+    const BenchPad pad(*familyOfName("S310X"), size);
     pad.takeFingerprint(50);
     QImage ink = whiteCanvas(size);
     QImage canvas = whiteCanvas(size);
@@ -61,11 +61,11 @@ void packetWithFingerprint(benchmark::State &state, const QSize &size)
 
 void registerAll()
 {
-    for (const BenchFamily &family : benchFamilies()) {
+    for (const PadFamily &family : kPadFamilies) {
         for (const QSize &size : benchSizes()) {
             for (const bool inWidget : {false, true}) {
                 const std::string name =
-                    std::string("packet/") + family.name + (inWidget ? "/widget/" : "/headless/") + sizeName(size);
+                    std::string("packet/") + family.model + (inWidget ? "/widget/" : "/headless/") + sizeName(size);
                 benchmark::RegisterBenchmark(name.c_str(), packet, family, size, inWidget)->Iterations(15);
             }
         }

@@ -1,5 +1,7 @@
 #include "padcalls.h"
 
+#include "modelrows.h"
+
 #include <cstring>
 #include <vector>
 
@@ -75,7 +77,7 @@ void PadCalls::packet()
 /// Positions of a byte each, all over the writing area.
 void PadCalls::stroke()
 {
-    const int scale = m_type == KVS210_DEVICE || m_type == KVS300_DEVICE ? 10 : 100;
+    const int scale = modelOfType(m_type)->rawSpanX < 10000 ? 10 : 100;
     const auto position = [&] { return m_bytes.byte() * scale; };
     const int moves = m_bytes.upTo(15);
     KVSIM_PACKET packet{position(), position(), m_bytes.byte() * 8, KVSPDARI_PS_PEN_DOWN};

@@ -28,7 +28,7 @@ std::string written(const kvsim::Recording &recording)
 /// Only bundled fingerprints are loaded, and no file is looked for.
 void play(const std::string &text, int deviceType)
 {
-    const kvsim::PadModel *pad = kvsim::padOfType(deviceType);
+    const ModelRow *pad = modelOfType(deviceType);
     KV_PROMISE(pad != nullptr);
     try {
         kvsim::OpenedRecording opened(std::make_unique<std::istringstream>(text), "input", kvsim::Source{});

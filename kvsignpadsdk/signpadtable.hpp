@@ -11,6 +11,7 @@ namespace kv::detail {
 /// The version of the header that this was made from.
 inline constexpr const char *kVersion = "1.0.5.1";
 
+/// The device type is the first argument of all but the about box.
 struct Family
 {
     const char *model;
@@ -44,6 +45,7 @@ struct Family
     decltype(&KVS210_Base64Decode) Base64Decode;
     decltype(&KVS210_GetTotalDecodeInkPointsNumber) GetTotalDecodeInkPointsNumber;
     decltype(&KVS210_GetDecodeInkPointData) GetDecodeInkPointData;
+    decltype(&KVS210_AboutBox) AboutBox;
     decltype(&KVS210_GetAboutInfo) GetAboutInfo;
     decltype(&KVS210_SetRealTimeSignBase64DataCallback) SetRealTimeSignBase64DataCallback;
     decltype(&KVS210_InitialWPSSignCanvas) InitialWPSSignCanvas;
@@ -86,6 +88,7 @@ inline constexpr Family kFamilies[] = {
         KVS210_Base64Decode,
         KVS210_GetTotalDecodeInkPointsNumber,
         KVS210_GetDecodeInkPointData,
+        KVS210_AboutBox,
         KVS210_GetAboutInfo,
         KVS210_SetRealTimeSignBase64DataCallback,
         KVS210_InitialWPSSignCanvas,
@@ -124,6 +127,7 @@ inline constexpr Family kFamilies[] = {
         KVS300_Base64Decode,
         KVS300_GetTotalDecodeInkPointsNumber,
         KVS300_GetDecodeInkPointData,
+        KVS300_AboutBox,
         KVS300_GetAboutInfo,
         nullptr,
         nullptr,
@@ -162,6 +166,7 @@ inline constexpr Family kFamilies[] = {
         KVS310X_Base64Decode,
         KVS310X_GetTotalDecodeInkPointsNumber,
         KVS310X_GetDecodeInkPointData,
+        KVS310X_AboutBox,
         KVS310X_GetAboutInfo,
         nullptr,
         nullptr,
@@ -200,6 +205,7 @@ inline constexpr Family kFamilies[] = {
         KVR800_Base64Decode,
         KVR800_GetTotalDecodeInkPointsNumber,
         KVR800_GetDecodeInkPointData,
+        KVR800_AboutBox,
         KVR800_GetAboutInfo,
         nullptr,
         nullptr,
@@ -238,6 +244,7 @@ inline constexpr Family kFamilies[] = {
         KVM450_Base64Decode,
         KVM450_GetTotalDecodeInkPointsNumber,
         KVM450_GetDecodeInkPointData,
+        KVM450_AboutBox,
         KVM450_GetAboutInfo,
         nullptr,
         nullptr,

@@ -40,6 +40,12 @@ constexpr int ballpointLevel(const ModelRow &model)
     return model.widthRule == WidthRule::FixedDivisor ? 2 : 4;
 }
 
+/// Width of the writing area divided by its height.
+constexpr double proportions(const ModelRow &model)
+{
+    return static_cast<double>(model.rawSpanX) / model.rawSpanY;
+}
+
 /// Height of a canvas of this width in the proportions of the writing area, rounded to whole pixels.
 constexpr int canvasHeight(const ModelRow &model, int width)
 {

@@ -9,9 +9,6 @@
 
 namespace kvsim {
 
-inline constexpr int kFingerprintWidth = 208;
-inline constexpr int kFingerprintHeight = 288;
-
 struct GreyImage
 {
     int width = 0;

@@ -1,6 +1,6 @@
 #include "recording.h"
 
-#include "padtable.h"
+#include "modelrows.h"
 #include "recordingfields.h"
 
 #include <algorithm>
@@ -95,7 +95,7 @@ void RecordingReader::takeHeaderLine(std::string_view line)
     if (key == "version") {
         takeVersion(value);
     } else if (key == "model") {
-        if (!padOfName(value))
+        if (!modelOfName(value))
             refuse("unknown model " + quoted(value));
         m_model = value;
     } else {

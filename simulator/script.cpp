@@ -2,6 +2,7 @@
 
 #include "bundled.h"
 #include "greyimage.h"
+#include "modelrules.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -39,12 +40,12 @@ bool isPath(const std::string &recording)
 
 } // namespace
 
-Packet mapPacket(const Packet &packet, const PadModel &from, int fromMaxPressure, const PadModel &to, int toMaxPressure)
+Packet mapPacket(const Packet &packet, const ModelRow &from, int fromMaxPressure, const ModelRow &to, int toMaxPressure)
 {
     Packet mapped = packet;
     if (from.deviceType != to.deviceType) {
-        mapped.x = to.offsetX + scaled(std::int64_t{packet.x} - from.offsetX, to.spanX, from.spanX);
-        mapped.y = to.offsetY + scaled(std::int64_t{packet.y} - from.offsetY, to.spanY, from.spanY);
+        mapped.x = to.rawOffsetX + scaled(std::int64_t{packet.x} - from.rawOffsetX, to.rawSpanX, from.rawSpanX);
+        mapped.y = to.rawOffsetY + scaled(std::int64_t{packet.y} - from.rawOffsetY, to.rawSpanY, from.rawSpanY);
     }
     if (fromMaxPressure != toMaxPressure)
         mapped.pressure = scaled(packet.pressure, toMaxPressure, fromMaxPressure);
@@ -160,22 +161,22 @@ OpenedRecording::OpenedRecording(std::unique_ptr<std::istream> stream, std::stri
     : m_source(std::move(source))
     , m_stream(std::move(stream))
     , m_reader(*m_stream, std::move(name))
-    , m_recorded(padOfName(m_reader.model()))
+    , m_recorded(modelOfName(m_reader.model()))
 {
     for (Event event; m_first.empty() && m_reader.next(event);)
         (changesAnswers(event) && event.timeUs == 0 ? m_opening : m_first).push_back(std::move(event));
 }
 
-std::string OpenedRecording::versionTextFor(const PadModel &pad) const
+std::string OpenedRecording::versionTextFor(const ModelRow &pad) const
 {
     return m_recorded == &pad ? m_reader.padVersion() : std::string();
 }
 
-Script OpenedRecording::scriptFor(const PadModel &pad, int maxPressure)
+Script OpenedRecording::scriptFor(const ModelRow &pad, int maxPressure)
 {
     Script script;
-    EventTranslator translator(
-        m_source, {m_recorded, maxPressureOf(*m_recorded, m_reader.padVersion()), &pad, maxPressure});
+    const int recordedMaxPressure = maxPressureOf(*m_recorded, m_reader.padVersion()).value_or(m_recorded->maxPressure);
+    EventTranslator translator(m_source, {m_recorded, recordedMaxPressure, &pad, maxPressure});
     for (const Event &event : m_first)
         translator.translate(event, script.deliveries);
     for (Event event; m_reader.next(event);)

@@ -3,7 +3,7 @@
 #ifndef SCRIPT_H
 #define SCRIPT_H
 
-#include "padtable.h"
+#include "modelrows.h"
 #include "recording.h"
 
 #include <istream>
@@ -39,7 +39,7 @@ struct Script
 
 /// A packet of one pad as another would have sent it: the same place in the writing area, the same share of pressure.
 Packet mapPacket(
-    const Packet &packet, const PadModel &from, int fromMaxPressure, const PadModel &to, int toMaxPressure);
+    const Packet &packet, const ModelRow &from, int fromMaxPressure, const ModelRow &to, int toMaxPressure);
 
 /// Opens recordings and what they refer to, from the bundle or from the file system.
 struct Source
@@ -57,9 +57,9 @@ class EventTranslator
 public:
     struct Pads
     {
-        const PadModel *recorded;
+        const ModelRow *recorded;
         int recordedMaxPressure;
-        const PadModel *played;
+        const ModelRow *played;
         int playedMaxPressure;
     };
     EventTranslator(Source source, const Pads &pads);
@@ -94,10 +94,10 @@ public:
     const std::vector<Event> &opening() const { return m_opening; }
 
     /// What the recorded pad's version text was, if it is known and this pad is of the same model.
-    std::string versionTextFor(const PadModel &pad) const;
+    std::string versionTextFor(const ModelRow &pad) const;
 
     /// Reads the rest. Throws std::runtime_error with file, line and reason.
-    Script scriptFor(const PadModel &pad, int maxPressure);
+    Script scriptFor(const ModelRow &pad, int maxPressure);
 
 private:
     struct Place
@@ -111,7 +111,7 @@ private:
     Source m_source;
     std::unique_ptr<std::istream> m_stream;
     RecordingReader m_reader;
-    const PadModel *m_recorded;
+    const ModelRow *m_recorded;
     std::vector<Event> m_opening;
     std::vector<Event> m_first; ///< the event after the opening, if there is one
 };

@@ -1,5 +1,6 @@
 #include "simulator.h"
 
+#include "modelrules.h"
 #include "pictures.h"
 #include "windowconnection.h"
 
@@ -85,7 +86,7 @@ int Simulator::initial(int deviceType, NOTIFY_HWSIGNDATA penPacket, NOTIFY_FPDAT
         noteCall("Initial", " " + std::to_string(deviceType) + " fp=" + std::to_string(fingerprint != nullptr));
     if (wished != KVSPDARI_SUCCESS)
         return wished;
-    const PadModel *pad = padOfType(deviceType);
+    const ModelRow *pad = modelOfType(deviceType);
     if (!pad || !penPacket)
         return KVSPDART_INVALID_PARAMETERS;
     if (openSession())
@@ -106,7 +107,7 @@ int Simulator::initial(int deviceType, NOTIFY_HWSIGNDATA penPacket, NOTIFY_FPDAT
     }
 }
 
-int Simulator::openPad(const PadModel &pad, const Receivers &receivers)
+int Simulator::openPad(const ModelRow &pad, const Receivers &receivers)
 {
     OpenPad opened{&pad, readSettings()};
     std::optional<OpenedRecording> recording;
@@ -136,7 +137,7 @@ int Simulator::startSession(OpenPad pad, const Receivers &receivers, std::option
         return KVSPDARI_LIBUSB_CLAIM_INTERFACE_FAIL;
     if (const int result = refusal(pad); result != KVSPDARI_SUCCESS)
         return result;
-    const int maxPressure = maxPressureOf(*pad.model, versionText(pad));
+    const int maxPressure = maxPressureOf(*pad.model, versionText(pad)).value_or(pad.model->maxPressure);
     Script script = recording ? recording->scriptFor(*pad.model, maxPressure) : Script();
     const Timing timing{pad.settings.speed, pad.settings.delayMs, pad.settings.repeat};
     m_session = std::make_shared<Session>(receivers, std::move(script), timing, m_wishes.firstPackets);
@@ -171,7 +172,9 @@ std::string Simulator::versionText(const OpenPad &pad) const
         return **asked;
     if (!pad.settings.version.empty())
         return pad.settings.version;
-    return pad.recordedVersion.empty() ? pad.model->versionText : pad.recordedVersion;
+    if (!pad.recordedVersion.empty())
+        return pad.recordedVersion;
+    return "KV" + std::string(pad.model->name) + " SIM 1.0";
 }
 
 /// On the session's thread.

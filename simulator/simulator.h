@@ -69,7 +69,7 @@ private:
     /// What holds from Initial to UnInitial.
     struct OpenPad
     {
-        const PadModel *model = nullptr;
+        const ModelRow *model = nullptr;
         Settings settings{};
         Faults faults{};
         std::string recordedVersion{}; ///< of the pad that the recording was made on, when it was of this model
@@ -80,7 +80,7 @@ private:
     int noteCall(const char *operation, const std::string &arguments);
     SessionPtr openSession();
     SessionPtr readySession(int &result);
-    int openPad(const PadModel &pad, const Receivers &receivers);
+    int openPad(const ModelRow &pad, const Receivers &receivers);
     int startSession(OpenPad pad, const Receivers &receivers, std::optional<OpenedRecording> recording);
     int refusal(const OpenPad &pad) const;
     std::string versionText(const OpenPad &pad) const;

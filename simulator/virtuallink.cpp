@@ -17,7 +17,7 @@ constexpr auto kLatency = 8ms;
 /// No packet that a window sends lies further ahead, whatever time it says.
 constexpr auto kFurthest = 2s;
 
-std::string initialLine(const PadModel &pad)
+std::string initialLine(const ModelRow &pad)
 {
     return "Initial " + std::to_string(pad.deviceType);
 }
@@ -29,7 +29,7 @@ std::string operationOf(const std::string &line)
 
 } // namespace
 
-VirtualLink::VirtualLink(const PadModel &pad)
+VirtualLink::VirtualLink(const ModelRow &pad)
     : m_pad(pad)
 {
     try {
@@ -96,7 +96,7 @@ void VirtualLink::run()
 void VirtualLink::playConnection()
 {
     const auto connection = m_connection;
-    const PadModel &window = *padOfName(connection->window().model());
+    const ModelRow &window = *modelOfName(connection->window().model());
     EventTranslator translator({true, {}}, {&window, window.maxPressure, &m_pad, m_maxPressure});
     const auto begin = connection->begin() + kLatency;
     try {

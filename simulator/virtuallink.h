@@ -36,7 +36,7 @@ class VirtualLink
 {
 public:
     /// Connects to the window and waits for its answer to Initial. Throws NoVirtualPad.
-    explicit VirtualLink(const PadModel &pad);
+    explicit VirtualLink(const ModelRow &pad);
     ~VirtualLink();
     VirtualLink(const VirtualLink &) = delete;
     VirtualLink &operator=(const VirtualLink &) = delete;
@@ -62,7 +62,7 @@ private:
     bool reconnect();
     void setIn(std::vector<Event> faults);
 
-    const PadModel &m_pad;
+    const ModelRow &m_pad;
     int m_maxPressure = 0;
     std::vector<Event> m_opening;
     std::shared_ptr<Session> m_session;

@@ -20,6 +20,7 @@ namespace kv::detail {
 /// The version of the header that this was made from.
 inline constexpr const char *kVersion = "%s";
 
+/// The device type is the first argument of all but the about box.
 struct Family
 {
     const char *model;
@@ -28,7 +29,7 @@ struct Family
 
 
 def write(api: Json) -> str:
-    operations = [operation for operation in api["operations"] if operation["takesDeviceType"]]
+    operations = api["operations"]
     text = str(_HEAD % api["version"])
     for operation in operations:
         # Every family's function has the same type; the first that there is names it.

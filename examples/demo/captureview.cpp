@@ -20,14 +20,15 @@ QLabel *label(QWidget *parent, const QRect &place, int points, const char *colou
 
 } // namespace
 
-CaptureView::CaptureView(const Pad &pad, const QString &title)
+CaptureView::CaptureView(const PadFamily &pad, const QString &title)
 {
     setWindowTitle(QString("%1 - %2").arg(pad.model, title));
-    setFixedSize(pad.width + 2 * kMargin, pad.height + 2 * kLine);
+    const int height = canvasHeight(pad.row, kCanvasWidth);
+    setFixedSize(kCanvasWidth + 2 * kMargin, height + 2 * kLine);
     setStyleSheet("background: #e9ecef");
-    label(this, {kMargin, 0, pad.width, kLine}, 15, "#212529")
+    label(this, {kMargin, 0, kCanvasWidth, kLine}, 15, "#212529")
         ->setText(QString("<b>%1</b>&nbsp;&nbsp; %2").arg(pad.model, title));
-    m_status = label(this, {kMargin, kLine + pad.height, pad.width, kLine}, 12, "#495057");
+    m_status = label(this, {kMargin, kLine + height, kCanvasWidth, kLine}, 12, "#495057");
 }
 
 QPoint CaptureView::signingPosition() const

@@ -13,7 +13,7 @@ class CaptureView : public QWidget
 {
 public:
     /// Sized for that pad's signing widget, which InitialDevice creates at signingPosition().
-    explicit CaptureView(const Pad &pad, const QString &title);
+    explicit CaptureView(const PadFamily &pad, const QString &title);
 
     QPoint signingPosition() const;
     void setStatus(const QString &text);

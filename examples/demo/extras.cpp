@@ -6,7 +6,7 @@
 void showOfficeCanvas(SimulatorSettings &settings, OutputDirectory &output)
 {
     settings.playQuickly("signature");
-    const OpenedPad pad(kS210, nullptr);
+    const OpenedPad pad(kS210Pad, nullptr);
     const bool created = KVS210_InitialWPSSignCanvas(pad->type, 360, 120);
     const int points = waitForConfirm(pad).points;
     char *text = created ? KVS210_WPSBase64Encode(pad->type, EBITI_PNG) : nullptr;

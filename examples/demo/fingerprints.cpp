@@ -41,9 +41,9 @@ Failure notPlaced(const char *place)
 void captureWidget(OutputDirectory &output, const char *name, const QString &title, QWidget *separate,
     const std::function<void(CaptureView &)> &place)
 {
-    CaptureView view(kS310X, title);
+    CaptureView view(kS310XPad, title);
     view.show();
-    const OpenedPad pad(kS310X, &view, view.signingPosition());
+    const OpenedPad pad(kS310XPad, &view, view.signingPosition());
     place(view);
     view.setStatus(captureText(waitForConfirm(pad)));
     QWidget *shown = separate == nullptr ? &view : separate;
@@ -55,14 +55,14 @@ void captureWidget(OutputDirectory &output, const char *name, const QString &tit
 void placeAt(QWidget *parent, const QRect &place, const char *where)
 {
     if (KVS310X_SetDisplayedFPImageAt(
-            kS310X.type, parent, 0, 0, place.left(), place.top(), place.width(), place.height())
+            kS310XPad.type, parent, 0, 0, place.left(), place.top(), place.width(), place.height())
         != ARI_SUCCESS)
         throw notPlaced(where);
 }
 
 void captureCanvas(OutputDirectory &output)
 {
-    const OpenedPad pad(kS310X, nullptr);
+    const OpenedPad pad(kS310XPad, nullptr);
     const QSize canvas(240, 330);
     if (KVS310X_SetDisplayedFPImageAt(pad->type, nullptr, canvas.width(), canvas.height(), 16, 21, 208, 288)
         != ARI_SUCCESS)

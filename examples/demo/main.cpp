@@ -56,7 +56,7 @@ CaptureState capture(const OpenedPad &pad, CaptureView *view, OutputDirectory &o
     }
 }
 
-void capture(const Pad &pad, bool inWindow, OutputDirectory &output, Findings &findings)
+void capture(const PadFamily &pad, bool inWindow, OutputDirectory &output, Findings &findings)
 {
     std::unique_ptr<CaptureView> view;
     if (inWindow) {
@@ -64,14 +64,14 @@ void capture(const Pad &pad, bool inWindow, OutputDirectory &output, Findings &f
         view->show();
     }
     const OpenedPad open(pad, view.get(), view == nullptr ? QPoint() : view->signingPosition());
-    if (&pad == &kS210)
+    if (&pad == &kS210Pad)
         startLivePush(open);
 
     const CaptureState state = capture(open, view.get(), output);
     output.saveSignature(open, state.points);
     findings.devices.push_back(deviceRow(open));
     findings.inkRecords.push_back(inkRecordRow(open));
-    if (&pad == &kS210) {
+    if (&pad == &kS210Pad) {
         findings.pushes = livePushes();
         output.saveText("s210-live-push.jpg", findings.pushes.last, state.points);
     }
@@ -85,8 +85,8 @@ void capture(const Pad &pad, bool inWindow, OutputDirectory &output, Findings &f
 void runAll(bool inWindow, OutputDirectory &output, Findings &findings)
 {
     SimulatorSettings settings;
-    for (const Pad &pad : kPads) {
-        settings.playLive(&pad == &kS310X ? "signature-finger" : "signature");
+    for (const PadFamily &pad : kPadFamilies) {
+        settings.playLive(&pad == &kS310XPad ? "signature-finger" : "signature");
         capture(pad, inWindow, output, findings);
     }
     ProgressLine progress;

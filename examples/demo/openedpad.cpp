@@ -17,7 +17,7 @@ void rememberTap(int key)
     g_tapped = key;
 }
 
-Failure cannotOpen(const Pad &pad)
+Failure cannotOpen(const PadFamily &pad)
 {
     const QString driver = QDir::current().filePath("libkvsignpaddrv.so");
     if (!QFile::exists(driver))
@@ -30,14 +30,15 @@ Failure cannotOpen(const Pad &pad)
 
 } // namespace
 
-OpenedPad::OpenedPad(const Pad &pad, QWidget *parent, QPoint position)
+OpenedPad::OpenedPad(const PadFamily &pad, QWidget *parent, QPoint position)
     : m_pad(pad)
 {
     g_tapped = -1;
-    if (!pad.InitialDevice(pad.type, parent, position.x(), position.y(), pad.width, pad.height))
+    if (!pad.InitialDevice(
+            pad.type, parent, position.x(), position.y(), kCanvasWidth, canvasHeight(pad.row, kCanvasWidth)))
         throw cannotOpen(pad);
     pad.SignPadEventCallback(pad.type, rememberTap);
-    pad.SetPenWidth(pad.type, pad.penWidth);
+    pad.SetPenWidth(pad.type, ballpointLevel(pad.row));
     pad.SetPenColor(pad.type, 13, 33, 99);
 }
 

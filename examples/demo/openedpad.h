@@ -14,13 +14,13 @@ class OpenedPad
 {
 public:
     /// Headless without a parent. Throws a Failure.
-    OpenedPad(const Pad &pad, QWidget *parent, QPoint position = {});
+    OpenedPad(const PadFamily &pad, QWidget *parent, QPoint position = {});
     ~OpenedPad();
     OpenedPad(const OpenedPad &) = delete;
     OpenedPad &operator=(const OpenedPad &) = delete;
 
-    const Pad *operator->() const { return &m_pad; }
-    QSize size() const { return {m_pad.width, m_pad.height}; }
+    const PadFamily *operator->() const { return &m_pad; }
+    QSize size() const { return {kCanvasWidth, canvasHeight(m_pad.row, kCanvasWidth)}; }
 
     /// Whether the signer has tapped confirm since the pad was opened. Throws a Failure when it was cancel.
     bool isConfirmed() const;
@@ -29,7 +29,7 @@ public:
     bool answers() const;
 
 private:
-    const Pad &m_pad;
+    const PadFamily &m_pad;
 };
 
 #endif

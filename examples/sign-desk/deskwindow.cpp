@@ -1,5 +1,6 @@
 #include "deskwindow.h"
 
+#include "modelrules.h"
 #include "sidepanel.h"
 #include "signfield.h"
 #include "trouble.h"
@@ -118,9 +119,9 @@ void DeskWindow::connectSigning()
 
 void DeskWindow::chooseModel()
 {
-    m_view->sheet().setProportions(m_padPanel->model().proportions());
-    m_placePanel->setHasFingerprint(m_padPanel->model().hasFingerprint);
-    m_actions.follow(m_signing.state(), m_padPanel->model().hasFingerprint);
+    m_view->sheet().setProportions(proportions(m_padPanel->model().row));
+    m_placePanel->setHasFingerprint(m_padPanel->model().row.hasFingerprintSensor);
+    m_actions.follow(m_signing.state(), m_padPanel->model().row.hasFingerprintSensor);
 }
 
 void DeskWindow::chooseFingerprintPlace()
@@ -154,7 +155,7 @@ void DeskWindow::showPages(std::unique_ptr<Pages> pages, const QString &title)
     m_pages = std::move(pages);
     m_placePanel->setPageCount(m_pages->count());
     m_view->setPage(*m_pages, 0);
-    m_view->sheet().setField(usualField(m_pages->size(0), m_padPanel->model().proportions()));
+    m_view->sheet().setField(usualField(m_pages->size(0), proportions(m_padPanel->model().row)));
     m_view->showField();
     setWindowTitle(tr("%1[*] - Sign Desk").arg(title));
 }
@@ -218,7 +219,7 @@ void DeskWindow::end(const QString &message)
 
 void DeskWindow::follow(SigningState state)
 {
-    m_actions.follow(state, m_padPanel->model().hasFingerprint);
+    m_actions.follow(state, m_padPanel->model().row.hasFingerprintSensor);
     m_padPanel->follow(state, m_signing.isPadAway());
     m_placePanel->setLocked(m_signing.hasSignature());
     m_view->setLocked(m_signing.hasSignature());

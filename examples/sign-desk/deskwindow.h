@@ -27,7 +27,7 @@ public:
 
     /// False, and the page as it was, when the file cannot be read: the clerk has been told why.
     bool openPage(const QString &path);
-    void setModel(const PadModel &model) { m_padPanel->setModel(model); }
+    void setModel(const PadFamily &model) { m_padPanel->setModel(model); }
     void acceptAnyDriver() { m_session.acceptAnyDriver(); }
 
     /// As the button does.

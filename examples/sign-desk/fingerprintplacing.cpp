@@ -34,7 +34,7 @@ void FingerprintPlacing::setPlace(FingerprintPlace place)
 
 void FingerprintPlacing::apply()
 {
-    if (!m_session.isOpen() || !m_session.model().hasFingerprint)
+    if (!m_session.isOpen() || !m_session.model().row.hasFingerprintSensor)
         return;
     end();
     QWidget *host = &m_sheet;
@@ -61,7 +61,7 @@ void FingerprintPlacing::end()
 
 bool FingerprintPlacing::isTaken()
 {
-    if (m_isTaken || !m_session.isOpen() || !m_session.model().hasFingerprint)
+    if (m_isTaken || !m_session.isOpen() || !m_session.model().row.hasFingerprintSensor)
         return m_isTaken;
     // Without ink the canvas is given only when a finger was on the sensor.
     if (m_session.points() == 0) {
@@ -75,7 +75,7 @@ bool FingerprintPlacing::isTaken()
 QByteArray FingerprintPlacing::imageFile(int type) const
 {
     QByteArray file;
-    if (m_session.isOpen() && m_session.model().hasFingerprint) {
+    if (m_session.isOpen() && m_session.model().row.hasFingerprintSensor) {
         char *text = KVS310X_GetFPImageBase64Data(KVS310X_DEVICE, type, true);
         file = QByteArray::fromBase64(text);
         KVS310X_FreeFPImageBase64Data(KVS310X_DEVICE, text);

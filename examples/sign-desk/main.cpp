@@ -1,6 +1,7 @@
 /// @file
 /// kv-sign-desk: a counter's program for signing pages on a signature pad.
 #include "deskwindow.h"
+#include "modelnames.h"
 #include "screenshot.h"
 
 #include <QApplication>
@@ -22,6 +23,11 @@ struct Words
     Q_DECLARE_TR_FUNCTIONS(signdesk::Main)
 };
 
+QString allModels()
+{
+    return QString::fromStdString(modelNames(", ", ", "));
+}
+
 struct Options
 {
     QCommandLineOption model{QStringLiteral("model"), QString(), QStringLiteral("model")};
@@ -33,7 +39,7 @@ struct Options
 void describe(QCommandLineParser &parser, Options &options)
 {
     parser.setApplicationDescription(Words::tr("Lets a customer sign a page on a signature pad."));
-    options.model.setDescription(Words::tr("The pad on the desk: S210, S300, S310X, R800 or M450."));
+    options.model.setDescription(Words::tr("The pad on the desk: %1.").arg(allModels()));
     options.driver.setDescription(Words::tr("Where the pad's driver libkvsignpaddrv.so is; else here."));
     options.unsafeDriver.setDescription(
         Words::tr("Use the driver although others could have put another one in its place."));
@@ -93,9 +99,9 @@ int run(const QCommandLineParser &parser, const Options &options)
     if (parser.isSet(options.unsafeDriver))
         window.acceptAnyDriver();
     if (parser.isSet(options.model)) {
-        const signdesk::PadModel *model = signdesk::padModelOfName(parser.value(options.model));
+        const PadFamily *model = familyOfName(parser.value(options.model).toUpper().toStdString());
         if (model == nullptr)
-            return fail(Words::tr("the models are S210, S300, S310X, R800 and M450"));
+            return fail(Words::tr("the models are %1").arg(allModels()));
         window.setModel(*model);
     }
     window.show();

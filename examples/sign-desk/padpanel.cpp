@@ -53,8 +53,8 @@ PadPanel::PadPanel(const DeskActions &actions, QWidget *parent)
     , m_light(new QLabel)
     , m_state(new QLabel)
 {
-    for (const PadModel &model : padModels())
-        m_model->addItem(QLatin1String(model.name));
+    for (const PadFamily &model : kPadFamilies)
+        m_model->addItem(QLatin1String(model.model));
     m_model->setAccessibleDescription(tr("The signature pad that stands on the desk"));
     connect(m_model, qOverload<int>(&QComboBox::currentIndexChanged), this, &PadPanel::modelChanged);
     auto *const name = new QLabel(tr("&Model"));
@@ -82,14 +82,14 @@ PadPanel::PadPanel(const DeskActions &actions, QWidget *parent)
     follow(SigningState::Closed, false);
 }
 
-const PadModel &PadPanel::model() const
+const PadFamily &PadPanel::model() const
 {
-    return padModels()[static_cast<std::size_t>(m_model->currentIndex())];
+    return kPadFamilies[static_cast<std::size_t>(m_model->currentIndex())];
 }
 
-void PadPanel::setModel(const PadModel &model)
+void PadPanel::setModel(const PadFamily &model)
 {
-    m_model->setCurrentText(QLatin1String(model.name));
+    m_model->setCurrentText(QLatin1String(model.model));
 }
 
 void PadPanel::follow(SigningState state, bool isPadAway)

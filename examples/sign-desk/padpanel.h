@@ -4,7 +4,7 @@
 #define PADPANEL_H
 
 #include "deskactions.h"
-#include "padmodel.h"
+#include "padfamilies.h"
 
 #include <QComboBox>
 #include <QGroupBox>
@@ -18,8 +18,8 @@ class PadPanel : public QGroupBox
 public:
     explicit PadPanel(const DeskActions &actions, QWidget *parent = nullptr);
 
-    const PadModel &model() const;
-    void setModel(const PadModel &model);
+    const PadFamily &model() const;
+    void setModel(const PadFamily &model);
     void follow(SigningState state, bool isPadAway);
 
 signals:

@@ -30,9 +30,9 @@ Trouble noDriver(const QString &path)
                        "directory or with --driver-directory.")};
 }
 
-Trouble noPad(const PadModel &model)
+Trouble noPad(const PadFamily &model)
 {
-    return {PadSession::tr("No %1 was found.").arg(QLatin1String(model.name)),
+    return {PadSession::tr("No %1 was found.").arg(QLatin1String(model.model)),
         PadSession::tr("See that the pad is plugged in, that it is the chosen model, and that no other program uses "
                        "it. Then start signing again.")};
 }
@@ -75,7 +75,7 @@ PadSession::~PadSession()
     close();
 }
 
-void PadSession::open(const PadModel &model, QWidget *parent, const QRect &place)
+void PadSession::open(const PadFamily &model, QWidget *parent, const QRect &place)
 {
     close();
     judgeDriver(m_acceptsAnyDriver);

@@ -3,7 +3,7 @@
 #ifndef PADSESSION_H
 #define PADSESSION_H
 
-#include "padmodel.h"
+#include "padfamilies.h"
 
 #include <QColor>
 #include <QObject>
@@ -34,12 +34,12 @@ public:
     void acceptAnyDriver() { m_acceptsAnyDriver = true; }
 
     /// Opens the pad with the library's signing widget as a child of the parent. Throws a Trouble.
-    void open(const PadModel &model, QWidget *parent, const QRect &place);
+    void open(const PadFamily &model, QWidget *parent, const QRect &place);
     void close();
     bool isOpen() const { return m_model != nullptr; }
 
     /// Only while it is open.
-    const PadModel &model() const { return *m_model; }
+    const PadFamily &model() const { return *m_model; }
     QWidget *signWidget() const { return m_widget; }
 
     void setPen(const Pen &pen);
@@ -64,7 +64,7 @@ private:
     static void receiveTap(int key);
     void passOn(int key);
 
-    const PadModel *m_model = nullptr;
+    const PadFamily *m_model = nullptr;
     QPointer<QWidget> m_widget;
     bool m_acceptsAnyDriver = false;
     std::atomic<int> m_round{0}; ///< counts openings and clears

@@ -28,7 +28,7 @@ constexpr int kMarginAroundInk = 6; ///< canvas pixels
 class CutToInk
 {
 public:
-    CutToInk(const PadModel &pad, bool isWanted)
+    CutToInk(const PadFamily &pad, bool isWanted)
         : m_pad(pad)
     {
         m_pad.SetSaveClipImageMargin(m_pad.type, isWanted, kMarginAroundInk, kMarginAroundInk);
@@ -38,11 +38,11 @@ public:
     CutToInk &operator=(const CutToInk &) = delete;
 
 private:
-    const PadModel &m_pad;
+    const PadFamily &m_pad;
 };
 
 /// The canvas as the library gives it in memory, with the resolution that its files have.
-QByteArray pictureFile(const PadModel &pad, const SignatureFormat &format, int dotsPerInch)
+QByteArray pictureFile(const PadFamily &pad, const SignatureFormat &format, int dotsPerInch)
 {
     const bool isTransparent = format.imageType == ITI_PNG;
     char *const text = pad.Base64Encode(pad.type, isTransparent ? EBITI_PNG : EBITI_BITMAP);
@@ -60,7 +60,7 @@ QByteArray pictureFile(const PadModel &pad, const SignatureFormat &format, int d
 /// The library's own file; it does not say when not all of it could be written.
 QByteArray drawnFile(const PadSession &session, const SignatureFormat &format, bool isFine)
 {
-    const PadModel &pad = session.model();
+    const PadFamily &pad = session.model();
     const int lines = session.lines();
     MemoryFile file;
     std::wstring path = file.path().toStdWString();

@@ -89,7 +89,7 @@ const RealDriver *Recorder::driver()
 Recorder::FilePtr Recorder::openFile(int deviceType) const
 {
     const std::string path = setting("KVREC_FILE", "");
-    const kvsim::PadModel *pad = kvsim::padOfType(deviceType);
+    const ModelRow *pad = modelOfType(deviceType);
     if (path.empty() || !pad)
         return nullptr;
     try {

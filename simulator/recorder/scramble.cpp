@@ -14,8 +14,8 @@ Packet Scrambler::next(const Packet &packet)
         return offset + static_cast<int>(std::lround(span * (0.5 + 0.4 * share)));
     };
     Packet scrambled = packet;
-    scrambled.x = at(m_pad.offsetX, m_pad.spanX, std::sin(3 * t));
-    scrambled.y = at(m_pad.offsetY, m_pad.spanY, std::sin(4.1 * t + 1));
+    scrambled.x = at(m_pad.rawOffsetX, m_pad.rawSpanX, std::sin(3 * t));
+    scrambled.y = at(m_pad.rawOffsetY, m_pad.rawSpanY, std::sin(4.1 * t + 1));
     return scrambled;
 }
 

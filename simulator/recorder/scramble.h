@@ -3,7 +3,7 @@
 #ifndef SCRAMBLE_H
 #define SCRAMBLE_H
 
-#include "padtable.h"
+#include "modelrows.h"
 #include "recordingevents.h"
 
 #include <vector>
@@ -15,7 +15,7 @@ namespace kvsim {
 class Scrambler
 {
 public:
-    explicit Scrambler(const PadModel &pad)
+    explicit Scrambler(const ModelRow &pad)
         : m_pad(pad)
     {
     }
@@ -23,7 +23,7 @@ public:
     Packet next(const Packet &packet);
 
 private:
-    const PadModel &m_pad;
+    const ModelRow &m_pad;
     unsigned m_count = 0;
 };
 

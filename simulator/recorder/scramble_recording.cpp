@@ -14,7 +14,7 @@ using namespace kvsim;
 
 void scramble(Recording &recording, const std::string &fingerName)
 {
-    Scrambler scrambler(*padOfName(recording.model));
+    Scrambler scrambler(*modelOfName(recording.model));
     for (Event &event : recording.events) {
         if (event.kind == Event::Kind::Pen || event.kind == Event::Kind::Raw)
             event.packet = scrambler.next(event.packet);

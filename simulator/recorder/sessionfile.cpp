@@ -53,7 +53,7 @@ std::string onOneLine(std::string text)
 
 } // namespace
 
-SessionFile::SessionFile(const std::string &path, const kvsim::PadModel &pad, bool scramble)
+SessionFile::SessionFile(const std::string &path, const ModelRow &pad, bool scramble)
     : m_pad(pad)
 {
     const auto slash = path.rfind('/');
@@ -167,12 +167,12 @@ void SessionFile::fingerprint(const unsigned char *data, int length, int score)
 /// same picture again gets the same file.
 std::string SessionFile::storeImage(const unsigned char *data, int length)
 {
-    constexpr std::size_t kSize = std::size_t{kvsim::kFingerprintWidth} * kvsim::kFingerprintHeight;
+    constexpr std::size_t kSize = std::size_t{kFingerprintWidth} * kFingerprintHeight;
     if (length < 0 || static_cast<std::size_t>(length) != kSize) {
         writeLine("# a fingerprint of " + std::to_string(length) + " bytes");
         return {};
     }
-    kvsim::GreyImage image{kvsim::kFingerprintWidth, kvsim::kFingerprintHeight,
+    kvsim::GreyImage image{kFingerprintWidth, kFingerprintHeight,
         m_scrambler ? kvsim::scrambledFingerprint() : std::vector<unsigned char>(data, data + kSize)};
     if (image.pixels == m_lastImage)
         return m_lastImageName;

@@ -3,7 +3,7 @@
 #ifndef SESSIONFILE_H
 #define SESSIONFILE_H
 
-#include "padtable.h"
+#include "modelrows.h"
 #include "recordingevents.h"
 #include "scramble.h"
 
@@ -22,7 +22,7 @@ class SessionFile
 public:
     /// Makes the file, readable by its owner alone. A file that is there already is left as it is: the next free name
     /// is taken (pen.kvrec, pen-2.kvrec, pen-3.kvrec). Throws std::runtime_error.
-    SessionFile(const std::string &path, const kvsim::PadModel &pad, bool scramble);
+    SessionFile(const std::string &path, const ModelRow &pad, bool scramble);
     ~SessionFile();
     SessionFile(const SessionFile &) = delete;
     SessionFile &operator=(const SessionFile &) = delete;
@@ -49,7 +49,7 @@ private:
     void writeEvent(kvsim::Event event);
     std::string storeImage(const unsigned char *data, int length);
 
-    const kvsim::PadModel &m_pad;
+    const ModelRow &m_pad;
     std::mutex m_mutex;
     std::string m_path;
     std::string m_directory; ///< with a closing slash, or empty

@@ -1,6 +1,7 @@
 #include "finger.h"
 
 #include "chance.h"
+#include "modelrows.h"
 
 #include <algorithm>
 #include <array>

@@ -12,11 +12,11 @@
 int main(int argc, char **argv)
 {
     using namespace kvsim;
-    const PadModel *pad = argc == 3 ? padOfName(argv[1]) : nullptr;
+    const ModelRow *pad = argc == 3 ? modelOfName(argv[1]) : nullptr;
     if (!pad) {
         std::fputs("usage: kv-import-handwriting MODEL FILE\nmodels:", stderr);
-        for (const PadModel &known : kPadModels)
-            std::fprintf(stderr, " %s", known.name.data());
+        for (const ModelRow *known : kModelRows)
+            std::fprintf(stderr, " %s", known->name);
         std::fputs("\n", stderr);
         return 2;
     }

@@ -20,20 +20,20 @@ int usage()
     for (std::size_t i = 0; !styleNames(i).empty(); ++i)
         std::fprintf(stderr, " %s", styleNames(i).data());
     std::fputs("\nmodels:", stderr);
-    for (const PadModel &pad : kPadModels)
-        std::fprintf(stderr, " %s", pad.name.data());
+    for (const ModelRow *pad : kModelRows)
+        std::fprintf(stderr, " %s", pad->name);
     std::fputs("\n", stderr);
     return 2;
 }
 
 /// The tap on one of the pad's buttons that ends a signature, a moment after the last stroke.
-void appendTap(std::vector<Event> &events, const PadModel &pad, int status)
+void appendTap(std::vector<Event> &events, const ModelRow &pad, int status)
 {
     Event tap;
     tap.timeUs = events.back().timeUs + 900000;
     const int column = status == KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON ? 9 : 1;
-    tap.packet = {
-        pad.offsetX + pad.spanX * column / 10, pad.offsetY + pad.spanY + pad.spanY / 20, pad.maxPressure / 4, status};
+    tap.packet = {pad.rawOffsetX + pad.rawSpanX * column / 10, pad.rawOffsetY + pad.rawSpanY + pad.rawSpanY / 20,
+        pad.maxPressure / 4, status};
     events.push_back(tap);
     tap.timeUs += 120000;
     tap.packet.pressure = 0;
@@ -69,7 +69,7 @@ void addFinger(std::vector<Event> &events)
 int main(int argc, char **argv)
 {
     const Style *style = argc >= 2 ? styleOfName(argv[1]) : nullptr;
-    const PadModel *pad = padOfName(argc >= 3 ? argv[2] : "S310X");
+    const ModelRow *pad = modelOfName(argc >= 3 ? argv[2] : "S310X");
     unsigned seed = 1;
     if (argc >= 4 && std::from_chars(argv[3], argv[3] + std::strlen(argv[3]), seed).ec != std::errc())
         return usage();

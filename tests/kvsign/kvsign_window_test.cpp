@@ -1,7 +1,7 @@
 // The window of kvsign replay: it draws in time, stops for a while, begins again and closes, by its keys.
 #include "kvsign.h"
 
-#include "padareas.h"
+#include "modelrows.h"
 #include "patience.h"
 #include "progress.h"
 #include "replay/replaywindow.h"
@@ -24,7 +24,7 @@ protected:
         write("a.ink",
             record({{400, 400, 900, false, 10000, 77}, {2300, 400, 900, false, 10000 + kFirstLine, 77},
                 {2300, 1400, 900, false, 10001 + kFirstLine, 77}, {2300, 1400, 900, true, 10002 + kFirstLine, 77}}));
-        m_settings.model = &padModel("S300");
+        m_settings.model = modelOfName("S300");
         m_settings.penWidth = 4;
         m_settings.part = QRectF(0, 0, 800, 452);
         m_input = std::make_unique<InkInput>(file("a.ink"), QString(), m_progress);

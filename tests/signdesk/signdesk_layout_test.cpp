@@ -25,7 +25,7 @@ protected:
             QCoreApplication::installTranslator(&m_translator);
         }
         openWindow();
-        window->setModel(*signdesk::padModelOfName("S310X"));
+        window->setModel(*familyOfName("S310X"));
         EXPECT_TRUE(QTest::qWaitForWindowActive(window.get(), 60000));
     }
     ~Layout() override

@@ -43,7 +43,7 @@ TEST(SignDeskProgram, RefusesWhatItCannotDo)
         QStringList arguments;
         const char *told;
     } rows[] = {
-        {{"--model", "S999"}, "kv-sign-desk: the models are S210, S300, S310X, R800 and M450\n"},
+        {{"--model", "S999"}, "kv-sign-desk: the models are S210, S300, S310X, R800, M450\n"},
         {{"--driver-directory", "/no/such"}, "kv-sign-desk: there is no directory /no/such\n"},
         {{"a.pdf", "b.pdf"}, "kv-sign-desk: one page at a time\n"},
     };
@@ -165,14 +165,14 @@ TEST_F(DriverElsewhere, IsSaidToBeRefusedWithItsCure)
     QWidget parent;
     signdesk::PadSession session;
     try {
-        session.open(*signdesk::padModelOfName("S300"), &parent, QRect(0, 0, 200, 100));
+        session.open(*familyOfName("S300"), &parent, QRect(0, 0, 200, 100));
         ADD_FAILURE() << "opened";
     } catch (const signdesk::Trouble &trouble) {
         EXPECT_EQ(trouble.cure,
             "Have that put right (chmod o-w " + driver + "), or start this program with --unsafe-driver.");
     }
     session.acceptAnyDriver();
-    EXPECT_NO_THROW(session.open(*signdesk::padModelOfName("S300"), &parent, QRect(0, 0, 200, 100)));
+    EXPECT_NO_THROW(session.open(*familyOfName("S300"), &parent, QRect(0, 0, 200, 100)));
 }
 
 TEST(SignDeskProgram, SaysThatThereIsNoScreen)
@@ -227,7 +227,7 @@ TEST(SignDeskSession, SaysThatThereIsNoDriver)
     const InDirectory elsewhere(empty.path().toStdString());
     QWidget parent;
     signdesk::PadSession session;
-    for (const signdesk::PadModel &model : signdesk::padModels()) {
+    for (const PadFamily &model : kPadFamilies) {
         try {
             session.open(model, &parent, QRect(0, 0, 200, 100));
             ADD_FAILURE() << "opened without a driver";

@@ -158,7 +158,7 @@ TEST_F(SignDeskTest, EveryControlHasALetterOfItsOwn)
     window.reset();
     const German german;
     openWindow();
-    window->setModel(*signdesk::padModelOfName("S310X"));
+    window->setModel(*familyOfName("S310X"));
     expectKeys(*window);
 }
 
@@ -230,7 +230,7 @@ TEST_F(SignDeskTest, EveryWordPassesTheTranslator)
     window.reset();
     const MarkedLanguage marked;
     openWindow();
-    window->setModel(*signdesk::padModelOfName("S310X"));
+    window->setModel(*familyOfName("S310X"));
     window->start();
     const QRegularExpression notWords("^(S210|S300|S310X|R800|M450|[^\\w]*)$");
     const QMultiMap<QString, QString> texts = textsOf(*window);

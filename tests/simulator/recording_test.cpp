@@ -331,7 +331,7 @@ TEST(Trace, FillsTheWritingAreaButForItsBorder)
     const Trace trace = readTrace(file, "square");
     ASSERT_EQ(trace.about.size(), 2u);
     EXPECT_EQ(trace.about[0].second, "drawn by hand in an editor");
-    const std::vector<Event> events = fitIntoPad(trace.samples, *padOfName("S300"), 0.8, 0.8);
+    const std::vector<Event> events = fitIntoPad(trace.samples, *modelOfName("S300"), 0.8, 0.8);
     ASSERT_EQ(events.size(), 5u);
     // 10 by 10 units in 1300 * 0.8 raw units: 104 each; the middle of the area is (1350, 850).
     const Packet expected[] = {
@@ -393,7 +393,7 @@ TEST_P(EveryStyle, IsWrittenAsAPadSendsIt)
 TEST_P(EveryStyle, DependsOnTheSeedAlone)
 {
     const Style &style = *styleOfName(GetParam());
-    const PadModel &pad = *padOfName("S310X");
+    const ModelRow &pad = *modelOfName("S310X");
     const auto text = [&](unsigned seed) {
         return write({"S310X", {}, fitIntoPad(writeByHand(style.plan(), style.manner, seed), pad, 0.8, 0.8)});
     };

@@ -166,7 +166,7 @@ TEST_F(VirtualPadTest, AWindowThatIsClosedAndOpenedAgainIsFound)
 TEST_F(VirtualPadTest, ThereIsOneWindow)
 {
     openWindow();
-    EXPECT_THROW(virtualpad::PadWindow(*kvsim::padOfName("S300")), std::runtime_error);
+    EXPECT_THROW(virtualpad::PadWindow(*modelOfName("S300")), std::runtime_error);
     ASSERT_TRUE(open(kS300Family)); // the first one still listens
 }
 

@@ -3,9 +3,9 @@
 #ifndef VIRTUALPADRUN_H
 #define VIRTUALPADRUN_H
 
+#include "modelrows.h"
 #include "openpad.h"
 #include "padface.h"
-#include "padtable.h"
 #include "padwindow.h"
 
 #include <QAction>
@@ -40,7 +40,7 @@ protected:
 
     void openWindow(const char *model = "S300")
     {
-        window = std::make_unique<virtualpad::PadWindow>(*kvsim::padOfName(model));
+        window = std::make_unique<virtualpad::PadWindow>(*modelOfName(model));
         window->show();
         settle();
     }

@@ -118,7 +118,7 @@ void setPen(const Arguments &arguments, const OpenPad &pad)
 {
     const QColor ink = colour(arguments, kColourOption);
     pad->SetPenColor(pad->type, ink.red(), ink.green(), ink.blue());
-    pad->SetPenWidth(pad->type, penWidth(arguments, padModel(pad->model)));
+    pad->SetPenWidth(pad->type, penWidth(arguments, pad->row));
     if (arguments.isSet(kNoPressureOption) && pad->SetPenStyle(pad->type, false) != ARI_SUCCESS)
         throw failed(QString("the %1 does not take another pen style").arg(pad->model));
 }
@@ -138,7 +138,7 @@ CaptureState waitForConfirm(const OpenPad &pad, int seconds)
     QElapsedTimer waiting;
     waiting.start();
     for (;;) {
-        const int key = pad->GetKey(pad->type);
+        const int key = pad->GetDeviceConfirmOrCancelKeyStatus(pad->type);
         const CaptureState &state = watch.look();
         if (key == kConfirmed)
             return state;
@@ -215,7 +215,7 @@ int runCapture(const Arguments &arguments)
     const QSize size = canvasSize(arguments);
     const ClipMargin margin = clipMargin(arguments);
     colour(arguments, kColourOption);
-    penWidth(arguments, *kPadModels);
+    penWidth(arguments, *kModelRows[0]);
     CaptureOutputs::needDifferent(arguments.positionals() + arguments.values(kUnconfirmedOption));
     CaptureOutputs outputs(arguments.positionals());
     std::optional<CaptureOutputs> unconfirmedInk;

@@ -1,14 +1,20 @@
 #include "commandline.h"
 
 #include "failure.h"
+#include "modelnames.h"
 
 #include <algorithm>
 
 namespace {
 
+QString withModels(const char *text, const char *between)
+{
+    return QString(text).replace("@MODELS@", QString::fromStdString(modelNames(between, between)));
+}
+
 QCommandLineOption parserOption(const Option &row)
 {
-    QString text = row.text;
+    QString text = withModels(row.text, ", ");
     if (row.preset != nullptr)
         text += QString(" Default: %1.").arg(row.preset);
     QStringList names = namesOf(row);
@@ -29,6 +35,11 @@ QString longName(const Option &option)
 QStringList namesOf(const Option &option)
 {
     return QString(option.names).split(' ');
+}
+
+QStringList choicesOf(const Option &option)
+{
+    return withModels(option.choices, " ").split(' ');
 }
 
 Arguments::Arguments(const Subcommand &subcommand, const QStringList &words)
@@ -107,7 +118,7 @@ double Arguments::number(const Option &option, double least, double most) const
 
 QString Arguments::choice(const Option &option) const
 {
-    const QStringList choices = QString(option.choices).split(' ');
+    const QStringList choices = choicesOf(option);
     for (const QString &choice : choices) {
         if (choice.compare(value(option), Qt::CaseInsensitive) == 0)
             return choice;

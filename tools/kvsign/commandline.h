@@ -13,12 +13,13 @@ struct Option
 {
     const char *names; ///< "model m": the long name first
     const char *value; ///< what it takes; null for a switch
-    const char *text;
+    const char *text; ///< for the help; @MODELS@ stands for the names of all models
     const char *preset; ///< without the option; null for nothing
-    const char *choices; ///< for the shell: words, or kDirectories; null for nothing
+    const char *choices; ///< for the shell: words, @MODELS@ among them, or kDirectories; null for nothing
 };
 
 QStringList namesOf(const Option &option);
+QStringList choicesOf(const Option &option);
 
 inline constexpr const char *kDirectories = "/";
 

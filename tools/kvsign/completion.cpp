@@ -45,7 +45,8 @@ QString valueCase(const Option &option)
     if (option.choices == kDirectories)
         reply = "compopt -o filenames; mapfile -t COMPREPLY < <(compgen -d -- \"$current\"); return ;;\n";
     else if (option.choices != nullptr)
-        reply = QString("mapfile -t COMPREPLY < <(compgen -W \"%1\" -- \"$current\"); return ;;\n").arg(option.choices);
+        reply = QString("mapfile -t COMPREPLY < <(compgen -W \"%1\" -- \"$current\"); return ;;\n")
+                    .arg(choicesOf(option).join(' '));
     return QString("                %1) %2").arg(dashed(option).join(" | "), reply);
 }
 

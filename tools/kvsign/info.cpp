@@ -53,7 +53,7 @@ QJsonObject padInfo(const Arguments &arguments)
     info["y"] = axis(pad, DIID_GET_AXIS_Y);
     info["pressure"] = QJsonObject{{"min", 0}, {"max", item<int>(pad, DIID_GET_PRESSURE)}};
     info["driver"] = QString("%1.%2").arg(driver.nMajorVersion).arg(driver.nMinorVersion);
-    info["fingerprint"] = pad->hasFingerprint;
+    info["fingerprint"] = pad->row.hasFingerprintSensor;
     return info;
 }
 

@@ -95,6 +95,6 @@ void InkStatistics::finish()
 
 bool InkStatistics::isOnlyADot() const
 {
-    const int most = extent.smallestPad().width / kPadWidthsPerDot;
+    const int most = extent.smallestPad().rawSpanX / kPadWidthsPerDot;
     return extent.right - extent.left <= most && extent.bottom - extent.top <= most;
 }

@@ -94,7 +94,7 @@ void tellTimes(const InkStatistics &ink)
 void tell(const InkInput &input, const InkStatistics &ink)
 {
     const InkExtent &box = ink.extent;
-    const PadModel &pad = box.smallestPad();
+    const ModelRow &pad = box.smallestPad();
     sayRow("file", QString("%1 (%2)").arg(input.name(), input.format().meaning));
     sayRow("points", grouped(ink.points));
     sayRow("strokes",
@@ -103,7 +103,7 @@ void tell(const InkInput &input, const InkStatistics &ink)
     sayRow("ink length",
         QString("%1 raw units, %2 times the width of an %3")
             .arg(grouped(qRound64(ink.length)))
-            .arg(ink.length / pad.width, 0, 'f', 2)
+            .arg(ink.length / pad.rawSpanX, 0, 'f', 2)
             .arg(pad.name));
     sayRow("box", QString("x %1 to %2, y %3 to %4").arg(box.left).arg(box.right).arg(box.top).arg(box.bottom));
     sayRow("pressure",

@@ -2,7 +2,7 @@
 
 #include "driverfile.h"
 #include "failure.h"
-#include "padareas.h"
+#include "pictures/pictures.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,9 +12,8 @@ namespace {
 
 bool opens(const PadFamily &family, QSize canvas)
 {
-    const PadModel &model = padModel(family.model);
     const int width = canvas.isEmpty() ? kCanvasWidth : canvas.width();
-    const int height = canvas.isEmpty() ? canvasHeight(model, kCanvasWidth) : canvas.height();
+    const int height = canvas.isEmpty() ? canvasHeight(family.row, kCanvasWidth) : canvas.height();
     return family.InitialDevice(family.type, nullptr, 0, 0, width, height);
 }
 

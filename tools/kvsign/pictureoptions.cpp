@@ -11,11 +11,11 @@ namespace {
 
 constexpr int kMostMargin = 10000;
 
-const PadModel &modelFor(const Arguments &arguments, InkInput &input)
+const ModelRow &modelFor(const Arguments &arguments, InkInput &input)
 {
     const QString name = arguments.choice(kModelOption);
     if (name != "auto")
-        return padModel(name);
+        return *modelOfName(name.toStdString());
     InkExtent extent;
     PointSource &points = input.points("looking at the ink");
     POINTDATA point;
@@ -74,9 +74,9 @@ QColor colour(const Arguments &arguments, const Option &option)
     return colour;
 }
 
-int penWidth(const Arguments &arguments, const PadModel &model)
+int penWidth(const Arguments &arguments, const ModelRow &model)
 {
-    return arguments.isSet(kPenWidthOption) ? arguments.wholeNumber(kPenWidthOption, 1, 10) : model.penWidth;
+    return arguments.isSet(kPenWidthOption) ? arguments.wholeNumber(kPenWidthOption, 1, 10) : ballpointLevel(model);
 }
 
 void checkPictureOptions(const Arguments &arguments)
@@ -87,7 +87,7 @@ void checkPictureOptions(const Arguments &arguments)
     if (arguments.isSet(kBackgroundOption))
         colour(arguments, kBackgroundOption);
     clipMargin(arguments);
-    penWidth(arguments, *kPadModels);
+    penWidth(arguments, *kModelRows[0]);
 }
 
 PictureSettings pictureSettings(const Arguments &arguments, InkInput &input)

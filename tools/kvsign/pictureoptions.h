@@ -9,9 +9,9 @@
 class InkInput;
 
 inline constexpr Option kModelOption{
-    "model m", "MODEL", "The pad's model: auto, S210, S300, S310X, R800 or M450.", "auto", kModelChoices};
+    "model m", "MODEL", "The pad's model: auto, or one of @MODELS@.", "auto", "auto @MODELS@"};
 inline constexpr Option kPenWidthOption{"pen-width w", "LEVEL",
-    "How thick the pen writes, 1 to 10. Without it as a ballpoint: 2, on R800 and M450 4.", nullptr, nullptr};
+    "How thick the pen writes, 1 to 10. Without it as a ballpoint: 2 or 4, by the model.", nullptr, nullptr};
 inline constexpr Option kNoPressureOption{
     "no-pressure", nullptr, "Write in one width, whatever the pressure.", nullptr, nullptr};
 inline constexpr Option kColourOption{
@@ -32,7 +32,7 @@ struct ClipMargin
 
 ClipMargin clipMargin(const Arguments &arguments);
 QColor colour(const Arguments &arguments, const Option &option);
-int penWidth(const Arguments &arguments, const PadModel &model);
+int penWidth(const Arguments &arguments, const ModelRow &model);
 
 /// Throws when the options cannot be understood.
 void checkPictureOptions(const Arguments &arguments);

@@ -1,6 +1,7 @@
 #include "fingerpanel.h"
 
 #include "greyimage.h"
+#include "modelrows.h"
 
 #include <QComboBox>
 #include <QFileDialog>
@@ -80,9 +81,8 @@ void FingerPanel::choosePicture()
     if (file.isEmpty())
         return;
     const QString copy = m_directory.filePath(QStringLiteral("finger-%1.pgm").arg(++m_pictures));
-    const QImage picture = QImage(file)
-                               .scaled(kvsim::kFingerprintWidth, kvsim::kFingerprintHeight)
-                               .convertToFormat(QImage::Format_Grayscale8);
+    const QImage picture =
+        QImage(file).scaled(kFingerprintWidth, kFingerprintHeight).convertToFormat(QImage::Format_Grayscale8);
     if (picture.isNull() || !picture.save(copy, "PGM")) {
         QMessageBox::warning(this, tr("Picture of a finger"), tr("%1 cannot be read as a picture.").arg(file));
         return;

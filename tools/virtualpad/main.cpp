@@ -13,8 +13,8 @@ namespace {
 QString modelNames()
 {
     QStringList names;
-    for (const kvsim::PadModel &model : kvsim::kPadModels)
-        names << QString::fromUtf8(model.name.data());
+    for (const ModelRow *model : kModelRows)
+        names << model->name;
     return names.join(QStringLiteral(", "));
 }
 
@@ -33,7 +33,7 @@ int main(int argc, char **argv)
         QStringLiteral("model"), "The pad to begin with: " + modelNames() + ".", QStringLiteral("model"), "S300");
     parser.addOption(option);
     parser.process(application);
-    const kvsim::PadModel *model = kvsim::padOfName(parser.value(option).toStdString());
+    const ModelRow *model = modelOfName(parser.value(option).toStdString());
     if (!model || !parser.positionalArguments().isEmpty()) {
         std::fprintf(stderr, "kv-virtualpad: the models are %s\n", qPrintable(modelNames()));
         return 2;

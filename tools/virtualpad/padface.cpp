@@ -1,7 +1,7 @@
 #include "padface.h"
 
 #include "kvsignpadsdk_global.h"
-#include "padtable.h"
+#include "modelrows.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -42,10 +42,10 @@ PadFace::PadFace(QWidget *parent)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setAccessibleName(tr("Signature pad"));
     setAccessibleDescription(tr("Write with the mouse, a finger or a stylus"));
-    setModel(kvsim::kPadModels[0]);
+    setModel(*kModelRows[0]);
 }
 
-void PadFace::setModel(const kvsim::PadModel &model)
+void PadFace::setModel(const ModelRow &model)
 {
     if (m_model != &model)
         clearInk();
@@ -70,7 +70,7 @@ QSize PadFace::sizeHint() const
 {
     constexpr double kWritingWidth = 560;
     const PadLook &look = lookOf(m_model->deviceType);
-    const double height = static_cast<double>(m_model->spanY) / m_model->spanX;
+    const double height = static_cast<double>(m_model->rawSpanY) / m_model->rawSpanX;
     return QSizeF(kWritingWidth * (1 + look.left + look.right), kWritingWidth * (height + look.top + look.bottom))
         .toSize();
 }
@@ -87,7 +87,8 @@ QRectF PadFace::writingArea() const
     const PadLook &look = lookOf(m_model->deviceType);
     const QRectF all = body();
     const double unit = all.width() / (1 + look.left + look.right);
-    return QRectF(all.x() + look.left * unit, all.y() + look.top * unit, unit, unit * m_model->spanY / m_model->spanX);
+    return QRectF(
+        all.x() + look.left * unit, all.y() + look.top * unit, unit, unit * m_model->rawSpanY / m_model->rawSpanX);
 }
 
 /// Confirm is 0, cancel 1. Buttons stand beside the writing area, one above the other; areas lie below it.
@@ -276,7 +277,7 @@ void PadFace::paintBody(QPainter &painter) const
     painter.setFont(font);
     painter.setPen(QColor(255, 255, 255, 170));
     const QRectF title(area.left(), all.top(), area.width(), area.top() - all.top());
-    painter.drawText(title, Qt::AlignLeft | Qt::AlignVCenter, QString::fromUtf8(m_model->name.data()));
+    painter.drawText(title, Qt::AlignLeft | Qt::AlignVCenter, m_model->name);
 }
 
 void PadFace::paintSurface(QPainter &painter) const

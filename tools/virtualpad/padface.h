@@ -13,9 +13,7 @@
 
 #include <chrono>
 
-namespace kvsim {
-struct PadModel;
-}
+struct ModelRow;
 
 namespace virtualpad {
 
@@ -35,7 +33,7 @@ class PadFace : public QWidget
 public:
     explicit PadFace(QWidget *parent = nullptr);
 
-    void setModel(const kvsim::PadModel &model);
+    void setModel(const ModelRow &model);
     void setDisplay(const PadDisplay &display);
     const PadDisplay &display() const { return m_display; }
     void clearInk();
@@ -83,7 +81,7 @@ private:
     void paintButton(QPainter &painter, int index) const;
     void paintSensor(QPainter &painter) const;
 
-    const kvsim::PadModel *m_model = nullptr;
+    const ModelRow *m_model = nullptr;
     PadDisplay m_display;
     PacketClock m_clock;
     QBasicTimer m_timer;

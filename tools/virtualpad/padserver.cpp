@@ -36,7 +36,7 @@ Event fault(Event::Kind kind, int value = 0)
     return event;
 }
 
-std::string headerOf(const kvsim::PadModel &model)
+std::string headerOf(const ModelRow &model)
 {
     return "version: 2\nmodel: " + std::string(model.name) + "\n";
 }
@@ -54,7 +54,7 @@ constexpr qint64 kMostUnread = 1 << 20;
 
 } // namespace
 
-PadServer::PadServer(const kvsim::PadModel &model, QObject *parent)
+PadServer::PadServer(const ModelRow &model, QObject *parent)
     : QObject(parent)
     , m_model(&model)
 {
@@ -83,13 +83,13 @@ void PadServer::listen()
 
 std::string PadServer::versionText() const
 {
-    const kvsim::PadModel *shown = m_model;
+    const ModelRow *shown = m_model;
     if (m_troubles.isOtherModel)
-        shown = kvsim::padOfType(m_model->deviceType == KVS300_DEVICE ? KVM450_DEVICE : KVS300_DEVICE);
+        shown = modelOfType(m_model->deviceType == KVS300_DEVICE ? KVM450_DEVICE : KVS300_DEVICE);
     return "KV" + std::string(shown->name) + " VIRTUAL 1.0";
 }
 
-void PadServer::setModel(const kvsim::PadModel &model)
+void PadServer::setModel(const ModelRow &model)
 {
     m_model = &model;
 }
@@ -180,7 +180,7 @@ void PadServer::open(QLocalSocket *program, int deviceType)
         last->waitForReadyRead(0);
         takeLines(last);
     }
-    const kvsim::PadModel *model = kvsim::padOfType(deviceType);
+    const ModelRow *model = modelOfType(deviceType);
     if (m_program || !model) {
         write(program,
             headerOf(*m_model)
@@ -189,7 +189,7 @@ void PadServer::open(QLocalSocket *program, int deviceType)
         program->disconnectFromServer();
         return;
     }
-    const kvsim::PadModel *const before = std::exchange(m_model, model);
+    const ModelRow *const before = std::exchange(m_model, model);
     m_begin = Clock::now();
     m_lastUs = 0;
     if (!write(program, headerOf(*m_model) + stateLines(m_begin)) || m_troubles.isUnplugged) {

@@ -3,8 +3,8 @@
 #ifndef PADSERVER_H
 #define PADSERVER_H
 
+#include "modelrows.h"
 #include "padcommands.h"
-#include "padtable.h"
 #include "recordingevents.h"
 
 #include <QImage>
@@ -30,20 +30,20 @@ class PadServer : public QObject
 {
     Q_OBJECT
 public:
-    explicit PadServer(const kvsim::PadModel &model, QObject *parent = nullptr);
+    explicit PadServer(const ModelRow &model, QObject *parent = nullptr);
     ~PadServer() override;
 
     /// Throws std::runtime_error when there is another window, or no place for the socket.
     void listen();
 
-    const kvsim::PadModel &model() const { return *m_model; }
+    const ModelRow &model() const { return *m_model; }
     bool isOpen() const { return m_program != nullptr; }
 
     /// What GetDevicePartsVersion writes.
     std::string versionText() const;
 
     /// No program may have the pad open.
-    void setModel(const kvsim::PadModel &model);
+    void setModel(const ModelRow &model);
     void setTroubles(const Troubles &troubles);
 
     void sendPacket(std::chrono::steady_clock::time_point time, const kvsim::Packet &packet);
@@ -72,7 +72,7 @@ private:
     QLocalServer m_server;
     std::map<QLocalSocket *, CommandReader> m_readers; ///< of all connections
     QLocalSocket *m_program = nullptr; ///< that has the pad open
-    const kvsim::PadModel *m_model;
+    const ModelRow *m_model;
     Troubles m_troubles;
     std::chrono::steady_clock::time_point m_begin{};
     std::int64_t m_lastUs = 0;

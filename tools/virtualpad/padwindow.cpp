@@ -1,7 +1,7 @@
 #include "padwindow.h"
 
 #include "fingerpanel.h"
-#include "kvsignpadsdk_global.h"
+#include "modelrules.h"
 #include "padface.h"
 
 #include <QActionGroup>
@@ -18,14 +18,9 @@ namespace {
 /// Every so many moves has a pressure that the pad does not have.
 constexpr int kInvalidEvery = 4;
 
-QString nameOf(const kvsim::PadModel &model)
-{
-    return QString::fromUtf8(model.name.data(), static_cast<int>(model.name.size()));
-}
-
 } // namespace
 
-PadWindow::PadWindow(const kvsim::PadModel &model, QWidget *parent)
+PadWindow::PadWindow(const ModelRow &model, QWidget *parent)
     : QMainWindow(parent)
     , m_server(model)
     , m_face(new PadFace(this))
@@ -48,10 +43,10 @@ void PadWindow::makeMenus()
 {
     QMenu *const pad = menuBar()->addMenu(tr("&Pad"));
     m_models = new QActionGroup(this);
-    for (const kvsim::PadModel &model : kvsim::kPadModels) {
-        QAction *const action = m_models->addAction(nameOf(model));
+    for (const ModelRow *model : kModelRows) {
+        QAction *const action = m_models->addAction(model->name);
         action->setCheckable(true);
-        action->setData(model.deviceType);
+        action->setData(model->deviceType);
         pad->addAction(action);
     }
     connect(m_models, &QActionGroup::triggered, this, &PadWindow::chooseModel);
@@ -105,12 +100,12 @@ void PadWindow::connectServer()
 
 void PadWindow::showModel()
 {
-    const kvsim::PadModel &model = m_server.model();
+    const ModelRow &model = m_server.model();
     m_face->setModel(model);
     m_fingers->setVisible(model.hasFingerprintSensor);
     for (QAction *action : m_models->actions())
         action->setChecked(action->data() == model.deviceType);
-    setWindowTitle(tr("%1 - virtual pad").arg(nameOf(model)));
+    setWindowTitle(tr("%1 - virtual pad").arg(model.name));
     showStatus();
 }
 
@@ -155,7 +150,7 @@ void PadWindow::showStatus()
 
 void PadWindow::chooseModel(const QAction *action)
 {
-    m_server.setModel(*kvsim::padOfType(action->data().toInt()));
+    m_server.setModel(*modelOfType(action->data().toInt()));
     showModel();
 }
 
@@ -172,11 +167,11 @@ void PadWindow::applyTroubles()
 /// Raw units of the model.
 kvsim::Packet PadWindow::packetOf(const PenPoint &point, int status)
 {
-    const kvsim::PadModel &model = m_server.model();
-    const int maxPressure = maxPressureOf(model, m_server.versionText());
+    const ModelRow &model = m_server.model();
+    const int maxPressure = maxPressureOf(model, m_server.versionText()).value_or(model.maxPressure);
     const auto scaled = [](double share, int span) { return static_cast<int>(std::lround(share * span)); };
-    kvsim::Packet packet{model.offsetX + scaled(point.x, model.spanX), model.offsetY + scaled(point.y, model.spanY),
-        scaled(point.pressure, maxPressure), status};
+    kvsim::Packet packet{model.rawOffsetX + scaled(point.x, model.rawSpanX),
+        model.rawOffsetY + scaled(point.y, model.rawSpanY), scaled(point.pressure, maxPressure), status};
     if (m_invalidPressures->isChecked() && status == KVSPDARI_PS_PEN_MOVE && m_packets % kInvalidEvery == 0)
         packet.pressure = maxPressure + 1 + m_packets % 100;
     return packet;

@@ -21,7 +21,7 @@ class PadWindow : public QMainWindow
     Q_OBJECT
 public:
     /// Throws std::runtime_error when no program could find this pad.
-    explicit PadWindow(const kvsim::PadModel &model, QWidget *parent = nullptr);
+    explicit PadWindow(const ModelRow &model, QWidget *parent = nullptr);
 
     PadFace *face() const { return m_face; }
 

@@ -399,8 +399,8 @@
         <translation>Lässt einen Kunden eine Seite auf einem Unterschriftenpad unterschreiben.</translation>
     </message>
     <message>
-        <source>The pad on the desk: S210, S300, S310X, R800 or M450.</source>
-        <translation>Das Pad auf dem Tisch: S210, S300, S310X, R800 oder M450.</translation>
+        <source>The pad on the desk: %1.</source>
+        <translation>Das Pad auf dem Tisch: %1.</translation>
     </message>
     <message>
         <source>Where the pad&apos;s driver libkvsignpaddrv.so is; else here.</source>
@@ -419,8 +419,8 @@
         <translation>es gibt kein Verzeichnis %1</translation>
     </message>
     <message>
-        <source>the models are S210, S300, S310X, R800 and M450</source>
-        <translation>die Modelle sind S210, S300, S310X, R800 und M450</translation>
+        <source>the models are %1</source>
+        <translation>die Modelle sind %1</translation>
     </message>
     <message>
         <source>one page at a time</source>

@@ -1,5 +1,6 @@
 #include "driverfile.h"
 #include "findings.h"
+#include "modelnames.h"
 
 #include <QDir>
 #include <QFile>
@@ -15,21 +16,31 @@ namespace {
 struct Operation
 {
     const char *name;
-    const char *models; ///< that do not work without it
+    bool (*isNeededBy)(const ModelRow &);
 };
 
+bool hasScreen(const ModelRow &model)
+{
+    return model.hasScreen;
+}
+
+bool hasFingerprintSensor(const ModelRow &model)
+{
+    return model.hasFingerprintSensor;
+}
+
 constexpr Operation kOperations[] = {
-    {"Initial", "all"},
-    {"UnInitial", "all"},
-    {"OpenDeviceLCD", "S210, S300 and S310X"},
-    {"ClearDeviceContent", "all"},
-    {"GetDevicePenID", "S210, S300 and S310X"},
-    {"GetDevicePadID", "all"},
-    {"GetDeviceSecureID", "S210, S300 and S310X"},
-    {"GetDevicePartsVersion", "all"},
-    {"ShowVersionInfoOnDevice", "S210, S300 and S310X"},
-    {"SetDevicePenStyle", "all"},
-    {"ShowFPImageOnDevice", "S310X"},
+    {"Initial", anyModel},
+    {"UnInitial", anyModel},
+    {"OpenDeviceLCD", hasScreen},
+    {"ClearDeviceContent", anyModel},
+    {"GetDevicePenID", hasScreen},
+    {"GetDevicePadID", anyModel},
+    {"GetDeviceSecureID", hasScreen},
+    {"GetDevicePartsVersion", anyModel},
+    {"ShowVersionInfoOnDevice", hasScreen},
+    {"SetDevicePenStyle", anyModel},
+    {"ShowFPImageOnDevice", hasFingerprintSensor},
 };
 
 using Header = ElfW(Ehdr);
@@ -58,6 +69,13 @@ bool isWhole(const QString &path)
     return static_cast<quint64>(QFileInfo(path).size()) >= end;
 }
 
+QString needing(const Operation &operation)
+{
+    if (operation.isNeededBy == anyModel)
+        return "all";
+    return QString::fromStdString(modelNames(", ", " and ", operation.isNeededBy));
+}
+
 void lookAtOperations(Findings &findings, QLibrary &driver)
 {
     for (const Operation &operation : kOperations) {
@@ -66,7 +84,7 @@ void lookAtOperations(Findings &findings, QLibrary &driver)
         if (driver.resolve(symbol) != nullptr)
             findings.push_back(good(subject, "there"));
         else
-            findings.push_back(bad(subject, QString("missing, which %1 models need").arg(operation.models),
+            findings.push_back(bad(subject, QString("missing, which %1 models need").arg(needing(operation)),
                 "install the driver's newest version; this one does not go with the library"));
     }
 }

@@ -3,9 +3,7 @@
 #ifndef INKEXTENT_H
 #define INKEXTENT_H
 
-#include "../padareas.h"
-
-#include <kvsignpadsdk_global.h>
+#include "modelrows.h"
 
 #include <algorithm>
 
@@ -21,24 +19,32 @@ struct InkExtent
         bottom = std::max<int>(bottom, point.nY);
     }
 
-    bool liesOn(const PadModel &model) const
+    bool endsOn(const ModelRow &model) const
     {
-        return left >= model.left && right < model.left + model.width && top >= model.top
-            && bottom < model.top + model.height;
+        return right < model.rawOffsetX + model.rawSpanX && bottom < model.rawOffsetY + model.rawSpanY;
+    }
+    bool liesOn(const ModelRow &model) const
+    {
+        return left >= model.rawOffsetX && top >= model.rawOffsetY && endsOn(model);
     }
 
-    /// The pad with the smallest writing area that holds all of it; without one, the smallest that is large enough.
-    const PadModel &smallestPad() const
+    /// The pad with the smallest writing area that holds all of it; without one the smallest that reaches far enough to
+    /// the right and down; without one the largest.
+    const ModelRow &smallestPad() const
     {
-        for (const PadModel &model : kPadModels) {
-            if (liesOn(model))
-                return model;
+        const ModelRow *holds = nullptr, *reaches = nullptr, *largest = kModelRows[0];
+        const auto isSmaller = [](const ModelRow &one, const ModelRow *other) {
+            return other == nullptr || one.rawSpanX < other->rawSpanX;
+        };
+        for (const ModelRow *model : kModelRows) {
+            if (liesOn(*model) && isSmaller(*model, holds))
+                holds = model;
+            if (endsOn(*model) && isSmaller(*model, reaches))
+                reaches = model;
+            if (isSmaller(*largest, model))
+                largest = model;
         }
-        for (const PadModel &model : kPadModels) {
-            if (right < model.left + model.width && bottom < model.top + model.height)
-                return model;
-        }
-        return padModel("R800");
+        return holds != nullptr ? *holds : reaches != nullptr ? *reaches : *largest;
     }
 };
 

@@ -4,7 +4,7 @@
 #define PICTURES_H
 
 #include "../ink/pointstream.h"
-#include "../padareas.h"
+#include "modelrules.h"
 
 #include <QColor>
 #include <QRectF>
@@ -14,11 +14,14 @@
 
 class QIODevice;
 
+/// Pixels in a canvas's width when nobody says another.
+inline constexpr int kCanvasWidth = 800;
+
 struct PictureSettings
 {
-    const PadModel *model = nullptr;
+    const ModelRow *model = nullptr;
     double scale = 1; ///< 1: the writing area is kCanvasWidth pixels wide
-    double penWidth = 0; ///< width level
+    int penWidth = 0; ///< width level, 1 to 10
     bool withPressure = true;
     QColor colour = Qt::black;
     QColor background; ///< invalid: transparent where the format can, else white

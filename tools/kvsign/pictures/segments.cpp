@@ -7,24 +7,26 @@
 
 Segments::Segments(const PictureSettings &settings)
     : m_settings(settings)
-    , m_pixelsPerUnitX(kCanvasWidth * settings.scale / settings.model->width)
-    , m_pixelsPerUnitY(canvasHeight(*settings.model, kCanvasWidth) * settings.scale / settings.model->height)
+    , m_pixelsPerUnitX(kCanvasWidth * settings.scale / settings.model->rawSpanX)
+    , m_pixelsPerUnitY(canvasHeight(*settings.model, kCanvasWidth) * settings.scale / settings.model->rawSpanY)
 {
 }
 
 QPointF Segments::placeOf(const POINTDATA &point) const
 {
-    const PadModel &model = *m_settings.model;
-    const int x = std::clamp(point.nX - model.left, 0, model.width - 1);
-    const int y = std::clamp(point.nY - model.top, 0, model.height - 1);
+    const ModelRow &model = *m_settings.model;
+    const int x = std::clamp(point.nX - model.rawOffsetX, 0, model.rawSpanX - 1);
+    const int y = std::clamp(point.nY - model.rawOffsetY, 0, model.rawSpanY - 1);
     return QPointF(x * m_pixelsPerUnitX, y * m_pixelsPerUnitY) - m_settings.part.topLeft();
 }
 
 double Segments::widthOf(const POINTDATA &point) const
 {
-    const PadModel &model = *m_settings.model;
-    const double pixels = m_settings.withPressure ? point.nPressureValue * model.pixelsPerPressure : model.fixedPixels;
-    return pixels * m_settings.penWidth * m_settings.scale;
+    const ModelRow &model = *m_settings.model;
+    const double pixels = m_settings.withPressure
+        ? point.nPressureValue * pressureRatio(model, m_settings.penWidth, model.maxPressure)
+        : fixedWidth(model, m_settings.penWidth);
+    return pixels * m_settings.scale;
 }
 
 std::optional<Segment> Segments::take(const POINTDATA &point)
