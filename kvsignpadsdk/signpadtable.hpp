@@ -6,6 +6,20 @@
 
 #include "kvsignpadsdk_global.h"
 
+namespace kv {
+
+/// The pad models.
+enum class Model
+{
+    S210, ///< with a screen, live images and an office canvas
+    S300, ///< with a screen
+    S310X, ///< with a screen and a fingerprint sensor
+    R800, ///< without a screen of its own
+    M450, ///< without a screen of its own
+};
+
+} // namespace kv
+
 namespace kv::detail {
 
 /// The version of the header that this was made from.

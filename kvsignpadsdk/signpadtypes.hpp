@@ -9,16 +9,6 @@
 
 namespace kv {
 
-/// In the order of detail::kFamilies.
-enum class Model
-{
-    S210,
-    S300,
-    S310X,
-    R800,
-    M450
-};
-
 /// Pixels.
 struct Size
 {

@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import re
+from dataclasses import replace
 from pathlib import Path
 from typing import Any, Iterable
 
@@ -67,12 +68,33 @@ def _split(name: str) -> tuple[str, str]:
 
 def _families(functions: list[Function]) -> list[Json]:
     """The families in the order in which the header first names them, with their models and device types."""
-    names = list(dict.fromkeys(_split(function.name)[0] for function in functions))
-    return [{"prefix": name, "model": name[2:], "deviceType": f"{name}_DEVICE"} for name in names]
+    present: dict[str, set[str]] = {}
+    for function in functions:
+        family, operation = _split(function.name)
+        present.setdefault(family, set()).add(operation)
+    return [
+        {
+            "prefix": name,
+            "model": meanings.model_of(name),
+            "deviceType": f"{name}_DEVICE",
+            "doc": _features(operations),
+        }
+        for name, operations in present.items()
+    ]
+
+
+def _features(operations: set[str]) -> str:
+    """What a model has that not every one has, as a sentence."""
+    features = [feature for operation, feature in meanings.FEATURES.items() if operation in operations]
+    if not features:
+        return "Without a screen of its own."
+    return "With " + ", ".join(features[:-1]) + (" and " if features[1:] else "") + features[-1] + "."
 
 
 def _enumeration(enumeration: Enumeration) -> Json:
     naming = meanings.ENUMERATIONS[enumeration.name]
+    if enumeration.name == "DEVICE_TYPE_ID":
+        naming = replace(naming, values={v.name: meanings.model_of(v.name) for v in enumeration.values})
     _same(f"values of {enumeration.name}", (v.name for v in enumeration.values), naming.values)
     return {
         "name": enumeration.name,

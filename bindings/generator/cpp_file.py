@@ -15,6 +15,15 @@ _HEAD = """\
 
 #include "kvsignpadsdk_global.h"
 
+namespace kv {
+
+/// The pad models.
+enum class Model
+{
+%s};
+
+} // namespace kv
+
 namespace kv::detail {
 
 /// The version of the header that this was made from.
@@ -30,7 +39,8 @@ struct Family
 
 def write(api: Json) -> str:
     operations = api["operations"]
-    text = str(_HEAD % api["version"])
+    models = "".join(f"    {family['model']}, ///< {family['doc'][0].lower() + family['doc'][1:-1]}\n" for family in api["families"])
+    text = str(_HEAD % (models, api["version"]))
     for operation in operations:
         # Every family's function has the same type; the first that there is names it.
         text += f"    decltype(&{operation['families'][0]}_{operation['name']}) {operation['name']};\n"

@@ -55,7 +55,14 @@ def write(api: Json) -> str:
     text += "".join(_operation(operation, api) for operation in api["operations"])
     text += "    }\n"
     text += "".join(_enumeration(enumeration) for enumeration in api["enumerations"])
-    return text + "}\n"
+    return text + _models(api) + "}\n"
+
+
+def _models(api: Json) -> str:
+    text = "\n    /// <summary>The pad models.</summary>\n    public enum Model\n    {\n"
+    for family in api["families"]:
+        text += f"        /// <summary>{family['doc']}</summary>\n        {family['model']},\n"
+    return text + "    }\n"
 
 
 def pascal(name: str) -> str:

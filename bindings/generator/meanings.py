@@ -139,17 +139,7 @@ ENUMERATIONS: dict[str, Naming] = {
             "ARI_SAVE_FAILE": "SAVE_FAILE",
         },
     ),
-    "DEVICE_TYPE_ID": Naming(
-        "DeviceType",
-        {
-            "NONE_DEVICE": "NONE",
-            "KVS210_DEVICE": "S210",
-            "KVR800_DEVICE": "R800",
-            "KVM450_DEVICE": "M450",
-            "KVS300_DEVICE": "S300",
-            "KVS310X_DEVICE": "S310X",
-        },
-    ),
+    "DEVICE_TYPE_ID": Naming("DeviceType", {}),  # model_of names its values
     "ENCODE_BASE64_IMAGE_TYPE_ID": Naming(
         "EncodedImageType",
         {"EBITI_BITMAP": "BITMAP", "EBITI_JPEG": "JPEG", "EBITI_PNG": "PNG", "EBITI_INK": "INK"},
@@ -206,6 +196,21 @@ ENUMERATIONS: dict[str, Naming] = {
             "KVSPDARI_LIBUSB_SENT_CMD_FAIL": "USB_SENT_CMD_FAIL",
         },
     ),
+}
+
+
+
+def model_of(device_type: str) -> str:
+    """KVS300_DEVICE is the S300."""
+    return device_type.removesuffix("_DEVICE").removeprefix("KV")
+
+
+# What a model has that others have not, by an operation that tells.
+FEATURES: dict[str, str] = {
+    "OpenLCD": "a screen",
+    "SetRealTimeSignBase64DataCallback": "live images",
+    "InitialWPSSignCanvas": "an office canvas",
+    "SetDisplayedFPImageAt": "a fingerprint sensor",
 }
 
 # Records and their names in the bindings.

@@ -122,3 +122,9 @@ def _operation(operation: Json) -> str:
     for family in operation["families"]:
         text += f"    {json.dumps(f'{result}{family}_' + operation['name'] + '(' + ', '.join(parameters) + ')')},\n"
     return text.replace('"', "'") if "'" not in text else text
+
+
+def write_models(api: Json) -> str:
+    """The type of a model's name, for index.d.ts."""
+    models = " | ".join(f"'{family['model']}'" for family in api["families"])
+    return f"// Generated from the header by bindings/generate, not to be edited.\nexport type Model = {models};\n"

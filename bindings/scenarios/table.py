@@ -14,10 +14,13 @@ has opened the pad and set the pen.
 
 from __future__ import annotations
 
+import json
 from dataclasses import dataclass, field
+from pathlib import Path
 from typing import Any
 
-ALL = ("S210", "S300", "S310X", "R800", "M450")
+_API = json.loads((Path(__file__).resolve().parent.parent / "api.json").read_text(encoding="utf-8"))
+ALL = tuple(family["model"] for family in _API["families"])
 
 # What `pad.save` and the picture functions write, compared with what C gets.
 PICTURES = ("text.png", "opaque.png", "text.jpg", "text.bmp", "text.svg")

@@ -1,20 +1,5 @@
 namespace Korvane.Signpad
 {
-    /// <summary>The pad models.</summary>
-    public enum Model
-    {
-        /// <summary>With live images and an office canvas.</summary>
-        S210,
-        /// <summary>With a screen.</summary>
-        S300,
-        /// <summary>With a fingerprint sensor.</summary>
-        S310X,
-        /// <summary>Without a screen of its own.</summary>
-        R800,
-        /// <summary>Without a screen of its own.</summary>
-        M450,
-    }
-
     /// <summary>A tap on the pad's buttons.</summary>
     public enum Tap
     {

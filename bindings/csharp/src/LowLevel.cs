@@ -1585,4 +1585,19 @@ namespace Korvane.Signpad
         /// <summary>KVSPDARI_LIBUSB_SENT_CMD_FAIL</summary>
         UsbSentCmdFail = -7,
     }
+
+    /// <summary>The pad models.</summary>
+    public enum Model
+    {
+        /// <summary>With a screen, live images and an office canvas.</summary>
+        S210,
+        /// <summary>With a screen.</summary>
+        S300,
+        /// <summary>With a screen and a fingerprint sensor.</summary>
+        S310X,
+        /// <summary>Without a screen of its own.</summary>
+        R800,
+        /// <summary>Without a screen of its own.</summary>
+        M450,
+    }
 }

@@ -1,6 +1,8 @@
 /// <reference types="node" />
 
-export type Model = 'S210' | 'S300' | 'S310X' | 'R800' | 'M450';
+import type { Model } from './models.js';
+
+export type { Model };
 export type TapKey = 'confirm' | 'cancel';
 export type Color = string | readonly [number, number, number];
 
