@@ -1,8 +1,8 @@
 // kvsign capture: waits for a signature, and writes it to any number of files.
 #include "captureoutputs.h"
 #include "failure.h"
+#include "headlesspad.h"
 #include "interruption.h"
-#include "openpad.h"
 #include "padpresence.h"
 #include "pictureoptions.h"
 #include "progress.h"
@@ -58,7 +58,7 @@ struct CaptureState
 class Watch
 {
 public:
-    explicit Watch(const OpenPad &pad)
+    explicit Watch(const HeadlessPad &pad)
         : m_pad(pad)
     {
     }
@@ -79,7 +79,7 @@ public:
     }
 
 private:
-    const OpenPad &m_pad;
+    const HeadlessPad &m_pad;
     CaptureState m_state;
     QElapsedTimer m_writing;
 };
@@ -88,7 +88,7 @@ private:
 class Presence
 {
 public:
-    explicit Presence(const OpenPad &pad)
+    explicit Presence(const HeadlessPad &pad)
         : m_pad(pad)
         , m_answersAtAll(answers())
         , m_presence([this] { return answers(); })
@@ -108,13 +108,13 @@ public:
 private:
     bool answers() const { return !m_pad.text(m_pad->GetHWVersion).isEmpty(); }
 
-    const OpenPad &m_pad;
+    const HeadlessPad &m_pad;
     const bool m_answersAtAll;
     PadPresence m_presence;
     QElapsedTimer m_sinceLook;
 };
 
-void setPen(const Arguments &arguments, const OpenPad &pad)
+void setPen(const Arguments &arguments, const HeadlessPad &pad)
 {
     const QColor ink = colour(arguments, kColourOption);
     pad->SetPenColor(pad->type, ink.red(), ink.green(), ink.blue());
@@ -130,7 +130,7 @@ Failure unconfirmed(ExitCode code, const QString &message, const CaptureState &s
 }
 
 /// Waits for confirm. Everything else throws.
-CaptureState waitForConfirm(const OpenPad &pad, int seconds)
+CaptureState waitForConfirm(const HeadlessPad &pad, int seconds)
 {
     Watch watch(pad);
     Presence presence(pad);
@@ -160,7 +160,7 @@ CaptureState waitForConfirm(const OpenPad &pad, int seconds)
     }
 }
 
-QJsonObject summary(const OpenPad &pad, const CaptureState &state, const CaptureOutputs &outputs)
+QJsonObject summary(const HeadlessPad &pad, const CaptureState &state, const CaptureOutputs &outputs)
 {
     QJsonArray files;
     for (const CapturedFile &file : outputs.files())
@@ -170,7 +170,7 @@ QJsonObject summary(const OpenPad &pad, const CaptureState &state, const Capture
         {"seconds", state.seconds}, {"files", files}};
 }
 
-void tell(const OpenPad &pad, const CaptureState &state, const CaptureOutputs &outputs, bool asJson)
+void tell(const HeadlessPad &pad, const CaptureState &state, const CaptureOutputs &outputs, bool asJson)
 {
     if (asJson) {
         sayJson(summary(pad, state, outputs));
@@ -187,7 +187,7 @@ void tell(const OpenPad &pad, const CaptureState &state, const CaptureOutputs &o
 
 /// What a signer has written without confirming is only kept under a name of its own. Adds to the failure what came of
 /// it.
-void keepUnconfirmed(const OpenPad &pad, CaptureOutputs *unconfirmedInk, Failure &failure)
+void keepUnconfirmed(const HeadlessPad &pad, CaptureOutputs *unconfirmedInk, Failure &failure)
 {
     const bool isMeant = failure.code == kUnplugged || failure.code == kTimedOut;
     if (unconfirmedInk == nullptr || !isMeant || pad->GetTotalInkPointsNumber(pad->type) <= 0)
@@ -198,7 +198,7 @@ void keepUnconfirmed(const OpenPad &pad, CaptureOutputs *unconfirmedInk, Failure
     failure.message += QString("; what was written is in %1").arg(name);
 }
 
-CaptureState confirmedState(const OpenPad &pad, int seconds, CaptureOutputs *unconfirmedInk)
+CaptureState confirmedState(const HeadlessPad &pad, int seconds, CaptureOutputs *unconfirmedInk)
 {
     try {
         return waitForConfirm(pad, seconds);
@@ -225,7 +225,7 @@ int runCapture(const Arguments &arguments)
     try {
         enterDriverDirectory(arguments);
         refuseUnsafeDriver(arguments);
-        const OpenPad pad(model, size);
+        const HeadlessPad pad(model, size);
         model = pad->model;
         setPen(arguments, pad);
         const CaptureState state = confirmedState(pad, seconds, unconfirmedInk ? &*unconfirmedInk : nullptr);

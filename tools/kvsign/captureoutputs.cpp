@@ -1,7 +1,7 @@
 #include "captureoutputs.h"
 
 #include "failure.h"
-#include "openpad.h"
+#include "headlesspad.h"
 #include "unwritable.h"
 #include "wholepicture.h"
 
@@ -17,7 +17,7 @@
 namespace {
 
 /// The library's own text of the ink record.
-QByteArray inkRecord(const OpenPad &pad)
+QByteArray inkRecord(const HeadlessPad &pad)
 {
     char *text = pad->Base64Encode(pad->type, EBITI_INK);
     const QByteArray record(text);
@@ -70,7 +70,7 @@ CaptureOutputs::CaptureOutputs(const QStringList &paths)
         plainio::throwErrno(QFile::decodeName(m_place.path()));
 }
 
-void CaptureOutputs::write(const OpenPad &pad, int dpi, const std::function<void()> &tell)
+void CaptureOutputs::write(const HeadlessPad &pad, int dpi, const std::function<void()> &tell)
 {
     const QByteArray record = inkRecord(pad);
     for (Output &output : m_outputs) {
@@ -85,7 +85,7 @@ void CaptureOutputs::write(const OpenPad &pad, int dpi, const std::function<void
     OutputFile::commit(files, tell);
 }
 
-void CaptureOutputs::writePicture(const OpenPad &pad, int dpi, Output &output) const
+void CaptureOutputs::writePicture(const HeadlessPad &pad, int dpi, Output &output) const
 {
     const QString place = QFile::decodeName(m_place.path()) + "/picture." + output.format->name;
     std::wstring path = place.toStdWString();

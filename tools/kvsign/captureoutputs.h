@@ -11,7 +11,7 @@
 #include <memory>
 #include <vector>
 
-class OpenPad;
+class HeadlessPad;
 
 struct CapturedFile
 {
@@ -30,7 +30,7 @@ public:
     explicit CaptureOutputs(const QStringList &paths);
 
     /// Writes all of them, puts them in place when every byte of each has been checked, and tells of it.
-    void write(const OpenPad &pad, int dpi, const std::function<void()> &tell);
+    void write(const HeadlessPad &pad, int dpi, const std::function<void()> &tell);
 
     std::vector<CapturedFile> files() const;
 
@@ -41,7 +41,7 @@ private:
         std::unique_ptr<OutputFile> file;
     };
 
-    void writePicture(const OpenPad &pad, int dpi, Output &output) const;
+    void writePicture(const HeadlessPad &pad, int dpi, Output &output) const;
 
     std::vector<Output> m_outputs;
     Leftover m_place; ///< the folder where the library writes its pictures

@@ -1,7 +1,7 @@
 // kvsign doctor: looks at everything that signing needs, and says how to mend it.
 #include "doctor/findings.h"
 #include "failure.h"
-#include "openpad.h"
+#include "headlesspad.h"
 #include "pictureoptions.h"
 #include "subcommands.h"
 #include "terminal.h"

@@ -1,6 +1,6 @@
 // kvsign info: versions, and what a pad says about itself.
 #include "failure.h"
-#include "openpad.h"
+#include "headlesspad.h"
 #include "pictureoptions.h"
 #include "subcommands.h"
 #include "terminal.h"
@@ -21,7 +21,7 @@ QString libraryVersion()
 }
 
 template <class Item>
-Item item(const OpenPad &pad, int index)
+Item item(const HeadlessPad &pad, int index)
 {
     Item answer = {};
     if (pad->GetDeviceInfo(pad->type, index, &answer) != ARI_SUCCESS)
@@ -34,7 +34,7 @@ struct Text
     char characters[32];
 };
 
-QJsonObject axis(const OpenPad &pad, int index)
+QJsonObject axis(const HeadlessPad &pad, int index)
 {
     const auto range = item<_tagKVAXIS>(pad, index);
     return {{"min", range.nAXMin}, {"max", range.nAXMax}};
@@ -42,7 +42,7 @@ QJsonObject axis(const OpenPad &pad, int index)
 
 QJsonObject padInfo(const Arguments &arguments)
 {
-    const OpenPad pad(arguments.choice(kModelOption), {});
+    const HeadlessPad pad(arguments.choice(kModelOption), {});
     const auto driver = item<_tagKVSDKVERSION>(pad, DIID_GET_DRV_VER);
     QJsonObject info{{"model", pad->model}, {"vendor", item<Text>(pad, DIID_GET_VENDOR).characters},
         {"product", item<Text>(pad, DIID_GET_PRODUCT).characters}, {"connected", item<bool>(pad, DIID_GET_STATUS)},

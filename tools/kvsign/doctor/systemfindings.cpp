@@ -1,5 +1,5 @@
 #include "../failure.h"
-#include "../openpad.h"
+#include "../headlesspad.h"
 #include "findings.h"
 
 #include <QDirIterator>
@@ -55,7 +55,7 @@ void lookAtPermissions(Findings &findings)
 void lookAtPad(Findings &findings, const QString &model)
 {
     try {
-        const OpenPad pad(model, {});
+        const HeadlessPad pad(model, {});
         findings.push_back(good("pad", QString("%1, version \"%2\"").arg(pad->model, pad.text(pad->GetHWVersion))));
     } catch (const Failure &) {
         findings.push_back(bad("pad", QString("none answers as %1").arg(model == "auto" ? "any model" : model),

@@ -1,7 +1,7 @@
 /// @file
 /// A pad between InitialDevice and UnInitialDevice, without a window.
-#ifndef OPENPAD_H
-#define OPENPAD_H
+#ifndef HEADLESSPAD_H
+#define HEADLESSPAD_H
 
 #include "commandline.h"
 #include "padfamilies.h"
@@ -21,14 +21,14 @@ void enterDriverDirectory(const Arguments &arguments);
 /// driver's directory, before anything loads the driver.
 void refuseUnsafeDriver(const Arguments &arguments);
 
-class OpenPad
+class HeadlessPad
 {
 public:
     /// "auto" takes the first model that answers. An empty size means the usual canvas. Throws when there is no pad.
-    OpenPad(const QString &model, QSize canvas);
-    ~OpenPad();
-    OpenPad(const OpenPad &) = delete;
-    OpenPad &operator=(const OpenPad &) = delete;
+    HeadlessPad(const QString &model, QSize canvas);
+    ~HeadlessPad();
+    HeadlessPad(const HeadlessPad &) = delete;
+    HeadlessPad &operator=(const HeadlessPad &) = delete;
 
     const PadFamily *operator->() const { return m_family; }
 

@@ -1,4 +1,4 @@
-#include "openpad.h"
+#include "headlesspad.h"
 
 #include "driverfile.h"
 #include "failure.h"
@@ -43,7 +43,7 @@ void refuseUnsafeDriver(const Arguments &arguments)
                          .arg(QFile::decodeName(weakness->sentence().c_str())));
 }
 
-OpenPad::OpenPad(const QString &model, QSize canvas)
+HeadlessPad::HeadlessPad(const QString &model, QSize canvas)
 {
     for (const PadFamily &family : kPadFamilies) {
         const bool isWanted = model == "auto" || model == family.model;
@@ -54,12 +54,12 @@ OpenPad::OpenPad(const QString &model, QSize canvas)
         throw noPad(model);
 }
 
-OpenPad::~OpenPad()
+HeadlessPad::~HeadlessPad()
 {
     m_family->UnInitialDevice(m_family->type);
 }
 
-QString OpenPad::text(decltype(PadFamily::GetHWPadID) query) const
+QString HeadlessPad::text(decltype(PadFamily::GetHWPadID) query) const
 {
     char characters[128] = {};
     if (query == nullptr || query(m_family->type, characters, static_cast<int>(sizeof characters) - 1) != ARI_SUCCESS)
