@@ -9,6 +9,8 @@
 
 #include <QFileInfo>
 
+#include <optional>
+
 namespace {
 
 constexpr Option kToOption{"to t", "FORMAT",
@@ -53,14 +55,14 @@ private:
 };
 
 QJsonObject summary(const InkInput &input, const OutputFile &output, const InkFormat &format,
-    const PictureSettings &settings, qint64 points)
+    const std::optional<PictureSettings> &settings, qint64 points)
 {
     QJsonObject result{{"from", input.format().name}, {"to", format.name}, {"points", points}, {"file", output.name()},
         {"bytes", output.size()}};
-    if (format.draw != nullptr) {
-        result["model"] = settings.model->name;
-        result["width"] = settings.size().width();
-        result["height"] = settings.size().height();
+    if (settings.has_value()) {
+        result["model"] = settings->model->name;
+        result["width"] = settings->size().width();
+        result["height"] = settings->size().height();
     }
     return result;
 }
@@ -75,13 +77,17 @@ int runConvert(const Arguments &arguments)
         throw misused("--json and an output on standard output do not go together");
     Progress progress;
     InkInput input(arguments.positionals().at(0), arguments.value(kFromOption), progress);
-    PictureSettings settings = pictureSettings(arguments, input);
-    settings.dpi = dpi;
+    std::optional<PictureSettings>
+        settings; // only for pictures: they may read all ink first, and may need a line to cut to
+    if (format.draw != nullptr) {
+        settings = pictureSettings(arguments, input);
+        settings->dpi = dpi;
+    }
     OutputFile output(path);
     qint64 points = 0;
     {
         const std::unique_ptr<PointSink> sink =
-            format.write != nullptr ? format.write(output.device()) : format.draw(output.device(), settings);
+            settings.has_value() ? format.draw(output.device(), *settings) : format.write(output.device());
         Counter counter(*sink);
         pour(input.points("converting"), counter);
         points = counter.points();
