@@ -27,14 +27,43 @@ double speed(const Arguments &arguments)
     return arguments.value(kSpeedOption) == "max" ? 0 : arguments.number(kSpeedOption, 0.001, 1000000);
 }
 
+/// Throws when one of the options is given, which would do nothing; `because` says why.
+void refuse(const Arguments &arguments, Rows<Option> options, const char *because)
+{
+    for (const Option &option : options) {
+        if (arguments.isSet(option))
+            throw misused(QString("--%1 does nothing %2").arg(namesOf(option).first(), because));
+    }
+}
+
+/// Who asks for something that will not come has made a mistake, and is told at once.
+void refuseWhatDoesNothing(const Arguments &arguments)
+{
+    static constexpr Option kOfWindow[] = {kCloseOption};
+    static constexpr Option kOfFrames[] = {kFpsOption};
+    static constexpr Option kOfText[] = {kJsonOption};
+    static constexpr Option kOfPictures[] = {
+        kModelOption, kScaleOption, kPenWidthOption, kNoPressureOption, kColourOption, kBackgroundOption, kClipOption};
+    const bool inWindow = arguments.isSet(kWindowOption), asFrames = arguments.isSet(kFramesOption);
+    if (inWindow && asFrames)
+        throw misused("--window and --frames do not go together");
+    if (!inWindow)
+        refuse(arguments, kOfWindow, "without --window");
+    if (!asFrames)
+        refuse(arguments, kOfFrames, "without --frames");
+    if (inWindow)
+        refuse(arguments, kOfText, "beside --window");
+    if (!inWindow && !asFrames)
+        refuse(arguments, kOfPictures, "without --window or --frames");
+}
+
 /// A misused option is said before a display is looked for.
 void checkOptions(const Arguments &arguments)
 {
     speed(arguments);
     arguments.number(kFpsOption, 0.1, 1000);
     checkPictureOptions(arguments);
-    if (arguments.isSet(kWindowOption) && arguments.isSet(kFramesOption))
-        throw misused("--window and --frames do not go together");
+    refuseWhatDoesNothing(arguments);
 }
 
 ApplicationKind application(const Arguments &arguments)
@@ -52,13 +81,13 @@ int runReplay(const Arguments &arguments)
     const double framesPerSecond = arguments.number(kFpsOption, 0.1, 1000);
     Progress progress;
     InkInput input(arguments.positionals().first(), arguments.value(kFromOption), progress);
+    if (!arguments.isSet(kWindowOption) && !arguments.isSet(kFramesOption)) {
+        replayAsNumbers(input.points("replaying"), factor, arguments.isSet(kJsonOption));
+        return kDone;
+    }
     const PictureSettings settings = pictureSettings(arguments, input);
     if (arguments.isSet(kWindowOption)) {
         replayInWindow(input, settings, factor, arguments.isSet(kCloseOption));
-        return kDone;
-    }
-    if (!arguments.isSet(kFramesOption)) {
-        replayAsNumbers(input.points("replaying"), factor, arguments.isSet(kJsonOption));
         return kDone;
     }
     const QString directory = arguments.value(kFramesOption);
