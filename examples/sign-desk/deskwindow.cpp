@@ -48,7 +48,7 @@ DeskWindow::DeskWindow(QWidget *parent)
     showPages(blankPages(), tr("blank sheet"));
     chooseModel();
     follow(SigningState::Closed);
-    look();
+    showRates(0);
     m_status->note(tr("Open the page to be signed, or start signing on the blank sheet."));
     resize(1120, 800);
 }
@@ -109,7 +109,8 @@ void DeskWindow::connectPanels()
 void DeskWindow::connectSigning()
 {
     connect(&m_signing, &Signing::stateChanged, this, &DeskWindow::follow);
-    connect(&m_signing, &Signing::looked, this, &DeskWindow::look);
+    connect(&m_signing, &Signing::looked, this, &DeskWindow::showRates);
+    connect(&m_signing, &Signing::keptChanged, this, &DeskWindow::showKept);
     connect(&m_signing, &Signing::cancelledOnPad, this, &DeskWindow::cancelOnPad);
     connect(&m_signing, &Signing::padAwayChanged, this, &DeskWindow::followPad);
     connect(&m_signing, &Signing::doubted, this, &DeskWindow::confirmDoubtful);
@@ -182,7 +183,6 @@ void DeskWindow::clear()
 {
     if (!mayDiscard())
         return;
-    m_fingerprint.forget();
     if (m_signing.clear())
         m_status->note(tr("The field is empty, to be signed anew."));
     else
@@ -199,7 +199,7 @@ void DeskWindow::cancel()
 /// The signer's cancel takes back what is not confirmed.
 void DeskWindow::cancelOnPad()
 {
-    if (!m_isKept)
+    if (!m_signing.isKept())
         m_status->note(tr("The signer tapped cancel after confirming; the confirmed signature is kept."));
     else
         end(tr("The signer cancelled. The pad is closed."));
@@ -212,8 +212,7 @@ void DeskWindow::end(const QString &message)
     m_fingerprint.end();
     m_session.close();
     m_signing.end();
-    m_isKept = true;
-    look();
+    showRates(0);
     m_status->note(message);
 }
 
@@ -223,11 +222,6 @@ void DeskWindow::follow(SigningState state)
     m_padPanel->follow(state, m_signing.isPadAway());
     m_placePanel->setLocked(m_signing.hasSignature());
     m_view->setLocked(m_signing.hasSignature());
-    if (state == SigningState::Confirmed)
-        m_isKept = false;
-    else if (!m_signing.hasSignature())
-        m_isKept = true;
-    setWindowModified(!m_isKept);
     if (state == SigningState::Waiting)
         m_status->note(tr("The signer may write on the pad."));
     else if (state == SigningState::Writing)
@@ -273,26 +267,27 @@ void DeskWindow::confirmDoubtful(int points)
         m_signing.confirmDoubtful(points);
 }
 
-void DeskWindow::look()
+void DeskWindow::showRates(int points)
 {
-    if (m_signing.state() == SigningState::Waiting && m_fingerprint.isTaken())
-        m_signing.setHasFingerprint(true);
-    const int points = m_session.points();
     m_rates.look(points);
     m_status->show(points, m_rates);
+}
+
+void DeskWindow::showKept()
+{
+    setWindowModified(!m_signing.isKept());
 }
 
 /// Asks, unless what is written was saved.
 bool DeskWindow::mayDiscard()
 {
-    return m_isKept || m_files.mayGo();
+    return m_signing.isKept() || m_files.mayGo();
 }
 
 /// What is written on the page does not go with it unasked, confirmed or not.
 bool DeskWindow::mayLeave()
 {
-    const bool isNew = m_signing.hasSignature() && (!m_isKept || m_signing.state() != SigningState::Confirmed);
-    return !isNew || m_files.mayGo();
+    return !m_signing.isUnsaved() || m_files.mayGo();
 }
 
 SignedDocument DeskWindow::signedDocument()
@@ -340,8 +335,7 @@ void DeskWindow::exportFingerprint()
 
 void DeskWindow::keep(const QString &message)
 {
-    m_isKept = true;
-    setWindowModified(false);
+    m_signing.keep();
     m_status->note(message);
 }
 

@@ -52,7 +52,8 @@ private:
     void cancelOnPad();
     void end(const QString &message);
     void follow(SigningState state);
-    void look();
+    void showRates(int points);
+    void showKept();
     bool mayDiscard();
     bool mayLeave();
     void followPad();
@@ -78,7 +79,6 @@ private:
     PlacePanel *m_placePanel;
     OutputPanel *m_outputPanel;
     DeskStatus *m_status;
-    bool m_isKept = true; ///< what is confirmed was saved or printed
     bool m_isAsking = false; ///< whether to confirm although strokes may be missing
 };
 

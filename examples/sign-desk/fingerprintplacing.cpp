@@ -9,12 +9,9 @@ namespace signdesk {
 
 namespace {
 
-constexpr int kSensorWidth = 208;
-constexpr int kSensorHeight = 288;
-
 QSize fingerprintOfHeight(int height)
 {
-    return {std::max(1, height * kSensorWidth / kSensorHeight), std::max(1, height)};
+    return {std::max(1, height * kFingerprintWidth / kFingerprintHeight), std::max(1, height)};
 }
 
 } // namespace
@@ -46,8 +43,8 @@ void FingerprintPlacing::apply()
         host->show();
         place = host->rect();
     }
-    if (KVS310X_SetDisplayedFPImageAt(
-            KVS310X_DEVICE, host, 0, 0, place.left(), place.top(), place.width(), place.height())
+    const PadFamily &pad = m_session.model();
+    if (pad.SetDisplayedFPImageAt(pad.type, host, 0, 0, place.left(), place.top(), place.width(), place.height())
         != ARI_SUCCESS)
         throw Trouble{tr("The fingerprint has no room in this field."), tr("Make the signature's field larger.")};
 }
@@ -56,29 +53,16 @@ void FingerprintPlacing::end()
 {
     m_sheet.setFingerprintWidget(nullptr);
     delete m_ownField;
-    m_isTaken = false;
-}
-
-bool FingerprintPlacing::isTaken()
-{
-    if (m_isTaken || !m_session.isOpen() || !m_session.model().row.hasFingerprintSensor)
-        return m_isTaken;
-    // Without ink the canvas is given only when a finger was on the sensor.
-    if (m_session.points() == 0) {
-        char *text = KVS310X_Base64Encode(KVS310X_DEVICE, EBITI_BITMAP);
-        m_isTaken = text != nullptr;
-        KVS310X_Base64EncodeFree(KVS310X_DEVICE, text);
-    }
-    return m_isTaken;
 }
 
 QByteArray FingerprintPlacing::imageFile(int type) const
 {
     QByteArray file;
     if (m_session.isOpen() && m_session.model().row.hasFingerprintSensor) {
-        char *text = KVS310X_GetFPImageBase64Data(KVS310X_DEVICE, type, true);
+        const PadFamily &pad = m_session.model();
+        char *text = pad.GetFPImageBase64Data(pad.type, type, true);
         file = QByteArray::fromBase64(text);
-        KVS310X_FreeFPImageBase64Data(KVS310X_DEVICE, text);
+        pad.FreeFPImageBase64Data(pad.type, text);
     }
     if (file.isEmpty())
         throw Trouble{tr("There is no picture of the fingerprint."),

@@ -1,5 +1,5 @@
 /// @file
-/// Where the S310X puts the fingerprint, and what of it goes onto the page.
+/// Where a pad with a sensor puts the fingerprint, and what of it goes onto the page.
 #ifndef FINGERPRINTPLACING_H
 #define FINGERPRINTPLACING_H
 
@@ -31,12 +31,6 @@ public:
     /// Before the pad is closed.
     void end();
 
-    /// After the canvas was cleared.
-    void forget() { m_isTaken = false; }
-
-    /// Whether a finger was on the sensor. Costs something as long as it was not and nothing is written.
-    bool isTaken();
-
     /// The fingerprint's rectangle: dark ridges on transparent paper, for whatever lies below. Both throw a Trouble
     /// when there is none.
     QImage picture() const;
@@ -53,7 +47,6 @@ private:
     PageSheet &m_sheet;
     FingerprintPlace m_place = FingerprintPlace::Centre;
     QPointer<QWidget> m_ownField;
-    bool m_isTaken = false;
 };
 
 /// White becomes transparent, and what is lighter than its own full colour as transparent as it is light.

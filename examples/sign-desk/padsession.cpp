@@ -131,6 +131,16 @@ int PadSession::points() const
     return isOpen() ? std::max(0, m_model->GetTotalInkPointsNumber(m_model->type)) : 0;
 }
 
+bool PadSession::hasFingerprintAlone() const
+{
+    if (!isOpen() || !m_model->row.hasFingerprintSensor || points() > 0)
+        return false;
+    // Without ink the library gives the canvas only when there is a fingerprint on it.
+    char *text = m_model->Base64Encode(m_model->type, EBITI_BITMAP);
+    m_model->Base64EncodeFree(m_model->type, text);
+    return text != nullptr;
+}
+
 int PadSession::lines() const
 {
     const int count = points();

@@ -53,6 +53,9 @@ public:
     /// Stored ink points; 0 without a pad.
     int points() const;
 
+    /// Whether a finger was on the sensor and nothing is written. Costs a picture of the canvas.
+    bool hasFingerprintAlone() const;
+
     /// The lines that they make: one from each point to the next of its stroke.
     int lines() const;
 

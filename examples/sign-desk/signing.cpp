@@ -72,10 +72,9 @@ bool Signing::clear()
     return obeyed;
 }
 
-void Signing::setHasFingerprint(bool has)
+void Signing::keep()
 {
-    m_hasFingerprint = has;
-    look();
+    setKept(true);
 }
 
 void Signing::receiveTap(bool isConfirm, int points)
@@ -95,12 +94,14 @@ void Signing::seePadAway()
 void Signing::look()
 {
     const int points = m_session.points();
-    if (m_state == SigningState::Waiting && (points > 0 || m_hasFingerprint)) {
-        setState(SigningState::Writing);
+    if (m_state == SigningState::Waiting) {
+        m_hasFingerprint = m_session.hasFingerprintAlone();
+        if (points > 0 || m_hasFingerprint)
+            setState(SigningState::Writing);
     } else if (m_state == SigningState::Confirmed && points != m_confirmedPoints) {
         setState(SigningState::Changed);
     }
-    emit looked();
+    emit looked(points);
 }
 
 void Signing::setState(SigningState state)
@@ -108,7 +109,19 @@ void Signing::setState(SigningState state)
     if (state == m_state)
         return;
     m_state = state;
+    if (state == SigningState::Confirmed)
+        setKept(false);
+    else if (!hasSignature())
+        setKept(true);
     emit stateChanged(state);
+}
+
+void Signing::setKept(bool isKept)
+{
+    if (isKept == m_isKept)
+        return;
+    m_isKept = isKept;
+    emit keptChanged();
 }
 
 } // namespace signdesk

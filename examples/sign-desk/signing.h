@@ -1,5 +1,6 @@
 /// @file
-/// How far the signature is: from the pad's opening to the signer's confirmation.
+/// How far the signature is: from the pad's opening to the signer's confirmation, and until it is kept somewhere. The
+/// window shows these states and hands on what the clerk does; it decides nothing of them.
 #ifndef SIGNING_H
 #define SIGNING_H
 
@@ -29,6 +30,15 @@ public:
     SigningState state() const { return m_state; }
     bool hasSignature() const { return m_state > SigningState::Waiting; }
 
+    /// Nothing is confirmed that was not saved, exported or printed.
+    bool isKept() const { return m_isKept; }
+
+    /// Something is written, confirmed or not, that is nowhere but on the screen.
+    bool isUnsaved() const { return hasSignature() && (!m_isKept || m_state != SigningState::Confirmed); }
+
+    /// What is confirmed was saved, exported or printed.
+    void keep();
+
     /// The pad in use does not answer; what it sent before stays.
     bool isPadAway() const { return m_watch.isAway(); }
 
@@ -46,12 +56,12 @@ public:
     /// False when the pad did not obey; canvas and points are empty all the same.
     bool clear();
 
-    /// Something other than ink is on the canvas.
-    void setHasFingerprint(bool has);
-
 signals:
     void stateChanged(signdesk::SigningState state);
-    void looked();
+    void keptChanged();
+
+    /// Many times a second, with the points that are stored.
+    void looked(int points);
     void confirmedWithoutInk();
 
     /// Not confirmed: the pad was away since the last begin or clear.
@@ -68,13 +78,15 @@ private:
     void receiveTap(bool isConfirm, int points);
     void look();
     void setState(SigningState state);
+    void setKept(bool isKept);
 
     PadSession &m_session;
     PadWatch m_watch;
     QTimer m_timer;
     SigningState m_state = SigningState::Closed;
     int m_confirmedPoints = 0;
-    bool m_hasFingerprint = false;
+    bool m_hasFingerprint = false; ///< seen before anything was written
+    bool m_isKept = true;
     bool m_isDoubtful = false; ///< the pad was away, and something may have been written there
 };
 

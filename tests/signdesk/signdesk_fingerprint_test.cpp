@@ -84,6 +84,43 @@ TEST_F(FingerprintOnPage, MayBeAllThereIs)
     EXPECT_TRUE(sheet().field().contains(inPoints(boxOf(drawn, isRed))));
 }
 
+/// The states by themselves, without the desk's window: they see the finger, and know what is not kept yet.
+TEST_F(FingerprintOnPage, IsASignatureThatIsToBeKept)
+{
+    window.reset();
+    QWidget parent;
+    signdesk::PadSession session;
+    session.acceptAnyDriver();
+    signdesk::Signing signing(session);
+    int changes = 0;
+    QObject::connect(&signing, &signdesk::Signing::keptChanged, [&] { ++changes; });
+    session.open(*familyOfName("S310X"), &parent, QRect(0, 0, 400, 200));
+    signing.begin();
+    signing.confirm();
+    EXPECT_EQ(signing.state(), signdesk::SigningState::Waiting) << "there is nothing to confirm";
+
+    layFingerOn();
+    ASSERT_TRUE(until([&] { return signing.state() == signdesk::SigningState::Writing; }));
+    EXPECT_TRUE(signing.isUnsaved());
+    EXPECT_TRUE(signing.isKept()) << "nothing is confirmed";
+    signing.confirm();
+    EXPECT_EQ(signing.state(), signdesk::SigningState::Confirmed);
+    EXPECT_FALSE(signing.isKept());
+    signing.keep();
+    EXPECT_TRUE(signing.isKept());
+    EXPECT_FALSE(signing.isUnsaved());
+
+    write(kS310XFamily);
+    ASSERT_TRUE(until([&] { return signing.state() == signdesk::SigningState::Changed; }));
+    EXPECT_TRUE(signing.isUnsaved());
+    signing.confirm();
+    EXPECT_FALSE(signing.isKept());
+    session.close();
+    signing.end();
+    EXPECT_TRUE(signing.isKept()) << "nothing is there any more";
+    EXPECT_EQ(changes, 4);
+}
+
 TEST_F(SignDeskTest, WithoutAFingerThereIsNoFingerprint)
 {
     signAndConfirm(kS310XFamily);
