@@ -69,7 +69,7 @@ void PadFace::clearInk()
 QSize PadFace::sizeHint() const
 {
     constexpr double kWritingWidth = 560;
-    const PadLook &look = lookOf(m_model->deviceType);
+    const PadLook &look = lookOf(*m_model);
     const double height = static_cast<double>(m_model->rawSpanY) / m_model->rawSpanX;
     return QSizeF(kWritingWidth * (1 + look.left + look.right), kWritingWidth * (height + look.top + look.bottom))
         .toSize();
@@ -84,7 +84,7 @@ QRectF PadFace::body() const
 
 QRectF PadFace::writingArea() const
 {
-    const PadLook &look = lookOf(m_model->deviceType);
+    const PadLook &look = lookOf(*m_model);
     const QRectF all = body();
     const double unit = all.width() / (1 + look.left + look.right);
     return QRectF(
@@ -94,7 +94,7 @@ QRectF PadFace::writingArea() const
 /// Confirm is 0, cancel 1. Buttons stand beside the writing area, one above the other; areas lie below it.
 QRectF PadFace::button(int index) const
 {
-    const PadLook &look = lookOf(m_model->deviceType);
+    const PadLook &look = lookOf(*m_model);
     const QRectF area = writingArea();
     if (look.hasButtons) {
         const double size = area.width() * 0.09;
@@ -255,7 +255,7 @@ void PadFace::paintEvent(QPaintEvent *)
 
 void PadFace::paintBody(QPainter &painter) const
 {
-    const PadLook &look = lookOf(m_model->deviceType);
+    const PadLook &look = lookOf(*m_model);
     const QRectF all = body();
     const double radius = all.width() * 0.025;
     painter.setPen(Qt::NoPen);
@@ -282,7 +282,7 @@ void PadFace::paintBody(QPainter &painter) const
 
 void PadFace::paintSurface(QPainter &painter) const
 {
-    const PadLook &look = lookOf(m_model->deviceType);
+    const PadLook &look = lookOf(*m_model);
     const QRectF area = writingArea();
     const bool isLit = m_display.isOpen && m_display.hasPower && (m_display.isScreenOn || !m_model->hasScreen);
     painter.setPen(QPen(look.body.darker(170), 2));
@@ -316,7 +316,7 @@ void PadFace::paintInk(QPainter &painter) const
     for (const Stroke &stroke : m_strokes)
         for (int i = 1; i < stroke.places.size(); ++i) {
             const double width = area.width() * (0.002 + 0.008 * stroke.pressures[i]);
-            painter.setPen(QPen(lookOf(m_model->deviceType).ink, width, Qt::SolidLine, Qt::RoundCap));
+            painter.setPen(QPen(lookOf(*m_model).ink, width, Qt::SolidLine, Qt::RoundCap));
             painter.drawLine(placed(stroke.places[i - 1]), placed(stroke.places[i]));
         }
 }
@@ -345,7 +345,7 @@ void PadFace::paintSensor(QPainter &painter) const
 
 void PadFace::paintButton(QPainter &painter, int index) const
 {
-    const PadLook &look = lookOf(m_model->deviceType);
+    const PadLook &look = lookOf(*m_model);
     const QRectF place = button(index);
     const QColor colour = index == kConfirm ? QColor("#3f9e58") : QColor("#b8473f");
     painter.setPen(Qt::NoPen);

@@ -1,13 +1,11 @@
 #include "padlook.h"
 
-#include "kvsignpadsdk_global.h"
-
 #include <algorithm>
 #include <iterator>
 
 namespace virtualpad {
 
-const PadLook &lookOf(int deviceType)
+const PadLook &lookOf(const ModelRow &model)
 {
     static const PadLook looks[] = {
         // type        left  top   right bottom buttons body      off       on        ink
@@ -17,8 +15,12 @@ const PadLook &lookOf(int deviceType)
         {KVR800_DEVICE, 0.05, 0.06, 0.05, 0.15, false, "#454a52", "#9b9d9f", "#fbfaf5", "#233a63"},
         {KVM450_DEVICE, 0.04, 0.05, 0.04, 0.15, false, "#2d2f33", "#8f9193", "#fdfdfd", "#232323"},
     };
-    return *std::find_if(
-        std::begin(looks), std::end(looks) - 1, [=](const PadLook &look) { return look.deviceType == deviceType; });
+    const auto find = [](int deviceType) {
+        return std::find_if(
+            std::begin(looks), std::end(looks), [=](const PadLook &look) { return look.deviceType == deviceType; });
+    };
+    const PadLook *own = find(model.deviceType);
+    return own != std::end(looks) ? *own : *find(model.hasScreen ? KVS300_DEVICE : KVR800_DEVICE);
 }
 
 } // namespace virtualpad

@@ -3,6 +3,8 @@
 #ifndef PADLOOK_H
 #define PADLOOK_H
 
+#include "modelrows.h"
+
 #include <QColor>
 
 namespace virtualpad {
@@ -18,7 +20,8 @@ struct PadLook
     QColor ink;
 };
 
-const PadLook &lookOf(int deviceType);
+/// A model that has no look of its own looks like the S300, or without a screen like the R800.
+const PadLook &lookOf(const ModelRow &model);
 
 } // namespace virtualpad
 
