@@ -1,5 +1,5 @@
 /// @file
-/// What differs between the ten instance classes, a row each; what differs between models is in modelrows.h. Behaviour
+/// What differs between the instance classes, a row each; what differs between models is in modelrows.h. Behaviour
 /// asks for a difference by its name, never for a class or a model. `host` is asked only for what being a widget means:
 /// repaints, events, Qt's ownership, other parameters of a member.
 #ifndef PADMODELS_H
@@ -47,7 +47,7 @@ constexpr Trait operator|(Trait one, Trait other)
     return static_cast<Trait>(static_cast<unsigned>(one) | static_cast<unsigned>(other));
 }
 
-/// What holds for one of the ten instance classes.
+/// What holds for one instance class.
 struct PadRow
 {
     const char *scope; ///< head of the class's log keys

@@ -250,8 +250,8 @@ Answer lowlevel()
     const std::filesystem::path before = std::filesystem::current_path();
     const int points = KVS300_GetTotalInkPointsNumber(KVS300_DEVICE);
     openPad().close();
-    // Every entry of the table but the model's name and type, where a family has it, and the five about boxes.
-    int functions = 5;
+    // Every entry of the table but the model's name and type, where a family has it.
+    int functions = 0;
     for (const kv::detail::Family &family : kv::detail::kFamilies) {
         void *slots[sizeof family / sizeof(void *)];
         std::memcpy(slots, &family, sizeof family);

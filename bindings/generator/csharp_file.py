@@ -1,4 +1,4 @@
-"""Writes C#'s low-level file: the 156 functions through P/Invoke, as they are."""
+"""Writes C#'s low-level file: the functions through P/Invoke, as they are."""
 
 from __future__ import annotations
 

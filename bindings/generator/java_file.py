@@ -1,4 +1,4 @@
-"""Writes Java's low-level file: the 156 functions through JNA, as they are."""
+"""Writes Java's low-level file: the functions through JNA, as they are."""
 
 from __future__ import annotations
 

@@ -1,4 +1,4 @@
-"""Writes Node's low-level file: the 156 functions through koffi, as they are, and their types."""
+"""Writes Node's low-level file: the functions through koffi, as they are, and their types."""
 
 from __future__ import annotations
 

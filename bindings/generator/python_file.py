@@ -1,4 +1,4 @@
-"""Writes Python's low-level file: the 156 functions through ctypes, as they are."""
+"""Writes Python's low-level file: the functions through ctypes, as they are."""
 
 from __future__ import annotations
 

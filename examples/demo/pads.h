@@ -1,5 +1,5 @@
 /// @file
-/// The five pads, and the canvas that the demo gives each of them.
+/// The pads, and the canvas that the demo gives each of them.
 #ifndef PADS_H
 #define PADS_H
 

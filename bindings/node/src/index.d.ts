@@ -12,7 +12,7 @@ export const VERSION: string;
 /** The library's name, version and maker. */
 export function about(): string;
 
-/** The library's 156 functions, as they are. KVSIGNPAD_LIBRARY names another file than the installed one. */
+/** The library's functions, as they are. KVSIGNPAD_LIBRARY names another file than the installed one. */
 export function library(): Readonly<Record<string, (...values: unknown[]) => unknown>>;
 
 export interface OpenOptions {

@@ -3,7 +3,7 @@ import { DeviceType, VERSION, load } from './lowlevel.js';
 
 let loaded;
 
-/** The library's 156 functions. KVSIGNPAD_LIBRARY names another file than the installed one. */
+/** The library's functions. KVSIGNPAD_LIBRARY names another file than the installed one. */
 export function library() {
     loaded ??= find(process.env.KVSIGNPAD_LIBRARY || 'libkvsignpadsdk.so.1');
     return loaded;

@@ -15,7 +15,7 @@ _loaded: lowlevel.Library | None = None
 
 
 def library() -> lowlevel.Library:
-    """The library's 156 functions. KVSIGNPAD_LIBRARY names another file than the installed one."""
+    """The library's functions. KVSIGNPAD_LIBRARY names another file than the installed one."""
     global _loaded
     with _loading:
         if _loaded is None:

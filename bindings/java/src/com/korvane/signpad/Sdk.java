@@ -15,7 +15,7 @@ public final class Sdk {
     private Sdk() {}
 
     /**
-     * The library's 156 functions, loaded at the first call. The system property kvsignpad.library, or the environment
+     * The library's functions, loaded at the first call. The system property kvsignpad.library, or the environment
      * variable KVSIGNPAD_LIBRARY, names another file than the installed one.
      *
      * @return the functions
