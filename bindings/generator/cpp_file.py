@@ -37,9 +37,13 @@ struct Family
 """
 
 
+def _note(sentence: str) -> str:
+    return sentence[0].lower() + sentence[1:].rstrip(".")
+
+
 def write(api: Json) -> str:
     operations = api["operations"]
-    models = "".join(f"    {family['model']}, ///< {family['doc'][0].lower() + family['doc'][1:-1]}\n" for family in api["families"])
+    models = "".join(f"    {family['model']}, ///< {_note(family['doc'])}\n" for family in api["families"])
     text = str(_HEAD % (models, api["version"]))
     for operation in operations:
         # Every family's function has the same type; the first that there is names it.

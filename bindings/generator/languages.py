@@ -1,10 +1,10 @@
-"""Which language gets which generated file."""
+"""Which language, and the linker, gets which generated file."""
 
 from __future__ import annotations
 
 from typing import Any, Callable
 
-from . import cpp_file, csharp_file, java_file, java_models, node_file, python_file
+from . import cpp_file, csharp_file, java_file, java_models, map_file, node_file, python_file
 
 _WRITERS: dict[str, Callable[[dict[str, Any]], str]] = {
     "python/kvsignpad/lowlevel.py": python_file.write,
@@ -14,6 +14,7 @@ _WRITERS: dict[str, Callable[[dict[str, Any]], str]] = {
     "node/src/lowlevel.js": node_file.write,
     "node/src/models.d.ts": node_file.write_models,
     "../kvsignpadsdk/signpadtable.hpp": cpp_file.write,
+    "../kvsignpadsdk/kvsignpadsdk.map": map_file.write,
 }
 
 
