@@ -35,6 +35,27 @@ TEST(CheckScript, refusesUnknownArguments)
     EXPECT_TRUE(result.errors.contains("usage: ./check")) << testing::PrintToString(result);
 }
 
+/// The hook that looks at a commit's message.
+int exitOfMessage(const QByteArray &message)
+{
+    const QTemporaryDir place;
+    QFile file(place.filePath("message"));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(message);
+    file.close();
+    return runProgram({kSource + "/tools/githooks/commit-msg", file.fileName()}, place.path()).exitCode;
+}
+
+TEST(CommitMessage, hasAShortSubjectAndAnEmptyLineBelow)
+{
+    const QByteArray longest(72, 'x');
+    EXPECT_EQ(exitOfMessage(longest + "\n"), 0);
+    EXPECT_EQ(exitOfMessage(longest + "\n\nWhy.\n# a comment of git's\n"), 0);
+    EXPECT_EQ(exitOfMessage(longest + "x\n"), 1);
+    EXPECT_EQ(exitOfMessage("Do this\nand that\n"), 1);
+    EXPECT_EQ(exitOfMessage("fixup! " + longest + "\n"), 0) << "it does not stay";
+}
+
 /// install-packages with commands of its own instead of the system's, which write down how they are called.
 class InstallPackages : public testing::Test
 {
