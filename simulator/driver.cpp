@@ -7,7 +7,8 @@
 
 using kvsim::Simulator;
 
-/// Functions with C linkage are the same functions in any namespace; here their names do not meet those of their types.
+/// In a namespace because driverinterface.h has types of the same names. C linkage makes them the same functions
+/// anyway.
 namespace driver {
 extern "C" {
 #pragma GCC visibility push(default)
@@ -71,7 +72,7 @@ int KVSPDAPI_ShowFPImageOnDevice(unsigned char *pImage, int nLength, int nWidth,
 }
 } // namespace driver
 
-/// An operation with another signature than the library calls it with does not compile.
+/// Fails to compile when an operation's signature is not the one that the library calls.
 #define KV_CHECK(operation) static_assert(std::is_same_v<decltype(&driver::operation), ::operation>)
 KV_CHECK(KVSPDAPI_Initial);
 KV_CHECK(KVSPDAPI_UnInitial);

@@ -1,5 +1,5 @@
 /// @file
-/// How a faulty pad answers: what the events of a recording asked for so far.
+/// How a faulty pad answers, as the events of the recording have asked for so far.
 #ifndef FAULTS_H
 #define FAULTS_H
 
@@ -14,11 +14,11 @@ namespace kvsim {
 struct Faults
 {
     std::map<std::string, int> results{}; ///< by operation
-    std::map<std::string, std::optional<std::string>> texts{}; ///< by text query; none: it writes nothing
-    int screenMs = -1; ///< negative: as the settings say
+    std::map<std::string, std::optional<std::string>> texts{}; ///< by text query; nullopt: it writes nothing
+    int screenMs = -1; ///< negative: the setting's value
     bool gone = false; ///< the pad is not plugged in
 
-    /// Events that do not change answers are passed over.
+    /// Events that do not change answers are ignored.
     void take(const Event &event);
 };
 

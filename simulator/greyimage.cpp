@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kLargestSide = 10000;
 
-/// The next number of a PGM header; comments run from # to the end of the line. -1: there is none.
+/// The next number of a PGM header, or -1. A comment runs from # to the end of its line.
 int headerNumber(std::istream &in)
 {
     int c = in.get();

@@ -8,7 +8,7 @@
 
 namespace kvsim {
 
-/// A PNG of RGB bytes, not compressed: that needs no library, and a pad picture is small.
+/// A PNG of RGB bytes, uncompressed: the simulator needs no zlib then, and a pad picture is small.
 std::string pngOf(const std::vector<unsigned char> &rgb, int width, int height);
 
 /// Red, green, blue bytes of a pad picture (5-6-5 bits, high byte first).

@@ -60,7 +60,7 @@ bool RecordingReader::readLine()
 void RecordingReader::readHeader()
 {
     while (!m_lineWaits && readLine()) {
-        // The words of version 2 were part of keys in version 1.
+        // Words that begin an event in version 2 were free for header keys in version 1.
         if (looksLikeEvent(m_line, m_version) || m_line.find(':') == std::string::npos)
             m_lineWaits = true;
         else
@@ -77,7 +77,7 @@ void RecordingReader::readHeader()
         takePadVersion();
 }
 
-/// What stood before the version was read as a note, whatever it is in that version.
+/// Notes may stand above the version line. Only now is it known which keys that version takes for events.
 void RecordingReader::checkNotes()
 {
     for (std::size_t i = 0; i < m_notes.size(); ++i)
@@ -119,7 +119,7 @@ void RecordingReader::takeVersion(std::string_view value)
     m_version = version;
 }
 
-/// In version 1 this key was one for people.
+/// Not in version 1, where this key was a note like any other.
 void RecordingReader::takePadVersion()
 {
     const auto note =

@@ -1,5 +1,5 @@
 /// @file
-/// Pen recordings as text: reading, writing and the reasons for refusing one. FORMAT.md is the grammar.
+/// Pen recordings as text: reading them, writing them, and why one is refused. FORMAT.md is the grammar.
 #ifndef RECORDING_H
 #define RECORDING_H
 
@@ -17,14 +17,14 @@ namespace kvsim {
 /// The newest version that is read and written.
 inline constexpr int kRecordingVersion = 2;
 
-// More is not read, so that what a file or a window sends takes no more memory than a recording needs.
+// Limits, so that a hostile file or window cannot make the reader take memory without end.
 inline constexpr std::size_t kLongestLine = 65536; ///< bytes, without its end
 inline constexpr std::size_t kMostHeaderLines = 1000;
 
 struct Recording
 {
     std::string model;
-    std::vector<std::pair<std::string, std::string>> notes; ///< header lines that only people read
+    std::vector<std::pair<std::string, std::string>> notes; ///< header lines meant for people
     std::vector<Event> events;
     std::string padVersion{}; ///< what GetDevicePartsVersion of the recorded pad wrote; empty: not known
 };
@@ -36,7 +36,7 @@ public:
     RecordingError(const std::string &file, int line, const std::string &reason);
 };
 
-/// Reads a recording event by event, so that its length does not matter. What it holds is one line, and the header.
+/// Reads a recording event by event. It keeps the header and one line in memory, so recordings may be of any length.
 class RecordingReader
 {
 public:
@@ -66,8 +66,8 @@ private:
     std::vector<char> m_bytes; ///< a line as it is read
     std::string m_line; ///< the line in hand, without comment lines, blanks around it and line end
     int m_lineNumber = 0;
-    bool m_lineWaits = false; ///< the header's reader met the first event
-    int m_version = 0; ///< 0: the header did not say so far
+    bool m_lineWaits = false; ///< the line in hand is the first event, met while reading the header
+    int m_version = 0; ///< 0 until the header has said it
     bool m_hadPacket = false;
     std::int64_t m_lastTimeUs = 0;
     std::string m_model;

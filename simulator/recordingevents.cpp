@@ -13,10 +13,10 @@ using Kind = Event::Kind;
 
 struct Word
 {
-    std::string_view word; ///< empty: the event begins with its time
+    std::string_view word; ///< empty for pen packets, whose lines begin with the time
     Kind kind;
     int version;
-    std::size_t fields; ///< the least that the line has
+    std::size_t fields; ///< at least
     const char *form;
 };
 
@@ -62,7 +62,7 @@ std::string parsePacket(const std::string_view *fields, Packet &packet)
     return {};
 }
 
-/// The fields behind the time.
+/// The fields after the time.
 std::string parseRest(std::string_view line, const std::string_view *fields, Event &event)
 {
     switch (event.kind) {

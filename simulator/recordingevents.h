@@ -47,7 +47,7 @@ bool startsEvent(std::string_view firstField, int version);
 /// The first version of the format that has this event.
 int versionOf(const Event &event);
 
-/// Reads a line of a recording of that version. An empty answer means success; any other is the reason for refusing.
+/// Reads a line of a recording of that version. Returns an empty text, or the reason why the line is refused.
 std::string parseEvent(std::string_view line, int version, Event &event);
 
 /// The line without its end.

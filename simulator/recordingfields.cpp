@@ -81,7 +81,7 @@ std::string parseTime(std::string_view field, std::int64_t &timeUs)
     return {};
 }
 
-/// A stream's own formatting would follow the locale.
+/// Not with a stream: it would use the locale's decimal sign.
 std::string timeText(std::int64_t timeUs)
 {
     std::string text = std::to_string(timeUs / 1000);

@@ -10,13 +10,13 @@
 
 namespace kvsim {
 
-/// Without blanks, tabs and carriage returns around it.
+/// The text without leading and trailing blanks, tabs and carriage returns.
 std::string_view trimmed(std::string_view text);
 
-/// For messages; long texts are cut.
+/// The text in quotes for a message; long texts are cut.
 std::string quoted(std::string_view text);
 
-/// Fields of an event line; one more than the longest event has, so that a surplus is noticed.
+/// The fields of an event line: one more than the longest event has, so that surplus fields are noticed.
 struct Fields
 {
     std::array<std::string_view, 7> at{};
@@ -30,7 +30,7 @@ std::string_view afterFields(std::string_view line, std::size_t count);
 
 bool startsNumber(std::string_view field);
 
-// An empty answer means that the field was read; any other is the reason why not.
+// Both return an empty text when the field could be read, else the reason why not.
 std::string parseInt(std::string_view field, const char *what, int &value);
 std::string parseCount(std::string_view field, const char *what, int least, int &value);
 std::string parseTime(std::string_view field, std::int64_t &timeUs);

@@ -21,10 +21,10 @@ struct Fingerprint
     int score = 0;
 };
 
-/// One or several that set in together.
+/// Changes of how the pad answers, which take effect together.
 using FaultsSetIn = std::shared_ptr<const std::vector<Event>>;
 
-/// Something that the pad does at its time: a callback to come, or faults to set in.
+/// What the pad does at one moment: a callback, or a change of how it answers.
 struct Delivery
 {
     std::int64_t timeUs = 0;
@@ -67,7 +67,7 @@ public:
     /// Throws std::runtime_error for a fingerprint that cannot be loaded.
     void translate(const Event &event, std::vector<Delivery> &deliveries);
 
-    /// The same for events that change answers and set in together, or for any single one.
+    /// The same for several events that change answers at one moment, or for a single event of any kind.
     void translate(const std::vector<Event> &events, std::vector<Delivery> &deliveries);
 
 private:
@@ -80,7 +80,7 @@ private:
     std::int64_t m_heldUntilUs = 0;
 };
 
-/// A recording of which only the header and what holds from Initial on have been read.
+/// A recording whose header and opening (the changes of answers at time 0) have been read, and nothing more yet.
 class OpenedRecording
 {
 public:
@@ -93,7 +93,7 @@ public:
     /// The faults at time 0, before anything else happens.
     const std::vector<Event> &opening() const { return m_opening; }
 
-    /// What the recorded pad's version text was, if it is known and this pad is of the same model.
+    /// The recorded pad's version text; empty when it is not known or this pad is of another model.
     std::string versionTextFor(const ModelRow &pad) const;
 
     /// Reads the rest. Throws std::runtime_error with file, line and reason.
@@ -103,7 +103,7 @@ private:
     struct Place
     {
         Source source;
-        std::string name; ///< in that source
+        std::string name; ///< relative to the source
     };
     static Place placeOf(const std::string &recording);
     explicit OpenedRecording(const Place &place);
@@ -116,7 +116,7 @@ private:
     std::vector<Event> m_first; ///< the event after the opening, if there is one
 };
 
-/// Whether the event changes how the pad answers, rather than being something that it sends.
+/// True for events that change how the pad answers, false for what it sends.
 bool changesAnswers(const Event &event);
 
 } // namespace kvsim

@@ -25,7 +25,7 @@ Session::~Session()
         m_thread.join();
 }
 
-/// A callback that ends the thread unwinds it.
+/// A callback that ends its thread (pthread_exit, pthread_cancel) unwinds the stack up to here.
 void Session::run()
 {
     struct End
@@ -107,7 +107,8 @@ void Session::deliver(const Delivery &delivery)
     }
 }
 
-/// It leaves the queue when it is done, so that its sender is told even when a callback ends the thread.
+/// The batch stays in the queue until its work is done: when a callback ends the thread in the midst of it, end() still
+/// finds it there and wakes its sender.
 void Session::serveNextBatch(std::unique_lock<std::mutex> &lock)
 {
     Batch &batch = *m_batches.front();

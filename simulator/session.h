@@ -37,7 +37,7 @@ struct Timing
 class Session
 {
 public:
-    /// Starts the thread, which at once delivers the first packets.
+    /// Starts the thread, which delivers the first packets at once.
     Session(const Receivers &receivers, Script script, const Timing &timing, std::vector<Packet> firstPackets);
     ~Session();
     Session(const Session &) = delete;
@@ -45,20 +45,20 @@ public:
 
     void waitForFirstPackets();
 
-    /// The recording begins a delay after the first call; later calls change nothing.
+    /// Starts the recording after the delay. Only the first call has an effect.
     void startPlayback();
 
-    /// Ends the delay that the recording waits for: it is at its time 0 now.
+    /// Ends the delay: the recording starts now.
     void endDelay();
 
-    /// Something that a pad does now, beside the recording; in the order of the calls, each not before its time. False
-    /// when too much waits already for it to be taken, unless it must be.
+    /// Queues something that the pad does besides the recording, in the order of the calls and each not before its
+    /// time. False when the queue is full, unless it must be taken.
     bool append(Delivery delivery, std::chrono::steady_clock::time_point due, bool mustBe = false);
 
     /// 1: played, 0: not within the time, -1: stopped.
     int waitUntilPlayed(int timeoutMs);
 
-    /// Both answer the number of callbacks made, or -1 when stopped or called from inside a callback.
+    /// Both return the number of callbacks made, or -1 when stopped or when called from inside a callback.
     int sendPackets(const Packet *packets, int count);
     int sendFingerprint(const unsigned char *data, int length, int score);
 
@@ -72,11 +72,11 @@ public:
     /// The pad was unplugged: it sends nothing and takes no commands.
     bool isGone() const { return m_gone; }
 
-    /// Whether the recording goes on to plug the pad in again.
+    /// Whether the rest of the recording plugs the pad in again.
     bool comesBack();
 
 private:
-    /// Work that another thread waits for; it answers the number of callbacks made.
+    /// Work that another thread waits for. Returns the number of callbacks made.
     struct Batch
     {
         std::function<int()> work;
@@ -104,7 +104,7 @@ private:
     const Timing m_timing;
     const std::vector<Packet> m_firstPackets;
 
-    std::mutex m_mutex; ///< guards what follows; never held over a callback
+    std::mutex m_mutex; ///< guards what follows; not held during a callback
     std::condition_variable m_changed;
     std::deque<Batch *> m_batches;
     std::deque<std::pair<Clock::time_point, Delivery>> m_appended;
@@ -118,7 +118,7 @@ private:
     std::atomic<bool> m_stopping{false};
     std::atomic<bool> m_ended{false};
     std::atomic<bool> m_gone{false};
-    std::thread m_thread; ///< last: it uses all of the above
+    std::thread m_thread; ///< the last member, because it uses all others
 };
 
 } // namespace kvsim

@@ -35,7 +35,8 @@ private:
 
 Current current;
 
-/// In a forked child. The threads are the parent's, and the locks that they held stay locked: what was is left alone.
+/// Runs in a forked child. The threads stayed with the parent and the locks that they held stay locked here for ever,
+/// so the old simulator is leaked untouched and a new one takes its place.
 void Current::startAnew()
 {
     WindowConnection::leaveToParent();
@@ -55,7 +56,7 @@ Simulator::~Simulator()
     unInitial();
 }
 
-/// Writes the call into the journal and answers the result that a test or the recording asked for, or 0.
+/// Writes the call into the journal. Returns the result that a test or the recording asked for, else 0.
 int Simulator::noteCall(const char *operation, const std::string &arguments)
 {
     const std::lock_guard lock(m_mutex);
@@ -72,7 +73,7 @@ Simulator::SessionPtr Simulator::openSession()
     return m_session;
 }
 
-/// The session when the pad is open and there; otherwise null and what a command answers then.
+/// The session while the pad is open and plugged in; otherwise null, with the result that a command returns then.
 Simulator::SessionPtr Simulator::readySession(int &result)
 {
     SessionPtr session = openSession();
@@ -147,7 +148,7 @@ int Simulator::startSession(OpenPad pad, const Receivers &receivers, std::option
     return KVSPDARI_SUCCESS;
 }
 
-/// What the recording or the window says to Initial.
+/// The result that the recording or the window wants from Initial; 0 lets it open.
 int Simulator::refusal(const OpenPad &pad) const
 {
     if (pad.faults.gone || (m_unplugged && !pad.link))
@@ -157,7 +158,7 @@ int Simulator::refusal(const OpenPad &pad) const
     return asked == pad.faults.results.end() || isOverruled ? KVSPDARI_SUCCESS : asked->second;
 }
 
-/// Null: nobody asked for a text; an empty optional: the query is to write nothing.
+/// The text that a test or the recording wants from a query. Null: nobody asked; an empty optional: write nothing.
 const std::optional<std::string> *Simulator::askedText(const OpenPad &pad, const std::string &query) const
 {
     for (const auto *texts : {&m_wishes.texts, &pad.faults.texts})
@@ -198,7 +199,7 @@ void Simulator::tellWindow(const std::string &line)
         link->tell(line);
 }
 
-/// A session that was closed from inside a callback cannot be joined there; this is done at the next occasion.
+/// Joins sessions that were closed from inside a callback. Their own thread could not do that then.
 void Simulator::releaseEndedSessions()
 {
     std::vector<SessionPtr> ended; // joined after the lock is gone
@@ -321,7 +322,7 @@ int Simulator::showPicture(const unsigned char *image, int length, int width, in
     return keepPicture(image, length, width, height);
 }
 
-/// The caller sets the flag from another thread without telling anyone, so it is looked at all the time.
+/// Polls the flag: the caller sets it from another thread and has no means to wake this one.
 bool Simulator::transferPicture(const Session &session, int delayMs, const bool *abort) const
 {
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(delayMs);

@@ -54,7 +54,7 @@ public:
 private:
     using SessionPtr = std::shared_ptr<Session>;
 
-    /// What a test asked for; survives the pad's being closed.
+    /// What a test asked for. It stays when the pad is closed.
     struct Wishes
     {
         std::map<std::string, int> results{};
@@ -66,14 +66,14 @@ private:
         std::vector<unsigned char> lastPicture{};
     };
 
-    /// What holds from Initial to UnInitial.
+    /// The opened pad, from Initial to UnInitial.
     struct OpenPad
     {
         const ModelRow *model = nullptr;
         Settings settings{};
         Faults faults{};
-        std::string recordedVersion{}; ///< of the pad that the recording was made on, when it was of this model
-        std::shared_ptr<VirtualLink> link{}; ///< null: a recording, or nothing, is played
+        std::string recordedVersion{}; ///< of the recorded pad; empty when that was another model
+        std::shared_ptr<VirtualLink> link{}; ///< null unless a window plays the pad
         bool screenOn = false;
     };
 
@@ -92,12 +92,12 @@ private:
     bool transferPicture(const Session &session, int delayMs, const bool *abort) const;
     int keepPicture(const unsigned char *image, int length, int width, int height);
 
-    std::mutex m_mutex; ///< guards all fields; never held while waiting, nor over a callback
+    std::mutex m_mutex; ///< guards all fields; not held while waiting or during a callback
     Wishes m_wishes;
     OpenPad m_pad;
-    bool m_unplugged = false; ///< a recording unplugged the pad, which outlasts the session
+    bool m_unplugged = false; ///< by a recording; stays so after the session
     SessionPtr m_session; ///< null: closed
-    std::vector<SessionPtr> m_retired; ///< closed, but their threads may be in a last callback
+    std::vector<SessionPtr> m_retired; ///< closed; their threads may still be in a last callback
 };
 
 } // namespace kvsim

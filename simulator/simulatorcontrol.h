@@ -24,21 +24,20 @@ struct KVSIM_PACKET
 };
 
 /// Delivers packets from the reading thread, in order, and returns after the last callback has returned.
-/// Answers how many were delivered (fewer than count only when the driver was closed or the pad unplugged
-/// meanwhile), or -1 when the driver
-/// is not open or when it is called on the reading thread itself, that is from inside a callback.
+/// Returns how many were delivered: fewer than count only when the driver was closed or the pad unplugged meanwhile. -1
+/// when the driver is not open, or when called from inside a callback (that is, on the reading thread itself).
 int KVSIM_SendPackets(const struct KVSIM_PACKET *packets, int count);
 
-/// Delivers one fingerprint likewise. The callback gets this very pointer, null included. Answers 1, 0 when this pad
+/// Delivers one fingerprint in the same way. The callback gets this very pointer, even null. Returns 1; 0 when this pad
 /// delivers no fingerprints (another device type than 7, or no callback), or -1 as KVSIM_SendPackets does.
 int KVSIM_SendFingerprint(const unsigned char *data, int length, int score);
 
-/// Packets that the reading thread delivers from inside each following Initial, before that returns. 0 packets: none.
+/// Packets that the reading thread delivers during each following Initial, before that returns. A count of 0 ends this.
 void KVSIM_SetReadingThreadPackets(const struct KVSIM_PACKET *packets, int count);
 
-/// Makes an operation (its name with or without KVSPDAPI_) answer this result from its next call on. With a result
+/// Makes an operation (its name with or without KVSPDAPI_) return this result from its next call on. With a result
 /// other than 0 Initial does not open and a command does nothing; a text query still writes its text, and UnInitial
-/// still closes. This overrules what a recording asks for.
+/// still closes. This takes precedence over the recording.
 void KVSIM_SetResult(const char *operation, int result);
 
 /// Sets what a text query (GetDevicePartsVersion...) writes. Null: it writes nothing and answers its result.

@@ -12,9 +12,10 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kRetry = 200ms;
-/// Packets wait this long, so that the window's being late now and then does not make their times uneven.
+/// Packets are delivered this much after the window's time stamp. The window is late now and then; without the delay
+/// its packets would come unevenly.
 constexpr auto kLatency = 8ms;
-/// No packet that a window sends lies further ahead, whatever time it says.
+/// A packet is never held back longer than this, whatever time stamp the window gives it.
 constexpr auto kFurthest = 2s;
 
 std::string initialLine(const ModelRow &pad)
@@ -92,7 +93,7 @@ void VirtualLink::run()
     }
 }
 
-/// Hands on what the window sends until it is closed.
+/// Hands on what the window sends until the connection is closed.
 void VirtualLink::playConnection()
 {
     const auto connection = m_connection;
@@ -138,7 +139,7 @@ bool VirtualLink::reconnect()
     return true;
 }
 
-/// Behind all that the window sent, however much that is.
+/// Queued after everything that the window has sent, even when the queue is full.
 void VirtualLink::setIn(std::vector<Event> faults)
 {
     m_session->append({0, std::make_shared<const std::vector<Event>>(std::move(faults))}, Clock::now(), true);

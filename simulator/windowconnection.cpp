@@ -17,7 +17,8 @@ namespace kvsim {
 
 namespace {
 
-/// There is one connection at a time. In a forked child its objects may be in the midst of a change.
+/// The descriptor of the one connection, kept apart for leaveToParent(): after a fork another thread of the parent may
+/// have left the connection object half changed.
 std::atomic<int> s_lastDescriptor{-1};
 
 constexpr std::chrono::seconds kPatience{2}; // a window that hangs is as good as none
@@ -39,7 +40,7 @@ int connectTo(const std::string &path)
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     path.copy(address.sun_path, sizeof address.sun_path - 1);
-    // A window that hangs takes no connections: when too many wait already, connecting fails instead of waiting too.
+    // Non-blocking: the window may hang with a full backlog, and connect() would then wait for ever.
     const int descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
     if (descriptor < 0)
         fail("socket");
@@ -69,7 +70,7 @@ SocketBuffer::~SocketBuffer()
     ::close(m_descriptor);
 }
 
-/// False when the deadline passes.
+/// Waits until there is something to read. False when the deadline passes first.
 bool SocketBuffer::waitForBytes() const
 {
     using std::chrono::milliseconds;

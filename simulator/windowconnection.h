@@ -29,7 +29,7 @@ public:
 
     int descriptor() const { return m_descriptor; }
 
-    /// What comes later counts as the end.
+    /// Reading past this moment gives the end of the stream.
     void setDeadline(std::optional<Clock::time_point> deadline) { m_deadline = deadline; }
 
 private:
@@ -37,7 +37,7 @@ private:
     bool waitForBytes() const;
 
     int m_descriptor;
-    std::optional<Clock::time_point> m_deadline; ///< none: it may take for ever
+    std::optional<Clock::time_point> m_deadline; ///< none: waits without a limit
     std::array<char, 4096> m_bytes{};
 };
 
@@ -46,22 +46,23 @@ class WindowConnection
 public:
     using Clock = std::chrono::steady_clock;
 
-    /// Connects, sends the first line and reads the window's first state. Throws std::runtime_error, also when all that
-    /// takes longer than a window needs.
+    /// Connects, sends the first line and reads the window's first state. Throws std::runtime_error when one of these
+    /// fails or the window takes too long.
     explicit WindowConnection(const std::string &firstLine);
 
     const WindowReader &window() const { return *m_reader; }
 
-    /// When the window's time was 0.
+    /// The moment from which the window counts its times.
     Clock::time_point begin() const { return m_begin; }
 
     /// False at the end, also when another thread called close(). Throws std::runtime_error for what is malformed.
     bool next(std::vector<Event> &events) { return m_reader->next(events); }
 
-    /// In a forked child: gives up its share of the connection, so that the window notices when the parent ends.
+    /// For a forked child: closes its copy of the socket. Otherwise the window would not notice that the parent has
+    /// ended.
     static void leaveToParent();
 
-    /// False when the window does not take it, without waiting.
+    /// Does not wait: false when the socket's buffer is full or the window is gone.
     bool send(const std::string &line);
     void close();
 

@@ -1,5 +1,5 @@
 /// @file
-/// What a virtual pad's window says, read from any stream of bytes.
+/// Reads what the window of a virtual pad sends, from any stream of bytes.
 #ifndef WINDOWREADER_H
 #define WINDOWREADER_H
 
@@ -11,15 +11,15 @@
 
 namespace kvsim {
 
-/// The window sends a recording that never ends. What it is told to do wrong comes as a state: the events that change
-/// how the pad answers, and `answer TIME Initial RESULT` as the last of them. The first state is the greeting. A state
-/// is handed on as a whole, so that no command meets half of it.
+/// The window sends a recording without an end. When its user changes how the pad misbehaves, it sends a state: all
+/// events that change how the pad answers, closed by `answer TIME Initial RESULT`. The connection begins with a state
+/// too. next() returns a state as a whole, so that no driver call sees half of one.
 class WindowReader
 {
 public:
-    static constexpr std::size_t kLargestState = 1000; ///< events; more are no state
+    static constexpr std::size_t kLargestState = 1000; ///< events; a longer state is refused
 
-    /// Reads the header and the first state. Throws std::runtime_error when they are malformed or do not come.
+    /// Reads the header and the first state. Throws std::runtime_error when they are malformed or missing.
     explicit WindowReader(std::istream &in);
 
     const std::string &model() const { return m_reader.model(); }
@@ -27,7 +27,7 @@ public:
     /// The first state.
     const std::vector<Event> &opening() const { return m_opening; }
 
-    /// The window's answer to Initial.
+    /// What Initial is to answer.
     int answer() const { return m_opening.back().value; }
 
     /// What comes next: one thing that the pad sends, or a state. False at the end. Throws std::runtime_error for what
@@ -37,7 +37,7 @@ public:
 private:
     RecordingReader m_reader;
     std::vector<Event> m_opening;
-    std::vector<Event> m_state; ///< begun, but not at its end
+    std::vector<Event> m_state; ///< the part of a state that has been read so far
 };
 
 } // namespace kvsim

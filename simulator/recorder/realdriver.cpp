@@ -15,7 +15,7 @@ void *libraryOf(const void *address)
     return dladdr(address, &info) != 0 ? info.dli_fbase : nullptr;
 }
 
-/// A driver runs with all that the signer's program may do.
+/// Refuses a driver that others could have replaced: it runs with all rights of the program that signs.
 void refuseWhatOthersMayWrite(const std::string &path)
 {
     const std::string consequence = "; it is not loaded (KVREC_TRUST=1 loads it all the same)";
@@ -25,7 +25,7 @@ void refuseWhatOthersMayWrite(const std::string &path)
         throw std::runtime_error(weakness->sentence() + consequence);
 }
 
-/// RTLD_LOCAL, since the recorder exports the same names.
+/// RTLD_LOCAL, because the recorder exports the same names.
 void *load(const std::string &path, bool isTrusted)
 {
     if (!isTrusted)

@@ -21,7 +21,7 @@ bool isSet(const char *name)
     return setting(name, "0") != "0";
 }
 
-/// An operation that the real driver lacks cannot be lacking here.
+/// The recorder exports every operation, so one that the real driver lacks can only fail.
 template <class Operation, class... Arguments>
 int forward(const Operation operation, Arguments... arguments)
 {
@@ -48,8 +48,8 @@ private:
 
 Current current;
 
-/// In a forked child. The pad, its threads and the recording are the parent's, and the locks that those threads held
-/// stay locked: what was is left alone.
+/// Runs in a forked child. Pad, threads and recording stayed with the parent, and locks that its threads held stay
+/// locked here for ever, so the old recorder is leaked untouched.
 void Current::startAnew()
 {
     current.m_parents = current.m_recorder;

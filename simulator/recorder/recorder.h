@@ -49,7 +49,7 @@ private:
     FilePtr file();
     int command(const char *name, const Command RealDriver::*operation, bool on);
 
-    std::mutex m_mutex; ///< guards the pointers; never held over a call
+    std::mutex m_mutex; ///< guards the pointers; not held during calls
     std::unique_ptr<RealDriver> m_driver;
     bool m_isOpen = false;
     FilePtr m_file; ///< null: nothing is recorded

@@ -70,7 +70,7 @@ int KVSPDAPI_ShowFPImageOnDevice(unsigned char *pImage, int nLength, int nWidth,
 }
 } // namespace driver
 
-/// An operation with another signature than the library calls it with does not compile.
+/// Fails to compile when an operation's signature is not the one that the library calls.
 #define KV_CHECK(operation) static_assert(std::is_same_v<decltype(&driver::operation), ::operation>)
 KV_CHECK(KVSPDAPI_Initial);
 KV_CHECK(KVSPDAPI_UnInitial);

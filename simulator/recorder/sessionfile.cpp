@@ -28,7 +28,7 @@ int createFile(const std::string &path)
     return open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, S_IRUSR | S_IWUSR);
 }
 
-/// All of it, or false.
+/// Writes everything, or returns false.
 bool writeAll(int descriptor, const char *bytes, std::size_t size)
 {
     while (size > 0) {
@@ -43,7 +43,7 @@ bool writeAll(int descriptor, const char *bytes, std::size_t size)
     return true;
 }
 
-/// One line of the recording, whatever the pad wrote.
+/// Replaces control characters: what a pad writes must not start a new line of the recording.
 std::string onOneLine(std::string text)
 {
     std::replace_if(
@@ -90,7 +90,7 @@ void SessionFile::beginTime()
         m_begin = Clock::now();
 }
 
-/// The mutex is held, so that times never go backwards in the file.
+/// Call it with the mutex held, so that times never go backwards in the file.
 std::int64_t SessionFile::now()
 {
     if (m_begin)
@@ -131,7 +131,7 @@ void SessionFile::writeEvent(Event event)
     writeLine(eventLine(event));
 }
 
-/// On the pad's reading thread: one write, and nothing from the heap.
+/// Runs on the pad's reading thread for every packet: a single write and no allocation.
 void SessionFile::packet(const kvsim::Packet &packet)
 {
     const std::lock_guard lock(m_mutex);

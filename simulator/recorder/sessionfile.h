@@ -1,5 +1,5 @@
 /// @file
-/// The recording of one session as it grows: what was written is in the file, whatever becomes of the process.
+/// The recording of one session. Every line is in the file as soon as it is written, so a crash loses nothing.
 #ifndef SESSIONFILE_H
 #define SESSIONFILE_H
 
@@ -15,8 +15,8 @@
 
 namespace kvrec {
 
-/// Every function may be called from any thread. When the file cannot be written any more the rest is not recorded,
-/// which is said on stderr once; the pad goes on.
+/// Every function may be called from any thread. When writing fails, that is said on stderr once and the rest of the
+/// session is not recorded; the pad is not disturbed.
 class SessionFile
 {
 public:
@@ -27,16 +27,16 @@ public:
     SessionFile(const SessionFile &) = delete;
     SessionFile &operator=(const SessionFile &) = delete;
 
-    /// The time of all that came before is 0.
+    /// Starts the clock: everything before has the time 0.
     void beginTime();
 
     void packet(const kvsim::Packet &packet);
     void fingerprint(const unsigned char *data, int length, int score);
 
-    /// A call with its arguments, as a comment; and an event when the operation answers otherwise than before.
+    /// Notes a call with its arguments as a comment, and an event when its result differs from the last one.
     void call(const char *operation, const std::string &arguments, int result);
 
-    /// What a text query wrote. The version belongs into the header while that is not written yet.
+    /// Notes what a text query wrote. The version text goes into the header if that is not written yet.
     void text(const char *query, const std::string &text);
 
 private:

@@ -1,5 +1,5 @@
 /// @file
-/// Random numbers that are the same everywhere; the distributions of the standard library may differ.
+/// Random numbers that are the same with every compiler. The distributions of the standard library are not.
 #ifndef CHANCE_H
 #define CHANCE_H
 

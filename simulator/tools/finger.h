@@ -15,10 +15,10 @@ struct Contact
     double noise; ///< 0 to 1
 };
 
-/// A better quality (0 to 100) is a larger and darker contact with less noise.
+/// Quality 0 to 100: the better, the larger and darker the contact and the less noise.
 Contact contactOfQuality(int quality);
 
-/// The same seed is the same finger, whatever the contact.
+/// The same seed gives the same finger at any quality.
 GreyImage makeFinger(unsigned seed, const Contact &contact);
 
 } // namespace kvsim

@@ -34,7 +34,7 @@ bool readNumbers(std::string_view line, std::array<double, 5> &numbers)
     return at == end;
 }
 
-/// Keeps what a recording's header can hold without being mistaken for its own lines.
+/// Takes over "# key: value" lines, but not those whose keys mean something in a recording's header.
 void readAbout(std::string_view line, Trace &trace)
 {
     const auto first = std::min(line.find_first_not_of("# \t"), line.size());
