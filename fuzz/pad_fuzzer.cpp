@@ -1,5 +1,5 @@
-// Packets and calls into each of the instance classes. The first bytes choose the class, the canvas and what the driver says
-// when it is opened; PadCalls does the rest.
+// Packets and calls into each of the instance classes. The first bytes choose the class, the canvas and what the driver
+// says when it is opened; PadCalls does the rest.
 #include "padcalls.h"
 
 #include <cstdio>

@@ -54,7 +54,7 @@ struct CaptureState
     double seconds = 0; ///< since the first point
 };
 
-/// Looks at each stored point once.
+/// Counts strokes, looking at each stored point once.
 class Watch
 {
 public:
@@ -84,7 +84,7 @@ private:
     QElapsedTimer m_writing;
 };
 
-/// Asks the pad for its version text now and then: a driver does not say by itself that its pad was unplugged.
+/// Notices an unplugged pad by asking for its version text now and then; drivers do not report that by themselves.
 class Presence
 {
 public:
@@ -123,13 +123,13 @@ void setPen(const Arguments &arguments, const HeadlessPad &pad)
         throw failed(QString("the %1 does not take another pen style").arg(pad->model));
 }
 
-/// Before confirm: what has been written is said too.
+/// A failure before confirmation, with the number of points and strokes so far.
 Failure unconfirmed(ExitCode code, const QString &message, const CaptureState &state)
 {
     return {code, message, {{"points", state.points}, {"strokes", state.strokes}}};
 }
 
-/// Waits for confirm. Everything else throws.
+/// Returns when the signer confirms, and throws otherwise.
 CaptureState waitForConfirm(const HeadlessPad &pad, int seconds)
 {
     Watch watch(pad);

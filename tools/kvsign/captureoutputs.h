@@ -26,10 +26,10 @@ public:
     /// Throws a Failure when two of the paths are one file.
     static void needDifferent(const QStringList &paths);
 
-    /// Opens every file already, so that nobody signs in vain. Throws a Failure.
+    /// Opens every file now, so that a wrong path is noticed before the customer signs. Throws a Failure.
     explicit CaptureOutputs(const QStringList &paths);
 
-    /// Writes all of them, puts them in place when every byte of each has been checked, and tells of it.
+    /// Writes all files, checks every byte of each, puts them in place and calls `tell`.
     void write(const HeadlessPad &pad, int dpi, const std::function<void()> &tell);
 
     std::vector<CapturedFile> files() const;

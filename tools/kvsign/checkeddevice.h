@@ -1,5 +1,6 @@
 /// @file
-/// Bytes to a file, none of which gets lost without a word: Qt's writers of PDF and SVG do not look at errors.
+/// A device that remembers the first write error. Qt's PDF and SVG writers ignore errors, so they must be asked for
+/// later.
 #ifndef CHECKEDDEVICE_H
 #define CHECKEDDEVICE_H
 
@@ -10,20 +11,20 @@
 class CheckedDevice : public QIODevice
 {
 public:
-    /// Open for writing from the begin.
+    /// Open for writing as soon as it is constructed.
     CheckedDevice() { QIODevice::open(QIODevice::WriteOnly | QIODevice::Unbuffered); }
 
-    /// Where the bytes go.
+    /// Sets the file that the bytes are written to.
     void setFile(plainio::Descriptor file) { m_file = std::move(file); }
     int descriptor() const { return m_file.number(); }
 
-    /// Whether every byte so far has been written. Once one has not, it stays false, and errorString() says why.
+    /// Whether every byte so far has been written. After a failure it stays false, and errorString() says why.
     bool flush();
 
-    /// The same, and whether the disk has them.
+    /// The same, after syncing the file to the disk.
     bool sync();
 
-    /// How many bytes came.
+    /// How many bytes have been written to the device.
     qint64 count() const { return m_count; }
 
     bool isSequential() const override { return true; }

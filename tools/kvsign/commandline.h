@@ -1,5 +1,5 @@
 /// @file
-/// Options and arguments as rows, from which parsing, help and shell completion come.
+/// Options and arguments as rows of a table. Parsing, help and shell completion are made from it.
 #ifndef COMMANDLINE_H
 #define COMMANDLINE_H
 
@@ -48,7 +48,7 @@ private:
     const Row *m_end = nullptr;
 };
 
-/// What a subcommand takes besides options. The last one may come several times.
+/// An argument that is no option. Only the last one may be repeated.
 struct Positional
 {
     const char *syntax; ///< "INPUT"
@@ -93,7 +93,7 @@ public:
     int wholeNumber(const Option &option, int least, int most) const;
     double number(const Option &option, double least, double most) const;
 
-    /// Exactly one of the option's choices.
+    /// The option's value, spelt as in its choices; capitals do not matter.
     QString choice(const Option &option) const;
     QStringList positionals() const { return m_parser.positionalArguments(); }
 

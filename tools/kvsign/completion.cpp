@@ -38,7 +38,7 @@ QStringList dashed(const Option &option)
     return names;
 }
 
-/// What follows an option that takes a value.
+/// How bash completes the value of an option.
 QString valueCase(const Option &option)
 {
     QString reply = "return ;;\n";

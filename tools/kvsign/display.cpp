@@ -28,7 +28,7 @@ namespace {
 
 constexpr int kFirstXPort = 6000;
 
-/// A socket that is closed at the end.
+/// A socket that closes itself.
 class Socket
 {
 public:
@@ -53,7 +53,7 @@ private:
     int m_socket;
 };
 
-/// A name that begins with a zero lies in the system's table instead of the file system.
+/// A socket name that begins with a zero byte is abstract: it is not in the file system.
 bool answersAt(const QByteArray &path)
 {
     sockaddr_un address = {};
@@ -131,7 +131,7 @@ QString readAll(int pipe)
     return QString::fromLocal8Bit(text);
 }
 
-/// Qt ends the process when it cannot start a platform. A child tries it, with its complaints into the pipe.
+/// Qt aborts the process when it cannot start a platform, so a child process tries it. Its messages go into the pipe.
 [[noreturn]] void tryInChild(int complaints)
 {
     for (const int signal : {SIGABRT, SIGSEGV, SIGINT, SIGTERM, SIGHUP})
@@ -145,7 +145,7 @@ QString readAll(int pipe)
     _exit(0);
 }
 
-/// Empty when it can.
+/// The reason why Qt cannot use the display; empty when it can.
 QString whyQtCannotStart()
 {
     int ends[2];

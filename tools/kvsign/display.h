@@ -1,5 +1,5 @@
 /// @file
-/// Whether windows can be shown. Qt ends the process when they cannot, so it is looked at before.
+/// Whether windows can be shown. Without a display Qt aborts the process, so this is checked before.
 #ifndef DISPLAY_H
 #define DISPLAY_H
 
@@ -13,8 +13,8 @@ struct DisplayState
 
 DisplayState displayState();
 
-/// Throws a Failure when there is none, or when Qt cannot use it, which ends a process. To be called before there is an
-/// application object or a thread.
+/// Throws a Failure when there is no display or Qt cannot use it. Call it before there is an application object or a
+/// second thread, because it forks.
 void needDisplay();
 
 #endif

@@ -14,11 +14,12 @@ inline constexpr Option kDriverOption{"driver d", "DIRECTORY",
 inline constexpr Option kUnsafeDriverOption{"unsafe-driver", nullptr,
     "Use the driver although others may change its file or a folder on the way to it.", nullptr, nullptr};
 
-/// Goes to the driver's directory, where the library looks for it. File names must be absolute by then.
+/// Makes the driver's directory the working directory, because the library looks for the driver there. Make relative
+/// file names absolute before.
 void enterDriverDirectory(const Arguments &arguments);
 
-/// Throws when somebody else could put another driver there, unless the arguments allow it. To be called in the
-/// driver's directory, before anything loads the driver.
+/// Throws when others could replace the driver, unless the arguments allow that. Call it in the driver's directory,
+/// before the driver is loaded.
 void refuseUnsafeDriver(const Arguments &arguments);
 
 class HeadlessPad
@@ -32,7 +33,7 @@ public:
 
     const PadFamily *operator->() const { return m_family; }
 
-    /// Says what the device answers to a query for a text; empty for none.
+    /// The text that the pad answers to this query; empty when it has none.
     QString text(decltype(PadFamily::GetHWPadID) query) const;
 
 private:

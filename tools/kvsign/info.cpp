@@ -89,7 +89,7 @@ QJsonObject versions()
     return {{"kvsign", KVSIGN_VERSION}, {"library", libraryVersion()}, {"qt", QLibraryInfo::version().toString()}};
 }
 
-/// Without a pad the versions are told all the same.
+/// The versions are printed even when there is no pad.
 [[noreturn]] void failWithVersions(Failure failure, bool asJson)
 {
     if (!asJson)

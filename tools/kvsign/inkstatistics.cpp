@@ -9,7 +9,7 @@ namespace {
 constexpr size_t kMostGaps = 10;
 constexpr int kPadWidthsPerDot = 100;
 
-/// Ticks are unsigned, and a broken record's may lie anywhere. Two are at most as far apart as the result can say.
+/// Ticks are unsigned, and those of a broken record can be anything, so the difference is limited to what fits.
 qint64 apart(const POINTDATA &one, const POINTDATA &other)
 {
     constexpr quint64 kMost = std::numeric_limits<qint64>::max();

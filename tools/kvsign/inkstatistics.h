@@ -1,5 +1,5 @@
 /// @file
-/// What can be said about a signature after looking at each of its points once.
+/// Facts about a signature, collected while looking at each point once.
 #ifndef INKSTATISTICS_H
 #define INKSTATISTICS_H
 
@@ -19,7 +19,7 @@ struct InkGap
 class InkStatistics
 {
 public:
-    /// Points of a stroke that are further apart than this have a gap between them.
+    /// More milliseconds than this between two points of a stroke count as a gap.
     explicit InkStatistics(int gapMilliseconds)
         : m_gapMilliseconds(gapMilliseconds)
     {
@@ -27,7 +27,7 @@ public:
 
     void add(const POINTDATA &point);
 
-    /// To be called after the last point.
+    /// Call it after the last point.
     void finish();
 
     qint64 points = 0;
@@ -48,7 +48,7 @@ public:
     qint64 backwards = 0; ///< points whose tick is before that of the point before
     bool isClosed = true; ///< the last stroke has its closing point
 
-    /// All of it lies in a spot of a hundredth of the pad's width.
+    /// All ink lies within a hundredth of the pad's width.
     bool isOnlyADot() const;
 
 private:

@@ -67,7 +67,7 @@ void sayRow(const char *title, const QString &text)
     say(QString("%1%2").arg(title, -12).arg(text));
 }
 
-/// A broken record may name a second that no calendar has.
+/// The seconds of a broken record may lie beyond every calendar; QDateTime would then be invalid.
 QString momentOf(qint64 time)
 {
     constexpr qint64 kFirst = -62135596800, kLast = 253402300799; // the years 1 to 9999

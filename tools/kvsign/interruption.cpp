@@ -7,14 +7,15 @@
 
 namespace {
 
-// What a person or the system ends programs with: it is noticed between two steps.
+// Sent by people or the system to end a program. Noted here, and noticed between two steps of work.
 constexpr int kNoticed[] = {SIGINT, SIGTERM, SIGHUP};
 
-// What ends a program at once: a quit from the keyboard, timers, crashes. SIGKILL cannot be noticed.
+// These end the program at once, after cleaning up: a quit from the keyboard, timers, crashes. SIGKILL cannot be
+// caught.
 constexpr int kDeadly[] = {SIGQUIT, SIGILL, SIGTRAP, SIGABRT, SIGBUS, SIGFPE, SIGSEGV, SIGUSR1, SIGUSR2, SIGALRM,
     SIGSTKFLT, SIGXCPU, SIGVTALRM, SIGPROF, SIGIO, SIGPWR, SIGSYS};
 
-// Writing says the same with EPIPE and EFBIG, and everything is closed and removed.
+// Ignored: write() then fails with EPIPE or EFBIG, which takes the usual way of closing and removing everything.
 constexpr int kSaidByWriting[] = {SIGPIPE, SIGXFSZ};
 
 volatile std::sig_atomic_t g_interrupted = 0;
@@ -28,13 +29,13 @@ void endAtOnce(int signal)
 
 void remember(int signal)
 {
-    // The second one ends the process, should a step never end.
+    // A second signal ends the process, in case a step hangs.
     if (g_interrupted != 0)
         endAtOnce(signal);
     g_interrupted = 1;
 }
 
-/// What whoever started the command wants ignored, as nohup does, stays ignored; a sanitizer's handler stays too.
+/// Leaves signals alone that were ignored at the start (nohup) or have a handler already (sanitizers).
 void handle(int signal, void (*handler)(int))
 {
     struct sigaction before = {}, action = {};

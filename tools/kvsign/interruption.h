@@ -1,6 +1,6 @@
 /// @file
-/// Ctrl-C and its like: noticed between two steps, so that everything that is open is closed and removed. A second one,
-/// and every other signal that ends a process, removes what would be left behind and ends it at once.
+/// Ctrl-C and the like are noticed between two steps of work, so that all files are closed and removed properly. A
+/// second one, and any other signal that ends a process, removes temporary files and ends it at once.
 #ifndef INTERRUPTION_H
 #define INTERRUPTION_H
 
@@ -8,7 +8,7 @@ void noticeInterruptions();
 
 bool isInterrupted();
 
-/// Throws a Failure once a signal has come.
+/// Throws a Failure after a signal.
 void throwIfInterrupted();
 
 #endif

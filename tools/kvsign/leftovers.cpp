@@ -17,7 +17,7 @@ constexpr int kSlots = 4096;
 
 std::array<std::atomic<const Leftover *>, kSlots> g_leftovers;
 
-/// As the kernel writes it.
+/// A directory entry as getdents64 returns it.
 struct DirectoryEntry
 {
     std::uint64_t inode;
@@ -27,7 +27,7 @@ struct DirectoryEntry
     char name[1];
 };
 
-/// One walk through a folder; whether there was something to remove.
+/// Removes the files of a folder once. Returns whether there were any.
 bool removeEntries(int folder)
 {
     alignas(DirectoryEntry) char entries[4096];
@@ -43,14 +43,14 @@ bool removeEntries(int folder)
     return removed;
 }
 
-/// readdir() allocates, which no signal handler may.
+/// Without readdir(), which allocates: this runs in signal handlers.
 void removeFolder(const char *path)
 {
     const int folder = open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (folder < 0)
         return;
     while (removeEntries(folder))
-        lseek(folder, 0, SEEK_SET); // some file systems pass over entries while others go
+        lseek(folder, 0, SEEK_SET); // some file systems skip entries while others are being removed
     close(folder);
     rmdir(path);
 }
@@ -112,7 +112,7 @@ void Leftover::cleanName() const
         return;
     case Kind::Earlier:
         rename(m_name, m_target);
-        unlink(m_name); // rename leaves both names of one file
+        unlink(m_name); // rename() does nothing when both names are links to one file
         return;
     }
 }

@@ -1,6 +1,6 @@
 /// @file
-/// Names that must not stay in the file system when kvsign ends before its time: they are taken away, or put back, when
-/// their guard is destroyed, and also by a signal that ends the process.
+/// Files that kvsign must not leave behind when it ends early. Their guard removes them, or puts the earlier file back,
+/// when it is destroyed; so does the handler of a signal that ends the process.
 #ifndef LEFTOVERS_H
 #define LEFTOVERS_H
 
@@ -16,7 +16,7 @@ public:
         Earlier ///< gets back its name, `to`, which has been given to another file meanwhile
     };
 
-    /// Register a name before it comes to be; what is not there is no trouble. Throws a Failure when there are too
+    /// Registers a name, best before the file is made: a missing file is no error. Throws a Failure when there are too
     /// many.
     /// @param path absolute, as the file system has it
     Leftover(Kind kind, const QByteArray &path, const QByteArray &to = {});
@@ -26,13 +26,13 @@ public:
 
     const QByteArray &path() const { return m_path; }
 
-    /// Takes it away or puts it back, now.
+    /// Removes the file, or puts the earlier one back, now.
     void clean();
 
-    /// It stays as it is from now on.
+    /// Forgets the name: the file stays.
     void release();
 
-    /// Cleans all that are registered. For signal handlers: it only makes system calls.
+    /// Cleans up everything that is registered. Safe in signal handlers: it makes system calls only.
     static void cleanAll();
 
 private:
@@ -41,7 +41,7 @@ private:
     const Kind m_kind;
     const QByteArray m_path;
     const QByteArray m_to;
-    // What a signal handler reads without touching shared data.
+    // Plain pointers for the signal handler, which must not touch Qt's shared data.
     const char *const m_name;
     const char *const m_target;
     int m_slot = -1; ///< -1: released

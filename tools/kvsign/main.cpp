@@ -1,5 +1,5 @@
 /// @file
-/// kvsign: signatures from pads at the command line. Finds the subcommand, and turns what it throws into an exit code.
+/// kvsign: signatures from pads at the command line. Finds the subcommand and turns what it throws into an exit code.
 #include "failure.h"
 #include "interruption.h"
 #include "subcommands.h"
@@ -57,7 +57,7 @@ int run(const Subcommand &subcommand, const QStringList &words)
         arguments.check();
     const ApplicationKind kind =
         wantsHelp || subcommand.application == nullptr ? ApplicationKind::Plain : subcommand.application(arguments);
-    // Qt takes the name for the help's first line from here, and where to draw.
+    // Qt takes the program name for the help text and the platform from argv.
     QByteArray name = QByteArray("kvsign ") + subcommand.name, option = "-platform", offscreen = "offscreen";
     char *argv[] = {name.data(), option.data(), offscreen.data(), nullptr};
     int argc = kind == ApplicationKind::Drawing ? 3 : 1;
@@ -89,7 +89,7 @@ int runWords(const QStringList &words)
     return run(*subcommand, words.mid(1));
 }
 
-/// Whether the answer is to be JSON, also where the rest of the command line cannot be understood.
+/// Whether JSON is asked for, even when the rest of the command line is wrong.
 bool wantsJson(const QStringList &words)
 {
     const Subcommand *const subcommand = subcommandOf(words.value(1));

@@ -22,7 +22,7 @@ namespace {
 constexpr size_t kCopiedAtOnce = 1 << 16;
 constexpr int kMostLinks = 40;
 
-/// Where links lead to in the end, also to nothing; absolute, for the working directory may change.
+/// Follows symbolic links, even to a missing file. Absolute, because the working directory changes later.
 QString endOfLinks(const QString &path)
 {
     QFileInfo place(QFileInfo(path).absoluteFilePath());
@@ -31,7 +31,7 @@ QString endOfLinks(const QString &path)
     return place.absoluteFilePath();
 }
 
-/// A name beside a file that nobody else has.
+/// An unused name in the folder of a file.
 QByteArray nameBeside(const QByteArray &file)
 {
     const QByteArray folder = file.left(file.lastIndexOf('/') + 1);
@@ -59,7 +59,7 @@ OutputFile::OutputFile(const QString &path)
 
 OutputFile::~OutputFile() = default;
 
-/// Makes the file that is to take the target's place, with the mode that it will have.
+/// Creates the file that will replace the target, with its final mode.
 void OutputFile::stage(const QString &path)
 {
     m_target = QFile::encodeName(path);
@@ -75,7 +75,7 @@ void OutputFile::stage(const QString &path)
     plainio::Descriptor file;
     if (access("/proc/self/fd", X_OK) == 0)
         file = plainio::Descriptor(open(folder.constData(), O_WRONLY | O_TMPFILE | O_CLOEXEC, 0666));
-    if (!file.isOpen()) { // a file system that has none without a name
+    if (!file.isOpen()) { // not every file system has files without a name
         m_staged = std::make_unique<Leftover>(Leftover::Kind::File, nameBeside(m_target));
         file = plainio::Descriptor(open(m_staged->path().constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
     }
@@ -131,13 +131,13 @@ void OutputFile::place()
         return;
     }
     m_placed->release();
-    if (errno == EEXIST || m_staged != nullptr) // somebody was faster; a file system without links
+    if (errno == EEXIST || m_staged != nullptr) // another process was faster, or the file system has no hard links
         replace();
     else
         fail();
 }
 
-/// The earlier file keeps a name of its own until all is done.
+/// The earlier file is kept under another name until everything is done.
 void OutputFile::replace()
 {
     nameStaged();
@@ -168,7 +168,7 @@ void OutputFile::nameStaged()
         fail();
 }
 
-/// What is no file gets the content as a stream.
+/// Pipes and devices get the content as a stream.
 void OutputFile::passOn()
 {
     const bool isStandard = m_path == "-";

@@ -1,5 +1,5 @@
 /// @file
-/// A file that comes to be at once and whole, or not at all; and several of them: all or none.
+/// An output file that appears under its name at once and complete, or not at all; several of them: all or none.
 #ifndef OUTPUTFILE_H
 #define OUTPUTFILE_H
 
@@ -18,22 +18,22 @@ public:
     /// "-" is standard output. Throws a Failure when nothing can be written there.
     explicit OutputFile(const QString &path);
 
-    /// What is placed and not settled is taken back: an earlier file is there again as it was.
+    /// A file that was put in place but not committed is removed again, and an earlier file of that name is put back.
     ~OutputFile();
 
     OutputFile(const OutputFile &) = delete;
     OutputFile &operator=(const OutputFile &) = delete;
 
-    /// Takes the content, and keeps it under no name or another one.
+    /// Where the content is written: until commit() the file has no name, or another one.
     QIODevice &device() { return m_device; }
     QString name() const { return m_name; }
 
-    /// Sees that the disk has every byte of all, puts all in their places, and tells of it on standard output. When
-    /// something of that fails, all earlier files are as they were. What cannot be taken back, say, a pipe, comes last.
-    /// Without it nothing is left behind.
+    /// Syncs all files to the disk, puts them in their places and calls `tell`, which prints the result. When any of it
+    /// fails, all earlier files are as they were. What cannot be undone, such as writing to a pipe, comes last. Files
+    /// that are never committed leave nothing behind.
     static void commit(const std::vector<OutputFile *> &files, const std::function<void()> &tell);
 
-    /// The content's size.
+    /// Size of the content in bytes.
     qint64 size() const { return m_device.count(); }
 
 private:

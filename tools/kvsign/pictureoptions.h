@@ -1,5 +1,5 @@
 /// @file
-/// The options about how ink looks, which several subcommands take.
+/// The options for how ink looks, shared by several subcommands.
 #ifndef PICTUREOPTIONS_H
 #define PICTUREOPTIONS_H
 
@@ -34,10 +34,10 @@ ClipMargin clipMargin(const Arguments &arguments);
 QColor colour(const Arguments &arguments, const Option &option);
 int penWidth(const Arguments &arguments, const ModelRow &model);
 
-/// Throws when the options cannot be understood.
+/// Throws when an option's value is wrong.
 void checkPictureOptions(const Arguments &arguments);
 
-/// Everything that the options say. The input is read before when the model or the cut follows from the ink.
+/// The settings of a picture. Reads all of the input first when the model or the cut depends on the ink.
 PictureSettings pictureSettings(const Arguments &arguments, InkInput &input);
 
 #endif

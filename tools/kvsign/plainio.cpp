@@ -23,7 +23,7 @@ constexpr int kReadAtOnce = 1 << 16;
 constexpr int kLook = 50; // milliseconds until the next look for an interruption
 constexpr qint64 kPatience = 1000; // milliseconds before a wait is explained
 
-/// Waits in small steps, and says once what for.
+/// Waits in small steps, so that it can be interrupted, and says once what it waits for.
 class Wait
 {
 public:
@@ -157,7 +157,7 @@ Descriptor unnamedFile(const QString &directory)
 {
     const QByteArray folder = QFile::encodeName(directory);
     Descriptor file(open(folder.constData(), O_RDWR | O_TMPFILE | O_CLOEXEC, 0600));
-    if (!file.isOpen()) { // a file system that has none
+    if (!file.isOpen()) { // not every file system has files without a name
         QByteArray name = folder + "/kvsign.XXXXXX";
         file = Descriptor(mkostemp(name.data(), O_CLOEXEC));
         if (file.isOpen())

@@ -1,5 +1,6 @@
 /// @file
-/// Files, pipes and devices by their descriptors: waiting for the other end can be interrupted, and is explained.
+/// Files, pipes and devices by descriptor. Waiting for the other end of a pipe can be interrupted and is explained to
+/// the user.
 #ifndef PLAINIO_H
 #define PLAINIO_H
 
@@ -8,7 +9,7 @@
 
 namespace plainio {
 
-/// A descriptor that is closed at the end.
+/// Owns a descriptor and closes it.
 class Descriptor
 {
 public:
@@ -39,19 +40,19 @@ private:
 /// "name: No such file or directory", after a system call that failed.
 [[noreturn]] void throwErrno(const QString &name);
 
-/// Opens what is there for reading; a pipe with a name at once, also without a writer.
+/// Opens an existing file for reading; a named pipe at once, even without a writer.
 Descriptor openForReading(const QString &path);
 
-/// Opens what is there for writing; a pipe with a name when somebody reads it.
+/// Opens an existing file for writing; waits until a named pipe has a reader.
 Descriptor openForWriting(const QString &path);
 
-/// The next bytes, when there are some; empty at the end. A pipe's end comes when a writer has been there and gone.
-/// @param explanation is said on standard error after a second without any; empty: nothing is said
+/// Waits for the next bytes; empty at the end. A named pipe ends when a writer has come and gone.
+/// @param explanation printed on standard error after a second of waiting; empty: nothing is printed
 QByteArray read(int descriptor, const QString &name, const QString &explanation);
 
 void writeAll(int descriptor, const char *bytes, qint64 count, const QString &name);
 
-/// A file without a name in a directory: it is gone when its descriptor is closed.
+/// A file without a name in a directory. It vanishes when its descriptor is closed.
 Descriptor unnamedFile(const QString &directory);
 
 } // namespace plainio

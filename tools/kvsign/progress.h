@@ -1,5 +1,5 @@
 /// @file
-/// A line on the terminal that tells how far the work is. In a pipe or a file it says nothing.
+/// A line on the terminal that shows how far the work is. Silent when standard error is no terminal.
 #ifndef PROGRESS_H
 #define PROGRESS_H
 
@@ -14,13 +14,13 @@ public:
     Progress(const Progress &) = delete;
     Progress &operator=(const Progress &) = delete;
 
-    /// A bar, once the work takes long enough for someone to wonder.
+    /// Shows a bar, once the work has taken a moment.
     void show(const QString &work, qint64 done, qint64 total);
 
-    /// A line of its own words, at once.
+    /// Shows this text at once.
     void show(const QString &line);
 
-    /// Takes the line away.
+    /// Clears the line.
     void clear();
 
 private:

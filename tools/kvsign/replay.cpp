@@ -27,7 +27,8 @@ double speed(const Arguments &arguments)
     return arguments.value(kSpeedOption) == "max" ? 0 : arguments.number(kSpeedOption, 0.001, 1000000);
 }
 
-/// Throws when one of the options is given, which would do nothing; `because` says why.
+/// Throws when one of the options is given. `because` completes the message: without what, or beside what, it does
+/// nothing.
 void refuse(const Arguments &arguments, Rows<Option> options, const char *because)
 {
     for (const Option &option : options) {
@@ -36,7 +37,7 @@ void refuse(const Arguments &arguments, Rows<Option> options, const char *becaus
     }
 }
 
-/// Who asks for something that will not come has made a mistake, and is told at once.
+/// An option without an effect is a mistake of the caller, who would wait for its effect in vain.
 void refuseWhatDoesNothing(const Arguments &arguments)
 {
     static constexpr Option kOfWindow[] = {kCloseOption};
@@ -57,7 +58,7 @@ void refuseWhatDoesNothing(const Arguments &arguments)
         refuse(arguments, kOfPictures, "without --window or --frames");
 }
 
-/// A misused option is said before a display is looked for.
+/// Comes before the display is opened, so that a wrong option is reported even where there is no display.
 void checkOptions(const Arguments &arguments)
 {
     speed(arguments);

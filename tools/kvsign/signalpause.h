@@ -1,5 +1,5 @@
 /// @file
-/// While several names change, no signal comes between.
+/// Holds signals back while several names change together.
 #ifndef SIGNALPAUSE_H
 #define SIGNALPAUSE_H
 

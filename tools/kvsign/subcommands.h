@@ -1,5 +1,5 @@
 /// @file
-/// The subcommands; each is in the file of its name.
+/// The subcommands, each in the file of its name.
 #ifndef SUBCOMMANDS_H
 #define SUBCOMMANDS_H
 

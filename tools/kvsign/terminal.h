@@ -15,10 +15,10 @@ void sayJson(const QJsonObject &result);
 /// The same in one line.
 void sayJsonLine(const QJsonObject &result);
 
-/// Throws a Failure when something that was printed did not arrive, say, because the disk is full.
+/// Flushes standard output. Throws a Failure when something printed could not be written, for example to a full disk.
 void flushOutput();
 
-/// A number with blanks between groups of three digits, easier to read.
+/// The number with blanks between groups of three digits.
 QString grouped(qint64 number);
 
 #endif

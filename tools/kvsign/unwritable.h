@@ -1,5 +1,5 @@
 /// @file
-/// What is wrong with a device that could not be written.
+/// The Failure for a device that could not be written.
 #ifndef UNWRITABLE_H
 #define UNWRITABLE_H
 
@@ -7,7 +7,7 @@
 
 #include <QIODevice>
 
-/// Whether the device itself says why; Qt has no words for a piece that was written in part.
+/// Whether the device has an error text. Qt sets none when only a part of a piece was written.
 inline bool saysWhy(const QIODevice &device)
 {
     return !device.errorString().isEmpty() && device.errorString() != "Unknown error";

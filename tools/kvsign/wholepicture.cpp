@@ -10,20 +10,20 @@
 
 namespace {
 
-/// The file's size stands behind its first two letters.
+/// The file's size follows its first two letters.
 bool isWholeBitmap(const QByteArray &content)
 {
     return content.size() > 6
         && qFromLittleEndian<quint32>(content.constData() + 2) == static_cast<quint32>(content.size());
 }
 
-/// Decoders draw something from what is there of a JPEG; its last two bytes say that it is all.
+/// Decoders also accept a JPEG that was cut off; only the end marker, its last two bytes, shows that it is complete.
 bool isWholeJpeg(const QByteArray &content)
 {
     return content.startsWith("\xff\xd8") && content.endsWith("\xff\xd9");
 }
 
-/// Behind the signature come chunks: a size, four letters, so many bytes, and the checksum of the letters and the
+/// After the signature come chunks: a size, four letters, so many bytes, and the checksum of the letters and the
 /// bytes.
 bool isWholePng(const QByteArray &content)
 {
@@ -62,7 +62,8 @@ bool isObjectWhereTheTableSays(const QByteArray &content, int number, const QByt
     return content.mid(offset, begin.size()) == begin;
 }
 
-/// The end says where the table is, and the table where each object is: a byte that is missing anywhere shifts them.
+/// The end of the file gives the offset of the table, and the table those of all objects. A byte missing anywhere
+/// shifts them.
 bool isWholePdf(const QByteArray &content)
 {
     static const QRegularExpression end("startxref\\s+(\\d+)\\s+%%EOF\\s*$");

@@ -1,11 +1,11 @@
 /// @file
-/// Whether a picture file is whole. The library answers success for some that a full disk has cut.
+/// Whether a picture file is complete. For some files the library reports success although the disk was full.
 #ifndef WHOLEPICTURE_H
 #define WHOLEPICTURE_H
 
 #include <QByteArray>
 
-/// Looks at all of a picture of IMAGE_TYPE_ID, as the library writes it.
+/// Reads the whole file, which the library has written as this IMAGE_TYPE_ID.
 bool isWholePicture(int imageType, const QByteArray &content);
 
 #endif

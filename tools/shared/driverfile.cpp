@@ -13,9 +13,9 @@ namespace driverfile {
 
 namespace {
 
-constexpr int kMostLinks = 40; // as the kernel follows
+constexpr int kMostLinks = 40; // the kernel follows as many
 
-/// As a shell takes it.
+/// Quoted for a shell.
 std::string quoted(const std::string &path)
 {
     if (path.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789/._-+,@%=:")
@@ -47,7 +47,7 @@ std::string contentOfLink(const std::string &path)
     return {target, size > 0 ? static_cast<std::size_t>(size) : 0};
 }
 
-/// Goes the way to a file name by name, as the kernel does, and looks at each folder, link and file on it.
+/// Resolves a path name by name, as the kernel does, and checks each folder, link and file on the way.
 class Way
 {
 public:
@@ -65,7 +65,7 @@ public:
     }
 
 private:
-    /// Puts a path's names before those that are left to go.
+    /// Puts the names of a link's target in front of the names that are left.
     void addNames(const std::string &path)
     {
         auto place = m_names.begin();
@@ -79,7 +79,7 @@ private:
         }
     }
 
-    /// Goes to the next name; false when there is nothing.
+    /// Moves to the next name; false when that does not exist.
     bool step()
     {
         const std::string name = m_names.front();
@@ -124,13 +124,13 @@ private:
         return true;
     }
 
-    /// Others may put libraries beside the driver, sticky or not.
+    /// For the driver's own folder: even with the sticky bit others could add libraries there.
     void judgeFolderOfDriver()
     {
         note(m_folder == "/" ? m_folder : m_folder.substr(0, m_folder.size() - 1), m_writers);
     }
 
-    /// In a sticky folder only the owner of an entry replaces it.
+    /// For folders above: with the sticky bit only an entry's owner can replace it.
     void judgeOwnerOfEntry(const std::string &path, const struct stat &status)
     {
         if (!m_writers.isNobody())

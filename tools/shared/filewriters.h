@@ -8,7 +8,7 @@
 
 namespace driverfile {
 
-/// In whose name is asked.
+/// The user who asks.
 struct Asker
 {
     uid_t user;
@@ -23,7 +23,7 @@ struct Asker
     bool trustsGroup(gid_t group) const;
 };
 
-/// Who else may write it, and how to end that: "everybody" and "chmod o-w". Empty for nobody.
+/// Who else may write it and the command that ends this: "everybody" and "chmod o-w". Empty for nobody.
 struct Writers
 {
     std::string who;
@@ -32,10 +32,10 @@ struct Writers
     bool isNobody() const { return who.empty(); }
 };
 
-/// Whom the owner makes a danger: the owner can always change the mode.
+/// Judges the owner, who can always change the mode and so may write.
 Writers foreignOwner(const Asker &asker, const struct stat &status);
 
-/// Who may write by the mode.
+/// Judges the mode bits.
 /// @param hasAccessList whether there is one, whose mask the group's bits then are
 Writers writersByMode(const Asker &asker, const struct stat &status, bool hasAccessList);
 

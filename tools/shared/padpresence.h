@@ -1,5 +1,5 @@
 /// @file
-/// Whether the pad in use is still there. A pad that was pulled out says nothing of it: no packet comes any more, as
+/// Finds out whether the open pad is still there. Nothing reports an unplugged pad: its packets just stop, as they do
 /// when the signer pauses.
 #ifndef PADPRESENCE_H
 #define PADPRESENCE_H
@@ -7,25 +7,25 @@
 #include <chrono>
 #include <functional>
 
-/// Asks the pad for its version text when it has been silent for a while. All on the caller's thread, which stands
-/// still as long as the driver takes for its answer.
+/// Asks the pad for its version text when it has been silent for a while. Runs on the caller's thread, which blocks as
+/// long as the driver waits for the answer.
 class PadPresence
 {
 public:
-    /// `answers`: whether the pad answers a question now.
+    /// @param answers asks the pad and returns whether it answered
     explicit PadPresence(std::function<bool()> answers);
 
-    /// To be called again and again, at times that pause() says. `points`: how many have come so far; a pad that sends
-    /// is there, and is not disturbed with questions.
+    /// Call it repeatedly, with pauses of pause(). `points` is how many have come so far: a pad that sends points is
+    /// there, and is not asked.
     void look(int points);
 
-    /// How long to wait after a look.
+    /// How long to wait until the next look.
     std::chrono::milliseconds pause() const { return m_pause; }
 
-    /// Asks at once, twice if it must.
+    /// Asks at once; a second time when the first answer is missing.
     void ask();
 
-    /// As far as is known.
+    /// The result of the last look.
     bool isAway() const { return m_isAway; }
 
 private:

@@ -18,11 +18,11 @@ class FingerPanel : public QWidget
 public:
     explicit FingerPanel(QWidget *parent = nullptr);
 
-    /// As if its button were pressed.
+    /// As a press of its button does.
     void layOn();
 
 signals:
-    /// A file that the driver can read: one that is built into it, or the whole path of a PGM file.
+    /// A file for the driver: the name of a built-in one, or the absolute path of a PGM file.
     void fingerLaidOn(const QString &file, int score);
 
 private:
@@ -32,7 +32,8 @@ private:
     QComboBox *m_finger;
     QSpinBox *m_score;
     QPushButton *m_touch;
-    /// For pictures of other formats. What the driver is told has no blank in it, whatever TMPDIR has.
+    /// For pictures that were converted to PGM. Not in TMPDIR, whose path may have blanks, which the protocol cannot
+    /// carry.
     QTemporaryDir m_directory{QStringLiteral("/tmp/kv-virtualpad-XXXXXX")};
     int m_chosen = 0;
     int m_pictures = 0;

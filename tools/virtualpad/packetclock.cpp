@@ -50,7 +50,7 @@ std::vector<DuePacket> PacketClock::due(std::int64_t nowUs)
     return packets;
 }
 
-/// At most one report of a pen that comes down or goes up a packet: a quick tap is two packets.
+/// Each packet takes at most one report of pen down or pen up, so that even a quick tap gives two packets.
 bool PacketClock::packetAt(std::int64_t timeUs, DuePacket &packet)
 {
     const bool isTurn =
@@ -71,7 +71,7 @@ bool PacketClock::packetAt(std::int64_t timeUs, DuePacket &packet)
     return m_writes;
 }
 
-/// Passes the moves up to this time.
+/// Uses up the moves up to this time.
 PenPoint PacketClock::placeAt(std::int64_t timeUs)
 {
     while (!m_reports.empty() && m_reports.front().kind == Kind::Move && m_reports.front().timeUs <= timeUs) {

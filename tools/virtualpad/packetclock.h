@@ -1,5 +1,5 @@
 /// @file
-/// Pen packets at a pad's even rate from whatever times a mouse, a finger or a stylus reports.
+/// Makes pen packets at a pad's even rate from the uneven reports of a mouse, a finger or a stylus.
 #ifndef PACKETCLOCK_H
 #define PACKETCLOCK_H
 
@@ -9,7 +9,7 @@
 
 namespace virtualpad {
 
-/// Where the pen is: shares of the writing area and of the largest pressure.
+/// The pen's place and pressure, as shares of the writing area and of the largest pressure.
 struct PenPoint
 {
     double x = 0;
@@ -17,7 +17,7 @@ struct PenPoint
     double pressure = 0;
 };
 
-/// A packet to be sent at its time.
+/// A packet and when it is to be sent.
 struct DuePacket
 {
     std::int64_t timeUs = 0;
@@ -25,20 +25,20 @@ struct DuePacket
     int status = 0; ///< KVSPDAPI_PEN_STATUS
 };
 
-/// One packet every period while the pen is down, at multiples of the period, between the places that were reported.
-/// They come a little later than the reports, so that there is a next place to move towards.
+/// While the pen is down, gives one packet every period, interpolated between the reported places. Packets lag a little
+/// behind the reports, because interpolation needs the next place.
 class PacketClock
 {
 public:
     static constexpr std::int64_t kPeriodUs = 5000; ///< 200 a second
     static constexpr std::int64_t kLagUs = 15000;
 
-    // Reports, in the order of their times. The status is that of the first packet: down, or a tap on a button.
+    // Reports, in the order of their times. `status` is that of the first packet: down, or a tap on a button.
     void down(std::int64_t timeUs, const PenPoint &point, int status);
     void move(std::int64_t timeUs, const PenPoint &point);
     void up(std::int64_t timeUs, const PenPoint &point); ///< with the pressure up to then
 
-    /// The packets up to now that were not answered before.
+    /// The packets that have become due since the last call.
     std::vector<DuePacket> due(std::int64_t nowUs);
 
     bool isIdle() const { return m_reports.empty() && !m_penDown; }
@@ -69,7 +69,7 @@ private:
     std::int64_t m_slotUs = 0; ///< time of the last packet that was, or could have been
 };
 
-/// The pressure of a pen that has none: slow strokes press harder. The speed is in writing areas a second.
+/// A pressure for devices without one: slow strokes press harder. Speed in writing areas a second.
 double pressureOfSpeed(double speed);
 
 } // namespace virtualpad

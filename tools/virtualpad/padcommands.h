@@ -1,5 +1,5 @@
 /// @file
-/// What a program tells the pad, as it comes over the socket: a line for each command.
+/// The commands of a program to the pad, a line each, as they come over the socket.
 #ifndef PADCOMMANDS_H
 #define PADCOMMANDS_H
 
@@ -28,26 +28,26 @@ struct PadCommand
     QImage picture{}; ///< Picture; null when it is not complete
 };
 
-/// A line without its end.
+/// Parses a line, without its line end.
 PadCommand commandOf(const QByteArray &line);
 
-/// Makes lines of the bytes of one connection. What it keeps is the begin of one line, and no more of it than a line
-/// may have.
+/// Splits the bytes of one connection into lines. It buffers only the beginning of one line, and refuses lines that are
+/// too long.
 class CommandReader
 {
 public:
     static constexpr int kLongestGreeting = 64; ///< bytes of a line of a program that has not opened the pad
     static constexpr int kLongestLine = 4000100; ///< a picture of 1000 by 1000 pixels, in hexadecimal digits
 
-    /// The program has opened the pad: lines may be as long as a picture is.
+    /// Allows lines as long as a picture, for a program that has opened the pad.
     void allowPictures() { m_longest = kLongestLine; }
 
     void append(const QByteArray &bytes);
 
-    /// The next command that is complete.
+    /// The next complete command.
     std::optional<PadCommand> next();
 
-    /// A line is longer than lines may be. No command comes any more.
+    /// A line was too long; no command follows.
     bool isTooLong() const;
 
 private:

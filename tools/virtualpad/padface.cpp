@@ -17,7 +17,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// A pen just off the writing area is still reported, as pads do.
+/// Like real pads, it still reports a pen that is slightly off the writing area.
 constexpr double kBeyond = 0.02;
 constexpr int kConfirm = 0;
 constexpr int kCancel = 1;
@@ -153,7 +153,7 @@ void PadFace::tabletEvent(QTabletEvent *event)
         touch(Stage::Up, event->posF(), event->pressure());
     else if (touches)
         touch(event->type() == QEvent::TabletPress ? Stage::Down : Stage::Move, event->posF(), event->pressure());
-    event->accept(); // no mouse event is made of it
+    event->accept(); // so that Qt makes no mouse event of it
 }
 
 /// The first finger writes; the others rest on the pad.
@@ -173,7 +173,7 @@ bool PadFace::event(QEvent *event)
     return QWidget::event(event);
 }
 
-/// From how fast the pen goes; a little of the last pressure stays, as a hand does not jump.
+/// Pressure from the pen's speed, smoothed with the last pressure, because a hand does not change it at once.
 double PadFace::speedPressure(std::int64_t now, const QPointF &share)
 {
     const double seconds = static_cast<double>(std::max<std::int64_t>(now - m_lastUs, 1000)) / 1e6;
@@ -215,7 +215,7 @@ void PadFace::touch(Stage stage, const QPointF &place, double pressure)
     update();
 }
 
-/// The pad is touched on its writing area or on a button, or its body is, which does nothing.
+/// A touch of the writing area or a button. Touching the body does nothing.
 void PadFace::touchDown(std::int64_t now, const PenPoint &point, const QPointF &place)
 {
     m_pressedButton = button(kConfirm).contains(place) ? kConfirm : button(kCancel).contains(place) ? kCancel : -1;
@@ -294,7 +294,8 @@ void PadFace::paintSurface(QPainter &painter) const
         const QSizeF size = QSizeF(m_display.picture.size()).scaled(area.size() * 0.8, Qt::KeepAspectRatio);
         const QRectF place(area.right() - size.width() - area.height() * 0.1, area.center().y() - size.height() / 2,
             size.width(), size.height());
-        painter.setCompositionMode(QPainter::CompositionMode_Multiply); // the ink shows through its white
+        painter.setCompositionMode(
+            QPainter::CompositionMode_Multiply); // the ink stays visible below the picture's white
         painter.drawImage(place, m_display.picture);
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     }

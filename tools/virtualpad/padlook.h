@@ -1,5 +1,5 @@
 /// @file
-/// How each pad looks: what of it lies where on its body, in shares of the writing area's width.
+/// How each pad looks. Lengths are shares of the writing area's width.
 #ifndef PADLOOK_H
 #define PADLOOK_H
 

@@ -46,10 +46,10 @@ std::string lineOf(const Event &event)
     return eventLine(event) + "\n";
 }
 
-/// A program that opens the pad tries once or twice; these are many.
+/// Far more than programs that try to open the pad need.
 constexpr int kMostConnections = 20;
 
-/// What a program that has stopped reading may leave unread.
+/// Bytes that may wait for a program that has stopped reading; beyond that it is disconnected.
 constexpr qint64 kMostUnread = 1 << 20;
 
 } // namespace
@@ -62,7 +62,7 @@ PadServer::PadServer(const ModelRow &model, QObject *parent)
     connect(&m_server, &QLocalServer::newConnection, this, &PadServer::takeConnection);
 }
 
-/// The connections end only after this, and must not say so to what is left of it.
+/// The sockets are destroyed after this object; their signals must not reach it then.
 PadServer::~PadServer()
 {
     for (QLocalSocket *program : m_server.findChildren<QLocalSocket *>())

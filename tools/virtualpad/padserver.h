@@ -1,5 +1,5 @@
 /// @file
-/// The window's end of the way to the driver: tells it what the pad does, and hears what the pad is told.
+/// The window's end of the connection to the driver: sends what the pad does and receives the commands to the pad.
 #ifndef PADSERVER_H
 #define PADSERVER_H
 
@@ -17,7 +17,7 @@
 
 namespace virtualpad {
 
-/// What is wrong with the pad.
+/// The troubles that are switched on.
 struct Troubles
 {
     bool isUnplugged = false;
@@ -33,16 +33,16 @@ public:
     explicit PadServer(const ModelRow &model, QObject *parent = nullptr);
     ~PadServer() override;
 
-    /// Throws std::runtime_error when there is another window, or no place for the socket.
+    /// Opens the socket. Throws std::runtime_error when another window has it, or when it cannot be made.
     void listen();
 
     const ModelRow &model() const { return *m_model; }
     bool isOpen() const { return m_program != nullptr; }
 
-    /// What GetDevicePartsVersion writes.
+    /// The text that GetDevicePartsVersion gives.
     std::string versionText() const;
 
-    /// No program may have the pad open.
+    /// Only while no program has the pad open.
     void setModel(const ModelRow &model);
     void setTroubles(const Troubles &troubles);
 

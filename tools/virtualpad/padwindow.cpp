@@ -15,7 +15,7 @@ namespace virtualpad {
 
 namespace {
 
-/// Every so many moves has a pressure that the pad does not have.
+/// How often a move gets an invalid pressure, when that is switched on.
 constexpr int kInvalidEvery = 4;
 
 } // namespace
@@ -115,7 +115,7 @@ void PadWindow::showOpened()
     display.hasPower = m_face->display().hasPower;
     display.isOpen = true;
     m_packets = 0;
-    m_models->setEnabled(false); // it is what the program opened it as
+    m_models->setEnabled(false); // the program has decided the model by opening it
     showModel();
     m_face->setDisplay(display);
     showStatus();
@@ -159,12 +159,12 @@ void PadWindow::applyTroubles()
     m_server.setTroubles(
         {m_unplug->isChecked(), m_refuse->isChecked(), m_otherModel->isChecked(), m_slowScreen->isChecked()});
     PadDisplay display = m_face->display();
-    display.hasPower = !m_unplug->isChecked(); // what it was told to show is there again with the power
+    display.hasPower = !m_unplug->isChecked(); // with the power its picture comes back
     m_face->setDisplay(display);
     showStatus();
 }
 
-/// Raw units of the model.
+/// The packet in the model's raw units.
 kvsim::Packet PadWindow::packetOf(const PenPoint &point, int status)
 {
     const ModelRow &model = m_server.model();
@@ -187,7 +187,7 @@ void PadWindow::sendPacket(std::chrono::steady_clock::time_point time, const Pen
     const bool isTap = status == KVSPDARI_PS_PEN_DOWN_ON_CANCEL_BUTTON
         || (status == KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON && !m_server.model().hasScreen);
     if (isTap)
-        m_face->clearInk(); // the pad does so by itself
+        m_face->clearInk(); // as the pad itself does
     showStatus();
 }
 

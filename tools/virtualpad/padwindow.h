@@ -1,5 +1,5 @@
 /// @file
-/// The virtual pad's window: the pad's face, what it tells a program, and the menus of what can go wrong.
+/// The virtual pad's window: the pad's face, the status of its connection, and menus for what can go wrong.
 #ifndef PADWINDOW_H
 #define PADWINDOW_H
 
@@ -20,7 +20,7 @@ class PadWindow : public QMainWindow
 {
     Q_OBJECT
 public:
-    /// Throws std::runtime_error when no program could find this pad.
+    /// Throws std::runtime_error when the pad's socket cannot be opened.
     explicit PadWindow(const ModelRow &model, QWidget *parent = nullptr);
 
     PadFace *face() const { return m_face; }

@@ -60,7 +60,8 @@ bool isForThisProcessor(const QString &path)
         && std::equal(theirs.e_ident, theirs.e_ident + EI_VERSION, ours.e_ident) && theirs.e_machine == ours.e_machine;
 }
 
-/// The table at a library's end is missing when a download or copy was cut off. Loading such a file ends the process.
+/// Whether the file reaches to the end of its section table, which is the last thing in it. A download that was cut off
+/// does not, and loading such a file can crash the process.
 bool isWhole(const QString &path)
 {
     Header header = {};
@@ -115,7 +116,7 @@ bool lookAtFile(Findings &findings, const QFileInfo &file)
     return true;
 }
 
-/// Whether it may be loaded.
+/// Whether it may be loaded: nobody else can write it, or the caller accepts that.
 bool lookAtWriters(Findings &findings, bool allowsUnsafe)
 {
     const std::optional<driverfile::Weakness> weakness = driverfile::weaknessIn(".");

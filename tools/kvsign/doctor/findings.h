@@ -1,5 +1,5 @@
 /// @file
-/// What the doctor looks at. Each look adds what it found, with the cure where something is wrong.
+/// The doctor's checks. Each adds its findings, with a cure where something is wrong.
 #ifndef FINDINGS_H
 #define FINDINGS_H
 
@@ -45,13 +45,13 @@ void lookAtFonts(Findings &findings);
 void lookAtDisplay(Findings &findings);
 void lookAtPermissions(Findings &findings);
 
-/// Whether it can be loaded. One that others may change is only loaded when that is allowed.
+/// Returns whether the driver can be loaded. One that others may change is loaded only with allowsUnsafe.
 bool lookAtDriver(Findings &findings, bool allowsUnsafe);
 
-/// To be called with a driver that can be loaded.
+/// Opens the pad. Call it only when the driver can be loaded.
 void lookAtPad(Findings &findings, const QString &model);
 
-/// Whether texts can be drawn without a display.
+/// Returns whether texts can be drawn without a display.
 bool canDrawOffscreen();
 
 #endif

@@ -1,5 +1,5 @@
 /// @file
-/// Decodes a Base64 text piece by piece, and tells where one is broken.
+/// Decodes a Base64 text piece by piece and says where it is broken.
 #ifndef BASE64READER_H
 #define BASE64READER_H
 
@@ -13,7 +13,7 @@ class Base64Reader
 public:
     Base64Reader(QIODevice &device, const QString &name);
 
-    /// Up to so many bytes; fewer only at the end of the text. Throws a Failure.
+    /// Decodes up to so many bytes; fewer only at the end of the text. Throws a Failure.
     int read(char *bytes, int count);
 
 private:

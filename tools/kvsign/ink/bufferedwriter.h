@@ -15,7 +15,7 @@ public:
     {
     }
 
-    /// To append to. Call spill() now and then, and flush() at the end.
+    /// Append to this. Call spill() now and then, and flush() at the end.
     QByteArray &buffer() { return m_buffer; }
 
     void spill()

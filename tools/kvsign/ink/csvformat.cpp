@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kLongestLine = 4096;
 
-/// What a spreadsheet says before the names: "sep=;".
+/// The separator of a first line such as "sep=;", which spreadsheets write.
 constexpr char kSeparatorLine[] = "sep=";
 
 struct Cell
@@ -21,7 +21,7 @@ struct Cell
     bool isQuoted = false;
 };
 
-/// Cells between separators, in quotation marks or not; two marks inside of such a cell are one.
+/// Splits a line into cells, quoted or not. Inside quotation marks two of them stand for one.
 std::vector<Cell> cellsOf(const QByteArray &line, char separator)
 {
     std::vector<Cell> cells(1);
@@ -50,7 +50,7 @@ bool isEmpty(const Cell &cell)
     return cell.text.isEmpty();
 }
 
-/// Letters and digits alone, small: "Tick (ms)" and "tick_ms" are one.
+/// The letters and digits in lower case, so that "Tick (ms)" and "tick_ms" compare equal.
 QByteArray plain(const QByteArray &name)
 {
     QByteArray letters;
@@ -93,7 +93,7 @@ private:
         return failed(QString("%1:%2: %3").arg(m_name).arg(m_lines.number()).arg(what));
     }
 
-    /// The next line with something in it.
+    /// Reads the next line that is not empty.
     bool readLine(QByteArray &line)
     {
         do {
@@ -105,7 +105,7 @@ private:
         return true;
     }
 
-    /// Goes on to the line of names.
+    /// Reads up to the line of names.
     void takeSeparator(QByteArray &line)
     {
         const int place = line.indexOf('=') + 1;
@@ -141,7 +141,7 @@ private:
         }
     }
 
-    /// The first name that begins with the letters; for a spreadsheet's user may have shortened it.
+    /// The field whose name begins with these letters: people shorten the names in spreadsheets.
     const FieldRow &rowOf(const QByteArray &title) const
     {
         const QByteArray letters = plain(title);

@@ -11,7 +11,7 @@
 
 class QIODevice;
 
-/// Takes what spreadsheets make of it: columns in any order, between commas, semicolons or tabulators or what a line
+/// Reads what spreadsheets write: columns in any order, between commas, semicolons or tabulators or what a line
 /// "sep=" says, in quotation marks or not; names in capitals or shortened; decimals with a point or, where that is no
 /// separator, a comma, and exponents; UTF-8 or UTF-16. x and y must be there; filledpoints.h says what stands for
 /// others.

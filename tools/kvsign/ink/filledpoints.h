@@ -1,5 +1,5 @@
 /// @file
-/// Points of a file that does not tell all of what a record holds: what stands for the rest.
+/// Completes the points of files that lack some of a record's fields.
 #ifndef FILLEDPOINTS_H
 #define FILLEDPOINTS_H
 
@@ -9,33 +9,33 @@
 #include <cmath>
 #include <optional>
 
-/// A middling pressure, with which the pen looks as a ballpoint.
+/// A medium pressure, at which the pen looks like a ballpoint.
 inline constexpr short kUsualPressure = 512;
 
-/// Between two points of most pads, in milliseconds.
+/// Milliseconds between two points of most pads.
 inline constexpr double kUsualStep = 5;
 
 class FilledPoints
 {
 public:
-    /// The file has no such field: the pressure is a middling one, the tick counts on, from 0 at first, the time is
-    /// that of the tick.
+    /// The file lacks this field. A missing pressure becomes the medium one, a missing tick counts on from 0, and a
+    /// missing time follows from the tick.
     void lacks(Field field) { m_lacks[static_cast<int>(field)] = true; }
 
-    /// All fields are there again, in the file's next part.
+    /// The next part of the file has all fields again.
     void forget() { std::fill(std::begin(m_lacks), std::end(m_lacks), false); }
 
-    /// A copy of the last point closes a stroke that is open at the end.
+    /// Strokes that are open at the end are closed by a copy of their last point.
     void setCloses(bool closes) { m_closes = closes; }
 
-    /// The tick of the next point, where ticks are lacking; and milliseconds between two points.
+    /// For missing ticks: that of the next point, and the milliseconds between two points.
     void setTick(double tick) { m_nextTick = std::clamp(tick, 0.0, kMost); }
     void setStep(double step) { m_step = std::clamp(step, 0.0, kMost); }
 
-    /// Milliseconds since 1970 at tick 0, where times are lacking.
+    /// For missing times: milliseconds since 1970 at tick 0.
     void setZero(std::optional<double> zero) { m_zero = std::clamp(zero.value_or(0), -kMost, kMost); }
 
-    /// Puts what is lacking into a point, the next one.
+    /// Fills the missing fields of the next point.
     void fill(POINTDATA &point)
     {
         if (isLacking(Field::Pressure))
@@ -51,10 +51,10 @@ public:
         m_last = point;
     }
 
-    /// A point that is not taken: time passes all the same.
+    /// Skips a point that is dropped; its time passes nevertheless.
     void pass() { m_nextTick = std::min(m_nextTick + m_step, kMost); }
 
-    /// Whether a stroke has begun that is not closed.
+    /// Whether a stroke is open.
     bool isOpen() const { return m_isOpen; }
 
     /// The copy of the last point that closes its stroke; false when none is due.
@@ -69,7 +69,7 @@ public:
     }
 
 private:
-    static constexpr double kMost = 9e15; // milliseconds, which doubles and integers hold to the last
+    static constexpr double kMost = 9e15; // milliseconds; up to here doubles hold every integer
 
     bool isLacking(Field field) const { return m_lacks[static_cast<int>(field)]; }
 

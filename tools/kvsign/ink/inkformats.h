@@ -24,13 +24,13 @@ struct InkFormat
     int imageType; ///< IMAGE_TYPE_ID of the library's own picture; 0 for none
 };
 
-/// Null for a name that is none.
+/// Null for an unknown name.
 const InkFormat *formatOfName(const QString &name);
 
-/// By the path's suffix; null for an unknown one.
+/// The format of the path's suffix; null for an unknown suffix.
 const InkFormat *formatOfPath(const QString &path);
 
-/// By how a content begins; it can be read for sure only by trying.
+/// The likeliest format of a content that begins like this. Only reading it shows whether that is right.
 const InkFormat &formatOfContent(const QByteArray &begin);
 
 /// The names of all formats, or of those that can be read.

@@ -13,9 +13,9 @@ namespace {
 
 constexpr int kPointsPerLook = 1024;
 constexpr qint64 kPeeked = 1 << 16;
-constexpr qint64 kMostSpooled = qint64{4} << 30; // bytes; the ink of a month
+constexpr qint64 kMostSpooled = qint64{4} << 30; // bytes: a month of writing without a pause
 
-/// Passes points on, and tells how far it is.
+/// Passes points on and updates the progress line.
 class WatchedSource : public PointSource
 {
 public:
@@ -61,7 +61,7 @@ InkInput::InkInput(const QString &path, const QString &formatName, Progress &pro
     : m_name(path == "-" ? QString("standard input") : path)
     , m_progress(progress)
 {
-    m_format = formatOfNames(formatName, path); // what cannot be is said before anything is opened
+    m_format = formatOfNames(formatName, path); // an impossible format is reported before any file is opened
     plainio::Descriptor file;
     if (path != "-")
         file = plainio::openForReading(path);
@@ -80,7 +80,7 @@ InkInput::InkInput(const QString &path, const QString &formatName, Progress &pro
         m_format = &formatOfContent(m_device.peek(kPeeked));
 }
 
-/// What cannot be read twice is kept in a file without a name.
+/// Copies an input that cannot be read twice, such as a pipe, to a temporary file without a name.
 plainio::Descriptor InkInput::spool(int descriptor, bool isNamed) const
 {
     QString explanation =
@@ -97,7 +97,7 @@ plainio::Descriptor InkInput::spool(int descriptor, bool isNamed) const
     return file;
 }
 
-/// Null when only the content says it.
+/// The format by option or suffix; null when only the content can tell.
 const InkFormat *InkInput::formatOfNames(const QString &formatName, const QString &path) const
 {
     const InkFormat *const format = formatName.isEmpty() ? formatOfPath(path) : formatOfName(formatName);

@@ -1,5 +1,5 @@
 /// @file
-/// A file of ink points, or standard input, that can be read several times from the front.
+/// A file of ink points, or standard input, that can be read from the start several times.
 #ifndef INKINPUT_H
 #define INKINPUT_H
 
@@ -23,8 +23,8 @@ public:
     /// "-" is standard input. Without a format's name the suffix or the content says which one it is.
     InkInput(const QString &path, const QString &formatName, Progress &progress);
 
-    /// The points from the first one on, with the work's name in the progress line. Throws after the last one when
-    /// there was none, and when the user interrupts. Valid until it is called again.
+    /// Starts reading at the first point; `work` is shown in the progress line. next() throws at the end when there was
+    /// no point, and when the user interrupts. Valid until the next call.
     PointSource &points(const QString &work);
 
     QString name() const { return m_name; }

@@ -12,7 +12,7 @@
 
 class QXmlStreamAttributes;
 
-/// As they are written.
+/// The channels that kvsign writes, in their order.
 struct InkmlChannel
 {
     Field field;
@@ -41,7 +41,7 @@ struct InkmlColumn
     QString respectTo; ///< the id of a timestamp, without the mark; empty for none
 };
 
-/// The regular channels, and behind them those that a point may leave out.
+/// First the regular channels, then the intermittent ones, which a point may leave out.
 struct InkmlFormat
 {
     std::vector<InkmlColumn> columns;
@@ -49,10 +49,10 @@ struct InkmlFormat
 
     bool has(Field field) const;
 
-    /// Written here: its traces tell where strokes end, and nothing of them is to be changed.
+    /// True for kvsign's own documents: they mark the ends of strokes, and their values are taken as they are.
     bool isOwn() const { return has(Field::StrokeEnd) && has(Field::Time); }
 
-    /// X and Y, which a document has that says nothing else.
+    /// The standard's format for documents that name none: X and Y.
     static InkmlFormat plain();
 };
 

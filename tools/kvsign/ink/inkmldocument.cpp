@@ -11,9 +11,9 @@ namespace {
 constexpr size_t kDeepestElement = 200;
 constexpr size_t kMostChannels = 256;
 constexpr int kMostStored = 100000;
-constexpr qint64 kMostViewed = qint64{1} << 28; // bytes: views of views make much of little
+constexpr qint64 kMostViewed = qint64{1} << 28; // bytes: a small file with views of views can unfold to any size
 
-/// Elements that say nothing about points.
+/// Elements that have nothing to do with points.
 constexpr const char *kPassedOver[] = {"annotation", "annotationXML", "brush", "canvas", "canvasTransform", "mapping"};
 
 bool isPassedOver(const QStringRef &name)
@@ -88,7 +88,7 @@ void InkmlDocument::begin()
         beginView();
     else if (element.name == "trace") {
         beginTrace(element);
-        return; // its end has been read
+        return; // readNext() has already read its end
     }
     m_open.push_back(element);
 }
@@ -211,7 +211,7 @@ void InkmlDocument::beginChannel(bool isIntermittent)
         format->format->regular = columns.size();
 }
 
-/// How often a source takes points, and how fine.
+/// Reads a source's sampling rate and resolutions.
 void InkmlDocument::beginProperty()
 {
     const Open *const source = enclosing("inkSource");
@@ -315,7 +315,7 @@ void InkmlDocument::store(const QString &id, const InkmlTraceText &trace)
     m_stored[id].push_back(trace);
 }
 
-/// Traces outside of definitions are there already; a view shows those that are defined.
+/// A view shows traces from <definitions>. All other traces have been read where they stand.
 void InkmlDocument::beginView()
 {
     if (m_open.back().isDefinition)

@@ -13,7 +13,7 @@
 #include <optional>
 #include <vector>
 
-/// A trace that is ink, with all that is said about it.
+/// A trace to be read, with everything that its context says about it.
 struct InkmlTraceText
 {
     std::shared_ptr<const InkmlFormat> format;
@@ -32,7 +32,7 @@ struct InkmlTraceText
 class InkmlDocument
 {
 public:
-    /// Reads from where the device is.
+    /// Reads from the device's current position.
     InkmlDocument(QIODevice &device, const QString &name);
 
     /// The next trace of a pen that touches; false at the end. Throws a Failure that says what is wrong where.
@@ -41,7 +41,7 @@ public:
     Failure broken(qint64 line, const QString &what) const;
 
 private:
-    /// What writes: its channels and their qualities.
+    /// An inkSource: the device that wrote, with its channels and their properties.
     struct Source
     {
         std::shared_ptr<InkmlFormat> format;

@@ -18,10 +18,10 @@ constexpr long double kLeastOfRecord = std::numeric_limits<qint16>::min();
 constexpr long double kMostPressure = 2048;
 constexpr long double kTen = 10;
 
-/// In the direction, the units and the proportions of a record.
+/// The value in a record's direction and units.
 long double straight(const InkmlTraceText &trace, const InkmlColumn &column, long double value)
 {
-    // Decimals as doubles, whose products are what a person expects; 0.0075 s are 7.5 ms.
+    // Decimals are multiplied as doubles: 0.0075 s as a long double would not become exactly 7.5 ms.
     long double number = value == std::floor(value) ? value * static_cast<long double>(column.factor)
                                                     : static_cast<double>(value) * column.factor;
     if (column.field == Field::Y && !column.isPhysical)
@@ -41,7 +41,7 @@ void InkmlFit::Range::add(long double value, const InkmlColumn &column)
     isReversed = isReversed || column.isReversed;
 }
 
-/// The largest number without its sign.
+/// The largest magnitude.
 long double InkmlFit::Range::reach() const
 {
     return std::max(std::fabs(least), std::fabs(most));
@@ -92,7 +92,7 @@ void InkmlFit::decide()
     change(Field::Tick).shift = std::max(-m_ranges[static_cast<int>(Field::Tick)].least, 0.0L);
 }
 
-/// X and Y get the same factor, or the signature would be distorted.
+/// One factor for X and Y; two would distort the signature.
 void InkmlFit::decideLengths()
 {
     long double reach = 0, side = 0;
@@ -119,7 +119,7 @@ void InkmlFit::decideLengths()
     }
 }
 
-/// Values that came with the opposite sign lie where they were, turned around.
+/// Moves values whose sign straight() has turned back to the range where they were: the picture is mirrored in place.
 void InkmlFit::mirror(Field field)
 {
     Range &range = m_ranges[static_cast<int>(field)];

@@ -11,7 +11,7 @@ class QIODevice;
 struct InkmlTraceText;
 struct InkmlValue;
 
-/// Numbers that a record holds as they are stay so. Lengths with a unit become hundredths of a millimetre. X and Y with
+/// Numbers that fit into a record stay as they are. Lengths with a unit become hundredths of a millimetre. X and Y with
 /// decimals are multiplied by a power of ten as large as fits; those that are too large are moved to 0 and, if need be,
 /// divided by one. Values that grow upwards or to the left are mirrored. Pressures up to 1 become ones up to 2048.
 class InkmlFit
@@ -19,7 +19,8 @@ class InkmlFit
 public:
     InkmlFit() = default;
 
-    /// Looks at the whole document from where the device is; at the first trace only, where that is one of our own.
+    /// Reads the whole document from the device's position to find the ranges; of kvsign's own documents only the first
+    /// trace.
     InkmlFit(QIODevice &device, const QString &name);
 
     /// A field's value in a record.

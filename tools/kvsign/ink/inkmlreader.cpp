@@ -48,7 +48,7 @@ private:
             if (!m_trace.format->has(row.field))
                 m_filled.lacks(row.field);
         }
-        // Of other programs, not all traces end with the pen in the air.
+        // Other programs' traces may end without a point in the air.
         m_filled.setCloses(!m_trace.format->isOwn());
         m_filled.setZero(m_trace.zero);
         m_filled.setStep(stepOfTrace());
@@ -81,7 +81,7 @@ private:
         return false;
     }
 
-    /// Whether the point says where the pen is.
+    /// Whether X and Y of the point are known.
     bool isWhere() const
     {
         const std::vector<InkmlColumn> &columns = m_trace.format->columns;
@@ -93,7 +93,7 @@ private:
         return true;
     }
 
-    /// False for a pen that hovers.
+    /// False while the pen hovers.
     bool fill(POINTDATA &point)
     {
         const std::vector<InkmlColumn> &columns = m_trace.format->columns;

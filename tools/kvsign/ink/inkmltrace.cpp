@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr long double kLargest = 1e300L; // beyond this nothing is a coordinate or a time
+constexpr long double kLargest = 1e300L; // nothing larger can be a coordinate or a time
 constexpr int kHexadecimal = 16;
 
 bool isPrefix(char c)
@@ -28,7 +28,7 @@ bool isDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-/// Behind a number: what belongs to it by mistake, for the message.
+/// The rest of a malformed number, for the message.
 const char *endOfWord(const char *place, const char *end)
 {
     while (place < end && !isXmlBlank(*place) && *place != ',' && place[0] != '\'' && place[0] != '"')
@@ -51,7 +51,7 @@ bool InkmlTrace::next()
     skipBlanks();
     if (m_place == m_end)
         return false;
-    if (m_points++ == 0) { // traces without a point cost nothing
+    if (m_points++ == 0) { // allocated only for traces that have points
         m_states.resize(m_format.columns.size());
         m_values.resize(m_format.columns.size());
     }
@@ -127,7 +127,7 @@ void InkmlTrace::takeNumber(size_t column)
         throw at(QString("%1 is more than a record holds").arg(name));
 }
 
-/// The digits from here on; not a number when there is none.
+/// Reads a number here; NaN when there is none.
 long double InkmlTrace::number()
 {
     const bool isHexadecimal = m_place < m_end && *m_place == '#';

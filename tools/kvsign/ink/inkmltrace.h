@@ -20,7 +20,7 @@ struct InkmlValue
 class InkmlTrace
 {
 public:
-    /// The format must stay there.
+    /// The format must outlive the trace.
     InkmlTrace(const QByteArray &text, const InkmlFormat &format);
 
     /// Reads the next point's values, one for each column; false after the last point. Throws a QString that says what

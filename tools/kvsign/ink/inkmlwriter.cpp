@@ -79,7 +79,7 @@ private:
         m_xml.writeEndElement();
     }
 
-    /// When the pad's clock stood at 0, to the second; ticks and times that do not go together have no such moment.
+    /// Writes when the tick count was 0, to the second. False when the point's tick and time contradict each other.
     bool writeZero(const POINTDATA &first)
     {
         constexpr qint64 kMost = std::numeric_limits<qint64>::max() / 4000;

@@ -11,7 +11,7 @@
 
 class QIODevice;
 
-/// Takes any layout of the text, fields in any order, and members that it does not know.
+/// Accepts any layout, the fields in any order, and unknown members.
 std::unique_ptr<PointSource> readJson(QIODevice &device, const QString &name);
 
 std::unique_ptr<PointSink> writeJson(QIODevice &device);

@@ -1,5 +1,5 @@
 /// @file
-/// Reads a JSON text token by token, in the memory of one token; Qt's own reader holds whole documents.
+/// Reads a JSON text token by token and keeps only one token in memory. Qt's own reader keeps the whole document.
 #ifndef JSONTOKENS_H
 #define JSONTOKENS_H
 
@@ -23,19 +23,19 @@ public:
 
     Kind kind() const { return m_kind; }
 
-    /// The structure's character, a string's content, a word's characters.
+    /// The bracket, colon or comma; the content of a string; the characters of a number or word.
     const QByteArray &text() const { return m_text; }
     bool is(char structure) const { return m_kind == Kind::Structure && m_text.at(0) == structure; }
 
     void next();
 
-    /// Goes behind this structure, or throws.
+    /// Reads this bracket, colon or comma, or throws.
     void expect(char structure);
 
-    /// Goes behind the value that begins here, whatever it is.
+    /// Skips the value that begins here, whatever it is.
     void skipValue();
 
-    /// What is wrong at the token that was read last.
+    /// A Failure with this reason and the place of the token read last.
     Failure broken(const QString &what) const;
 
 private:

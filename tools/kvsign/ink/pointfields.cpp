@@ -14,7 +14,7 @@ void append(QByteArray &text, Number number)
     text.append(digits, static_cast<int>(end.ptr - digits));
 }
 
-/// A number out of a double's range is one that is too small when its exponent is negative.
+/// Numbers that are too small and too large for a double are reported alike; the exponent's sign tells them apart.
 bool isTiny(const QByteArray &text)
 {
     return text.contains("e-") || text.contains("E-");
@@ -37,7 +37,8 @@ QString outOfRange(const QByteArray &text)
 template <class Number>
 bool holds(long double number)
 {
-    // The largest 64-bit numbers may not be long doubles; the power of two behind them is one.
+    // Compare with the power of two above the largest 64-bit number: that one is exact as a long double everywhere, the
+    // largest number itself is not.
     constexpr Number kHalf = std::numeric_limits<Number>::max() / 2 + 1;
     constexpr long double kBehind = 2.0L * static_cast<long double>(kHalf);
     return number >= static_cast<long double>(std::numeric_limits<Number>::min()) && number < kBehind;
@@ -53,7 +54,7 @@ QString takeRounded(const QByteArray &text, long double decimal, Number &number)
     return {};
 }
 
-/// Whole numbers to the last digit, others rounded.
+/// Keeps every digit of whole numbers and rounds others.
 template <class Number>
 QString take(const QByteArray &text, Number &number)
 {

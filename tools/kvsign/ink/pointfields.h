@@ -27,7 +27,7 @@ struct FieldRow
     const char *key; ///< in JSON
 };
 
-/// In the order in which they are written.
+/// All fields, in the order in which they are written.
 inline constexpr FieldRow kFields[] = {
     {Field::X, "x", "x"},
     {Field::Y, "y", "y"},
@@ -43,14 +43,14 @@ inline constexpr int kFieldCount = sizeof kFields / sizeof kFields[0];
 void appendField(QByteArray &text, const POINTDATA &point, Field field);
 
 /// Takes the field from its text: whole numbers to the last digit, decimals and exponents rounded; 0, 1, true or false
-/// for the stroke end. Answers why it cannot be, or an empty text.
+/// for the stroke end. Returns an empty text, or the reason why it is refused.
 QString takeField(POINTDATA &point, Field field, const QByteArray &text);
 
 /// Takes the field from a number, rounded; the stroke end is true for all but 0.
 QString setField(POINTDATA &point, Field field, long double value);
 
-/// The text as a finite number. One that is too small for a double is 0; for one that is too large there is none, and
-/// isTooLarge is set.
+/// The text as a finite number. A number too small for a double becomes 0; for one that is too large the result is
+/// empty and isTooLarge is set.
 std::optional<double> decimalNumber(const QByteArray &text, bool &isTooLarge);
 
 #endif

@@ -1,5 +1,5 @@
 /// @file
-/// Ink points one after the other: a signature of any length passes through in little memory.
+/// Ink points one by one, so that a signature of any length takes little memory.
 #ifndef POINTSTREAM_H
 #define POINTSTREAM_H
 
@@ -27,7 +27,7 @@ public:
 
     virtual void put(const POINTDATA &point) = 0;
 
-    /// To be called once, after the last point.
+    /// Call it once, after the last point.
     virtual void finish() = 0;
 };
 

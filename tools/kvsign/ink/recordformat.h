@@ -11,7 +11,7 @@
 
 class QIODevice;
 
-/// Takes white space between the characters, and nothing else that is not of the record.
+/// Accepts white space between the characters, but nothing else that does not belong to the record.
 std::unique_ptr<PointSource> readRecord(QIODevice &device, const QString &name);
 
 std::unique_ptr<PointSink> writeRecord(QIODevice &device);

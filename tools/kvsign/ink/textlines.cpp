@@ -60,7 +60,8 @@ bool TextLines::next(QByteArray &line, int most)
     return true;
 }
 
-/// Where the line ends, or is too long; -1 when that is not in memory yet. A CR may have its LF in the next piece.
+/// Where the line ends or becomes too long; -1 when more must be read. A CR at the end of a piece may be followed by
+/// its LF in the next one.
 int TextLines::endOfLine(int most) const
 {
     for (int place = m_place; place < m_text.size(); ++place) {

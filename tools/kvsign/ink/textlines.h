@@ -1,5 +1,5 @@
 /// @file
-/// The lines of a text in UTF-8, or in UTF-16 behind its mark; they end with LF, CR LF or CR.
+/// The lines of a text in UTF-8, or in UTF-16 with a byte order mark. They end with LF, CR LF or CR.
 #ifndef TEXTLINES_H
 #define TEXTLINES_H
 
@@ -10,20 +10,20 @@
 
 class QIODevice;
 
-/// The begin of a text in UTF-8, without the mark.
+/// Recodes the beginning of a text to UTF-8, without its byte order mark.
 QByteArray decodedBegin(const QByteArray &begin);
 
 class TextLines
 {
 public:
-    /// Reads from where the device is.
+    /// Reads from the device's current position.
     explicit TextLines(QIODevice &device);
 
-    /// The next line without its end, in UTF-8; false after the last one. A line that has more than `most` bytes is cut
-    /// behind them, and isTooLong() is true.
+    /// The next line without its end, in UTF-8; false after the last one. A longer line than `most` bytes is cut off
+    /// there, and isTooLong() is true.
     bool next(QByteArray &line, int most);
 
-    /// Of the last line, from 1.
+    /// Number of the last line, counted from 1.
     qint64 number() const { return m_number; }
     bool isTooLong() const { return m_isTooLong; }
 

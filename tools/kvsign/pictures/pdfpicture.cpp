@@ -48,7 +48,7 @@ public:
     }
 
 private:
-    /// Pages are measured in whole points; they are rather a little too large than too small.
+    /// QPageSize takes whole points; rounding up keeps the whole picture on the page.
     QSizeF pageSize() const
     {
         const QSizeF points = m_settings.part.size() * (kPointsPerInch / m_settings.dpi);

@@ -1,5 +1,5 @@
 /// @file
-/// Pictures of ink: each draws the points that are put into it as the library draws them on a canvas.
+/// Pictures of ink. Each is a sink that draws points as the library draws them on a canvas.
 #ifndef PICTURES_H
 #define PICTURES_H
 
@@ -14,7 +14,7 @@
 
 class QIODevice;
 
-/// Pixels in a canvas's width when nobody says another.
+/// Width of a canvas in pixels unless the caller says otherwise.
 inline constexpr int kCanvasWidth = 800;
 
 struct PictureSettings

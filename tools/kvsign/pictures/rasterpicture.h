@@ -11,10 +11,11 @@
 class RasterPicture
 {
 public:
-    /// Transparent where the settings name no background and the format can. Throws when there is no such memory.
+    /// Without a background in the settings the picture is transparent, where the format can be. Throws when there is
+    /// not enough memory.
     RasterPicture(const PictureSettings &settings, bool canBeTransparent);
 
-    /// Whether the point drew anything.
+    /// Returns whether the point has drawn anything.
     bool put(const POINTDATA &point);
 
     const QImage &image() const { return m_image; }

@@ -47,10 +47,10 @@ std::optional<Segment> Segments::take(const POINTDATA &point)
 
 void drawSegment(QPainter &painter, const Segment &segment, const QColor &colour)
 {
-    // A pen takes a negative width, which only a broken pressure makes, for one of a pixel.
+    // A broken record can have negative pressures, and QPen's constructor takes a negative width for one of a pixel.
     const double width = std::max(segment.width, 0.0);
     painter.setPen(QPen(QBrush(colour), width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    // Of a line without length only pens of up to one pixel leave a mark.
+    // QPainter draws a line without length only with pens of up to one pixel, so a wider dot is drawn as a point.
     if (segment.line.p1() == segment.line.p2() && width > 1)
         painter.drawPoint(segment.line.p2());
     else

@@ -1,5 +1,5 @@
 /// @file
-/// Stored points as the lines that the library draws of them.
+/// Turns stored points into the lines that the library draws for them.
 #ifndef SEGMENTS_H
 #define SEGMENTS_H
 
@@ -22,7 +22,7 @@ class Segments
 public:
     explicit Segments(const PictureSettings &settings);
 
-    /// The line that this point draws; none for a stroke's first point, nor for the one that closes it.
+    /// The line that this point draws. There is none for a stroke's first point and for the one that closes it.
     std::optional<Segment> take(const POINTDATA &point);
 
     /// Where a raw position lies, in pixels.

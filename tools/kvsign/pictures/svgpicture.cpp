@@ -1,4 +1,4 @@
-// SVG, a line for each segment: written as it comes, where Qt's generator holds the whole drawing.
+// SVG with a line for each segment. Written as the points come; QSvgGenerator would keep the whole drawing in memory.
 #include "pictures.h"
 
 #include "../unwritable.h"

@@ -8,17 +8,17 @@
 
 #include <algorithm>
 
-/// When each point is due. A time that goes backwards counts as no time.
+/// Computes when each point is due. Where the clock goes backwards, no time passes.
 class ReplayTimes
 {
 public:
-    /// A speed of 0: everything at once.
+    /// @param speed 1 as the signer wrote; 0: without waiting
     explicit ReplayTimes(double speed)
         : m_speed(speed)
     {
     }
 
-    /// Milliseconds since the first point.
+    /// Milliseconds from the first point, at this speed.
     double dueAt(const POINTDATA &point)
     {
         if (!m_begun)
@@ -29,11 +29,11 @@ public:
         return m_speed > 0 ? std::min(m_written / m_speed, kLongest) : 0;
     }
 
-    /// The same at the speed of the signer.
+    /// Milliseconds from the first point to the last dueAt(), as the signer wrote.
     double written() const { return m_written; }
 
 private:
-    static constexpr double kLongest = 1e15; // milliseconds, which integers hold; a broken clock's years
+    static constexpr double kLongest = 1e15; // milliseconds; a broken clock's years must still fit into an integer
 
     double m_speed;
     bool m_begun = false;
@@ -44,11 +44,11 @@ private:
 /// Prints a line for each point when it is due.
 void replayAsNumbers(PointSource &points, double speed, bool asJson);
 
-/// Writes frame-00001.png and so on; answers how many. When that fails, the ones that it wrote are gone again.
+/// Writes frame-00001.png and so on and returns how many. On failure none of them stays.
 int replayAsFrames(
     InkInput &input, const PictureSettings &settings, double speed, double framesPerSecond, const QString &directory);
 
-/// Returns when the window is closed; with closesAtEnd a moment after the last point.
+/// Returns when the window is closed; with closesAtEnd it closes itself a moment after the last point.
 void replayInWindow(InkInput &input, const PictureSettings &settings, double speed, bool closesAtEnd);
 
 #endif

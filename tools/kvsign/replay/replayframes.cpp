@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kMostFrames = 100000;
 
-/// Pictures in a folder of their own until all of them are there; then they get their places, or none does.
+/// Collects the pictures in a temporary folder. When all are there they are moved to their places, all or none.
 class Frames
 {
 public:
@@ -89,7 +89,7 @@ private:
     QByteArray earlier(int number) const { return m_staging.path() + "/earlier-" + nameOf(number); }
     QByteArray target(int number) const { return QFile::encodeName(m_directory.absolutePath()) + '/' + nameOf(number); }
 
-    /// An earlier picture of the name is kept aside.
+    /// Keeps an earlier picture of that name aside until all are in place.
     bool exchange(int number) const
     {
         struct stat status = {};
@@ -117,7 +117,7 @@ private:
     bool m_kept = false;
 };
 
-/// Looks before anything is written, for a broken clock can make a replay of years.
+/// Counts the pictures before writing any: a broken clock in the record can make a replay of years.
 void checkNumber(InkInput &input, double speed, double step)
 {
     ReplayTimes times(speed);

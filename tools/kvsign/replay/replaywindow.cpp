@@ -28,7 +28,7 @@ ReplayWindow::ReplayWindow(InkInput &input, const PictureSettings &settings, dou
     , m_speed(speed)
     , m_closesAtEnd(closesAtEnd)
 {
-    // The ink is drawn in the screen's own pixels.
+    // Draw in device pixels, so that the ink is sharp on scaled screens.
     const double ratio = devicePixelRatioF();
     m_settings.scale *= ratio;
     m_settings.part = QRectF(m_settings.part.topLeft() * ratio, m_settings.part.size() * ratio);
@@ -82,7 +82,7 @@ void ReplayWindow::step()
         QTimer::singleShot(kMoment, this, &QWidget::close);
 }
 
-/// Qt does not carry exceptions through its loop.
+/// Keeps a Failure until the window is closed: exceptions must not pass through Qt's event loop.
 template <class Step>
 void ReplayWindow::guarded(Step step)
 {

@@ -1,5 +1,5 @@
 /// @file
-/// The window in which a signature is written again.
+/// The window that shows a signature being written.
 #ifndef REPLAYWINDOW_H
 #define REPLAYWINDOW_H
 
@@ -18,7 +18,7 @@ class ReplayWindow : public QWidget
 public:
     ReplayWindow(InkInput &input, const PictureSettings &settings, double speed, bool closesAtEnd);
 
-    /// What ended the replay before its time; null for nothing.
+    /// What ended the replay early; null when nothing did.
     const Failure *failure() const { return m_failure.get(); }
 
 protected:
