@@ -42,7 +42,7 @@ private:
     int m_strokes = 0;
 };
 
-/// Looks as often as a pad may be asked, however often it is told to.
+/// May be called often; asks the pad only as often as its presence needs.
 class Watch
 {
 public:

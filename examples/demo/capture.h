@@ -1,5 +1,5 @@
 /// @file
-/// Waits for a signature to be written and confirmed, and tells how it goes.
+/// Waits until a signature is written and confirmed, and reports on the way.
 #ifndef CAPTURE_H
 #define CAPTURE_H
 

@@ -12,7 +12,7 @@ struct Failure
     QString cure;
 };
 
-/// The pad was pulled out before confirm; what it had sent is still there.
+/// The pad was unplugged before confirm. What it had sent is still there.
 struct Unplugged : Failure
 {
     int points;

@@ -1,5 +1,5 @@
 /// @file
-/// Shows the fingerprint of an S310X in each of the places that it can have.
+/// Shows the fingerprint of an S310X in every possible place.
 #ifndef FINGERPRINTS_H
 #define FINGERPRINTS_H
 

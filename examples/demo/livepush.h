@@ -16,7 +16,7 @@ struct LivePushes
     double perSecond() const { return seconds > 0 ? (images - 1) / seconds : 0; }
 };
 
-/// Starts to receive, with nothing received as yet. Throws a Failure.
+/// Starts receiving and forgets earlier pushes. Throws a Failure.
 void startLivePush(const OpenedPad &pad);
 
 LivePushes livePushes();

@@ -25,7 +25,7 @@ struct Findings
     LivePushes pushes;
 };
 
-/// What came before the pad was pulled out is kept.
+/// Saves what came before the pad was unplugged, then fails.
 [[noreturn]] void keepAndFail(const OpenedPad &pad, const Unplugged &gone, OutputDirectory &output)
 {
     if (gone.points == 0)

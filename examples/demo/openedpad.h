@@ -25,7 +25,7 @@ public:
     /// Whether the signer has tapped confirm since the pad was opened. Throws a Failure when it was cancel.
     bool isConfirmed() const;
 
-    /// Whether the pad tells its version text, as one that was unplugged does not.
+    /// Whether the pad answers when asked for its version text. An unplugged one does not.
     bool answers() const;
 
 private:

@@ -3,16 +3,16 @@
 #ifndef SETTINGS_H
 #define SETTINGS_H
 
-/// Sets the simulator's environment, which it reads whenever a pad is opened. What the user has set comes first.
+/// Sets the environment that the simulator reads when a pad is opened. Variables that the user has set win.
 class SimulatorSettings
 {
 public:
     SimulatorSettings();
 
-    /// A bundled recording as a person would write it.
+    /// Plays a bundled recording at the speed of a person.
     void playLive(const char *recording);
 
-    /// The same as quickly as the pad can take it.
+    /// Plays it as fast as possible.
     void playQuickly(const char *recording);
 
 private:

@@ -12,10 +12,10 @@ class ActionButton : public QPushButton
 {
     Q_OBJECT
 public:
-    /// With a text of its own, for it has another mnemonic than the menu item. The tool tip names the shortcut.
+    /// The text differs from the menu item's because it needs another mnemonic. The tool tip shows the shortcut.
     ActionButton(const QString &text, QAction *action, QWidget *parent = nullptr);
 
-    /// Stands out as long as its action can be done.
+    /// Highlights the button while its action is enabled.
     void setInviting()
     {
         m_isInviting = true;

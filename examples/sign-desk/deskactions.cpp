@@ -13,7 +13,7 @@ DeskActions::DeskActions(QMainWindow &window)
     makeMenus(window);
 }
 
-// No shortcut may be one that a text field takes for itself, on X11 such as Ctrl+E and Ctrl+Backspace.
+// Shortcuts must not be keys that text fields handle themselves, on X11 also Ctrl+E and Ctrl+Backspace.
 QAction *DeskActions::make(const QString &text, const char *shortcut, const QString &statusTip)
 {
     auto *const action = new QAction(text, this);

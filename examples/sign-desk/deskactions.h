@@ -17,7 +17,7 @@ public:
     /// Makes the window's menus.
     explicit DeskActions(QMainWindow &window);
 
-    /// Lets be done what makes sense now.
+    /// Enables what makes sense in this state.
     void follow(SigningState state, bool hasFingerprintSensor);
 
     QAction *open;

@@ -17,7 +17,7 @@ namespace signdesk {
 
 namespace {
 
-/// While it lives the pointer shows that something takes its time.
+/// Shows the waiting pointer while it lives.
 class BusyPointer
 {
 public:
@@ -127,7 +127,7 @@ bool DeskFiles::mayLackStrokes()
         tr("&Confirm all the same"), tr("Go &back"));
 }
 
-/// What does no harm is chosen by Return and Escape.
+/// Return and Escape choose the harmless answer.
 bool DeskFiles::ask(const QString &what, const QString &question, const QString &yes, const QString &no)
 {
     QMessageBox box(

@@ -1,5 +1,5 @@
 /// @file
-/// Files and paper: the dialogs that ask for them, and what happens then. Troubles are told here.
+/// Opening, saving and printing, with their dialogs. Troubles are shown here.
 #ifndef DESKFILES_H
 #define DESKFILES_H
 
@@ -20,22 +20,22 @@ class DeskFiles : public QObject
 public:
     explicit DeskFiles(QWidget &window);
 
-    /// The path of the page to open; empty when the clerk changes his mind.
+    /// The path of the page to open; empty when the clerk cancels.
     QString askForPage();
 
-    /// Each true when something was written. A name without a suffix gets that of the chosen kind.
+    /// Each returns true when something was written. A name without a suffix gets that of the chosen kind.
     bool saveSignedPage(const SignedDocument &document);
     bool exportSignature(const PadSession &session, const OutputOptions &options);
     bool exportFingerprint(const FingerprintPlacing &fingerprint);
     bool print(const SignedDocument &document, int pageCount);
 
-    /// Does the work; false when it threw a Trouble, which the clerk has been told.
+    /// Does the work. When it throws a Trouble, shows that to the clerk and returns false.
     bool attempt(const std::function<void()> &work);
 
-    /// Whether the signature may go although it is nowhere but on the screen.
+    /// Asks whether the signature may be discarded although it is not saved.
     bool mayGo();
 
-    /// Whether what is written is to count although the pad was away meanwhile.
+    /// Asks whether to confirm although the pad was away and strokes may be missing.
     bool mayLackStrokes();
 
 private:

@@ -1,5 +1,5 @@
 /// @file
-/// What to do next, below the page; and at the window's lower edge how fast packets and repaints come.
+/// The hint below the page about what to do next, and the rates of packets and repaints at the window's lower edge.
 #ifndef DESKSTATUS_H
 #define DESKSTATUS_H
 
@@ -16,7 +16,7 @@ class DeskStatus : public QObject
 public:
     explicit DeskStatus(QStatusBar &bar);
 
-    /// The line that note() writes; whoever lays it out owns it.
+    /// The label that note() writes to. Its layout owns it.
     QLabel *line() const { return m_note; }
 
     void note(const QString &message);

@@ -30,7 +30,7 @@ DeskWindow::DeskWindow(QWidget *parent)
     , m_outputPanel(new OutputPanel(m_actions))
     , m_status(new DeskStatus(*statusBar()))
 {
-    m_placePanel->setHasFingerprint(true); // the side panel is as wide as it can come to be
+    m_placePanel->setHasFingerprint(true); // so that the side panel gets its final width
     auto *const centre = new QWidget;
     auto *const layout = new QHBoxLayout(centre);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -152,7 +152,7 @@ bool DeskWindow::openPage(const QString &path)
 
 void DeskWindow::showPages(std::unique_ptr<Pages> pages, const QString &title)
 {
-    const std::unique_ptr<Pages> before = std::move(m_pages); // the view holds it until it has the new one
+    const std::unique_ptr<Pages> before = std::move(m_pages); // the view uses the old pages until it has the new ones
     m_pages = std::move(pages);
     m_placePanel->setPageCount(m_pages->count());
     m_view->setPage(*m_pages, 0);
@@ -196,7 +196,7 @@ void DeskWindow::cancel()
         end(tr("Cancelled. The pad is closed."));
 }
 
-/// The signer's cancel takes back what is not confirmed.
+/// A cancel tapped by the signer discards what is not confirmed.
 void DeskWindow::cancelOnPad()
 {
     if (!m_signing.isKept())
@@ -258,7 +258,7 @@ QString DeskWindow::noteOnPad() const
 
 void DeskWindow::confirmDoubtful(int points)
 {
-    if (m_isAsking) // the signer taps on, below the question
+    if (m_isAsking) // the signer goes on tapping while the question is open
         return;
     m_isAsking = true;
     const bool isAccepted = m_files.mayLackStrokes();
@@ -278,13 +278,13 @@ void DeskWindow::showKept()
     setWindowModified(!m_signing.isKept());
 }
 
-/// Asks, unless what is written was saved.
+/// Asks the clerk, unless everything confirmed was saved.
 bool DeskWindow::mayDiscard()
 {
     return m_signing.isKept() || m_files.mayGo();
 }
 
-/// What is written on the page does not go with it unasked, confirmed or not.
+/// Asks the clerk before unsaved ink is lost with the page, confirmed or not.
 bool DeskWindow::mayLeave()
 {
     return !m_signing.isUnsaved() || m_files.mayGo();

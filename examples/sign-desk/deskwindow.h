@@ -25,12 +25,12 @@ public:
     explicit DeskWindow(QWidget *parent = nullptr);
     ~DeskWindow() override;
 
-    /// False, and the page as it was, when the file cannot be read: the clerk has been told why.
+    /// When the file cannot be read, tells the clerk why, keeps the present page and returns false.
     bool openPage(const QString &path);
     void setModel(const PadFamily &model) { m_padPanel->setModel(model); }
     void acceptAnyDriver() { m_session.acceptAnyDriver(); }
 
-    /// As the button does.
+    /// Opens the pad, as the button does.
     void start();
 
     SigningState state() const { return m_signing.state(); }

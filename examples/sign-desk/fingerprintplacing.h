@@ -25,10 +25,10 @@ public:
 
     void setPlace(FingerprintPlace place);
 
-    /// To be called when the pad was opened, and when the field's size has changed. Throws a Trouble.
+    /// Call it after opening the pad and after the field has changed its size. Throws a Trouble.
     void apply();
 
-    /// Before the pad is closed.
+    /// Call it before the pad is closed.
     void end();
 
     /// The fingerprint's rectangle: dark ridges on transparent paper, for whatever lies below. Both throw a Trouble
@@ -49,7 +49,7 @@ private:
     QPointer<QWidget> m_ownField;
 };
 
-/// White becomes transparent, and what is lighter than its own full colour as transparent as it is light.
+/// Makes white transparent, and lighter shades of a colour that colour with less opacity.
 QImage withoutPaper(const QImage &image);
 
 } // namespace signdesk

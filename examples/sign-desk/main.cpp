@@ -56,7 +56,8 @@ int fail(const QString &what)
     return 2;
 }
 
-/// While it lives, Qt's end of a program for which it finds no screen is a sentence and an exit code, and no abort.
+/// While this object lives, a missing screen ends the program with a message and an exit code. Without it Qt would
+/// abort.
 class ScreenNeeded
 {
 public:
@@ -72,13 +73,14 @@ public:
 private:
     static void receive(QtMsgType type, const QMessageLogContext &context, const QString &text)
     {
-        if (type == QtFatalMsg) { // there is no application yet that could translate
+        if (type == QtFatalMsg) { // QApplication does not exist yet, so tr() would not translate
             static const char *const kSentence = QT_TRANSLATE_NOOP("signdesk::Main",
                 "there is no screen for a window: see that QT_QPA_PLATFORM and DISPLAY are right, or not set");
             const QString translated = s_words->translate("signdesk::Main", kSentence);
             std::_Exit(fail(translated.isEmpty() ? QString::fromUtf8(kSentence) : translated));
         }
-        if (qstrncmp(context.category, "qt.qpa", 6) != 0) // these lead to the sentence above, or to nothing
+        if (qstrncmp(context.category, "qt.qpa", 6)
+            != 0) // Qt's own lines about platforms are covered by the sentence above
             std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
     }
 
@@ -88,7 +90,7 @@ private:
 
 int run(const QCommandLineParser &parser, const Options &options)
 {
-    // Before the working directory changes, which is where the library looks for the driver.
+    // Make paths absolute before the working directory changes to the driver's, where the library looks for it.
     const QStringList pages = parser.positionalArguments();
     const QString page = pages.isEmpty() ? QString() : QFileInfo(pages.first()).absoluteFilePath();
     const QString picture = QFileInfo(parser.value(options.screenshot)).absoluteFilePath();
@@ -105,7 +107,7 @@ int run(const QCommandLineParser &parser, const Options &options)
         window.setModel(*model);
     }
     window.show();
-    if (!page.isEmpty()) // within exec, which a message about the page could not end otherwise
+    if (!page.isEmpty()) // inside exec(): a message box before it could not end the program
         QTimer::singleShot(0, &window, [&window, page] { window.openPage(page); });
     if (parser.isSet(options.screenshot))
         takeScreenshotAndQuit(window, picture);
@@ -119,7 +121,7 @@ int main(int argc, char **argv)
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-    // Nothing is loaded where there is none for the language of the user.
+    // For languages without a translation nothing is loaded.
     QTranslator words, qtWords;
     words.load(QLocale(), QStringLiteral("sign-desk"), QStringLiteral("_"), QStringLiteral(":/translations"));
     qtWords.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),

@@ -1,5 +1,5 @@
 /// @file
-/// A file that needs no room on a disk, for functions that write to a path.
+/// A file in memory with a path, for functions that can only write to a path.
 #ifndef MEMORYFILE_H
 #define MEMORYFILE_H
 
@@ -14,7 +14,7 @@ class MemoryFile
 public:
     MemoryFile();
 
-    /// Of this process alone and without a suffix. Empty when the system gives no such file.
+    /// The path: valid in this process only, without a suffix. Empty when the system refuses such files.
     QString path() const;
 
     /// All that was written to the path; empty when it cannot be read.

@@ -59,7 +59,8 @@ PadPanel::PadPanel(const DeskActions &actions, QWidget *parent)
     connect(m_model, qOverload<int>(&QComboBox::currentIndexChanged), this, &PadPanel::modelChanged);
     auto *const name = new QLabel(tr("&Model"));
     name->setBuddy(m_model);
-    auto *const start = new ActionButton(tr("S&tart signing"), actions.start); // made in the order of the tab key
+    auto *const start =
+        new ActionButton(tr("S&tart signing"), actions.start); // creation order is the order of the tab key
     start->setInviting();
     auto *const confirm = new ActionButton(tr("&Confirm"), actions.confirm);
     confirm->setInviting();
@@ -98,7 +99,7 @@ void PadPanel::follow(SigningState state, bool isPadAway)
     m_light->setPixmap(light(look.colour, devicePixelRatioF()));
     m_state->setText(tr(look.text));
     m_model->setEnabled(state == SigningState::Closed);
-    QAccessibleEvent said(m_state, QAccessible::NameChanged); // a screen reader says it
+    QAccessibleEvent said(m_state, QAccessible::NameChanged); // so that a screen reader reads it out
     QAccessible::updateAccessibility(&said);
 }
 

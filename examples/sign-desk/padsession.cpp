@@ -13,7 +13,7 @@ namespace signdesk {
 
 namespace {
 
-// The library's receiver of taps has no argument that could name the session.
+// The library's event callback has no argument for the session, so there is a global pointer to it.
 std::mutex g_receiverLock;
 PadSession *g_receiver = nullptr;
 
@@ -46,7 +46,7 @@ Trouble foreignDriver(const driverfile::Weakness &weakness)
             .arg(QFile::decodeName(weakness.cure.c_str()))};
 }
 
-/// The library loads whatever driver lies in the working directory.
+/// Throws a Trouble when others could replace the driver: the library loads whatever lies in the working directory.
 void judgeDriver(bool acceptsAny)
 {
     const QString driver = QDir::current().filePath(QLatin1String(driverfile::kName));
@@ -157,7 +157,7 @@ int PadSession::lines() const
     return lines;
 }
 
-/// On the driver's thread.
+/// Runs on the driver's thread.
 void PadSession::receiveTap(int key)
 {
     const std::lock_guard<std::mutex> lock(g_receiverLock);
@@ -165,7 +165,8 @@ void PadSession::receiveTap(int key)
         g_receiver->passOn(key);
 }
 
-/// On the driver's thread: counts what the signer confirms, and leaves the rest to the GUI thread.
+/// Runs on the driver's thread. The points are counted here, at the moment of the tap; the rest is done on the GUI
+/// thread.
 void PadSession::passOn(int key)
 {
     const int round = m_round;

@@ -22,7 +22,7 @@ struct Pen
     bool followsPressure = true;
 };
 
-/// The library has one pad at a time, and so one session may be open.
+/// The library can have one pad open at a time, so only one session may be open.
 class PadSession : public QObject
 {
     Q_OBJECT
@@ -30,7 +30,7 @@ public:
     explicit PadSession(QObject *parent = nullptr);
     ~PadSession() override;
 
-    /// Takes a driver from now on although others could have put it there.
+    /// Accepts drivers that others could have replaced.
     void acceptAnyDriver() { m_acceptsAnyDriver = true; }
 
     /// Opens the pad with the library's signing widget as a child of the parent. Throws a Trouble.
@@ -38,7 +38,7 @@ public:
     void close();
     bool isOpen() const { return m_model != nullptr; }
 
-    /// Only while it is open.
+    /// Call these two only while the session is open.
     const PadFamily &model() const { return *m_model; }
     QWidget *signWidget() const { return m_widget; }
 
@@ -47,7 +47,7 @@ public:
     /// Empties pad, canvas and points. False when the pad did not obey.
     bool clear();
 
-    /// Whether the pad tells its version text, which every model has. May take as long as the driver waits for it.
+    /// Whether the pad answers when asked for its version text. Blocks as long as the driver waits for the pad.
     bool answers() const;
 
     /// Stored ink points; 0 without a pad.
@@ -56,7 +56,7 @@ public:
     /// Whether a finger was on the sensor and nothing is written. Costs a picture of the canvas.
     bool hasFingerprintAlone() const;
 
-    /// The lines that they make: one from each point to the next of its stroke.
+    /// The number of lines between the points: one from each point to the next of its stroke.
     int lines() const;
 
 signals:

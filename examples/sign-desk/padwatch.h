@@ -1,5 +1,5 @@
 /// @file
-/// Whether the session's pad is still there, looked at again and again.
+/// Watches whether the session's pad is still there.
 #ifndef PADWATCH_H
 #define PADWATCH_H
 
@@ -11,18 +11,18 @@
 
 namespace signdesk {
 
-/// The pad is asked on the GUI thread, as the library's functions are to be called.
+/// Asks the pad on the GUI thread, because the library's functions must be called there.
 class PadWatch : public QObject
 {
     Q_OBJECT
 public:
     explicit PadWatch(PadSession &session, QObject *parent = nullptr);
 
-    /// After the session was opened or closed.
+    /// Call them after the session was opened or closed.
     void begin();
     void end();
 
-    /// As far as is known.
+    /// The result of the last look.
     bool isAway() const { return m_presence.isAway(); }
 
     /// Asks at once.

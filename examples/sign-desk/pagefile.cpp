@@ -21,7 +21,7 @@ struct PageFileWords
 
 constexpr qint64 kMostBytes = 1 << 30; ///< of a file, all of which lies in memory
 
-/// Open for reading, whatever it is: a pipe does not wait for its other end. -1 when it may not be read.
+/// Opens the file without blocking, as a pipe without a writer would. -1 when it must not be read.
 int opened(const QString &path)
 {
     return ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
@@ -40,7 +40,7 @@ PageFile readPageFile(const QString &path)
     const int descriptor = opened(path);
     if (descriptor < 0 || !file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
         throw unreadable(path, PageFileWords::tr("you may not read it."));
-    if (file.isSequential()) // a pipe has come into the file's place
+    if (file.isSequential()) // it has been replaced by a pipe meanwhile
         throw unreadable(path, PageFileWords::tr("it is no file."));
     PageFile page{path, {}, file.fileTime(QFileDevice::FileModificationTime), file.size()};
     if (page.size > kMostBytes)

@@ -1,5 +1,6 @@
 /// @file
-/// The file of a page, read at once: what happens to it afterwards does not change what is signed.
+/// The file of a page, read into memory when it is opened: what happens to it afterwards does not change what is
+/// signed.
 #ifndef PAGEFILE_H
 #define PAGEFILE_H
 
@@ -18,14 +19,14 @@ struct PageFile
     QDateTime time; ///< of the last change before it was read
     qint64 size = 0; ///< also when the content is no longer held
 
-    /// The path leads to another file by now, or the file was changed. One that is gone has not changed.
+    /// True when the path now leads to another file or the file was changed; false when it is gone.
     bool hasChanged() const;
 };
 
 /// Does not wait for a pipe that nobody fills. Throws a Trouble.
 PageFile readPageFile(const QString &path);
 
-/// That this file is no page, with the reason.
+/// The Trouble that says why this file cannot be a page.
 Trouble unreadable(const QString &path, const QString &why);
 
 } // namespace signdesk

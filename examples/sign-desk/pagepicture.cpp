@@ -24,7 +24,7 @@ struct PictureWords
 constexpr qint64 kMostPixels = (qint64{1} << 31) / 16;
 constexpr int kMostScans = 100;
 
-/// What stands after the byte FF in a JPEG.
+/// The second byte of a JPEG's markers, after FF.
 enum Marker : quint8
 {
     FirstSegment = 0xc0,
@@ -35,7 +35,8 @@ enum Marker : quint8
     FillByte = 0xff
 };
 
-/// Or is passed over by a decoder that looks for the next restart, so that nothing hides behind its length.
+/// A marker without a length, or one that a decoder skips while it searches for the next restart: the length of the
+/// latter must not be trusted, or scans could hide behind it.
 bool standsAlone(quint8 marker)
 {
     return marker < FirstSegment || (marker >= FirstRestart && marker <= StartOfImage);

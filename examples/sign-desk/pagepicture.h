@@ -1,5 +1,5 @@
 /// @file
-/// A picture that is opened as a page. It may come from anybody: what it costs is bounded.
+/// Opens a picture as a page. It may come from anybody, so time and memory are bounded.
 #ifndef PAGEPICTURE_H
 #define PAGEPICTURE_H
 
@@ -9,11 +9,11 @@ namespace signdesk {
 
 struct PageFile;
 
-/// Turned as it asks to be. Throws a Trouble, also for a picture that would take more memory than the largest canvas,
-/// or for a JPEG of more than a hundred scans, each of which costs time for the whole picture.
+/// The picture, turned as its metadata says. Throws a Trouble, also for a picture that would take more memory than the
+/// largest canvas, or for a JPEG of more than a hundred scans, each of which costs time for the whole picture.
 QImage readPicture(const PageFile &file);
 
-/// How often a JPEG goes over its picture. Ends where Qt's reader does.
+/// The number of scans of a JPEG, up to where Qt's reader stops.
 int scansOfJpeg(const QByteArray &jpeg);
 
 } // namespace signdesk

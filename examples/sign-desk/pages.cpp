@@ -40,7 +40,8 @@ public:
     }
 };
 
-/// Pictures that do not say how large they are, or say nonsense, become a page that a desk has room for.
+/// The size of a picture as a page, in points. A picture with no resolution, or with one that makes it larger than a
+/// desk, gets a sensible size instead.
 QSizeF pageSizeOf(const QImage &picture)
 {
     constexpr double kDotsPerMetre = 96 / 0.0254;
@@ -106,7 +107,7 @@ public:
 private:
     static std::unique_ptr<Poppler::Document> opened(const PageFile &file)
     {
-        // From memory: read from the file, a page would be drawn as the file is by then.
+        // Poppler gets the bytes: it would read pages from the file later, when that may have changed.
         std::unique_ptr<Poppler::Document> document(Poppler::Document::loadFromData(file.content));
         if (document == nullptr)
             throw unreadable(file.path, PagesWords::tr("it is a damaged PDF."));
@@ -138,7 +139,8 @@ std::unique_ptr<Pages> blankPages()
 std::unique_ptr<Pages> openPages(const QString &path)
 {
     PageFile file = readPageFile(path);
-    Poppler::setDebugErrorFunction([](const QString &, const QVariant &) {}, {}); // the window says what is wrong
+    Poppler::setDebugErrorFunction(
+        [](const QString &, const QVariant &) {}, {}); // errors are shown in the window instead
     if (file.content.left(1024).contains("%PDF-"))
         return std::make_unique<PdfPages>(std::move(file));
     return std::make_unique<PicturePages>(std::move(file));

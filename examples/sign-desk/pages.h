@@ -26,14 +26,15 @@ public:
     /// In points, 72 to the inch.
     virtual QSizeF size(int page) const = 0;
 
-    /// Opaque, of that many dots to the point, or of as many as can be afforded. Null when it cannot be had.
+    /// An opaque picture with that many dots to the point, or with fewer where memory demands it. Null when the page
+    /// cannot be drawn.
     virtual QImage render(int page, double dotsPerPoint) const = 0;
 
-    /// Whether their file has changed since they were opened. The pages have not.
+    /// Whether the file has changed since it was opened. The pages stay as they were.
     virtual bool isOutdated() const { return false; }
 };
 
-/// The wished dots to the point, or fewer for pages so large that their picture would take all memory.
+/// Limits the dots to the point for pages so large that their picture would take too much memory.
 double affordableDots(const QSizeF &page, double dotsPerPoint);
 
 /// One white A4 sheet.

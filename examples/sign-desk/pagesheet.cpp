@@ -99,7 +99,7 @@ QRect PageSheet::fingerprintPixels() const
     return pixelsOf(fingerprintField(m_field, m_pageSize));
 }
 
-/// A field that only moves keeps its size in pixels.
+/// Keeps the size in pixels when the field is only moved.
 QRect PageSheet::pixelsOf(const QRectF &points) const
 {
     return {(points.topLeft() * m_scale).toPoint() + QPoint(kMargin, kMargin), (points.size() * m_scale).toSize()};

@@ -1,5 +1,5 @@
 /// @file
-/// The page on the screen with the signature's field, which mouse and keys move; the signing widget lies in it.
+/// The page on the screen with the signature's field. Mouse and keys move the field; the signing widget lies in it.
 #ifndef PAGESHEET_H
 #define PAGESHEET_H
 
@@ -18,7 +18,7 @@ class PageSheet : public QWidget
 public:
     explicit PageSheet(QWidget *parent = nullptr);
 
-    /// The pages belong to the caller and stay until others are set. The field keeps its size where it can.
+    /// The caller owns the pages and keeps them until it sets others. The field keeps its size where possible.
     void setPage(const Pages &pages, int page);
     void setScale(double pixelsPerPoint);
     double scale() const { return m_scale; }
@@ -32,14 +32,14 @@ public:
     QRect fieldPixels() const { return pixelsOf(m_field); }
     QRect fingerprintPixels() const;
 
-    /// The field lies where it is and may be moved, but keeps its size: a canvas with ink does not grow.
+    /// When locked, the field can be moved but not resized, because a canvas with ink cannot grow.
     void setSizeLocked(bool isLocked);
     bool isSizeLocked() const { return m_isSizeLocked; }
 
-    /// A child that lies in the field from now on.
+    /// Puts a child widget into the field.
     void setSignWidget(QWidget *widget);
 
-    /// A child that lies in the fingerprint's own field; null: there is no such field.
+    /// Puts a child widget into the fingerprint's own field; null removes the field.
     void setFingerprintWidget(QWidget *widget);
 
     static constexpr int kMargin = 20; ///< pixels around the page
@@ -47,7 +47,7 @@ public:
 signals:
     void fieldChanged(const QRectF &field);
 
-    /// The field has another size in pixels.
+    /// The field's size in pixels has changed.
     void sizeChanged();
 
 protected:

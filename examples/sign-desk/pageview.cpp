@@ -22,7 +22,7 @@ PageView::PageView(QWidget *parent)
     setFrameShape(QFrame::NoFrame);
     setBackgroundRole(QPalette::Mid);
     setFocusPolicy(Qt::NoFocus); // the sheet takes it
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // or fitting the width would come and go with it
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // else fitting the width would switch it on and off for ever
 }
 
 void PageView::setPage(const Pages &pages, int page)

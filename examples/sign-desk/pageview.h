@@ -22,10 +22,10 @@ public:
 
     void zoomBy(double factor);
 
-    /// As wide as the view, also when that changes.
+    /// Makes the page as wide as the view and keeps it so.
     void fitWidth();
 
-    /// Keeps the scale, and the field its size: while there is ink.
+    /// Locks the scale and the size of the field, while there is ink.
     void setLocked(bool isLocked);
 
     void showField();

@@ -8,7 +8,8 @@ void PaperlessEffect::draw(QPainter *painter)
 {
     QPoint at;
     const QPixmap widget = sourcePixmap(Qt::LogicalCoordinates, &at, NoPad);
-    // On a fine screen the canvas comes in squares, one for each of its pixels: back to those, and then smoothly.
+    // On high-resolution screens Qt enlarges each canvas pixel to a square. Shrink the picture to canvas pixels again,
+    // then enlarge it smoothly.
     const QSize canvas = (QSizeF(widget.size()) / widget.devicePixelRatioF()).toSize();
     const QImage ink = widget.toImage().scaled(canvas);
     painter->setRenderHint(QPainter::SmoothPixmapTransform);

@@ -1,5 +1,5 @@
 /// @file
-/// Shows a widget as ink without paper: what is white on it lets the page through.
+/// Paints a widget with its white made transparent, so that the page below shows through.
 #ifndef PAPERLESSEFFECT_H
 #define PAPERLESSEFFECT_H
 

@@ -16,7 +16,7 @@ namespace signdesk {
 class RateMeter
 {
 public:
-    /// Milliseconds of any clock that does not go back. A count that shrinks begins anew.
+    /// @param time milliseconds of any steady clock. When the count shrinks, counting starts again.
     void look(qint64 time, int count);
     double perSecond() const;
     void reset() { m_looks.clear(); }

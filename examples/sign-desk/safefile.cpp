@@ -37,7 +37,7 @@ Trouble cannotWrite(const QString &path)
 void writeFile(const QString &path, const std::function<bool(QIODevice &)> &write)
 {
     const QFileInfo there(path);
-    if (there.exists() && !there.isFile() && !there.isDir()) // a device or a pipe, which would be replaced by a file
+    if (there.exists() && !there.isFile() && !there.isDir()) // a rename would replace the device or pipe by a file
         throw Trouble{FileWords::tr("%1 was not written: it is no file.").arg(QDir::toNativeSeparators(path)),
             FileWords::tr("Choose another name. The signature is still here.")};
     QSaveFile file(path);
@@ -50,7 +50,7 @@ void writeFile(const QString &path, const std::function<bool(QIODevice &)> &writ
 bool hasRoomForTemporary(qint64 bytes)
 {
     QTemporaryFile file;
-    const QByteArray piece(1 << 20, 'x'); // a hole would take no room
+    const QByteArray piece(1 << 20, 'x'); // real bytes, because a hole takes no room
     bool isWritten = !QDir::tempPath().isEmpty() && file.open(); // empty: TMPDIR is no folder
     for (qint64 left = bytes; isWritten && left > 0; left -= piece.size())
         isWritten = file.write(piece) == piece.size();

@@ -1,5 +1,5 @@
 /// @file
-/// Files that come to be whole or not at all.
+/// Files that are written completely or not at all.
 #ifndef SAFEFILE_H
 #define SAFEFILE_H
 
@@ -10,11 +10,11 @@
 
 namespace signdesk {
 
-/// Lets `write` fill the file; what was there before stays when that fails or cannot be finished. Throws a Trouble.
+/// Lets `write` fill the file. When that fails, an earlier file keeps its content. Throws a Trouble.
 void writeFile(const QString &path, const std::function<bool(QIODevice &)> &write);
 
-/// Whether so much can be written for a while where temporary files are. Tried out, since a disk may have room that is
-/// not for everybody.
+/// Whether so many bytes can be written among the temporary files. It tries: a disk may have room that is reserved for
+/// others.
 bool hasRoomForTemporary(qint64 bytes);
 
 } // namespace signdesk

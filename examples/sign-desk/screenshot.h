@@ -1,5 +1,5 @@
 /// @file
-/// A picture of the window after a signature, for documents and for looking at.
+/// Takes a picture of the window after a signature, for documentation and review.
 #ifndef SCREENSHOT_H
 #define SCREENSHOT_H
 
@@ -7,8 +7,8 @@
 
 namespace signdesk {
 
-/// Starts signing, waits for the confirmation on the pad, writes the picture and ends the program: with 0 when all of
-/// that came to be.
+/// Starts signing, waits for the confirmation on the pad, writes the picture and ends the program: with 0 when
+/// all of that has worked.
 void takeScreenshotAndQuit(DeskWindow &window, const QString &path);
 
 } // namespace signdesk

@@ -10,7 +10,7 @@ namespace signdesk {
 
 namespace {
 
-/// The labels of all panels as wide as the widest, so that what they name begins in one line.
+/// Makes the labels of all panels as wide as the widest, so that the fields beside them line up.
 void alignLabels(const QWidget &panels)
 {
     int widest = 0;

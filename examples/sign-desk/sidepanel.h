@@ -1,5 +1,5 @@
 /// @file
-/// What the clerk sets, at the window's right: panels in a column, scrolled where the screen is low.
+/// The clerk's settings at the right of the window: panels in a column, which scrolls on low screens.
 #ifndef SIDEPANEL_H
 #define SIDEPANEL_H
 

@@ -24,7 +24,7 @@ struct OutputWords
 
 constexpr int kMarginAroundInk = 6; ///< canvas pixels
 
-/// While it lives the library cuts its pictures to the ink, if that is wanted.
+/// While this object lives, the library cuts its pictures to the ink, if that is wanted.
 class CutToInk
 {
 public:
@@ -41,7 +41,7 @@ private:
     const PadFamily &m_pad;
 };
 
-/// The canvas as the library gives it in memory, with the resolution that its files have.
+/// The canvas as the library encodes it in memory, with the resolution set that its files have.
 QByteArray pictureFile(const PadFamily &pad, const SignatureFormat &format, int dotsPerInch)
 {
     const bool isTransparent = format.imageType == ITI_PNG;
@@ -57,7 +57,7 @@ QByteArray pictureFile(const PadFamily &pad, const SignatureFormat &format, int 
     return picture.save(&buffer, format.suffix) ? content : QByteArray();
 }
 
-/// The library's own file; it does not say when not all of it could be written.
+/// Lets the library write the file. It does not report when only a part could be written.
 QByteArray drawnFile(const PadSession &session, const SignatureFormat &format, bool isFine)
 {
     const PadFamily &pad = session.model();
@@ -72,7 +72,7 @@ QByteArray drawnFile(const PadSession &session, const SignatureFormat &format, b
     return isWhole ? content : QByteArray();
 }
 
-/// Whole, and never through a disk, which may be full. Throws a Trouble.
+/// The complete file, which never goes through a disk: that may be full. Throws a Trouble.
 QByteArray fileOf(const PadSession &session, const SignatureFormat &format, const OutputOptions &options)
 {
     QByteArray content;
@@ -124,7 +124,7 @@ void saveSignature(const PadSession &session, const QString &path, const OutputO
 
 FieldContent contentOf(const PadSession &session)
 {
-    // A fingerprint stands in the file in a place of its own choice; the page has another for it.
+    // The fingerprint in the SVG is left out: the page puts it in another place.
     static const QRegularExpression picture(QStringLiteral("<image[^>]*/>"));
     QString svg = QString::fromUtf8(fileOf(session, *formatOf(QStringLiteral("x.svg")), {false, true}));
     FieldContent content;

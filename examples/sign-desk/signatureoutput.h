@@ -1,5 +1,5 @@
 /// @file
-/// The signature by itself, out of the library.
+/// Files of the signature alone, as the library makes them.
 #ifndef SIGNATUREOUTPUT_H
 #define SIGNATUREOUTPUT_H
 
@@ -17,7 +17,7 @@ struct OutputOptions
     bool isFine = true; ///< 300 dots to the inch, else 150
 };
 
-/// One of the formats in which the library writes.
+/// A format that the library writes.
 struct SignatureFormat
 {
     int imageType; ///< IMAGE_TYPE_ID
@@ -27,10 +27,10 @@ struct SignatureFormat
 
 const std::vector<SignatureFormat> &signatureFormats();
 
-/// Null for a suffix that is none of theirs.
+/// Null for an unknown suffix.
 const SignatureFormat *formatOf(const QString &path);
 
-/// The format follows from the path's suffix. Throws a Trouble, and writes nothing that lacks ink.
+/// Writes in the format of the path's suffix. Throws a Trouble rather than write a file that lacks ink.
 void saveSignature(const PadSession &session, const QString &path, const OutputOptions &options);
 
 /// What is on the canvas, for a page.
@@ -40,7 +40,7 @@ struct FieldContent
     bool hasFingerprint = false;
 };
 
-/// Throws a Trouble when it cannot be had whole.
+/// Throws a Trouble when some of it is missing.
 FieldContent contentOf(const PadSession &session);
 
 } // namespace signdesk

@@ -33,7 +33,7 @@ QPageSize pageSizeOf(const QSizeF &points)
     return QPageSize(points, QPageSize::Point, QString(), QPageSize::ExactMatch);
 }
 
-/// The page as large as it fits on the paper, in its middle.
+/// Scales the page to the paper and centres it.
 QRectF fitted(const QSizeF &page, const QRectF &paper)
 {
     QRectF target({}, page.scaled(paper.size(), Qt::KeepAspectRatio));
@@ -69,7 +69,7 @@ void SignedDocument::save(const QString &path) const
     writeFile(path, [&](QIODevice &file) { return page.save(&file, "PNG"); });
 }
 
-/// The page as a picture, the strokes as lines.
+/// Draws the page as a picture and the strokes on it as lines.
 void SignedDocument::paint(QPainter &painter, int page, const QRectF &target, double dotsPerPoint) const
 {
     const QImage picture = m_pages.render(page, dotsPerPoint);
@@ -95,7 +95,7 @@ void SignedDocument::paint(QPainter &painter, int page, const QRectF &target, do
     strokes.render(&painter, placed(m_signature.field));
 }
 
-/// False when not all of it could be drawn; whether all of it came to the file is the file's to say.
+/// False when something could not be drawn. Whether everything reached the file must be checked on the file.
 bool SignedDocument::writePdf(QIODevice &file) const
 {
     QPdfWriter writer(&file);
@@ -134,7 +134,7 @@ void SignedDocument::print(QPrinter &printer) const
 {
     if (!printer.outputFileName().isEmpty())
         return printIntoFile(printer);
-    // A printer's pages wait for it in a file among the temporary ones, and nobody says when that is cut off.
+    // The pages for a printer are spooled to a temporary file, and nobody reports when the disk is too full for it.
     QByteArray pages;
     QBuffer buffer(&pages);
     buffer.open(QIODevice::WriteOnly);
@@ -146,7 +146,7 @@ void SignedDocument::print(QPrinter &printer) const
     printPages(printer);
 }
 
-/// Qt does not say when the file could not be written.
+/// QPdfWriter does not report write errors, so the file is checked afterwards.
 void SignedDocument::printIntoFile(QPrinter &printer) const
 {
     const QString path = printer.outputFileName();

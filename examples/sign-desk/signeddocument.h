@@ -1,5 +1,5 @@
 /// @file
-/// The pages with the signature on them: as PDF, as picture, on paper.
+/// The pages with the signature on them, as PDF, as a picture or on paper.
 #ifndef SIGNEDDOCUMENT_H
 #define SIGNEDDOCUMENT_H
 
@@ -13,7 +13,7 @@ class QPrinter;
 
 namespace signdesk {
 
-/// A signature where it belongs.
+/// A signature and its place on a page.
 struct PlacedSignature
 {
     int page = 0;
@@ -28,11 +28,11 @@ class SignedDocument
 public:
     SignedDocument(const Pages &pages, PlacedSignature signature);
 
-    /// All pages as PDF, or the signed one as a picture, by the path's suffix. Throws a Trouble.
+    /// Saves all pages as PDF, or the signed page as a picture, by the path's suffix. Throws a Trouble.
     void save(const QString &path) const;
 
-    /// All pages, each as large as the paper allows; those that the print dialog chose. A file comes to be whole or
-    /// not at all. Throws a Trouble.
+    /// Prints the pages that the dialog chose, each as large as the paper allows. When printing to a file, it is
+    /// written completely or not at all. Throws a Trouble.
     void print(QPrinter &printer) const;
 
 private:

@@ -14,7 +14,7 @@ constexpr double kMargin = 15 * kPointsPerMillimetre;
 constexpr double kGap = 5 * kPointsPerMillimetre;
 constexpr double kSensorProportions = 208.0 / 288;
 
-/// Inside the page, the page's left and top winning where it does not fit.
+/// Moves the field inside the page. One that is too large is aligned with the left and top edge.
 QPointF inside(const QRectF &rectangle, const QSizeF &page)
 {
     return {std::max(0.0, std::min(rectangle.x(), page.width() - rectangle.width())),

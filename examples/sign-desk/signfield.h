@@ -7,13 +7,14 @@
 
 namespace signdesk {
 
-/// As near to the wish as it can lie on the page: `proportions` of a pad's writing area, not too small to sign.
+/// The field nearest to the wished one that lies on the page, has the proportions of the pad's writing area and is
+/// large enough to sign in.
 QRectF fieldOnPage(const QRectF &wish, const QSizeF &page, double proportions);
 
-/// Where a new page's field lies: at the lower right, where one signs.
+/// The field on a new page: at the lower right, where people usually sign.
 QRectF usualField(const QSizeF &page, double proportions);
 
-/// A fingerprint's own field: beside the signature's, or where else there is room.
+/// A separate field for the fingerprint: beside the signature's field, or wherever there is room.
 QRectF fingerprintField(const QRectF &signature, const QSizeF &page);
 
 } // namespace signdesk

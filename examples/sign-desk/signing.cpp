@@ -38,7 +38,7 @@ void Signing::end()
 void Signing::confirm()
 {
     if (m_session.isOpen())
-        m_watch.ask(); // it may have been pulled out since the last look
+        m_watch.ask(); // the pad may have been unplugged since the last look
     confirm(m_session.points());
 }
 

@@ -39,21 +39,21 @@ public:
     /// What is confirmed was saved, exported or printed.
     void keep();
 
-    /// The pad in use does not answer; what it sent before stays.
+    /// The open pad does not answer. The points that it sent before stay.
     bool isPadAway() const { return m_watch.isAway(); }
 
-    /// After the session was opened or closed.
+    /// Call them after the session was opened or closed.
     void begin();
     void end();
 
-    /// What is written is what counts from now on. Nothing changes when nothing is written, or when the pad was away
-    /// meanwhile, so that strokes may be missing; a signal says so.
+    /// Confirms what is written. Without ink, or when the pad was away meanwhile and strokes may be missing, the state
+    /// does not change; a signal says so.
     void confirm();
 
-    /// The same for so many points, although strokes may be missing.
+    /// Confirms so many points although strokes may be missing.
     void confirmDoubtful(int points);
 
-    /// False when the pad did not obey; canvas and points are empty all the same.
+    /// Empties canvas and points. False when the pad did not obey; they are empty even then.
     bool clear();
 
 signals:

@@ -9,7 +9,7 @@ class QWidget;
 
 namespace signdesk {
 
-/// Thrown by what cannot do as it was asked; nothing is lost by it.
+/// Thrown when something cannot be done. Nothing is lost by it.
 struct Trouble
 {
     QString what;

@@ -1,6 +1,6 @@
 /// @file
-/// Whether a file that another part wrote came whole: neither the library's PDF and SVG files nor a printed PDF tell
-/// when the room for them ran out.
+/// Whether a written file is complete. Neither the library, for PDF and SVG, nor Qt's printing to PDF report that the
+/// disk was full.
 #ifndef WHOLEFILES_H
 #define WHOLEFILES_H
 
@@ -8,7 +8,7 @@
 
 namespace signdesk {
 
-/// Its table stands where its end says, so that no byte before it is missing either.
+/// True when the cross-reference table is where the end of the file says, so that no byte before it can be missing.
 bool isWholePdf(const QByteArray &pdf);
 
 /// How many lines an SVG picture of strokes draws; -1 when it is no whole SVG file.
