@@ -58,7 +58,11 @@ void Signing::confirmDoubtful(int points)
 {
     if (!m_session.isOpen())
         return;
+    // What was written and confirmed between two looks was never seen as Changed.
+    const bool isAnother = m_state != SigningState::Confirmed || points != m_confirmedPoints;
     m_confirmedPoints = points;
+    if (isAnother)
+        setKept(false);
     setState(SigningState::Confirmed);
 }
 
@@ -109,9 +113,7 @@ void Signing::setState(SigningState state)
     if (state == m_state)
         return;
     m_state = state;
-    if (state == SigningState::Confirmed)
-        setKept(false);
-    else if (!hasSignature())
+    if (!hasSignature())
         setKept(true);
     emit stateChanged(state);
 }
