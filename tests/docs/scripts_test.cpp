@@ -56,6 +56,23 @@ TEST(CommitMessage, hasAShortSubjectAndAnEmptyLineBelow)
     EXPECT_EQ(exitOfMessage("fixup! " + longest + "\n"), 0) << "it does not stay";
 }
 
+TEST(MutantsScript, changesLinesAsItSays)
+{
+    const CommandResult result = runProgram({"python3", "-B", kSource + "/tests/mutation/changes_test.py"}, "/");
+    EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
+}
+
+TEST(MutantsScript, drawsTheSamePlacesFromTheSameSeed)
+{
+    const QStringList list{kSource + "/tests/mutants", "--list", "--count", "20", "--seed"};
+    const CommandResult first = runProgram(list + QStringList{"7"}, "/");
+    const CommandResult other = runProgram(list + QStringList{"8"}, "/");
+    EXPECT_EQ(first.exitCode, 0) << testing::PrintToString(first);
+    EXPECT_EQ(first.output.count('\n'), 21);
+    EXPECT_EQ(first.output, runProgram(list + QStringList{"7"}, "/").output);
+    EXPECT_NE(first.output.section('\n', 1), other.output.section('\n', 1));
+}
+
 /// install-packages with commands of its own instead of the system's, which write down how they are called.
 class InstallPackages : public testing::Test
 {
