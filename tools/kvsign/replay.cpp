@@ -13,10 +13,11 @@ namespace {
 constexpr Option kSpeedOption{
     "speed", "FACTOR", "How fast: 2 is twice as fast as the signer, max without waiting.", "1", "0.5 1 2 10 max"};
 constexpr Option kWindowOption{"window", nullptr, "Show the ink in a window.", nullptr, nullptr};
-constexpr Option kCloseOption{"close", nullptr, "Close the window at the end.", nullptr, nullptr};
+constexpr Option kCloseOption{"close", nullptr, "With --window: close it at the end.", nullptr, nullptr};
 constexpr Option kFramesOption{
     "frames", "DIRECTORY", "Write pictures into this directory: frame-00001.png and so on.", nullptr, kDirectories};
-constexpr Option kFpsOption{"fps", "FRAMES", "Pictures a second of the replay, 0.1 to 1000.", "25", nullptr};
+constexpr Option kFpsOption{
+    "fps", "FRAMES", "With --frames: pictures a second of the replay, 0.1 to 1000.", "25", nullptr};
 constexpr Option kOptions[] = {kFromOption, kSpeedOption, kWindowOption, kCloseOption, kFramesOption, kFpsOption,
     kModelOption, kScaleOption, kPenWidthOption, kNoPressureOption, kColourOption, kBackgroundOption, kClipOption,
     kJsonOption};
