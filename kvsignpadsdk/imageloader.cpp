@@ -67,11 +67,11 @@ public:
     }
     QSize size() const { return m_reader.size(); }
 
-    /// Of bytes that do not load Qt answers any number.
     QImage::Format format() const
     {
-        const QImage::Format format = m_reader.imageFormat();
-        return format > QImage::Format_Invalid && format < QImage::NImageFormats ? format : QImage::Format_Invalid;
+        const int format = m_reader.imageFormat(); // of bytes that do not load Qt answers any number
+        const bool isFormat = format > QImage::Format_Invalid && format < QImage::NImageFormats;
+        return isFormat ? static_cast<QImage::Format>(format) : QImage::Format_Invalid;
     }
     bool read(QImage &image) { return m_reader.read(&image); }
 
