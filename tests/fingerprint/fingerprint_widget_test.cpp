@@ -311,12 +311,12 @@ TYPED_TEST(FingerprintOfAPad, ShutdownClearsItEndsItAndForgetsIt)
 // A widget stays with its window, to be seen; a headless one, which nobody else knows, is freed.
 TYPED_TEST(FingerprintOfAPad, ShutdownEndsTheNewestOnly)
 {
+    int destroyed = 0; // counts until the window is gone
     QWidget other;
     other.resize(300, 300);
     HandRunPad<TypeParam> pad(400, 300);
     const QImage print = layerOf(ridges(1), {kGreyWidth, kGreyHeight});
     std::vector<CS310XFPWidget *> places;
-    int destroyed = 0;
     for (int i = 0; i < 3; ++i) {
         ASSERT_EQ(placeAside(*pad, &other), ARI_SUCCESS);
         places.push_back(pad->m_pNewFPWidget);

@@ -37,7 +37,7 @@ protected:
         std::vector<Point> points;
         const int count = pad->GetTotalInkPointsNumber(pad.type());
         for (int i = 0; i < count; ++i) {
-            const INKPOINTDATA point{i, 0, 0, 0, false};
+            INKPOINTDATA point{i, 0, 0, 0, false};
             EXPECT_EQ(pad->GetInkPointData(pad.type(), point), ARI_SUCCESS);
             EXPECT_EQ(point.nIndex, i);
             points.push_back({point.nX, point.nY, point.nPressureValue, point.bStrokeEnd});
@@ -83,7 +83,7 @@ TEST_P(InkPoints, AreCountedAsEmptyBeforeAndAfterAndNeverAsZero)
 TEST_P(InkPoints, OutOfRangeAreRefusedAndTheRecordStaysAsItWas)
 {
     const auto expectRefused = [&](int index) {
-        const INKPOINTDATA point{index, 11, 22, 33, true};
+        INKPOINTDATA point{index, 11, 22, 33, true};
         EXPECT_EQ(pad->GetInkPointData(pad.type(), point), -1) << index;
         EXPECT_EQ(point.nIndex, index);
         EXPECT_TRUE(point.nX == 11 && point.nY == 22 && point.nPressureValue == 33 && point.bStrokeEnd) << index;
@@ -93,7 +93,7 @@ TEST_P(InkPoints, OutOfRangeAreRefusedAndTheRecordStaysAsItWas)
     pad.driver.send({{1000, 900, 5, 0}, {1001, 900, 5, 1}});
     for (const int index : {2, 3, -1, -2147483647 - 1, 2147483647})
         expectRefused(index);
-    const INKPOINTDATA last{1, 0, 0, 0, true};
+    INKPOINTDATA last{1, 0, 0, 0, true};
     EXPECT_EQ(pad->GetInkPointData(pad.type(), last), 0);
     EXPECT_FALSE(last.bStrokeEnd);
 }

@@ -53,7 +53,7 @@ std::vector<KVSIM_PACKET> packetsOfStoredPoints(const OpenPad &pad)
     const int count = pad->GetTotalInkPointsNumber(pad.type());
     bool inStroke = false;
     for (int i = 0; i < count; ++i) {
-        const INKPOINTDATA point{i, 0, 0, 0, false};
+        INKPOINTDATA point{i, 0, 0, 0, false};
         EXPECT_EQ(pad->GetInkPointData(pad.type(), point), ARI_SUCCESS);
         const int status = point.bStrokeEnd ? KVSPDARI_PS_PEN_UP
             : inStroke                      ? KVSPDARI_PS_PEN_MOVE
