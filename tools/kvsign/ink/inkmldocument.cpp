@@ -11,7 +11,7 @@ namespace {
 constexpr size_t kDeepestElement = 200;
 constexpr size_t kMostChannels = 256;
 constexpr int kMostStored = 100000;
-constexpr qint64 kMostViewed = qint64{1} << 28; // bytes: a small file with views of views can unfold to any size
+constexpr qint64 kMostViewed = qint64{1} << 26; // bytes: a small file with views of views can unfold to any size
 
 /// Elements that have nothing to do with points.
 constexpr const char *kPassedOver[] = {"annotation", "annotationXML", "brush", "canvas", "canvasTransform", "mapping"};
