@@ -16,6 +16,13 @@ set(KV_SANITIZE "" CACHE STRING "Sanitizers for every target, as the compiler's 
 if(KV_SANITIZE)
   add_compile_options(-fsanitize=${KV_SANITIZE} -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${KV_SANITIZE})
+  # For what must be told to one of them, or does not hold with it. Each compiler has its own way to say so.
+  foreach(sanitizer address thread undefined)
+    if(KV_SANITIZE MATCHES ${sanitizer})
+      string(TOUPPER KV_${sanitizer}_SANITIZED definition)
+      add_compile_definitions(${definition})
+    endif()
+  endforeach()
 endif()
 
 option(KV_FUZZ "Build fuzz/ as programs of libFuzzer, which takes clang" OFF)

@@ -5,7 +5,7 @@
 
 #include <QMutex>
 
-#ifdef __SANITIZE_THREAD__
+#ifdef KV_THREAD_SANITIZED
 #include <sanitizer/tsan_interface.h>
 #endif
 
@@ -17,7 +17,7 @@ public:
     explicit CanvasLock(QMutex &mutex)
         : m_mutex(mutex)
     {
-#ifdef __SANITIZE_THREAD__
+#ifdef KV_THREAD_SANITIZED
         __tsan_mutex_pre_lock(&m_mutex, 0);
         m_mutex.lock();
         __tsan_mutex_post_lock(&m_mutex, 0, 0);
@@ -27,7 +27,7 @@ public:
     }
     ~CanvasLock()
     {
-#ifdef __SANITIZE_THREAD__
+#ifdef KV_THREAD_SANITIZED
         __tsan_mutex_pre_unlock(&m_mutex, 0);
         m_mutex.unlock();
         __tsan_mutex_post_unlock(&m_mutex, 0);

@@ -4,10 +4,10 @@
 #ifndef THREADEND_H
 #define THREADEND_H
 
-#ifdef __SANITIZE_THREAD__
+#ifdef KV_THREAD_SANITIZED
 #include <sanitizer/tsan_interface.h>
 #endif
-#ifdef __SANITIZE_ADDRESS__
+#ifdef KV_ADDRESS_SANITIZED
 #include <sanitizer/lsan_interface.h>
 #endif
 
@@ -16,7 +16,7 @@ namespace threadend {
 /// Last call of a thread; `mark` is an address that its waiter knows too.
 inline void reached([[maybe_unused]] void *mark)
 {
-#ifdef __SANITIZE_THREAD__
+#ifdef KV_THREAD_SANITIZED
     __tsan_release(mark);
 #endif
 }
@@ -24,7 +24,7 @@ inline void reached([[maybe_unused]] void *mark)
 /// For the object of a thread that did not come along into this forked process: it can be neither awaited nor deleted.
 inline void abandoned([[maybe_unused]] const void *thread)
 {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef KV_ADDRESS_SANITIZED
     __lsan_ignore_object(thread);
 #endif
 }
@@ -32,7 +32,7 @@ inline void abandoned([[maybe_unused]] const void *thread)
 /// After QThread::wait.
 inline void awaited([[maybe_unused]] void *mark)
 {
-#ifdef __SANITIZE_THREAD__
+#ifdef KV_THREAD_SANITIZED
     __tsan_acquire(mark);
 #endif
 }

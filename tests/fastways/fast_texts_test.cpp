@@ -255,7 +255,7 @@ TEST(FastImages, OfEveryRecordingOnEveryModel)
 }
 
 // Sanitizers reserve address space without end, so that a limit means nothing to them.
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+#ifndef KV_SANITIZED
 TEST(FastJpeg, IsEmptyWhereMemoryRunsOutInTheMiddle)
 {
     std::mt19937 random(6);

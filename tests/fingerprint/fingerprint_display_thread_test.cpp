@@ -81,7 +81,9 @@ TYPED_TEST(DisplayThread, RunsFromConstructionToShutdown)
     pad->Shutdown(); // once more does nothing
 }
 
-// Qt's own event dispatcher would need descriptors, and end the process without them.
+// Qt's own event dispatcher would need descriptors, and end the process without them. UndefinedBehaviorSanitizer needs
+// two itself, to find out whether an object can be read.
+#ifndef KV_UNDEFINED_SANITIZED
 TYPED_TEST(DisplayThread, NeedsNoFileDescriptors)
 {
     rlimit before{};
@@ -103,6 +105,7 @@ TYPED_TEST(DisplayThread, NeedsNoFileDescriptors)
     pad->Shutdown();
     ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &before), 0);
 }
+#endif
 
 TYPED_TEST(DisplayThread, WithoutOneThereIsNoInstanceAndTheLogSaysWhy)
 {

@@ -123,7 +123,7 @@ long memoryOf(Call call)
 
 // An image of a PNG text is asked for before its first row is missing. That costs nothing until it is written to, but
 // AddressSanitizer notes its own byte for eight of it.
-#ifdef __SANITIZE_ADDRESS__
+#ifdef KV_ADDRESS_SANITIZED
 constexpr long kHardlyAnything = 300 << 10;
 #else
 constexpr long kHardlyAnything = 100 << 10;
@@ -203,7 +203,7 @@ TEST_F(ForgedImage, IsNoneThatIsWholeOrCutInTheMiddle)
 }
 
 // Sanitizers reserve address space without end, so that a limit means nothing to them.
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+#ifndef KV_SANITIZED
 TEST_F(ForgedImage, IsRefusedWhereMemoryIsShort)
 {
     rlimit limit{};
