@@ -5,8 +5,11 @@ set(KV_TEST_OPTIONS -O0 -g1)
 if(KV_SANITIZE)
   list(APPEND KV_TEST_OPTIONS -fno-sanitize=undefined) # of the tests themselves
 endif()
+if(KV_FUZZ)
+  list(APPEND KV_TEST_OPTIONS -fno-sanitize=fuzzer-no-link)
+endif()
 find_program(KV_GOLD ld.gold) # links a test in a quarter of the time
-if(KV_GOLD)
+if(KV_GOLD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   set(KV_TEST_LINK_OPTIONS -fuse-ld=gold)
 endif()
 
