@@ -123,7 +123,8 @@ void Scenario::stroke()
     const bool isSmall = m_pad->type() == KVS210_DEVICE || m_pad->type() == KVS300_DEVICE;
     const int spanX = isSmall ? 2600 : m_pad->type() == KVS310X_DEVICE ? 23000 : 31000;
     const int pressures = isSmall || m_pad->type() == KVS310X_DEVICE ? 2100 : 8400;
-    const int moves = oneIn(4) ? upTo(2) : upTo(120);
+    const bool isShort = m_isPushing && !oneIn(20); // each packet pushes an image
+    const int moves = oneIn(4) ? upTo(2) : upTo(isShort ? 6 : 120);
     double x = upTo(spanX), y = upTo(spanX / 2), direction = upTo(628) / 100.0;
     const double bend = (upTo(100) - 50) / 300.0, length = upTo(spanX / 30);
     int pressure = upTo(pressures);
@@ -202,7 +203,8 @@ void Scenario::ofTheModel()
 {
     if (m_pad->type() == KVS210_DEVICE) {
         if (oneIn(4))
-            KVS210_SetRealTimeSignBase64DataCallback(KVS210_DEVICE, oneIn(2) ? EBITI_JPEG : EBITI_PNG, takePush);
+            m_isPushing =
+                KVS210_SetRealTimeSignBase64DataCallback(KVS210_DEVICE, oneIn(2) ? EBITI_JPEG : EBITI_PNG, takePush);
         if (oneIn(3))
             KVS210_InitialWPSSignCanvas(KVS210_DEVICE, 1 + upTo(200), 1 + upTo(200));
         if (oneIn(2))
