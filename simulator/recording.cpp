@@ -119,15 +119,14 @@ void RecordingReader::takeVersion(std::string_view value)
     m_version = version;
 }
 
-/// Not in version 1, where this key was a note like any other.
+/// Not in version 1, where this key was a note like any other. As with the other keys, the last line counts.
 void RecordingReader::takePadVersion()
 {
-    const auto note =
-        std::find_if(m_notes.begin(), m_notes.end(), [](const auto &line) { return line.first == kPadVersionKey; });
-    if (note == m_notes.end())
-        return;
-    m_padVersion = std::move(note->second);
-    m_notes.erase(note);
+    const auto isPadVersion = [](const auto &line) { return line.first == kPadVersionKey; };
+    for (const auto &note : m_notes)
+        if (isPadVersion(note))
+            m_padVersion = note.second;
+    m_notes.erase(std::remove_if(m_notes.begin(), m_notes.end(), isPadVersion), m_notes.end());
 }
 
 bool RecordingReader::next(Event &event)

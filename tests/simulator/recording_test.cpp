@@ -226,6 +226,18 @@ TEST(Recording, FaultsHaveTheValuesOfTheText)
     EXPECT_EQ(events[6].value, 70);
 }
 
+TEST(Recording, OfSeveralLinesForTheReaderTheLastCounts)
+{
+    const Recording recording = read("version: 1\nmodel: S210\npad-version: KVT120 4.2\nversion: 2\nplace: home\n"
+                                     "model: S300\npad-version: KVS300 1.0\n0 1 2 3 0\n");
+    EXPECT_EQ(recording.model, "S300");
+    EXPECT_EQ(recording.padVersion, "KVS300 1.0");
+    EXPECT_EQ(recording.notes, (decltype(recording.notes){{"place", "home"}}));
+    const std::string text = "version: 2\nmodel: S300\npad-version: KVS300 1.0\nplace: home\n0 1 2 3 0\n";
+    EXPECT_EQ(write(recording), text);
+    EXPECT_EQ(write(read(text)), text);
+}
+
 TEST(Recording, AWriterSaysTheOldestVersionThatSuffices)
 {
     for (const char *text : {"version: 1\nmodel: S300\npad-version: x\n0 1 2 3 0\n", // a key for people in version 1
