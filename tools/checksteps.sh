@@ -21,6 +21,8 @@ say() {
 report() {
     local name=$1 took=$((SECONDS - $2)) log result
     log=$(log_of "$name")
+    # What ran beside other steps ended before it was looked at.
+    [[ ! -f $log.ended ]] || took=$(($(<"$log.ended") - $2))
     if [[ $3 -ne 0 ]]; then
         tail -n 60 "$log"
         grep -E -A 6 -e 'Failure$' -e 'ERROR: .*Sanitizer' -e 'WARNING: ThreadSanitizer' -e '[^ ] error: ' "$log" | head -n 60 || true
@@ -28,8 +30,6 @@ report() {
         exit 1
     fi
     result=$(grep -E '% tests passed' "$log" || true)
-    # What ran beside other steps ended before it was looked at.
-    [[ $(<"$log") =~ 'Total Test time (real) ='\ *([0-9]+) ]] && took=${BASH_REMATCH[1]}
     summary+=("$(printf '%4d s  %s' "$took" "$name")")
     if [[ -n $result ]]; then
         echo "$result"
@@ -46,13 +46,21 @@ step() {
     report "$name" "$begin" "$code"
 }
 
+# run_beside LOG COMMAND...: runs it, and notes when it ended
+run_beside() {
+    local code=0
+    "${@:2}" >"$1" 2>&1 || code=$?
+    echo "$SECONDS" >"$1.ended"
+    return "$code"
+}
+
 # beside NAME COMMAND...: starts it beside the steps that follow.
 beside() {
     names+=("$1")
     begins+=("$SECONDS")
     say "$1..."
     set -m # a process group of its own, which is ended as a whole
-    "${@:2}" >"$(log_of "$1")" 2>&1 &
+    run_beside "$(log_of "$1")" "${@:2}" &
     set +m
     processes[${#names[@]} - 1]=$!
 }
@@ -172,11 +180,25 @@ tests() {
     tests_with step "$@"
 }
 
-# Beside the steps that follow, where each test has a /tmp of its own; else they would share files with other tests.
+# Whether what runs beside other steps can have a /tmp of its own; else it would share files with them.
+can_be_apart() {
+    tests/apart "$PWD" -- true 2>/dev/null
+}
+
+# Beside the steps that follow, where each test has a /tmp of its own.
 tests_beside() {
-    if tests/apart "$PWD" -- true 2>/dev/null; then
+    if can_be_apart; then
         tests_with beside "$@"
     else
         tests_with step "$@"
+    fi
+}
+
+# beside_apart NAME COMMAND...: the same for a program
+beside_apart() {
+    if can_be_apart; then
+        beside "$1" tests/apart "$PWD" -- "${@:2}"
+    else
+        step "$@"
     fi
 }
