@@ -38,7 +38,8 @@ struct Received
     }
 };
 
-inline Received received;
+/// Never destroyed: a process that was forked off may end while the parent's thread is changing it.
+inline Received &received = *new Received;
 
 inline void receivePacket(int x, int y, int pressure, int status)
 {
