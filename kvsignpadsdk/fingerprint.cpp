@@ -1,7 +1,5 @@
 #include "fingerprint.h"
 
-#include <QPainter>
-
 #include <algorithm>
 #include <numeric>
 
@@ -11,14 +9,6 @@ namespace {
 
 constexpr QRgb kRed = 0xffff0000;
 constexpr QRgb kWhite = 0xffffffff;
-
-void copyInk(QImage &canvas, const QImage &ink)
-{
-    if (canvas.size() != ink.size() || canvas.format() != ink.format())
-        canvas = ink.copy();
-    else if (!ink.isNull())
-        std::memcpy(canvas.bits(), ink.constBits(), static_cast<size_t>(ink.sizeInBytes()));
-}
 
 } // namespace
 
@@ -62,22 +52,6 @@ QRectF targetOf(const QRect &rectangle)
     // Of a rectangle that was refused the size may be beyond what int holds.
     return {1.0 * rectangle.left(), 1.0 * rectangle.top(), 1.0 * rectangle.right() - rectangle.left() + 1,
         1.0 * rectangle.bottom() - rectangle.top() + 1};
-}
-
-void andInto(QImage &canvas, const QImage &print, const QRectF &target)
-{
-    if (canvas.isNull())
-        return;
-    QPainter painter(&canvas);
-    painter.setCompositionMode(QPainter::RasterOp_SourceAndDestination);
-    painter.drawImage(target, print, QRectF(0, 0, kFingerprintWidth, kFingerprintHeight));
-}
-
-void mergeWhole(const MergeCache::Parts &parts)
-{
-    copyInk(parts.canvas, parts.ink);
-    if (parts.print != nullptr)
-        andInto(parts.canvas, *parts.print, parts.target);
 }
 
 } // namespace fingerprint

@@ -41,12 +41,6 @@ QRectF centred(int canvasWidth, int canvasHeight);
 /// A rectangle by its inclusive corners, for painting.
 QRectF targetOf(const QRect &rectangle);
 
-/// Makes the canvas a copy of the ink, with the fingerprint anded into the target.
-void mergeWhole(const MergeCache::Parts &parts);
-
-/// Ands the fingerprint, scaled to the target, into the canvas: white leaves the ink, red shows on white.
-void andInto(QImage &canvas, const QImage &print, const QRectF &target);
-
 /// Keeps the image when its score beats the best so far. Runs on the driver's thread; raw holds 59904 bytes.
 template <class Pad>
 void takeIn(Pad &pad, unsigned char *pucRawData, int nDataLength, int nScore)
@@ -168,10 +162,8 @@ void merge(Pad &pad)
     KV_LOG(key, "<%ld>-rcSourceFP.left=%f, top=%f, width=%f, height=%f", 0.0, 0.0, 1.0 * kFingerprintWidth,
         1.0 * kFingerprintHeight);
     const MergeCache::Parts parts{pad.m_canvas, pad.m_SignCanvas, placed.print, placed.target};
-    if (!pad.m_internals.mergeCache.mergeSegment(parts)) {
-        mergeWhole(parts);
-        pad.m_internals.mergeCache.mergedWhole(parts);
-    }
+    if (!pad.m_internals.mergeCache.mergeSegment(parts))
+        pad.m_internals.mergeCache.mergeWhole(parts);
     KV_LOG(key, "<%ld>-leave !");
 }
 

@@ -1,6 +1,7 @@
 #include "imagefiles.h"
 
 #include "fastways/pngstream.h"
+#include "imageresolution.h"
 #include "pixelformats.h"
 
 #include <QBuffer>
@@ -10,7 +11,6 @@
 #include <QPdfWriter>
 
 #include <algorithm>
-#include <new>
 
 namespace imagefiles {
 
@@ -60,17 +60,6 @@ private:
 
 } // namespace
 
-void setResolution(QImage &image, int nDPI)
-{
-    if (image.isNull())
-        return;
-    const int dotsPerMetre = static_cast<int>(nDPI / 0.0254);
-    image.setDotsPerMeterX(dotsPerMetre);
-    image.setDotsPerMeterY(dotsPerMetre);
-    if (image.isNull()) // there was no memory to detach it
-        throw std::bad_alloc();
-}
-
 bool saveBySuffix(QImage image, WhiteIs white, const QString &path)
 {
     const QByteArray format = QFileInfo(path).suffix().toLower().toLatin1();
@@ -83,7 +72,7 @@ bool saveBySuffix(QImage image, WhiteIs white, const QString &path)
 
 bool savePdf(QImage image, const QString &path, int nDPI)
 {
-    setResolution(image, nDPI);
+    imageresolution::set(image, nDPI);
     const QImage pixels = svgdrawing::asPixmapHolds(image);
     PdfFile file(path);
     if (!file.isOpen())

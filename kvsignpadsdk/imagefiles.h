@@ -6,6 +6,7 @@
 #include "LogFileUtil.h"
 #include "fastways/pngrows.h"
 #include "filepaths.h"
+#include "imageresolution.h"
 #include "inkbounds.h"
 #include "inkpoints.h"
 #include "replacedfile.h"
@@ -18,10 +19,6 @@
 #include <utility>
 
 namespace imagefiles {
-
-/// Sets the resolution on both axes.
-/// @throws std::bad_alloc
-void setResolution(QImage &image, int nDPI);
 
 /// Writes the image as the path's suffix says; false for an unknown suffix, a null image or an unwritable path.
 /// A file is only touched when the image could be encoded, and keeps what it held when it cannot be written.
@@ -87,7 +84,7 @@ bool saveAs(Pad &pad, int nImageTypeID, const QString &path, int nDPI, Cut &cut)
     case ITI_BITMAP:
     case ITI_JPEG:
     case ITI_PNG:
-        setResolution(cut.image, nDPI);
+        imageresolution::set(cut.image, nDPI);
         return saveBySuffix(
             std::move(cut.image), nImageTypeID == ITI_PNG ? WhiteIs::Transparent : WhiteIs::Opaque, path);
     default:

@@ -166,7 +166,7 @@ QImage partInside(const QImage &canvas, const QRect &rectangle)
     return checked(canvas.copy(rectangle.intersects(canvas.rect()) ? rectangle : outside), canvas);
 }
 
-void makeTransparent(QImage &image, const QColor &colour)
+void makeColourTransparent(QImage &image, const QColor &colour)
 {
     const QRgb key = colour.rgba();
     for (int y = 0; y < image.height(); ++y) {
@@ -175,15 +175,10 @@ void makeTransparent(QImage &image, const QColor &colour)
     }
 }
 
-void makeWhiteTransparentPlainly(QImage &image)
-{
-    image.setAlphaChannel(image.createMaskFromColor(QColor(Qt::white).rgb(), Qt::MaskOutColor));
-}
-
 void makeWhiteTransparent(QImage &image)
 {
     if (plainways::only) {
-        makeWhiteTransparentPlainly(image);
+        opaquepixels::maskWhiteByQt(image);
         return;
     }
     if (image.isNull())

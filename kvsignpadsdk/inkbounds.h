@@ -39,15 +39,12 @@ QRect withMargins(const Box &box, int width, int height, int marginX, int margin
 QImage partInside(const QImage &canvas, const QRect &rectangle);
 
 /// Makes every pixel that equals the colour, alpha included, transparent. Takes 32-bit images.
-void makeTransparent(QImage &image, const QColor &colour);
+void makeColourTransparent(QImage &image, const QColor &colour);
 
 /// Makes pure white fully transparent, in the premultiplied format, as Qt's mask of white set as the alpha channel
 /// does: in what lies beyond pixel 32767 of a side, which QPainter does not reach, white stays. Takes 32-bit images.
 /// @throws std::bad_alloc
 void makeWhiteTransparent(QImage &image);
-
-/// The same with Qt's own mask, for images of any kind.
-void makeWhiteTransparentPlainly(QImage &image);
 
 /// A deep copy of the shown canvas, for those who may not take the canvas lock.
 /// @throws std::bad_alloc
@@ -98,7 +95,7 @@ void makeAsTransparentImage(Pad &, QImage &image, const QColor &color)
 {
     static constexpr logging::Key key{Pad::row.scope, "MakeAsTransparentImage()"};
     KV_LOG(key, "<%ld>-Enter, nWidth=%d, nHeight=%d", image.width(), image.height());
-    makeTransparent(image, color);
+    makeColourTransparent(image, color);
     KV_LOG(key, "<%ld>-leave");
 }
 

@@ -5,6 +5,7 @@
 
 #include "LogFileUtil.h"
 #include "canvaslock.h"
+#include "fastways/inkpen.h"
 #include "fastways/mergecache.h"
 #include "modelrules.h"
 #include "padmodels.h"
@@ -13,26 +14,11 @@
 
 #include <QColor>
 #include <QImage>
-#include <QPen>
 #include <QPointF>
 
 #include <mutex>
 
-class QPainter;
-
 namespace strokes {
-
-/// The pen of a segment: solid, with round caps and joins.
-QPen penFor(double width, const QColor &colour);
-
-/// Switches on the antialiasing that strokes have.
-void setHint(QPainter &painter);
-
-/// Draws with the painter's pen, which has the width: a line, or a round dot where both ends are the same point.
-void drawWith(QPainter &painter, const QPointF &from, const QPointF &to, double width);
-
-/// Draws a segment in the plain way, with a painter of its own. A null canvas stays as it is.
-void drawSegment(QImage &canvas, const QPointF &from, const QPointF &to, const QPen &pen);
 
 template <class Pad>
 QColor drawColour(Pad &pad)
@@ -55,7 +41,7 @@ void drawInk(Pad &pad, const QPointF &from, const QPointF &to, double width)
 {
     const QColor colour = drawColour(pad);
     if (!pad.m_internals.brush.draw(padparts::inkCanvas(pad), from, to, width, colour))
-        drawSegment(padparts::inkCanvas(pad), from, to, penFor(width, colour));
+        inkpen::drawSegment(padparts::inkCanvas(pad), from, to, inkpen::penFor(width, colour));
 }
 
 /// Draws from the last point to this one, with the pen of this one. dblPressure is the mapped pressure.

@@ -1,7 +1,7 @@
 #include "svgdrawing.h"
 
 #include "fastways/opaquepixels.h"
-#include "imagefiles.h"
+#include "imageresolution.h"
 #include "pixelformats.h"
 
 namespace svgdrawing {
@@ -18,7 +18,7 @@ QImage asPixmapHolds(const QImage &image)
 
 void drawFingerprint(QPainter &painter, QImage layer, const QSize &size, int nDPI)
 {
-    imagefiles::setResolution(layer, nDPI);
+    imageresolution::set(layer, nDPI);
     const QPoint topLeft((size.width() - kFingerprintWidth) >> 1, (size.height() - kFingerprintHeight) >> 1);
     painter.drawImage(topLeft, asPixmapHolds(layer));
 }

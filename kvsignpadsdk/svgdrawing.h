@@ -4,7 +4,7 @@
 #define SVGDRAWING_H
 
 #include "LogFileUtil.h"
-#include "fastways/svglines.h"
+#include "fastways/svgwriter.h"
 #include "inkpoints.h"
 #include "sharedfields.h"
 #include "strokes.h"
@@ -93,7 +93,7 @@ void draw(Pad &pad, QIODevice &device, const QSize &size, int nDPI, const QPoint
                     drawFingerprint(painter, pad.fingerprintLayer(), size, nDPI);
                 };
         }
-        svglines::write(device, drawing);
+        svgwriter::write(device, drawing);
     }
     for (svglines::Line unwritten; lines.next(unwritten);) { }
     KV_LOG(key, "<%ld>-leave !");

@@ -1,14 +1,14 @@
 #include "inkbrush.h"
 
+#include "inkpen.h"
 #include "plainways.h"
-#include "strokes.h"
 
 InkBrush::Kept::Kept(QImage &canvas)
     : view(const_cast<uchar *>(canvas.constBits()), canvas.width(), canvas.height(), canvas.bytesPerLine(),
         canvas.format())
     , painter(&view)
 {
-    strokes::setHint(painter);
+    inkpen::setHint(painter);
 }
 
 bool InkBrush::Kept::isFor(const QImage &canvas) const
@@ -37,7 +37,7 @@ void InkBrush::setPen(double width, const QColor &colour)
     // A new pen takes widths that setWidthF refuses.
     const bool mayBeSet = width >= 0 && width < 32768;
     if (!mayBeSet || pen.color() != colour || pen.capStyle() != Qt::RoundCap)
-        pen = strokes::penFor(width, colour);
+        pen = inkpen::penFor(width, colour);
     else
         pen.setWidthF(width);
     m_kept->painter.setPen(pen);
@@ -48,6 +48,6 @@ bool InkBrush::draw(QImage &canvas, const QPointF &from, const QPointF &to, doub
     if (plainways::only || !mayDrawOn(canvas))
         return false;
     setPen(width, colour);
-    strokes::drawWith(m_kept->painter, from, to, width);
+    inkpen::drawWith(m_kept->painter, from, to, width);
     return true;
 }

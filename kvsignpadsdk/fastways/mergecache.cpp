@@ -1,10 +1,13 @@
 #include "mergecache.h"
 
-#include "fingerprint.h"
+#include "padmodels.h"
 #include "plainways.h"
+
+#include <QPainter>
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <utility>
 
 namespace {
@@ -35,6 +38,24 @@ void andBox(QRgb *to, const QRgb *ink, const QRgb *layer, int width)
 {
     for (int x = 0; x < width; ++x)
         to[x] = ink[x] & layer[x];
+}
+
+void copyInk(QImage &canvas, const QImage &ink)
+{
+    if (canvas.size() != ink.size() || canvas.format() != ink.format())
+        canvas = ink.copy();
+    else if (!ink.isNull())
+        std::memcpy(canvas.bits(), ink.constBits(), static_cast<size_t>(ink.sizeInBytes()));
+}
+
+// Ands the fingerprint, scaled to the target, into the canvas: white leaves the ink, red shows on white.
+void andInto(QImage &canvas, const QImage &print, const QRectF &target)
+{
+    if (canvas.isNull())
+        return;
+    QPainter painter(&canvas);
+    painter.setCompositionMode(QPainter::RasterOp_SourceAndDestination);
+    painter.drawImage(target, print, QRectF(0, 0, kFingerprintWidth, kFingerprintHeight));
 }
 
 } // namespace
@@ -92,7 +113,15 @@ void MergeCache::mergeBox(const Parts &parts, const QRect &box) const
     }
 }
 
-void MergeCache::mergedWhole(const Parts &parts)
+void MergeCache::mergeWhole(const Parts &parts)
+{
+    copyInk(parts.canvas, parts.ink);
+    if (parts.print != nullptr)
+        andInto(parts.canvas, *parts.print, parts.target);
+    remember(parts);
+}
+
+void MergeCache::remember(const Parts &parts)
 {
     const Known now = known(parts);
     if (now.print != m_merged.print || now.target != m_merged.target || m_size != parts.canvas.size()) {
@@ -109,7 +138,7 @@ bool MergeCache::makeLayer(const Parts &parts)
     if (layer.isNull())
         return false;
     layer.fill(Qt::white);
-    fingerprint::andInto(layer, *parts.print, parts.target);
+    andInto(layer, *parts.print, parts.target);
     m_layerIsWhite = opaquepixels::isWhite(layer); // as long as there is no fingerprint
     if (!m_layerIsWhite)
         m_layer = layer; // only now: a print that memory ran out on stays unknown

@@ -1,5 +1,6 @@
 /// @file
-/// The merge of a fingerprint pad after one segment: only the segment's box of the shown canvas is made anew.
+/// The merge of a fingerprint pad after one segment: only the segment's box of the shown canvas is made anew; and the
+/// merge of the whole canvas.
 #ifndef MERGECACHE_H
 #define MERGECACHE_H
 
@@ -35,8 +36,8 @@ public:
     /// announcement either way.
     bool mergeSegment(const Parts &parts);
 
-    /// To be called after a merge of the whole canvas.
-    void mergedWhole(const Parts &parts);
+    /// Makes the canvas a copy of the ink, with the fingerprint, scaled to the target, anded into it.
+    void mergeWhole(const Parts &parts);
 
 private:
     struct Known
@@ -50,6 +51,7 @@ private:
     };
 
     static Known known(const Parts &parts);
+    void remember(const Parts &parts);
     bool makeLayer(const Parts &parts);
     void mergeBox(const Parts &parts, const QRect &box) const;
 

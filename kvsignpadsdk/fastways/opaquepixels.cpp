@@ -2,6 +2,8 @@
 
 #include "plainways.h"
 
+#include <QColor>
+
 namespace opaquepixels {
 
 namespace {
@@ -46,6 +48,11 @@ bool isWhite(const QImage &image)
 bool isPaintedWhole(const QImage &image)
 {
     return image.width() <= kLongestPainted && image.height() <= kLongestPainted;
+}
+
+void maskWhiteByQt(QImage &image)
+{
+    image.setAlphaChannel(image.createMaskFromColor(QColor(Qt::white).rgb(), Qt::MaskOutColor));
 }
 
 QImage whiteTransparent(const QImage &image)

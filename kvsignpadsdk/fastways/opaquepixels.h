@@ -1,5 +1,5 @@
 /// @file
-/// Loops over whole canvases that the compiler can vectorise. All take 32-bit images.
+/// Loops over whole canvases that the compiler can vectorise. They take 32-bit images.
 #ifndef OPAQUEPIXELS_H
 #define OPAQUEPIXELS_H
 
@@ -15,6 +15,9 @@ bool isWhite(const QImage &image);
 
 /// False where a side is longer than QPainter paints: what Qt makes of such an image ends there.
 bool isPaintedWhole(const QImage &image);
+
+/// Makes pure white fully transparent, in the premultiplied format, with Qt's own mask. Takes images of any kind.
+void maskWhiteByQt(QImage &image);
 
 /// A copy in which pure white is fully transparent, in the premultiplied format; a null image when a pixel of the
 /// original is not opaque, and for one that QPainter does not paint whole.

@@ -1,6 +1,5 @@
 #include "pngstream.h"
 
-#include "inkbounds.h"
 #include "opaquepixels.h"
 #include "plainways.h"
 
@@ -72,7 +71,7 @@ QImage probe()
 QByteArray byQt(QImage image, WhiteIs white)
 {
     if (white == WhiteIs::Transparent)
-        inkbounds::makeWhiteTransparentPlainly(image);
+        opaquepixels::maskWhiteByQt(image);
     QByteArray file;
     QBuffer buffer(&file);
     buffer.open(QIODevice::WriteOnly);

@@ -1,9 +1,8 @@
 /// @file
-/// Many lines as SVG, character by character as QSvgGenerator writes them, at less cost.
+/// Many lines, and how QSvgGenerator writes them.
 #ifndef SVGLINES_H
 #define SVGLINES_H
 
-#include <QByteArray>
 #include <QColor>
 #include <QPointF>
 #include <QSize>
@@ -39,15 +38,8 @@ struct Drawing
     size_t atMost; ///< lines that `next` may hand out
 };
 
-/// Writes the drawing, and takes its lines, to an open device, the quick way where it pays and agrees with Qt.
-void write(QIODevice &device, Drawing &drawing);
-
-/// Writes it with QSvgGenerator alone.
+/// Writes the drawing, and takes its lines, to an open device with QSvgGenerator.
 void writePlainly(QIODevice &device, const Drawing &drawing);
-
-/// Writes it with Qt's own blocks, taken from small drawings, and the numbers put in; false, nothing written and every
-/// line still there, where Qt's blocks are not as they are known to be.
-bool writeQuickly(QIODevice &device, Drawing &drawing);
 
 } // namespace svglines
 

@@ -4,7 +4,7 @@
 #include "fastways/jpegfile.h"
 #include "fastways/opaquepixels.h"
 #include "fastways/pngstream.h"
-#include "fastways/svglines.h"
+#include "fastways/svgwriter.h"
 #include "inkbounds.h"
 #include "pixelformats.h"
 #include "recordedink.h"
@@ -296,7 +296,7 @@ QByteArray svg(const std::vector<svglines::Line> &lines, const QColor &colour, b
     QBuffer buffer(&text);
     buffer.open(QIODevice::WriteOnly);
     if (quick) {
-        EXPECT_TRUE(svglines::writeQuickly(buffer, drawing));
+        EXPECT_TRUE(svgwriter::writeQuickly(buffer, drawing));
     } else {
         svglines::writePlainly(buffer, drawing);
     }

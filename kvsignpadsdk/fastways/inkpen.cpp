@@ -1,8 +1,8 @@
-#include "strokes.h"
+#include "inkpen.h"
 
 #include <QPainter>
 
-namespace strokes {
+namespace inkpen {
 
 // Only this deprecated hint leaves pens of up to one pixel without antialiasing, as strokes have always been drawn.
 void setHint(QPainter &painter)
@@ -39,4 +39,4 @@ void drawSegment(QImage &canvas, const QPointF &from, const QPointF &to, const Q
     drawWith(painter, from, to, pen.widthF());
 }
 
-} // namespace strokes
+} // namespace inkpen
