@@ -2,7 +2,10 @@
 /// The 156 exported functions, one line each by family, and the globals of the open instance. Nothing is done here.
 #include "kvsignpadsdk_global.h"
 
-#include "exported/extras.h"
+#include "exported/device.h"
+#include "exported/fingerprint.h"
+#include "exported/images.h"
+#include "exported/ink.h"
 #include "exported/lifecycle.h"
 
 void *g_pSignWidget = nullptr;

@@ -1,5 +1,6 @@
 /// @file
-/// The frame that every exported function has: device-type check, picking the instance, forwarding.
+/// The frame that every exported function has: device-type check, picking the instance, forwarding; and by
+/// kind of result.
 #ifndef EXPORTEDFRAME_H
 #define EXPORTEDFRAME_H
 
@@ -123,6 +124,36 @@ Result forwardHeadless(Result otherwise, Call call)
         else
             return otherwise;
     });
+}
+
+/// Device type, instance, call, leave line, for functions that return int.
+template <class Family, class Call>
+int answer(const logging::Key &key, int nDeviceType, Call call, int withoutInstance = ARI_FAIL)
+{
+    if (!isOurs<Family>(key, nDeviceType, "ARI_INVALID_PARAMETERS"))
+        return ARI_INVALID_PARAMETERS;
+    const int nResult = forward<Family, int>(withoutInstance, call);
+    KV_LOG(key, "<%ld>-leave with nResult=%d !", nResult);
+    return nResult;
+}
+
+/// For functions that free a text.
+template <class Family, class Call>
+void release(const logging::Key &key, int nDeviceType, Call call)
+{
+    if (!isOurs<Family>(key, nDeviceType))
+        return;
+    forwardVoid<Family>(call);
+    KV_LOG(key, "<%ld>-leave !");
+}
+
+/// Calls a member that makes a text, with the leave line under the name that the function gives its text.
+template <class Family, class Call>
+char *text(const logging::Key &key, Call call)
+{
+    char *pEncodeBase64Image = forward<Family>(static_cast<char *>(nullptr), call);
+    KV_LOG(key, "<%ld>-leave with pEncodeBase64Image=%lx !", logging::address(pEncodeBase64Image));
+    return pEncodeBase64Image;
 }
 
 } // namespace exported

@@ -1,24 +1,36 @@
 /// @file
-/// The frames of the exported functions that hand out images, texts and decoded points, once for all families.
-#ifndef EXPORTEDOUTPUTS_H
-#define EXPORTEDOUTPUTS_H
+/// The frames of the functions that make files and texts of the signature, or take a text back.
+#ifndef EXPORTEDIMAGES_H
+#define EXPORTEDIMAGES_H
 
-#include "calls.h"
+#include "frame.h"
 
 namespace exported {
-
-/// Calls a member that makes a text, with the leave line under the name that the function gives its text.
-template <class Family, class Call>
-char *text(const logging::Key &key, Call call)
-{
-    char *pEncodeBase64Image = forward<Family>(static_cast<char *>(nullptr), call);
-    KV_LOG(key, "<%ld>-leave with pEncodeBase64Image=%lx !", logging::address(pEncodeBase64Image));
-    return pEncodeBase64Image;
-}
 
 inline bool isTextType(int nImageTypeID)
 {
     return (nImageTypeID >= EBITI_BITMAP && nImageTypeID <= EBITI_PNG) || nImageTypeID == EBITI_INK;
+}
+
+inline bool isPushType(int nImageTypeID)
+{
+    return nImageTypeID == EBITI_JPEG || nImageTypeID == EBITI_PNG;
+}
+
+template <class Family>
+int SetSaveClipImageMargin(int nDeviceType, bool bClipImage, int nClipMarginX, int nClipMarginY)
+{
+    static constexpr logging::Key key{Family::prefix, "SetSaveClipImageMargin()"};
+    KV_LOG(key, "<%ld>-Enter, nDeviceType=%d, bClipImage=%d, nClipMarginX=%d, nClipMarginY=%d", nDeviceType, bClipImage,
+        nClipMarginX, nClipMarginY);
+    if (!isOurs<Family>(key, nDeviceType, "ARI_INVALID_PARAMETERS"))
+        return ARI_INVALID_PARAMETERS;
+    if (nClipMarginX < 0 || nClipMarginY < 0) {
+        KV_LOG(key, "<%ld>-leave with ARI_INVALID_PARAMETERS due to (nClipMarginX < 0) || (nClipMarginY < 0) !");
+        return ARI_INVALID_PARAMETERS;
+    }
+    return answer<Family>(key, nDeviceType,
+        [=](auto &pad) { return pad.SetSaveClipImageMargin(bClipImage, nClipMarginX, nClipMarginY); });
 }
 
 template <class Family>
@@ -140,31 +152,75 @@ int Base64Decode(int nDeviceType, int nImageTypeID, const char *pEncodedData, wc
 }
 
 template <class Family>
-int GetTotalDecodeInkPointsNumber(int nDeviceType)
+bool SetRealTimeSignBase64DataCallback(
+    int nDeviceType, int nType, SIGNPAD_SIGN_BASE64_DATA_CALLBACK pfnSignBase64DataCallback)
 {
-    static constexpr logging::Key key{Family::prefix, "GetTotalDecodeInkPointsNumber()"};
-    KV_LOG(key, "<%ld>-Enter, nDeviceType=%d", nDeviceType);
-    if (!isOurs<Family>(key, nDeviceType, "ARI_INVALID_PARAMETERS"))
-        return ARI_INVALID_PARAMETERS;
-    const int nDecodedInkCount =
-        forward<Family, int>(ARI_INK_EMPTY, [](auto &pad) { return pad.GetTotalDecodeInkPointsNumber(); });
-    KV_LOG(key, "<%ld>-leave with nDecodedInkCount=%d !", nDecodedInkCount);
-    return nDecodedInkCount;
+    static constexpr logging::Key key{Family::prefix, "SetRealTimeSignBase64DataCallback()"};
+    KV_LOG(key, "<%ld>-Enter, nDeviceType=%d, nType=%d, pfnSignBase64DataCallback=%lx", nDeviceType, nType,
+        logging::address(pfnSignBase64DataCallback));
+    if (nDeviceType != Family::deviceType || pfnSignBase64DataCallback == nullptr) {
+        KV_LOG(key, "<%ld>-leave false due to (nDeviceType != %s) || (pfnSignBase64DataCallback == nullptr) !",
+            Family::deviceName);
+        return false;
+    }
+    if (!isPushType(nType)) {
+        KV_LOG(key, "<%ld>-leave false due to (nType != EBITI_JPEG) && (nImageTypeID != EBITI_PNG) !");
+        return false;
+    }
+    const bool bRet = forward<Family>(
+        false, [=](auto &pad) { return pad.SetRealTimeSignBase64DataCallback(nType, pfnSignBase64DataCallback); });
+    KV_LOG(key, "<%ld>-leave with bRet=%d !", bRet);
+    return bRet;
 }
 
 template <class Family>
-int GetDecodeInkPointData(int nDeviceType, int nIndex, int nTypeID)
+bool InitialWPSSignCanvas(int nDeviceType, int nWidth, int nHeight)
 {
-    static constexpr logging::Key key{Family::prefix, "GetDecodeInkPointData()"};
-    KV_LOG(key, "<%ld>-Enter, nDeviceType=%d, nIndex=%d, nTypeID=%d", nDeviceType, nIndex, nTypeID);
-    if (!isOurs<Family>(key, nDeviceType, "ARI_INVALID_PARAMETERS"))
-        return ARI_INVALID_PARAMETERS;
-    if (nTypeID < INKDATATYPE_X || nTypeID > INKDATATYPE_STROKEEND) {
-        KV_LOG(key,
-            "<%ld>-leave with ARI_INVALID_PARAMETERS due to (nTypeID < INKDATATYPE_X) || (nTypeID > INKDATATYPE_STROKEEND) !");
-        return ARI_INVALID_PARAMETERS;
+    static constexpr logging::Key key{Family::prefix, "InitialWPSSignCanvas()"};
+    KV_LOG(key, "<%ld>-Enter, nDeviceType=%d, nWidth=%d, nHeight=%d", nDeviceType, nWidth, nHeight);
+    if (nDeviceType != Family::deviceType) {
+        KV_LOG(key, "<%ld>-leave false due to (nDeviceType != %s) !", Family::deviceName);
+        return false;
     }
-    return answer<Family>(key, nDeviceType, [=](auto &pad) { return pad.GetDecodeInkPointData(nIndex, nTypeID); });
+    if (nWidth == 0 || nHeight == 0) {
+        KV_LOG(key, "<%ld>-leave false due to (nWidth == 0) || (nHeight == 0) !");
+        return false;
+    }
+    const bool bRet =
+        forwardHeadless<Family>(false, [=](auto &pad) { return pad.InitialWPSSignCanvas(nWidth, nHeight); });
+    KV_LOG(key, "<%ld>-leave with bRet=%d !", bRet);
+    return bRet;
+}
+
+template <class Family>
+char *WPSBase64Encode(int nDeviceType, int nImageTypeID)
+{
+    static constexpr logging::Key key{Family::prefix, "WPSBase64Encode()"};
+    KV_LOG(key, "<%ld>-Enter, nDeviceType=%d, nImageTypeID=%d", nDeviceType, nImageTypeID);
+    if (!isOurs<Family>(key, nDeviceType, "nullptr"))
+        return nullptr;
+    if (!isPushType(nImageTypeID)) {
+        KV_LOG(key, "<%ld>-leave nullptr due to (nType != EBITI_JPEG) && (nImageTypeID != EBITI_PNG) !");
+        return nullptr;
+    }
+    char *pEncodeBase64Image = forwardHeadless<Family>(
+        static_cast<char *>(nullptr), [=](auto &pad) { return pad.WPSBase64Encode(nImageTypeID); });
+    KV_LOG(key, "<%ld>-leave with pEncodeBase64Image=%lx !", logging::address(pEncodeBase64Image));
+    return pEncodeBase64Image;
+}
+
+template <class Family>
+void WPSBase64EncodeFree(int nDeviceType, char *pEncodedData)
+{
+    static constexpr logging::Key key{Family::prefix, "WPSBase64EncodeFree()"};
+    KV_LOG(key, "<%ld>-Enter, nDeviceType=%d, pEncodedData=%lx", nDeviceType, logging::address(pEncodedData));
+    if (!isOurs<Family>(key, nDeviceType))
+        return;
+    forwardHeadless<Family>(0, [=](auto &pad) {
+        pad.WPSBase64EncodeFree(pEncodedData);
+        return 0;
+    });
+    KV_LOG(key, "<%ld>-leave !");
 }
 
 } // namespace exported
