@@ -29,11 +29,35 @@ public:
     bool SetRealTimeSignBase64DataCallback(int nType, SIGNPAD_SIGN_BASE64_DATA_CALLBACK pfnSignBase64DataCallback);
     void CheckIfNeedToSendRealTimeSignBase64Data();
 
+    // The order of the fields is fixed.
     QImage m_canvas;
     QColor m_drawColor = Qt::black;
     QLibrary *m_plibKVSignPadDriver = nullptr; ///< owned
-#include "padclass/slots_screen.inl"
-#include "padclass/fields.inl"
+    KVSPDAPI_Initial m_pfn_KVSPDAPI_Initial = nullptr;
+    KVSPDAPI_UnInitial m_pfn_KVSPDAPI_UnInitial = nullptr;
+    KVSPDAPI_OpenDeviceLCD m_pfn_KVSPDAPI_OpenDeviceLCD = nullptr;
+    KVSPDAPI_ClearDeviceContent m_pfn_KVSPDAPI_ClearDeviceContent = nullptr;
+    KVSPDAPI_GetDevicePenID m_pfn_KVSPDAPI_GetDevicePenID = nullptr;
+    KVSPDAPI_GetDevicePadID m_pfn_KVSPDAPI_GetDevicePadID = nullptr;
+    KVSPDAPI_GetDeviceSecureID m_pfn_KVSPDAPI_GetDeviceSecureID = nullptr;
+    KVSPDAPI_GetDevicePartsVersion m_pfn_KVSPDAPI_GetDevicePartsVersion = nullptr;
+    KVSPDAPI_ShowVersionInfoOnDevice m_pfn_KVSPDAPI_ShowVersionInfoOnDevice = nullptr;
+    KVSPDAPI_SetDevicePenStyle m_pfn_KVSPDAPI_SetDevicePenStyle = nullptr;
+    bool m_bPenDown = false; ///< a stroke is in progress
+    SingContext m_SignContext{}; ///< raw units to canvas pixels
+    int m_nSignWidthLevel = 3; ///< 1 to 10
+    double m_dblLastSignWndX = 0; ///< where the next segment starts, in canvas pixels
+    double m_dblLastSignWndY = 0;
+    bool m_bDeviceConnected = false;
+    int m_nMaxPressureValue = row.model.maxPressure;
+    bool m_bWithPressureValue = true; ///< the stroke width follows the pressure
+    SIGNPAD_EVENT_CALLBACK m_pfnSignPadEventCallback = nullptr;
+    std::vector<_POINTDATA> *m_pPointDataList = nullptr; ///< owned; null until the pad is connected
+    bool m_bClipImage = false;
+    int m_nSaveImageClipMarginX = 0; ///< canvas pixels
+    int m_nSaveImageClipMarginY = 0;
+    std::vector<_POINTDATA> *m_pDecodedPointDataList = nullptr; ///< owned
+    int m_nPressDeviceConfirmOrCancelKey = -1; ///< last tap: 1 confirm, 0 cancel, -1 none or already asked for
     QMutex m_mutexUpdateCanvas;
     bool m_bPenDownOnCancelButton = false; ///< tapped since the last clear
     int m_nRealTimeSignBase64Data_ImageTypeID = 0;

@@ -1,4 +1,9 @@
 // The members that all instance classes forward alike. The includer defines KV_PAD as its class.
+#ifndef KV_PAD // an editor that looks at this file alone
+#include "cs300signwidget.h"
+#include "defined.h"
+#define KV_PAD CS300SignWidget
+#endif
 
 bool KV_PAD::LoadKVSignPadDriver() { return driverbinding::load(*this); }
 bool KV_PAD::IsDeviceConnected() { return driverbinding::connect(*this); }

@@ -1,4 +1,10 @@
 // The members that both fingerprint classes forward alike.
+#ifndef KV_PAD // an editor that looks at this file alone
+#include "cs310xsignwidget.h"
+#include "defined.h"
+#include "fingerprintplacement.h"
+#define KV_PAD CS310XSignWidget
+#endif
 
 void KV_PAD::RxS310XSignPadFPRawData(unsigned char *pucRawData, int nDataLength, int nScore) { contained::run([&] { fingerprint::takeIn(*this, pucRawData, nDataLength, nScore); }); }
 bool KV_PAD::AreWeGoingToShutDown() { return shared::get(m_bGoToShutDown); }
