@@ -83,7 +83,7 @@ private:
     static inline CommandResult *s_result = nullptr;
 };
 
-TEST_F(PlayedDemo, writesEveryModelInEveryFormatAndListsIt)
+TEST_F(PlayedDemo, WritesEveryModelInEveryFormatAndListsIt)
 {
     const int points = storedPoints(KV_SOURCE_DIRECTORY "/simulator/recordings/signature.kvrec");
     for (const Model &model : kModels) {
@@ -108,7 +108,7 @@ TEST_F(PlayedDemo, writesEveryModelInEveryFormatAndListsIt)
     }
 }
 
-TEST_F(PlayedDemo, showsTheFingerprintInEachOfItsPlaces)
+TEST_F(PlayedDemo, ShowsTheFingerprintInEachOfItsPlaces)
 {
     const QImage centre(file("s310x-finger-centre.png"));
     const QImage rectangle(file("s310x-finger-rectangle.png"));
@@ -122,7 +122,7 @@ TEST_F(PlayedDemo, showsTheFingerprintInEachOfItsPlaces)
     EXPECT_FALSE(hasRed(QImage(file("s300.bmp"))));
 }
 
-TEST_F(PlayedDemo, tellsWhatThePadsTellAboutThemselves)
+TEST_F(PlayedDemo, TellsWhatThePadsTellAboutThemselves)
 {
     EXPECT_TRUE(result().output.contains(QRegularExpression(
         "\nR800 +Korvane +R800 +yes +0\\.\\.29870 +0\\.\\.20120 +8192 +1\\.0 +SIM-R800-\\S+ +KVR800 ")))
@@ -130,7 +130,7 @@ TEST_F(PlayedDemo, tellsWhatThePadsTellAboutThemselves)
     EXPECT_TRUE(result().output.contains(QRegularExpression("\nS210 live push: \\d{3} images, \\d+ a second")));
 }
 
-TEST_F(Demo, showsAWindowForEachPad)
+TEST_F(Demo, ShowsAWindowForEachPad)
 {
     const CommandResult result = runDemo({m_output.path(), "--window"});
     ASSERT_EQ(result.exitCode, 0) << testing::PrintToString(result);
@@ -143,7 +143,7 @@ TEST_F(Demo, showsAWindowForEachPad)
     }
 }
 
-TEST_F(Demo, saysWhatIsWrongAndWhatToDo)
+TEST_F(Demo, SaysWhatIsWrongAndWhatToDo)
 {
     const auto fails = [](const CommandResult &result, const char *what) {
         EXPECT_EQ(result.exitCode, 1) << testing::PrintToString(result);
@@ -159,7 +159,7 @@ TEST_F(Demo, saysWhatIsWrongAndWhatToDo)
     fails(runDemo({"/dev/full/output"}), "cannot be created");
 }
 
-TEST_F(Demo, keepsWhatAPadSentBeforeItWasPulledOut)
+TEST_F(Demo, KeepsWhatAPadSentBeforeItWasPulledOut)
 {
     QFile recording(file("pulled-out.kvrec"));
     ASSERT_TRUE(recording.open(QIODevice::WriteOnly));
@@ -179,7 +179,7 @@ TEST_F(Demo, keepsWhatAPadSentBeforeItWasPulledOut)
     EXPECT_EQ(svg.readAll().count("<polyline"), 2);
 }
 
-TEST_F(Demo, refusesArgumentsThatItDoesNotKnow)
+TEST_F(Demo, RefusesArgumentsThatItDoesNotKnow)
 {
     EXPECT_EQ(runDemo({}).exitCode, 2);
     EXPECT_EQ(runDemo({m_output.path(), "--windows"}).exitCode, 2);

@@ -68,7 +68,7 @@ private:
     void link(const QString &target, const QString &name) { QFile::link(target, m_place.filePath(name)); }
 };
 
-TEST_P(DocumentedProgram, writesTheSignatureThatIsConfirmed)
+TEST_P(DocumentedProgram, WritesTheSignatureThatIsConfirmed)
 {
     const CommandResult result = runCommands("signature");
     EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
@@ -83,14 +83,14 @@ TEST_P(DocumentedProgram, writesTheSignatureThatIsConfirmed)
     EXPECT_LT(inked, 100000);
 }
 
-TEST_P(DocumentedProgram, writesNothingWhenTheSignerCancels)
+TEST_P(DocumentedProgram, WritesNothingWhenTheSignerCancels)
 {
     const CommandResult result = runCommands("tick-and-cross");
     EXPECT_GT(result.exitCode, 0) << testing::PrintToString(result);
     EXPECT_FALSE(QFile::exists(file("signature.png")));
 }
 
-TEST_P(DocumentedProgram, saysThatThereIsNoPad)
+TEST_P(DocumentedProgram, SaysThatThereIsNoPad)
 {
     QFile::remove(file("libkvsignpaddrv.so"));
     const CommandResult result = runCommands("signature");
@@ -101,7 +101,7 @@ TEST_P(DocumentedProgram, saysThatThereIsNoPad)
 INSTANTIATE_TEST_SUITE_P(Documents, DocumentedProgram, testing::ValuesIn(kPrograms),
     [](const auto &row) { return std::string(row.param.name); });
 
-TEST(Readme, copiesTheSimulatedDriverFromWhereItIsBuilt)
+TEST(Readme, CopiesTheSimulatedDriverFromWhereItIsBuilt)
 {
     const QString section = sectionOf(contentOf(KV_SOURCE_DIRECTORY "/README.md"), "A program");
     EXPECT_TRUE(indentedBlock(section).contains("cp build/release/simulator/libkvsignpaddrv.so ."));

@@ -13,14 +13,14 @@ namespace {
 
 const QString kSource = KV_SOURCE_DIRECTORY;
 
-TEST(DemoScript, refusesUnknownArguments)
+TEST(DemoScript, RefusesUnknownArguments)
 {
     const CommandResult result = runProgram({kSource + "/demo", "--widnow"}, "/");
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_TRUE(result.errors.contains("unknown arguments: --widnow")) << testing::PrintToString(result);
 }
 
-TEST(DemoScript, saysHowToShowWindowsWithoutAScreen)
+TEST(DemoScript, SaysHowToShowWindowsWithoutAScreen)
 {
     const CommandResult result =
         runProgram({kSource + "/demo", "--window"}, "/", {{"DISPLAY", {}}, {"WAYLAND_DISPLAY", {}}});
@@ -28,7 +28,7 @@ TEST(DemoScript, saysHowToShowWindowsWithoutAScreen)
     EXPECT_TRUE(result.errors.contains("xvfb-run -a ./demo --window")) << testing::PrintToString(result);
 }
 
-TEST(CheckScript, refusesUnknownArguments)
+TEST(CheckScript, RefusesUnknownArguments)
 {
     const CommandResult result = runProgram({kSource + "/check", "--fast"}, "/");
     EXPECT_EQ(result.exitCode, 2);
@@ -46,7 +46,7 @@ int exitOfMessage(const QByteArray &message)
     return runProgram({kSource + "/tools/githooks/commit-msg", file.fileName()}, place.path()).exitCode;
 }
 
-TEST(CommitMessage, hasAShortSubjectAndAnEmptyLineBelow)
+TEST(CommitMessage, HasAShortSubjectAndAnEmptyLineBelow)
 {
     const QByteArray longest(72, 'x');
     EXPECT_EQ(exitOfMessage(longest + "\n"), 0);
@@ -104,19 +104,19 @@ protected:
     QTemporaryDir m_place;
 };
 
-TEST_F(InstallPackages, needsNothingWhenNothingIsMissing)
+TEST_F(InstallPackages, NeedsNothingWhenNothingIsMissing)
 {
     EXPECT_EQ(install({"build", "check"}, "none").exitCode, 0);
     EXPECT_EQ(calls(), "");
 }
 
-TEST_F(InstallPackages, installsOnlyWhatIsMissing)
+TEST_F(InstallPackages, InstallsOnlyWhatIsMissing)
 {
     EXPECT_EQ(install({"build", "check"}, "ninja-build").exitCode, 0);
     EXPECT_EQ(calls(), "apt-get update -qq\napt-get install -y -qq --no-install-recommends ninja-build\n");
 }
 
-TEST_F(InstallPackages, leavesOtherGroupsAlone)
+TEST_F(InstallPackages, LeavesOtherGroupsAlone)
 {
     EXPECT_EQ(install({"build", "check"}, "shellcheck").exitCode, 0);
     EXPECT_EQ(calls(), "");
@@ -124,7 +124,7 @@ TEST_F(InstallPackages, leavesOtherGroupsAlone)
     EXPECT_TRUE(calls().contains(" shellcheck\n"));
 }
 
-TEST_F(InstallPackages, saysWhatIsMissingWhenItCannotBeInstalled)
+TEST_F(InstallPackages, SaysWhatIsMissingWhenItCannotBeInstalled)
 {
     standIn("apt-get", "exit 100");
     const CommandResult result = install({"build"}, "g++");
@@ -133,7 +133,7 @@ TEST_F(InstallPackages, saysWhatIsMissingWhenItCannotBeInstalled)
     EXPECT_TRUE(result.errors.contains("is the network up?"));
 }
 
-TEST(Documents, linkOnlyToFilesThatExist)
+TEST(Documents, LinkOnlyToFilesThatExist)
 {
     static const QRegularExpression link("\\]\\(([^)#:]+)\\)");
     for (const QString &name :
@@ -150,7 +150,7 @@ TEST(Documents, linkOnlyToFilesThatExist)
     }
 }
 
-TEST(Architecture, namesFilesThatExist)
+TEST(Architecture, NamesFilesThatExist)
 {
     // `penpackets` stands for penpackets.h, `cs310x*_x` for some; names with a suffix for themselves.
     static const QRegularExpression name("`([a-zA-Z0-9_*/]+(?:\\.[a-z]+)?)`");

@@ -30,7 +30,7 @@ protected:
     }
 };
 
-TEST_F(KvsignAnswers, areJsonOnEveryFailure)
+TEST_F(KvsignAnswers, AreJsonOnEveryFailure)
 {
     const QMap<QString, QString> otherPad{{"KVSIM_VERSION", "another"}};
     struct Row
@@ -56,7 +56,7 @@ TEST_F(KvsignAnswers, areJsonOnEveryFailure)
     EXPECT_TRUE(info.contains("pad") && info["pad"].isNull());
 }
 
-TEST_F(KvsignAnswers, tellWrongUsageFromEverythingElse)
+TEST_F(KvsignAnswers, TellWrongUsageFromEverythingElse)
 {
     const QStringList rows[] = {{}, {"draw"}, {"--bogus"}, {"--version", "more"}, {"completion", "more"}, {"capture"},
         {"capture", "x.ink", "x.ink"}, {"capture", "x.ink", "./x.ink"}, {"capture", ""},

@@ -30,7 +30,7 @@ protected:
 
 // The library answers success for a PDF or an SVG that found no room, and what is left of it would find room. A limit
 // on sizes is such a disk.
-TEST_F(KvsignAtomic, writesNoCutPicture)
+TEST_F(KvsignAtomic, WritesNoCutPicture)
 {
     for (const char *name : {"a.pdf", "a.svg", "a.png", "a.jpg", "a.bmp"}) {
         write(name, "as it was");
@@ -45,7 +45,7 @@ TEST_F(KvsignAtomic, writesNoCutPicture)
     EXPECT_EQ(files(), QStringList("temporary"));
 }
 
-TEST_F(KvsignAtomic, leavesNothingWhenNobodyReadsItsOutput)
+TEST_F(KvsignAtomic, LeavesNothingWhenNobodyReadsItsOutput)
 {
     const QString program =
         "import os, subprocess, sys\n"
@@ -63,7 +63,7 @@ TEST_F(KvsignAtomic, leavesNothingWhenNobodyReadsItsOutput)
     EXPECT_EQ(temporary(), QStringList());
 }
 
-TEST_F(KvsignAtomic, leavesNothingAfterAnySignal)
+TEST_F(KvsignAtomic, LeavesNothingAfterAnySignal)
 {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGUSR1, SIGUSR2, SIGALRM, SIGXCPU, SIGVTALRM}) {
         QProcess process;
@@ -90,7 +90,7 @@ TEST_F(KvsignAtomic, leavesNothingAfterAnySignal)
     }
 }
 
-TEST_F(KvsignAtomic, goesOnWhenItIsToIgnoreASignal)
+TEST_F(KvsignAtomic, GoesOnWhenItIsToIgnoreASignal)
 {
     const CommandResult result = runInShell(
         "trap '' HUP; KVSIM_DELAY_MS=1000 \"$0\" capture -m S300 x.ink & child=$!; "

@@ -35,7 +35,7 @@ protected:
 
 // Sanitizers keep what was freed, and measure nothing then.
 #ifndef KV_SANITIZED
-TEST_F(KvsignBig, passesThroughInLittleMemory)
+TEST_F(KvsignBig, PassesThroughInLittleMemory)
 {
     writeRecord("small.ink", 1000);
     writeRecord("big.ink", 1000000);
@@ -57,7 +57,7 @@ TEST_F(KvsignBig, passesThroughInLittleMemory)
 }
 #endif
 
-TEST_F(KvsignBig, showsATerminalABar)
+TEST_F(KvsignBig, ShowsATerminalABar)
 {
     writeRecord("big.ink", 400000);
     const QString shown = python("import os, pty, sys; os.chdir(sys.argv[1]); sys.exit(pty.spawn(sys.argv[2:]))",

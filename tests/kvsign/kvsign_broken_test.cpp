@@ -116,7 +116,7 @@ class KvsignBroken : public Place
 {
 };
 
-TEST_F(KvsignBroken, isNamedWithItsPlaceAndLeavesNothing)
+TEST_F(KvsignBroken, IsNamedWithItsPlaceAndLeavesNothing)
 {
     for (const Broken &broken : kBroken) {
         write(broken.name, broken.content);
@@ -130,7 +130,7 @@ TEST_F(KvsignBroken, isNamedWithItsPlaceAndLeavesNothing)
     }
 }
 
-TEST_F(KvsignBroken, isRefusedByEverySubcommandThatReads)
+TEST_F(KvsignBroken, IsRefusedByEverySubcommandThatReads)
 {
     write("half.csv", kTitles + "1,2,3,0,4,5\n1,2,3,0\n");
     for (const QStringList &arguments : {QStringList{"inspect", "half.csv"}, QStringList{"replay", "half.csv"},
@@ -142,7 +142,7 @@ TEST_F(KvsignBroken, isRefusedByEverySubcommandThatReads)
     }
 }
 
-TEST_F(KvsignBroken, leavesTheOldFileAsItWas)
+TEST_F(KvsignBroken, LeavesTheOldFileAsItWas)
 {
     write("broken.ink", "!");
     write("out.csv", "as it was");
@@ -151,7 +151,7 @@ TEST_F(KvsignBroken, leavesTheOldFileAsItWas)
     EXPECT_EQ(files(), QStringList({"broken.ink", "out.csv"}));
 }
 
-TEST_F(KvsignBroken, placesAreNamed)
+TEST_F(KvsignBroken, PlacesAreNamed)
 {
     write("good.ink", record(kPoints));
     const auto fails = [&](const QStringList &arguments, int code, const char *message) {
@@ -173,7 +173,7 @@ TEST_F(KvsignBroken, placesAreNamed)
     EXPECT_EQ(files(), QStringList("good.ink"));
 }
 
-TEST_F(KvsignBroken, aFullDiskIsAFailure)
+TEST_F(KvsignBroken, AFullDiskIsAFailure)
 {
     Points points;
     for (int i = 0; i < 2000; ++i)
@@ -194,7 +194,7 @@ TEST_F(KvsignBroken, aFullDiskIsAFailure)
     }
 }
 
-TEST_F(KvsignBroken, anInterruptedConversionLeavesNothing)
+TEST_F(KvsignBroken, AnInterruptedConversionLeavesNothing)
 {
     Points points(1000000, {1500, 900, 500, false, 7, 0});
     for (size_t i = 0; i < points.size(); ++i)

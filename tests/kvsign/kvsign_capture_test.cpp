@@ -26,7 +26,7 @@ protected:
 
 const char *const kSuffixes[] = {"bmp", "jpg", "png", "pdf", "svg", "ink", "csv", "json", "inkml"};
 
-TEST_F(KvsignCapture, writesEveryFormatOfEveryModel)
+TEST_F(KvsignCapture, WritesEveryFormatOfEveryModel)
 {
     const int points = storedPoints(kRecordings + "/signature.kvrec");
     for (const Model &model : kModels) {
@@ -60,7 +60,7 @@ TEST_F(KvsignCapture, writesEveryFormatOfEveryModel)
     }
 }
 
-TEST_F(KvsignCapture, takesThePenAndTheCanvas)
+TEST_F(KvsignCapture, TakesThePenAndTheCanvas)
 {
     runWell({"capture", "-m", "S300", "plain.png", "plain.svg"});
     runWell({"capture", "-m", "S300", "--size", "600x300", "-c", "#c00000", "-w", "5", "--dpi", "150", "pen.png"});
@@ -83,7 +83,7 @@ TEST_F(KvsignCapture, takesThePenAndTheCanvas)
     EXPECT_LE(widths.size(), 2) << "and the group's own";
 }
 
-TEST_F(KvsignCapture, keepsWhatWasThereWhenTheSignerCancels)
+TEST_F(KvsignCapture, KeepsWhatWasThereWhenTheSignerCancels)
 {
     write("signature.png", "as it was");
     const CommandResult result = run(
@@ -94,7 +94,7 @@ TEST_F(KvsignCapture, keepsWhatWasThereWhenTheSignerCancels)
     EXPECT_EQ(files(), QStringList("signature.png"));
 }
 
-TEST_F(KvsignCapture, endsWhenNobodyConfirms)
+TEST_F(KvsignCapture, EndsWhenNobodyConfirms)
 {
     const CommandResult result =
         run({"capture", "--timeout", "1", "--json", "signature.ink"}, {{"KVSIM_RECORDING", "none"}});
@@ -103,7 +103,7 @@ TEST_F(KvsignCapture, endsWhenNobodyConfirms)
     EXPECT_EQ(files(), QStringList());
 }
 
-TEST_F(KvsignCapture, saysThatNothingWasWritten)
+TEST_F(KvsignCapture, SaysThatNothingWasWritten)
 {
     write("empty.kvrec", "version: 1\nmodel: S300\n5 0 0 0 4\n");
     for (const char *name : {"signature.png", "signature.ink", "signature.csv"}) {
@@ -113,7 +113,7 @@ TEST_F(KvsignCapture, saysThatNothingWasWritten)
     }
 }
 
-TEST_F(KvsignCapture, saysThatThereIsNoPad)
+TEST_F(KvsignCapture, SaysThatThereIsNoPad)
 {
     isEndedWith(5, "opens no S300 pad", run({"capture", "-m", "S300", "x.ink"}, {{"KVSIM_VERSION", "KVR800"}}));
     isEndedWith(5, "opens no pad", run({"capture", "x.ink"}, {{"KVSIM_VERSION", "another"}}));
@@ -123,12 +123,12 @@ TEST_F(KvsignCapture, saysThatThereIsNoPad)
     EXPECT_EQ(files(), QStringList());
 }
 
-TEST_F(KvsignCapture, findsTheFirstModelThatAnswers)
+TEST_F(KvsignCapture, FindsTheFirstModelThatAnswers)
 {
     EXPECT_EQ(runJson({"capture", "x.ink"}, {{"KVSIM_VERSION", "KVR800 1.0"}})["model"].toString(), "R800");
 }
 
-TEST_F(KvsignCapture, writesRelativeToWhereItWasStarted)
+TEST_F(KvsignCapture, WritesRelativeToWhereItWasStarted)
 {
     QDir(file(".")).mkdir("below");
     const CommandResult result =
@@ -138,7 +138,7 @@ TEST_F(KvsignCapture, writesRelativeToWhereItWasStarted)
     EXPECT_TRUE(exists("below/x.svg"));
 }
 
-TEST_F(KvsignCapture, findsOutBeforeSomebodySigns)
+TEST_F(KvsignCapture, FindsOutBeforeSomebodySigns)
 {
     isEndedWith(1, "No such file or directory",
         run({"capture", "nowhere/x.ink"}, {{"KVSIM_RECORDING", "none"}, {"KVSIM_SPEED", "1"}}));
@@ -156,7 +156,7 @@ TEST_F(KvsignCapture, findsOutBeforeSomebodySigns)
 }
 
 // The first file fits; that the second does not is found when the last of it leaves memory.
-TEST_F(KvsignCapture, leavesNoFileWhenOneOfThemCannotBeFinished)
+TEST_F(KvsignCapture, LeavesNoFileWhenOneOfThemCannotBeFinished)
 {
     QProcess process;
     process.setWorkingDirectory(file("."));
@@ -170,7 +170,7 @@ TEST_F(KvsignCapture, leavesNoFileWhenOneOfThemCannotBeFinished)
     EXPECT_EQ(files(), QStringList());
 }
 
-TEST_F(KvsignCapture, closesThePadWhenItIsInterrupted)
+TEST_F(KvsignCapture, ClosesThePadWhenItIsInterrupted)
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -192,7 +192,7 @@ TEST_F(KvsignCapture, closesThePadWhenItIsInterrupted)
     EXPECT_EQ(files(), QStringList());
 }
 
-TEST_F(KvsignCapture, tellsATerminalHowItGoesAndAPipeNothing)
+TEST_F(KvsignCapture, TellsATerminalHowItGoesAndAPipeNothing)
 {
     EXPECT_EQ(runWell({"capture", "-m", "S300", "x.ink"}).errors, "");
     const QString shown = python(

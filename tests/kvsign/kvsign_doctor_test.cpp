@@ -44,7 +44,7 @@ const char *const kOperations[] = {"Initial", "UnInitial", "OpenDeviceLCD", "Cle
     "GetDevicePadID", "GetDeviceSecureID", "GetDevicePartsVersion", "ShowVersionInfoOnDevice", "SetDevicePenStyle",
     "ShowFPImageOnDevice"};
 
-TEST_F(KvsignDoctor, isContentWithAGoodInstallation)
+TEST_F(KvsignDoctor, IsContentWithAGoodInstallation)
 {
     const CommandResult result = run({"doctor"});
     EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
@@ -58,14 +58,14 @@ TEST_F(KvsignDoctor, isContentWithAGoodInstallation)
     EXPECT_FALSE(result.output.contains("WRONG"));
 }
 
-TEST_F(KvsignDoctor, findsAnOperationThatTheDriverLacks)
+TEST_F(KvsignDoctor, FindsAnOperationThatTheDriverLacks)
 {
     for (const char *operation : {"SetDevicePenStyle", "ShowFPImageOnDevice"})
         findsWrong(finding(kDriverDirectory + "/without/" + operation, QString("driver operation %1").arg(operation)),
             "missing, which", "install the driver's newest version");
 }
 
-TEST_F(KvsignDoctor, findsADriverThatIsNone)
+TEST_F(KvsignDoctor, FindsADriverThatIsNone)
 {
     findsWrong(finding(kDriverDirectory + "/broken", "driver file"), "is no library for this kind of computer",
         "install the driver for ");
@@ -82,7 +82,7 @@ TEST_F(KvsignDoctor, findsADriverThatIsNone)
     findsWrong(finding(file("lacking"), "driver"), "libstdc++.so.X", "ldd ");
 }
 
-TEST_F(KvsignDoctor, findsADriverThatEverybodyMayChange)
+TEST_F(KvsignDoctor, FindsADriverThatEverybodyMayChange)
 {
     QDir(file(".")).mkpath("open");
     const QString driver = file("open/libkvsignpaddrv.so");
@@ -110,13 +110,13 @@ TEST_F(KvsignDoctor, findsADriverThatEverybodyMayChange)
         finding(file("open"), "driver's safety"), "can be written by everybody", "chmod o-w " + file("open").toUtf8());
 }
 
-TEST_F(KvsignDoctor, findsAPadOfAnotherModel)
+TEST_F(KvsignDoctor, FindsAPadOfAnotherModel)
 {
     findsWrong(finding(kDriverDirectory, "pad", {{"KVSIM_VERSION", "KVR800"}}), "none answers as S310X", "this model");
     EXPECT_EQ(finding(kDriverDirectory, "pad", {}, 0)["finding"].toString(), "S310X, version \"KVS310X SIM 1.0\"");
 }
 
-TEST_F(KvsignDoctor, looksForADisplay)
+TEST_F(KvsignDoctor, LooksForADisplay)
 {
     const QMap<QString, QString> without{{"QT_QPA_PLATFORM", {}}, {"DISPLAY", {}}, {"WAYLAND_DISPLAY", {}}};
     const QJsonObject missing = finding(kDriverDirectory, "display", without, 0);
@@ -127,7 +127,7 @@ TEST_F(KvsignDoctor, looksForADisplay)
     EXPECT_TRUE(onScreen.output.contains("ok    display: the X display :")) << testing::PrintToString(onScreen);
 }
 
-TEST_F(KvsignDoctor, findsThatThereIsNoSuchDirectory)
+TEST_F(KvsignDoctor, FindsThatThereIsNoSuchDirectory)
 {
     const CommandResult result = run({"doctor", "--driver", "/no/such"});
     EXPECT_EQ(result.exitCode, 1) << testing::PrintToString(result);
@@ -149,7 +149,7 @@ const Model kModels[] = {{"S210", 2360, 1430, 2048, true, false}, {"S300", 2300,
     {"S310X", 21170, 11490, 2048, true, true}, {"R800", 29870, 20120, 8192, false, false},
     {"M450", 29870, 20120, 8192, false, false}};
 
-TEST_F(KvsignDoctor, infoTellsWhatThePadsTell)
+TEST_F(KvsignDoctor, InfoTellsWhatThePadsTell)
 {
     for (const Model &model : kModels) {
         const QJsonObject info = runJson({"info", "--model", model.name});
@@ -173,7 +173,7 @@ TEST_F(KvsignDoctor, infoTellsWhatThePadsTell)
     EXPECT_TRUE(text.contains("\npressure     0 to 1024\n")) << text.toStdString();
 }
 
-TEST_F(KvsignDoctor, infoTellsTheVersionsWithoutAPadToo)
+TEST_F(KvsignDoctor, InfoTellsTheVersionsWithoutAPadToo)
 {
     const CommandResult result = run({"info", "--json", "--driver", KV_SOURCE_DIRECTORY});
     EXPECT_EQ(result.exitCode, 5) << testing::PrintToString(result);

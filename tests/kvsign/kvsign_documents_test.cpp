@@ -50,7 +50,7 @@ std::string sorted(const QSet<QString> &words)
     return list.join(' ').toStdString();
 }
 
-TEST_F(KvsignDocuments, theManualHasTheHelpsOptions)
+TEST_F(KvsignDocuments, TheManualHasTheHelpsOptions)
 {
     static const QRegularExpression helped("\\n  (?:-[a-z], )?(--[a-z-]+)");
     for (const char *subcommand : kSubcommands)
@@ -63,7 +63,7 @@ TEST_F(KvsignDocuments, theManualHasTheHelpsOptions)
     EXPECT_EQ(sorted(inHelp), sorted(optionsIn(manual, shortManual)));
 }
 
-TEST_F(KvsignDocuments, everySubcommandIsEverywhere)
+TEST_F(KvsignDocuments, EverySubcommandIsEverywhere)
 {
     const QString general = runWell({"--help"}).output;
     const QString manual = contentOf(kManual);
@@ -76,7 +76,7 @@ TEST_F(KvsignDocuments, everySubcommandIsEverywhere)
     EXPECT_EQ(runWell({"--version"}).output, "kvsign 1.0.5.1\n");
 }
 
-TEST_F(KvsignDocuments, theExitCodesAreTheSame)
+TEST_F(KvsignDocuments, TheExitCodesAreTheSame)
 {
     static const QRegularExpression helped("\\n  (\\d  [^\\n]+)"), described("\\n\\.B (\\d\\n[^\\n]+)");
     const QString general = runWell({"--help"}).output;
@@ -89,7 +89,7 @@ TEST_F(KvsignDocuments, theExitCodesAreTheSame)
     EXPECT_EQ(inManual.size(), 7);
 }
 
-TEST_F(KvsignDocuments, theManualIsWellFormed)
+TEST_F(KvsignDocuments, TheManualIsWellFormed)
 {
     const CommandResult result =
         runProgram({"groff", "-man", "-ww", "-Tutf8", kManual}, file("."), {{"GROFF_NO_SGR", "1"}});
@@ -98,7 +98,7 @@ TEST_F(KvsignDocuments, theManualIsWellFormed)
     EXPECT_TRUE(result.output.contains("kvsign - signatures from signature pads"));
 }
 
-TEST_F(KvsignDocuments, theManualsExamplesWork)
+TEST_F(KvsignDocuments, TheManualsExamplesWork)
 {
     const QString manual = QString::fromUtf8(contentOf(kManual)).replace("\\-", "-");
     static const QRegularExpression example("\\n\\.EX\\n(.*?)\\.EE", QRegularExpression::DotMatchesEverythingOption);
@@ -114,7 +114,7 @@ TEST_F(KvsignDocuments, theManualsExamplesWork)
     EXPECT_TRUE(exists("film/frame-00001.png"));
 }
 
-TEST_F(KvsignDocuments, readmesCommandsWork)
+TEST_F(KvsignDocuments, ReadmesCommandsWork)
 {
     const QStringList commands =
         indentedBlock(sectionOf(contentOf(KV_SOURCE_DIRECTORY "/README.md"), "At the command line"));
@@ -131,7 +131,7 @@ TEST_F(KvsignDocuments, readmesCommandsWork)
 }
 
 // Ninja is asked whether it knows what is to be built: nothing is.
-TEST_F(KvsignDocuments, readmeSaysHowTheToolsAreBuilt)
+TEST_F(KvsignDocuments, ReadmeSaysHowTheToolsAreBuilt)
 {
     static const QRegularExpression command("`cmake --build build/release --target ([^`]+)`");
     const QString targets = command.match(contentOf(KV_SOURCE_DIRECTORY "/README.md")).captured(1);
@@ -157,7 +157,7 @@ protected:
     }
 };
 
-TEST_F(KvsignCompletion, offersWhatComesNext)
+TEST_F(KvsignCompletion, OffersWhatComesNext)
 {
     write("signature.ink", "");
     EXPECT_EQ(offered({"in"}), QStringList({"info", "inspect"}));
@@ -174,7 +174,7 @@ TEST_F(KvsignCompletion, offersWhatComesNext)
     }
 }
 
-TEST_F(KvsignCompletion, isASoundScript)
+TEST_F(KvsignCompletion, IsASoundScript)
 {
     write("completion.bash", runWell({"completion"}).output.toUtf8());
     const CommandResult result = runProgram({"shellcheck", "-s", "bash", file("completion.bash")}, file("."));

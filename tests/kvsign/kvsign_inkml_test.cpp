@@ -42,7 +42,7 @@ QByteArray inkWith(const QByteArray &channel, const QByteArray &trace)
         + trace + "</trace>");
 }
 
-TEST_F(KvsignInkml, needsNoMoreThanXAndY)
+TEST_F(KvsignInkml, NeedsNoMoreThanXAndY)
 {
     const Points points = readSample("plain.inkml");
     ASSERT_EQ(points.size(), 27U + 1 + 10 + 1);
@@ -52,7 +52,7 @@ TEST_F(KvsignInkml, needsNoMoreThanXAndY)
 }
 
 // The standard's own example of prefixes, with the positions of its table.
-TEST_F(KvsignInkml, addsUpFirstAndSecondDifferences)
+TEST_F(KvsignInkml, AddsUpFirstAndSecondDifferences)
 {
     const int expected[][2] = {{1125, 18432}, {1148, 18475}, {1178, 18510}, {1211, 18540}, {1251, 18567}, {1297, 18596},
         {1349, 18633}, {1404, 18676}, {1461, 18723}, {1521, 18776}, {1584, 18823}};
@@ -65,7 +65,7 @@ TEST_F(KvsignInkml, addsUpFirstAndSecondDifferences)
     EXPECT_TRUE(points[11].end);
 }
 
-TEST_F(KvsignInkml, takesPressureAndTimeFromATabletsService)
+TEST_F(KvsignInkml, TakesPressureAndTimeFromATabletsService)
 {
     areEqual(readSample("tablet.inkml"),
         {{1000, 2000, 300, false, 1000, 1600000001}, {1100, 2100, 400, false, 1010, 1600000001},
@@ -75,14 +75,14 @@ TEST_F(KvsignInkml, takesPressureAndTimeFromATabletsService)
 }
 
 // Hundredths of a millimetre; Y grows upwards from 4.75 to 5 cm; 7.5 ms are 8.
-TEST_F(KvsignInkml, knowsUnitsAndDirections)
+TEST_F(KvsignInkml, KnowsUnitsAndDirections)
 {
     areEqual(readSample("millimetres.inkml"),
         {{1025, 4750, 0, false, 0, 0}, {1150, 4850, 512, false, 8, 0}, {1275, 5000, 2048, false, 15, 0},
             {1275, 5000, 2048, true, 15, 0}});
 }
 
-TEST_F(KvsignInkml, keepsTheShapeOfDecimals)
+TEST_F(KvsignInkml, KeepsTheShapeOfDecimals)
 {
     areEqual(readSample("normalised.inkml"),
         {{1250, 2500, 1024, false, 0, 0}, {1250, 3750, 1536, false, 5, 0}, {10000, 5000, 2048, false, 10, 0},
@@ -94,7 +94,7 @@ TEST_F(KvsignInkml, keepsTheShapeOfDecimals)
         {{10, 20, kPressure, false, 0, 0}, {13, 18, kPressure, false, 5, 0}, {13, 18, kPressure, true, 5, 0}});
 }
 
-TEST_F(KvsignInkml, passesOverAnnotationsAndViewsOfWhatIsThere)
+TEST_F(KvsignInkml, PassesOverAnnotationsAndViewsOfWhatIsThere)
 {
     areEqual(readSample("formulas.inkml"),
         {{310, 207, kPressure, false, 0, 0}, {312, 209, kPressure, false, 5, 0}, {317, 216, kPressure, false, 10, 0},
@@ -104,14 +104,14 @@ TEST_F(KvsignInkml, passesOverAnnotationsAndViewsOfWhatIsThere)
 }
 
 // Four points in 30 ms from 40 ms on, the first and the last in the air; then a pen that is not lifted.
-TEST_F(KvsignInkml, listensToATipSwitch)
+TEST_F(KvsignInkml, ListensToATipSwitch)
 {
     areEqual(readSample("switch.inkml"),
         {{10, 10, 100, false, 50, 0}, {20, 10, 120, false, 60, 0}, {30, 10, 0, true, 70, 0}, {40, 40, 90, false, 80, 0},
             {50, 50, 95, false, 85, 0}, {50, 50, 95, true, 85, 0}});
 }
 
-TEST_F(KvsignInkml, continuesAStrokeInTheNextTrace)
+TEST_F(KvsignInkml, ContinuesAStrokeInTheNextTrace)
 {
     areEqual(readSample("continued.inkml"),
         {{100, 100, kPressure, false, 0, 0}, {200, 200, kPressure, false, 5, 0}, {300, 250, kPressure, false, 10, 0},
@@ -119,7 +119,7 @@ TEST_F(KvsignInkml, continuesAStrokeInTheNextTrace)
             {500, 500, kPressure, false, 20, 0}, {500, 500, kPressure, true, 20, 0}});
 }
 
-TEST_F(KvsignInkml, showsDefinedTracesWhereTheyAreViewed)
+TEST_F(KvsignInkml, ShowsDefinedTracesWhereTheyAreViewed)
 {
     QString places;
     for (const Point &point : readSample("views.inkml"))
@@ -127,7 +127,7 @@ TEST_F(KvsignInkml, showsDefinedTracesWhereTheyAreViewed)
     EXPECT_EQ(places.toStdString(), "21 22 | 3 4 5 6 | 11 12 | 13 14 | ");
 }
 
-TEST_F(KvsignInkml, findsTheFormatByContexts)
+TEST_F(KvsignInkml, FindsTheFormatByContexts)
 {
     areEqual(readSample("contexts.inkml"),
         {{10, 20, kPressure, false, 5, 0}, {-32768, 7, kPressure, false, 10, 0}, {-32768, 7, kPressure, true, 10, 0},
@@ -136,7 +136,7 @@ TEST_F(KvsignInkml, findsTheFormatByContexts)
             {6, 5, kPressure, true, 25, 1600000060}});
 }
 
-TEST_F(KvsignInkml, bringsLargeNumbersIntoARecord)
+TEST_F(KvsignInkml, BringsLargeNumbersIntoARecord)
 {
     areEqual(readSample("wide.inkml"),
         {{0, 0, 2048, false, 0, 0}, {32766, 0, 1024, false, 5, 0}, {32766, 0, 1024, true, 5, 0}});
@@ -144,7 +144,7 @@ TEST_F(KvsignInkml, bringsLargeNumbersIntoARecord)
         {{0, 1000, kPressure, false, 0, 0}, {4000, 0, kPressure, false, 5, 0}, {4000, 0, kPressure, true, 5, 0}});
 }
 
-TEST_F(KvsignInkml, passesOverWhatIsNotKnown)
+TEST_F(KvsignInkml, PassesOverWhatIsNotKnown)
 {
     const Points expected = {{1, 2, 7, false, 0, 0}, {3, 4, 7, false, 5, 0}, {3, 4, 7, true, 5, 0}};
     areEqual(readText(inkWith("name='F'", "1 2 7, 3 4 *")), expected);
@@ -156,7 +156,7 @@ TEST_F(KvsignInkml, passesOverWhatIsNotKnown)
         {{1, 2, kPressure, false, 0, 0}, {3, 4, kPressure, false, 5, 0}, {3, 4, kPressure, true, 5, 0}});
 }
 
-TEST_F(KvsignInkml, knowsUnitsOfTime)
+TEST_F(KvsignInkml, KnowsUnitsOfTime)
 {
     for (const char *channel : {"name='T' units='s'|1 2 1.5", "name='T' units='ms'|1 2 1500", "name='T'|1 2 1500",
              "name='T' units='us'|1 2 1500000"}) {
@@ -169,7 +169,7 @@ TEST_F(KvsignInkml, knowsUnitsOfTime)
         {{1, 2, kPressure, false, 0, 0}, {3, 4, kPressure, false, 10, 0}, {3, 4, kPressure, true, 10, 0}});
 }
 
-TEST_F(KvsignInkml, takesTheSamplingRateAndTheResolution)
+TEST_F(KvsignInkml, TakesTheSamplingRateAndTheResolution)
 {
     areEqual(readText(inkOf("<inkSource><traceFormat><channel name='X'/><channel name='Y'/></traceFormat>"
                             "<sampleRate value='50'/><channelProperties>"
@@ -179,14 +179,14 @@ TEST_F(KvsignInkml, takesTheSamplingRateAndTheResolution)
         {{10, 40, kPressure, false, 0, 0}, {30, 80, kPressure, false, 20, 0}, {30, 80, kPressure, true, 20, 0}});
 }
 
-TEST_F(KvsignInkml, needsNoNamespaceButNoOther)
+TEST_F(KvsignInkml, NeedsNoNamespaceButNoOther)
 {
     areEqual(readText("<ink><m:trace xmlns:m='urn:m'>5 6</m:trace><trace>1 2</trace></ink>"),
         {{1, 2, kPressure, false, 0, 0}, {1, 2, kPressure, true, 0, 0}});
 }
 
 // Each of these took minutes, or gigabytes, in a reader that does not look after itself.
-TEST_F(KvsignInkml, isNotHeldUpByHostileDocuments)
+TEST_F(KvsignInkml, IsNotHeldUpByHostileDocuments)
 {
     const auto fails = [&](const char *why, const QByteArray &content) {
         write("hostile.inkml", content);

@@ -24,7 +24,7 @@ const Points kTwoStrokes = {{1000, 500, 100, false, 10000, 77}, {1300, 500, 200,
     {1300, 900, 300, false, 10075, 77}, {1300, 900, 999, true, 10080, 77}, {400, 600, 50, false, 11080, 78},
     {700, 1000, 150, false, 11085, 78}, {700, 1000, 150, true, 11090, 78}};
 
-TEST_F(KvsignInspect, countsWhatIsThere)
+TEST_F(KvsignInspect, CountsWhatIsThere)
 {
     const QJsonObject result = inspected(kTwoStrokes);
     EXPECT_EQ(result["points"].toInt(), 7);
@@ -50,7 +50,7 @@ TEST_F(KvsignInspect, countsWhatIsThere)
     EXPECT_EQ(inspected(kTwoStrokes, {"--gap", "4"})["gaps"].toInt(), 5);
 }
 
-TEST_F(KvsignInspect, saysItInWords)
+TEST_F(KvsignInspect, SaysItInWords)
 {
     write("a.ink", record(kTwoStrokes));
     const QString text = runWell({"inspect", "a.ink"}, {{"TZ", "UTC"}}).output;
@@ -64,7 +64,7 @@ TEST_F(KvsignInspect, saysItInWords)
     EXPECT_FALSE(text.contains("note"));
 }
 
-TEST_F(KvsignInspect, seesADot)
+TEST_F(KvsignInspect, SeesADot)
 {
     const QJsonObject tap = inspected({{1500, 900, 100, false, 0, 0}, {1500, 900, 100, true, 5, 0}});
     EXPECT_TRUE(tap["onlyADot"].toBool());
@@ -76,7 +76,7 @@ TEST_F(KvsignInspect, seesADot)
     EXPECT_FALSE(inspected({{1500, 900, 1, false, 0, 0}, {1524, 900, 1, true, 5, 0}})["onlyADot"].toBool());
 }
 
-TEST_F(KvsignInspect, seesWhatIsOdd)
+TEST_F(KvsignInspect, SeesWhatIsOdd)
 {
     const QJsonArray open = inspected({{1500, 900, 1, false, 50, 0}, {1600, 900, 1, false, 40, 0}})["notes"].toArray();
     EXPECT_TRUE(open.contains("the last stroke is not closed: the pen was not lifted"));
@@ -87,7 +87,7 @@ TEST_F(KvsignInspect, seesWhatIsOdd)
     EXPECT_EQ(far, QJsonArray({"points lie outside of the writing area of every model"}));
 }
 
-TEST_F(KvsignInspect, doesNotOverflowOnHostileTicks)
+TEST_F(KvsignInspect, DoesNotOverflowOnHostileTicks)
 {
     constexpr quint64 kLast = std::numeric_limits<quint64>::max();
     constexpr double kMost = 9223372036854775807.0;
@@ -102,7 +102,7 @@ TEST_F(KvsignInspect, doesNotOverflowOnHostileTicks)
         << text.toStdString();
 }
 
-TEST_F(KvsignInspect, keepsTheTenLongestGaps)
+TEST_F(KvsignInspect, KeepsTheTenLongestGaps)
 {
     Points points;
     quint64 tick = 0;

@@ -55,7 +55,7 @@ protected:
     }
 };
 
-TEST_F(KvsignLossless, needsNothingForAPicture)
+TEST_F(KvsignLossless, NeedsNothingForAPicture)
 {
     const Points dot = {{1000, 500, 100, false, 10000, 77}, {1000, 500, 100, true, 10010, 77}};
     write("dot.ink", record(dot));
@@ -66,7 +66,7 @@ TEST_F(KvsignLossless, needsNothingForAPicture)
     EXPECT_FALSE(runJson({"convert", "dot.ink", "dot.csv"}).contains("width"));
 }
 
-TEST_F(KvsignLossless, bringsBackEveryBundledRecording)
+TEST_F(KvsignLossless, BringsBackEveryBundledRecording)
 {
     for (const QString &name : QDir(kRecordings).entryList({"*.kvrec"})) {
         const char *model = name.contains("finger") ? "S310X" : name.size() % 2 == 0 ? "S300" : "R800";
@@ -75,7 +75,7 @@ TEST_F(KvsignLossless, bringsBackEveryBundledRecording)
     }
 }
 
-TEST_F(KvsignLossless, bringsBackWhateverARecordCanHold)
+TEST_F(KvsignLossless, BringsBackWhateverARecordCanHold)
 {
     constexpr int kLeast = std::numeric_limits<qint16>::min(), kMost = std::numeric_limits<qint16>::max();
     constexpr quint64 kLastTick = std::numeric_limits<quint64>::max();
@@ -90,7 +90,7 @@ TEST_F(KvsignLossless, bringsBackWhateverARecordCanHold)
     comesBack("end.ink");
 }
 
-TEST_F(KvsignLossless, goesFromEachFormatToEachOther)
+TEST_F(KvsignLossless, GoesFromEachFormatToEachOther)
 {
     capture("initials", "M450", {"a.ink"});
     runWell({"convert", "a.ink", "a.csv"});
@@ -106,7 +106,7 @@ TEST_F(KvsignLossless, goesFromEachFormatToEachOther)
     EXPECT_EQ(read("a.inkml"), read("b.inkml"));
 }
 
-TEST_F(KvsignLossless, writesWhatTheLibraryDecodes)
+TEST_F(KvsignLossless, WritesWhatTheLibraryDecodes)
 {
     capture("initials", "S300", {"a.csv"});
     runWell({"convert", "a.csv", "a.ink"});
@@ -125,7 +125,7 @@ TEST_F(KvsignLossless, writesWhatTheLibraryDecodes)
     KVS300_UnInitialDevice(KVS300_DEVICE);
 }
 
-TEST_F(KvsignLossless, worksInAPipe)
+TEST_F(KvsignLossless, WorksInAPipe)
 {
     capture("initials", "S300", {"a.ink"});
     const QString command = QString("cat a.ink | %1 convert - - --to csv | %1 convert --from csv --to json - - "

@@ -19,7 +19,7 @@ protected:
     }
 };
 
-TEST_F(KvsignOtherFiles, readsTablesOfOfficePrograms)
+TEST_F(KvsignOtherFiles, ReadsTablesOfOfficePrograms)
 {
     isReadAs(kPoints, "semicolons.csv",
         "\xef\xbb\xbfx;y;pressure;stroke_end;tick_ms;time_s\r\n10;20;300;0;1000;50\r\n13;18;320;0;1005;50\r\n"
@@ -32,7 +32,7 @@ TEST_F(KvsignOtherFiles, readsTablesOfOfficePrograms)
         "13\t18\t320\t1\t1010\t50\n");
 }
 
-TEST_F(KvsignOtherFiles, readsJsonInAnyLayout)
+TEST_F(KvsignOtherFiles, ReadsJsonInAnyLayout)
 {
     isReadAs(kPoints, "short.json",
         R"({"fields":["x","y","pressure","strokeEnd","tick","time"],"points":[[10,20,300,0,1000,50],)"
@@ -47,7 +47,7 @@ TEST_F(KvsignOtherFiles, readsJsonInAnyLayout)
         "\xef\xbb\xbf{\"points\":[[10,20,300,false,1000,50],[13,18,320,false,1005,50],[13,18,320,true,1010,50]]}");
 }
 
-TEST_F(KvsignOtherFiles, readsInkmlOfOtherPens)
+TEST_F(KvsignOtherFiles, ReadsInkmlOfOtherPens)
 {
     // Without a tip switch and a clock, with a channel of its own, and with differences as the standard has them.
     const QByteArray begin =
@@ -64,7 +64,7 @@ TEST_F(KvsignOtherFiles, readsInkmlOfOtherPens)
         "two.inkml", begin + "<traceGroup><trace>4000 1 0 2 3</trace><trace>9000 5 0 6 7</trace></traceGroup></ink>");
 }
 
-TEST_F(KvsignOtherFiles, readsARecordThatWasWrapped)
+TEST_F(KvsignOtherFiles, ReadsARecordThatWasWrapped)
 {
     QByteArray wrapped = record(kPoints);
     for (int place = 60; place < wrapped.size(); place += 62)
@@ -72,7 +72,7 @@ TEST_F(KvsignOtherFiles, readsARecordThatWasWrapped)
     isReadAs(kPoints, "wrapped.txt", wrapped + "\n");
 }
 
-TEST_F(KvsignOtherFiles, findsTheFormatInTheContent)
+TEST_F(KvsignOtherFiles, FindsTheFormatInTheContent)
 {
     isReadAs(kPoints, "noname", record(kPoints));
     for (const char *format : {"csv", "json", "inkml"}) {
@@ -82,7 +82,7 @@ TEST_F(KvsignOtherFiles, findsTheFormatInTheContent)
     }
 }
 
-TEST_F(KvsignOtherFiles, mayHaveAnyName)
+TEST_F(KvsignOtherFiles, MayHaveAnyName)
 {
     const QString name = QString::fromUtf8("Zo\u00eb \u5b57 'a\".ink");
     write(name, record(kPoints));

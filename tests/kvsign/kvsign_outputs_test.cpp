@@ -51,7 +51,7 @@ protected:
     std::vector<OutputFile *> m_pointers;
 };
 
-TEST_F(KvsignOutputs, areAllThere)
+TEST_F(KvsignOutputs, AreAllThere)
 {
     write("a", "old a");
     chmod(file("a").toLocal8Bit().constData(), 0604);
@@ -71,7 +71,7 @@ TEST_F(KvsignOutputs, areAllThere)
     EXPECT_EQ(files(), QStringList({"a", "b"}));
 }
 
-TEST_F(KvsignOutputs, areAsTheyWereWhenOneCannotBePutInPlace)
+TEST_F(KvsignOutputs, AreAsTheyWereWhenOneCannotBePutInPlace)
 {
     write("a", "old a");
     const ino_t before = statusOf("a").st_ino;
@@ -84,7 +84,7 @@ TEST_F(KvsignOutputs, areAsTheyWereWhenOneCannotBePutInPlace)
     EXPECT_EQ(files(), QStringList({"a", "c"}));
 }
 
-TEST_F(KvsignOutputs, areAsTheyWereWhenADeviceIsFull)
+TEST_F(KvsignOutputs, AreAsTheyWereWhenADeviceIsFull)
 {
     write("a", "old a");
     m_files.push_back(std::make_unique<OutputFile>("/dev/full"));
@@ -97,7 +97,7 @@ TEST_F(KvsignOutputs, areAsTheyWereWhenADeviceIsFull)
     EXPECT_EQ(files(), QStringList("a"));
 }
 
-TEST_F(KvsignOutputs, leaveNothingWhenTheyAreGivenUp)
+TEST_F(KvsignOutputs, LeaveNothingWhenTheyAreGivenUp)
 {
     write("a", "old a");
     open({"a", "b"});
@@ -106,7 +106,7 @@ TEST_F(KvsignOutputs, leaveNothingWhenTheyAreGivenUp)
     EXPECT_EQ(files(), QStringList("a"));
 }
 
-TEST_F(KvsignOutputs, goWhereLinksLead)
+TEST_F(KvsignOutputs, GoWhereLinksLead)
 {
     QDir(file(".")).mkdir("below");
     write("below/real", "old");
@@ -120,7 +120,7 @@ TEST_F(KvsignOutputs, goWhereLinksLead)
 }
 
 // Each is cut at every place, or has one byte less.
-TEST_F(KvsignOutputs, knowsACutPicture)
+TEST_F(KvsignOutputs, KnowsACutPicture)
 {
     struct Kind
     {

@@ -28,7 +28,7 @@ protected:
     }
 };
 
-TEST_F(KvsignPictures, lookAsTheLibraryDrawsThem)
+TEST_F(KvsignPictures, LookAsTheLibraryDrawsThem)
 {
     for (const char *model : {"S210", "S300", "S310X", "R800", "M450"}) {
         for (const char *recording : {"signature", "dots-and-dashes"}) {
@@ -39,7 +39,7 @@ TEST_F(KvsignPictures, lookAsTheLibraryDrawsThem)
     }
 }
 
-TEST_F(KvsignPictures, lookAsTheLibraryDrawsThemInOneWidth)
+TEST_F(KvsignPictures, LookAsTheLibraryDrawsThemInOneWidth)
 {
     for (const char *model : {"S300", "R800"}) {
         capture("signature", model, {"--no-pressure", "-w", "4", "a.ink", "library.bmp"});
@@ -47,7 +47,7 @@ TEST_F(KvsignPictures, lookAsTheLibraryDrawsThemInOneWidth)
     }
 }
 
-TEST_F(KvsignPictures, findTheirModelByTheInk)
+TEST_F(KvsignPictures, FindTheirModelByTheInk)
 {
     for (const char *model : {"S300", "S310X", "R800"}) {
         capture("long-signature", model, {"a.ink"});
@@ -57,7 +57,7 @@ TEST_F(KvsignPictures, findTheirModelByTheInk)
     EXPECT_EQ(runJson({"convert", "a.ink", "a.png"})["model"].toString(), "S210");
 }
 
-TEST_F(KvsignPictures, haveAnySize)
+TEST_F(KvsignPictures, HaveAnySize)
 {
     capture("signature", "S300", {"a.ink"});
     const QImage once = drawn({});
@@ -73,7 +73,7 @@ TEST_F(KvsignPictures, haveAnySize)
     EXPECT_EQ(result["points"].toInt(), storedPoints(kRecordings + "/signature.kvrec"));
 }
 
-TEST_F(KvsignPictures, areTheSameInEveryFormat)
+TEST_F(KvsignPictures, AreTheSameInEveryFormat)
 {
     capture("signature", "S300", {"a.ink"});
     const QImage png = drawn({"--background", "white"});
@@ -95,7 +95,7 @@ TEST_F(KvsignPictures, areTheSameInEveryFormat)
     looksAlike(png, page.copy(0, 0, 800, 452), 0.25, "PDF");
 }
 
-TEST_F(KvsignPictures, takeThePenAndTheColours)
+TEST_F(KvsignPictures, TakeThePenAndTheColours)
 {
     capture("signature", "S300", {"a.ink"});
     EXPECT_GT(inkPixels(drawn({"--pen-width", "8"})), 2 * inkPixels(drawn({})));
@@ -111,7 +111,7 @@ TEST_F(KvsignPictures, takeThePenAndTheColours)
     EXPECT_TRUE(read("c.svg").contains("fill=\"#ffff00\""));
 }
 
-TEST_F(KvsignPictures, areCutToTheInk)
+TEST_F(KvsignPictures, AreCutToTheInk)
 {
     capture("signature", "S300", {"a.ink"});
     const QImage whole = drawn({});
@@ -127,7 +127,7 @@ TEST_F(KvsignPictures, areCutToTheInk)
     EXPECT_FALSE(isBlank(QRect(0, cut.height() - 8, cut.width(), 8)));
 }
 
-TEST_F(KvsignPictures, whichCannotBeHadAreNotThere)
+TEST_F(KvsignPictures, WhichCannotBeHadAreNotThere)
 {
     write("a.ink", record({{1500, 900, 100, false, 0, 0}, {1500, 900, 100, true, 5, 0}}));
     const CommandResult large = run({"convert", "--scale", "100", "a.ink", "large.png"});

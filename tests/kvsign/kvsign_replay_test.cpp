@@ -15,7 +15,7 @@ class KvsignReplay : public Place
 const Points kLine = {{1000, 500, 100, false, 10000, 77}, {1300, 500, 200, false, 10200, 77},
     {1300, 900, 300, false, 10400, 77}, {1300, 900, 300, true, 10600, 77}};
 
-TEST_F(KvsignReplay, printsNumbers)
+TEST_F(KvsignReplay, PrintsNumbers)
 {
     write("a.ink", record(kLine));
     EXPECT_EQ(runWell({"replay", "--speed", "max", "a.ink"}).output.toStdString(),
@@ -30,7 +30,7 @@ TEST_F(KvsignReplay, printsNumbers)
     EXPECT_EQ(last, QJsonObject({{"ms", 600}, {"x", 1300}, {"y", 900}, {"pressure", 300}, {"strokeEnd", true}}));
 }
 
-TEST_F(KvsignReplay, takesTheSignersTimeOrAnother)
+TEST_F(KvsignReplay, TakesTheSignersTimeOrAnother)
 {
     write("a.ink", record(kLine));
     const auto timeOf = [&](const QString &speed) {
@@ -45,7 +45,7 @@ TEST_F(KvsignReplay, takesTheSignersTimeOrAnother)
         EXPECT_EQ(run({"replay", "--speed", speed, "a.ink"}).exitCode, 2) << speed;
 }
 
-TEST_F(KvsignReplay, refusesWhatWouldDoNothing)
+TEST_F(KvsignReplay, RefusesWhatWouldDoNothing)
 {
     write("a.ink", record(kLine));
     struct Row
@@ -74,7 +74,7 @@ TEST_F(KvsignReplay, refusesWhatWouldDoNothing)
     }
 }
 
-TEST_F(KvsignReplay, writesNumberedPictures)
+TEST_F(KvsignReplay, WritesNumberedPictures)
 {
     write("a.ink", record(kLine));
     // 0.6 seconds of 25 pictures, and the last one with everything on it.
@@ -95,7 +95,7 @@ TEST_F(KvsignReplay, writesNumberedPictures)
     EXPECT_EQ(runJson({"replay", "--frames", "two", "--speed", "2", "--fps", "10", "a.ink"})["frames"].toInt(), 4);
 }
 
-TEST_F(KvsignReplay, writesNoPicturesWhenThereWouldBeTooMany)
+TEST_F(KvsignReplay, WritesNoPicturesWhenThereWouldBeTooMany)
 {
     Points days = kLine; // the pen rests for a month
     days.back().tick += 86400ULL * 1000 * 30;
@@ -106,7 +106,7 @@ TEST_F(KvsignReplay, writesNoPicturesWhenThereWouldBeTooMany)
     EXPECT_EQ(files(), QStringList("a.ink"));
 }
 
-TEST_F(KvsignReplay, takesBackThePicturesOfAReplayThatFails)
+TEST_F(KvsignReplay, TakesBackThePicturesOfAReplayThatFails)
 {
     write("a.ink", record(kLine));
     write("blocked", "");
@@ -122,7 +122,7 @@ TEST_F(KvsignReplay, takesBackThePicturesOfAReplayThatFails)
     EXPECT_EQ(read("film/frame-00002.png"), "as it was");
 }
 
-TEST_F(KvsignReplay, showsAWindow)
+TEST_F(KvsignReplay, ShowsAWindow)
 {
     write("a.ink", record(kLine));
     QElapsedTimer running;
@@ -140,7 +140,7 @@ TEST_F(KvsignReplay, showsAWindow)
     EXPECT_TRUE(broken.errors.contains("half.csv:4:")) << testing::PrintToString(broken);
 }
 
-TEST_F(KvsignReplay, explainsWhatAPipeWaitsFor)
+TEST_F(KvsignReplay, ExplainsWhatAPipeWaitsFor)
 {
     write("a.ink", record(kLine));
     const auto inShell = [&](const QString &command) {
@@ -161,7 +161,7 @@ TEST_F(KvsignReplay, explainsWhatAPipeWaitsFor)
     EXPECT_EQ(read("b.ink"), read("a.ink"));
 }
 
-TEST_F(KvsignReplay, endsWhenItsOutputIsFull)
+TEST_F(KvsignReplay, EndsWhenItsOutputIsFull)
 {
     Points slow = kLine;
     slow.back().tick += 3600 * 1000; // it would take an hour
@@ -175,7 +175,7 @@ TEST_F(KvsignReplay, endsWhenItsOutputIsFull)
     EXPECT_EQ(run({"replay", "--frames", "/dev/full", "a.ink"}).exitCode, 1);
 }
 
-TEST_F(KvsignReplay, saysThatThereIsNoDisplay)
+TEST_F(KvsignReplay, SaysThatThereIsNoDisplay)
 {
     write("a.ink", record(kLine));
     const auto fails = [&](const QString &display, const char *why) {

@@ -30,7 +30,7 @@ QByteArray wide(const QByteArray &text, bool isBigEndian)
     return bytes;
 }
 
-TEST_F(KvsignTables, haveDecimalCommasBetweenSemicolons)
+TEST_F(KvsignTables, HaveDecimalCommasBetweenSemicolons)
 {
     isReadAs(kPoints, "commas.csv",
         "x;y;pressure;stroke_end;tick_ms;time_s\r\n10,0;20,4;299,6;0;1000,0;50\r\n13;18;3,2E+02;0;1,005E+03;50\r\n"
@@ -40,7 +40,7 @@ TEST_F(KvsignTables, haveDecimalCommasBetweenSemicolons)
         "13,18,320,1,1010,50\n");
 }
 
-TEST_F(KvsignTables, sayTheirSeparator)
+TEST_F(KvsignTables, SayTheirSeparator)
 {
     isReadAs(kPoints, "sep.csv",
         "sep=;\r\nx;y;pressure;stroke_end;tick_ms;time_s\r\n10;20;300;0;1000;50\r\n13;18;320;0;1005;50\r\n"
@@ -50,7 +50,7 @@ TEST_F(KvsignTables, sayTheirSeparator)
         "13|18|320|1|1010|50\n");
 }
 
-TEST_F(KvsignTables, areInUtf16)
+TEST_F(KvsignTables, AreInUtf16)
 {
     const QByteArray text = "x\ty\tpressure\tstroke_end\ttick_ms\ttime_s\r\n10\t20\t300\t0\t1000\t50\r\n"
                             "13\t18\t320\t0\t1005\t50\r\n13\t18\t320\t1\t1010\t50\r\n";
@@ -59,7 +59,7 @@ TEST_F(KvsignTables, areInUtf16)
     isReadAs(kPoints, "noname", wide(text, false));
 }
 
-TEST_F(KvsignTables, haveNamesInCapitalsOrShortened)
+TEST_F(KvsignTables, HaveNamesInCapitalsOrShortened)
 {
     isReadAs(kPoints, "capitals.csv",
         "X,Y,PRESSURE,STROKE_END,TICK_MS,TIME_S\n10,20,300,FALSE,1000,50\n13,18,320,FALSE,1005,50\n"
@@ -68,7 +68,7 @@ TEST_F(KvsignTables, haveNamesInCapitalsOrShortened)
         "X;Y;Press.;Stroke End;Tick (ms);Time\n10;20;300;0;1000;50\n13;18;320;0;1005;50\n13;18;320;1;1010;50\n");
 }
 
-TEST_F(KvsignTables, mayLackAllButThePlaces)
+TEST_F(KvsignTables, MayLackAllButThePlaces)
 {
     isReadAs(
         {{1, 2, 512, false, 0, 0}, {3, 4, 512, false, 5, 0}, {3, 4, 512, true, 5, 0}}, "xy.csv", "Y;X\n2;1\n4;3\n");
@@ -76,7 +76,7 @@ TEST_F(KvsignTables, mayLackAllButThePlaces)
         "x,y,p,t\n1,2,30,4000\n3,4,40,4010\n");
 }
 
-TEST_F(KvsignTables, endInEmptyCellsAndLines)
+TEST_F(KvsignTables, EndInEmptyCellsAndLines)
 {
     isReadAs(kPoints, "empty.csv",
         "\r\nx;y;pressure;stroke_end;tick_ms;time_s;;\r\n;;;;;;;\r\n10;20;300;0;1000;50;;\r\n13;18;320;0;1005;50\r\n"
@@ -85,7 +85,7 @@ TEST_F(KvsignTables, endInEmptyCellsAndLines)
         "x,y,pressure,stroke_end,tick_ms,time_s\r10,20,300,0,1000,50\r13,18,320,0,1005,50\r13,18,320,1,1010,50");
 }
 
-TEST_F(KvsignTables, keepEveryDigitOfWholeNumbers)
+TEST_F(KvsignTables, KeepEveryDigitOfWholeNumbers)
 {
     const Points points = {{-32768, 32767, -1, true, 18446744073709551615ULL, -9223372036854775807LL - 1}};
     isReadAs(points, "digits.csv",

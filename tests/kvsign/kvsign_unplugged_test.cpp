@@ -19,7 +19,7 @@ protected:
     }
 };
 
-TEST_F(KvsignUnplugged, endsAtOnceWithACodeOfItsOwn)
+TEST_F(KvsignUnplugged, EndsAtOnceWithACodeOfItsOwn)
 {
     const CommandResult result =
         capture(QByteArray(kStroke) + "20 900 900 300 0\nunplug 25\n", {"--timeout", "0", "--json", "x.ink", "x.png"});
@@ -32,7 +32,7 @@ TEST_F(KvsignUnplugged, endsAtOnceWithACodeOfItsOwn)
     EXPECT_EQ(files(), QStringList("pen.kvrec"));
 }
 
-TEST_F(KvsignUnplugged, keepsTheInkUnderAnotherName)
+TEST_F(KvsignUnplugged, KeepsTheInkUnderAnotherName)
 {
     const CommandResult result =
         capture(QByteArray(kStroke) + "unplug 20\n", {"--timeout", "0", "--unconfirmed", "half.ink", "x.ink"});
@@ -45,14 +45,14 @@ TEST_F(KvsignUnplugged, keepsTheInkUnderAnotherName)
     EXPECT_TRUE(points[3].end);
 }
 
-TEST_F(KvsignUnplugged, keepsTheInkOfWhoDoesNotConfirm)
+TEST_F(KvsignUnplugged, KeepsTheInkOfWhoDoesNotConfirm)
 {
     const CommandResult result = capture(kStroke, {"--timeout", "5", "--unconfirmed", "half.csv", "x.ink"});
     EXPECT_EQ(result.exitCode, 4) << testing::PrintToString(result);
     EXPECT_EQ(files(), QStringList({"half.csv", "pen.kvrec"}));
 }
 
-TEST_F(KvsignUnplugged, leavesNothingWhereNothingWasWritten)
+TEST_F(KvsignUnplugged, LeavesNothingWhereNothingWasWritten)
 {
     const CommandResult result = capture("unplug 1\n", {"--timeout", "0", "--unconfirmed", "half.ink", "x.ink"});
     EXPECT_EQ(result.exitCode, 6) << testing::PrintToString(result);
@@ -60,7 +60,7 @@ TEST_F(KvsignUnplugged, leavesNothingWhereNothingWasWritten)
 }
 
 // Some drivers refuse the question from the begin; their pads are there all the same. And one refusal is none yet.
-TEST_F(KvsignUnplugged, isNotSaidOfAPadThatOnlyDoesNotAnswer)
+TEST_F(KvsignUnplugged, IsNotSaidOfAPadThatOnlyDoesNotAnswer)
 {
     const QByteArray confirmed = "0 612 840 310 0\n5 618 831 355 1\n10 630 835 0 2\n1500 0 0 0 4\n";
     write("silent.kvrec", "version: 2\nmodel: S300\nanswer 0 GetDevicePartsVersion -5\n" + confirmed);

@@ -65,7 +65,7 @@ protected:
     std::unique_ptr<ReplayWindow> m_window;
 };
 
-TEST_F(KvsignWindow, stopsForAWhile)
+TEST_F(KvsignWindow, StopsForAWhile)
 {
     EXPECT_EQ(m_window->size().width(), 800);
     press(Qt::Key_Space);
@@ -75,7 +75,7 @@ TEST_F(KvsignWindow, stopsForAWhile)
     waitForInk();
 }
 
-TEST_F(KvsignWindow, beginsAgainAndCloses)
+TEST_F(KvsignWindow, BeginsAgainAndCloses)
 {
     waitForInk();
     letRun(50);
@@ -88,7 +88,7 @@ TEST_F(KvsignWindow, beginsAgainAndCloses)
     EXPECT_EQ(m_window->failure(), nullptr);
 }
 
-TEST_F(KvsignWindow, closesWhenItsFileBreaks)
+TEST_F(KvsignWindow, ClosesWhenItsFileBreaks)
 {
     write("a.ink", "!");
     press(Qt::Key_R);

@@ -77,7 +77,7 @@ private:
     std::string m_place;
 };
 
-TEST_F(DriverFile, isSafeWhereOnlyItsOwnerWrites)
+TEST_F(DriverFile, IsSafeWhereOnlyItsOwnerWrites)
 {
     EXPECT_EQ(found("pad"), "");
     mode("pad", 0700);
@@ -85,13 +85,13 @@ TEST_F(DriverFile, isSafeWhereOnlyItsOwnerWrites)
     EXPECT_EQ(found("pad"), "");
 }
 
-TEST_F(DriverFile, isUnsafeWhereEverybodyWritesTheFile)
+TEST_F(DriverFile, IsUnsafeWhereEverybodyWritesTheFile)
 {
     mode("pad/libkvsignpaddrv.so", 0757);
     EXPECT_EQ(found("pad"), everybody("pad/libkvsignpaddrv.so"));
 }
 
-TEST_F(DriverFile, isUnsafeWhereEverybodyWritesItsFolder)
+TEST_F(DriverFile, IsUnsafeWhereEverybodyWritesItsFolder)
 {
     mode("pad", 0757);
     EXPECT_EQ(found("pad"), everybody("pad"));
@@ -99,7 +99,7 @@ TEST_F(DriverFile, isUnsafeWhereEverybodyWritesItsFolder)
     EXPECT_EQ(found("pad"), everybody("pad"));
 }
 
-TEST_F(DriverFile, isUnsafeWhereEverybodyWritesAFolderAbove)
+TEST_F(DriverFile, IsUnsafeWhereEverybodyWritesAFolderAbove)
 {
     folder("above", 0757);
     folder("above/pad");
@@ -109,7 +109,7 @@ TEST_F(DriverFile, isUnsafeWhereEverybodyWritesAFolderAbove)
     EXPECT_EQ(found("above/pad"), "");
 }
 
-TEST_F(DriverFile, isLookedForWhereLinksLead)
+TEST_F(DriverFile, IsLookedForWhereLinksLead)
 {
     folder("open", 0757);
     file("open/real.so");
@@ -122,7 +122,7 @@ TEST_F(DriverFile, isLookedForWhereLinksLead)
     EXPECT_EQ(found("folderlink"), "");
 }
 
-TEST_F(DriverFile, isUnsafeWhereTheLinkItselfCanBeReplaced)
+TEST_F(DriverFile, IsUnsafeWhereTheLinkItselfCanBeReplaced)
 {
     folder("open", 0757);
     link(at("pad/libkvsignpaddrv.so"), "open/libkvsignpaddrv.so");
@@ -133,7 +133,7 @@ TEST_F(DriverFile, isUnsafeWhereTheLinkItselfCanBeReplaced)
     EXPECT_EQ(found("open/way"), "");
 }
 
-TEST_F(DriverFile, isFoundFromTheWorkingDirectoryAndThroughDots)
+TEST_F(DriverFile, IsFoundFromTheWorkingDirectoryAndThroughDots)
 {
     const std::string before = workingDirectory();
     ASSERT_EQ(chdir(at("pad").c_str()), 0);
@@ -146,7 +146,7 @@ TEST_F(DriverFile, isFoundFromTheWorkingDirectoryAndThroughDots)
     ASSERT_EQ(chdir(before.c_str()), 0);
 }
 
-TEST_F(DriverFile, hasNoEndlessWays)
+TEST_F(DriverFile, HasNoEndlessWays)
 {
     folder("round");
     link("libkvsignpaddrv.so", "round/libkvsignpaddrv.so");
@@ -156,7 +156,7 @@ TEST_F(DriverFile, hasNoEndlessWays)
     EXPECT_EQ(found("/"), "");
 }
 
-TEST_F(DriverFile, quotesWhatAShellWouldTakeApart)
+TEST_F(DriverFile, QuotesWhatAShellWouldTakeApart)
 {
     folder("a pad's");
     file("a pad's/libkvsignpaddrv.so", 0666);
@@ -173,7 +173,7 @@ struct stat ownedBy(uid_t owner, gid_t group, mode_t mode)
     return status;
 }
 
-TEST(FileWriters, areItsOwnerWhenThatIsNeitherTheUserNorRoot)
+TEST(FileWriters, AreItsOwnerWhenThatIsNeitherTheUserNorRoot)
 {
     const Asker asker{4711};
     EXPECT_TRUE(foreignOwner(asker, ownedBy(4711, 1, 0644)).isNobody());
@@ -183,7 +183,7 @@ TEST(FileWriters, areItsOwnerWhenThatIsNeitherTheUserNorRoot)
     EXPECT_EQ(foreignOwner(Asker{0}, ownedBy(4711, 1, 0644)).cure, "chown root");
 }
 
-TEST(FileWriters, areAGroupUnlessItIsThePrivateOneOfTheUserOrOfRoot)
+TEST(FileWriters, AreAGroupUnlessItIsThePrivateOneOfTheUserOrOfRoot)
 {
     const Asker asker{1}; // an account that every system has, with a group of its own name
     const gid_t own = getpwuid(1)->pw_gid;
@@ -198,7 +198,7 @@ TEST(FileWriters, areAGroupUnlessItIsThePrivateOneOfTheUserOrOfRoot)
     EXPECT_EQ(writersByMode(asker, ownedBy(1, users->gr_gid, 0664), false).who, "the group users");
 }
 
-TEST(FileWriters, areThoseOfAnAccessList)
+TEST(FileWriters, AreThoseOfAnAccessList)
 {
     const Asker asker{1};
     const gid_t own = getpwuid(1)->pw_gid;

@@ -50,13 +50,13 @@ protected:
 
 } // namespace
 
-TEST_P(BadArguments, penWidth)
+TEST_P(BadArguments, PenWidth)
 {
     for (const int width : kExtremes)
         EXPECT_EQ(pad->SetPenWidth(type, width), width >= 1 && width <= 10 ? ARI_SUCCESS : ARI_INVALID_PARAMETERS);
 }
 
-TEST_P(BadArguments, penColour)
+TEST_P(BadArguments, PenColour)
 {
     for (const int value : kExtremes) {
         for (const auto &colour : {std::array{value, 0, 0}, {0, value, 0}, {0, 0, value}, {value, value, value}}) {
@@ -70,7 +70,7 @@ TEST_P(BadArguments, penColour)
     pad.driver.send(twoStrokes(type));
 }
 
-TEST_P(BadArguments, pointIndexes)
+TEST_P(BadArguments, PointIndexes)
 {
     for (const int index : kExtremes) {
         INKPOINTDATA point{index, 11, 12, 13, true};
@@ -85,7 +85,7 @@ TEST_P(BadArguments, pointIndexes)
     }
 }
 
-TEST_P(BadArguments, decodedIndexesAndFields)
+TEST_P(BadArguments, DecodedIndexesAndFields)
 {
     ASSERT_EQ(pad->Base64Decode(type, EBITI_INK, textOf(pad, EBITI_INK).pointer(), nullptr), ARI_SUCCESS);
     for (const int index : kExtremes) {
@@ -98,7 +98,7 @@ TEST_P(BadArguments, decodedIndexesAndFields)
     }
 }
 
-TEST_P(BadArguments, fileTypesAndResolutions)
+TEST_P(BadArguments, FileTypesAndResolutions)
 {
     for (const int value : kExtremes) {
         const int expected = isOneOf(value, {1, 2, 3, 7, 8}) ? ARI_SUCCESS : ARI_INVALID_PARAMETERS;
@@ -108,7 +108,7 @@ TEST_P(BadArguments, fileTypesAndResolutions)
     }
 }
 
-TEST_P(BadArguments, textTypes)
+TEST_P(BadArguments, TextTypes)
 {
     for (const int value : kExtremes) {
         const bool known = isOneOf(value, {1, 2, 3, 6});
@@ -119,7 +119,7 @@ TEST_P(BadArguments, textTypes)
     }
 }
 
-TEST_P(BadArguments, deviceItems)
+TEST_P(BadArguments, DeviceItems)
 {
     for (const int item : kExtremes) {
         char output[64] = "";
@@ -130,7 +130,7 @@ TEST_P(BadArguments, deviceItems)
 }
 
 // The buffer and its size go to the driver as they are.
-TEST_P(BadArguments, textSizes)
+TEST_P(BadArguments, TextSizes)
 {
     char text[64] = "";
     for (const int size : {INT_MIN, -1, 0})
@@ -144,7 +144,7 @@ TEST_P(BadArguments, textSizes)
     EXPECT_STREQ(text, "");
 }
 
-TEST_P(BadArguments, clipMargins)
+TEST_P(BadArguments, ClipMargins)
 {
     for (const int x : kExtremes) {
         for (const int y : {INT_MIN, -1, 0, 3, 100000, INT_MAX}) {
@@ -160,7 +160,7 @@ TEST_P(BadArguments, clipMargins)
 }
 
 // Of a blank canvas the rectangle is inverted and nothing is left, but for margins that reach from its marker 99999.
-TEST_P(BadArguments, clipMarginsOfABlankCanvas)
+TEST_P(BadArguments, ClipMarginsOfABlankCanvas)
 {
     pad->Clear(type);
     pad.driver.send(stroke(type, {{0.5, 0.5, 0.5}})); // a point, and nothing drawn
@@ -179,7 +179,7 @@ TEST_P(BadArguments, clipMarginsOfABlankCanvas)
     pad.driver.send(twoStrokes(type));
 }
 
-TEST_P(BadArguments, nullPointers)
+TEST_P(BadArguments, NullPointers)
 {
     for (const int file : {ITI_BITMAP, ITI_JPEG, ITI_PNG, ITI_PDF})
         EXPECT_EQ(pad->SaveDrawingImage(type, file, nullptr, 0), ARI_INK_EMPTY) << file;
@@ -196,7 +196,7 @@ TEST_P(BadArguments, nullPointers)
     pad->GetAboutInfo(type, nullptr);
 }
 
-TEST_P(BadArguments, deviceTypesOfEveryFunctionWithAnInt)
+TEST_P(BadArguments, DeviceTypesOfEveryFunctionWithAnInt)
 {
     for (const int wrong : {INT_MIN, -1, 0, 1, 6, 8, INT_MAX, type == 7 ? 5 : 7}) {
         INKPOINTDATA point{};

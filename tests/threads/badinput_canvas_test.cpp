@@ -62,7 +62,7 @@ protected:
 
 } // namespace
 
-TEST_P(BadCanvas, sizes)
+TEST_P(BadCanvas, Sizes)
 {
     for (const Size &size : kSizes) {
         SCOPED_TRACE(testing::Message() << size.width << " by " << size.height);
@@ -82,7 +82,7 @@ TEST_P(BadCanvas, sizes)
     }
 }
 
-TEST_P(BadCanvas, sizesOfOnePixelAndOfManyAreDrawnOn)
+TEST_P(BadCanvas, SizesOfOnePixelAndOfManyAreDrawnOn)
 {
     for (const QSize &size : {QSize(1, 1), QSize(3, 2000), QSize(2000, 3), QSize(1920, 1080)}) {
         OpenPad pad(GetParam(), size.width(), size.height());
@@ -93,7 +93,7 @@ TEST_P(BadCanvas, sizesOfOnePixelAndOfManyAreDrawnOn)
     }
 }
 
-TEST_P(BadCanvas, positions)
+TEST_P(BadCanvas, Positions)
 {
     if (GetParam().headless) {
         OpenPad pad(GetParam(), 10, 10); // a headless pad has no position: any is taken
@@ -118,7 +118,7 @@ class BadWidgetSize : public testing::TestWithParam<const Family *>
 {
 };
 
-TEST_P(BadWidgetSize, aWidgetThatIsResizedToNothingAndBack)
+TEST_P(BadWidgetSize, AWidgetThatIsResizedToNothingAndBack)
 {
     OpenPad pad({GetParam(), false}, 60, 40);
     for (const QSize &size : {QSize(0, 0), QSize(60, 0), QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX), QSize(70, 30)}) {

@@ -52,7 +52,7 @@ constexpr struct
 
 } // namespace
 
-TEST_P(FullDisk, filesOnAFullDevice)
+TEST_P(FullDisk, FilesOnAFullDevice)
 {
     for (const auto &file : kFiles) {
         ASSERT_TRUE(QFile::link("/dev/full", directory.filePath(file.name)));
@@ -64,7 +64,7 @@ TEST_P(FullDisk, filesOnAFullDevice)
     }
 }
 
-TEST_P(FullDisk, filesThatStopHalfWay)
+TEST_P(FullDisk, FilesThatStopHalfWay)
 {
     const SmallDisk disk(100);
     for (const auto &file : kFiles) {
@@ -79,7 +79,7 @@ TEST_P(FullDisk, filesThatStopHalfWay)
 }
 
 // Whatever the answer, which for two of them tells nothing of the disk.
-TEST_P(FullDisk, anEarlierFileStaysAsItWas)
+TEST_P(FullDisk, AnEarlierFileStaysAsItWas)
 {
     const QByteArray earlier(200000, 'e');
     for (const auto &file : kFiles) {
@@ -106,7 +106,7 @@ TEST_P(FullDisk, anEarlierFileStaysAsItWas)
     }
 }
 
-TEST_P(FullDisk, textsThatNeedNoFile)
+TEST_P(FullDisk, TextsThatNeedNoFile)
 {
     const SmallDisk disk(0);
     for (const int text : {EBITI_BITMAP, EBITI_JPEG, EBITI_PNG, EBITI_INK})
@@ -114,7 +114,7 @@ TEST_P(FullDisk, textsThatNeedNoFile)
 }
 
 // A short drawing that is held back until the file is closed, and a long one that is written piece by piece.
-TEST_P(FullDisk, anSvgTextIsEmptyThen)
+TEST_P(FullDisk, AnSvgTextIsEmptyThen)
 {
     for (const int strokes : {1, 100}) {
         for (int i = 0; i < strokes; ++i)
@@ -127,7 +127,7 @@ TEST_P(FullDisk, anSvgTextIsEmptyThen)
     EXPECT_TRUE(svgTextOf(pad).bytes().trimmed().endsWith("</svg>")) << "with room again";
 }
 
-TEST_P(FullDisk, theLogIsPassedOver)
+TEST_P(FullDisk, TheLogIsPassedOver)
 {
     const SmallDisk disk(0);
     const LogOn log;

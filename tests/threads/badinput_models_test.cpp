@@ -57,7 +57,7 @@ bool isInside(long long first, long long size)
 
 } // namespace
 
-TEST_F(BadOfficeCanvas, sizes)
+TEST_F(BadOfficeCanvas, Sizes)
 {
     for (const int width : kExtremes) {
         for (const int height : {INT_MIN, -1, 0, 1, 30, 100000, INT_MAX}) {
@@ -78,7 +78,7 @@ TEST_F(BadOfficeCanvas, sizes)
     }
 }
 
-TEST_F(BadOfficeCanvas, typesAndNulls)
+TEST_F(BadOfficeCanvas, TypesAndNulls)
 {
     for (const int type : kExtremes) {
         EXPECT_EQ(KVS210_WPSBase64Encode(pad.type(), type), nullptr);
@@ -89,7 +89,7 @@ TEST_F(BadOfficeCanvas, typesAndNulls)
     pad.driver.send(twoStrokes(pad.type()));
 }
 
-TEST_P(BadFingerprintPlace, corners)
+TEST_P(BadFingerprintPlace, Corners)
 {
     for (const int first : kExtremes) {
         for (const int size : kExtremes) {
@@ -103,7 +103,7 @@ TEST_P(BadFingerprintPlace, corners)
     EXPECT_EQ(pad->GetTotalInkPointsNumber(pad.type()), 18);
 }
 
-TEST_P(BadFingerprintPlace, canvasSizes)
+TEST_P(BadFingerprintPlace, CanvasSizes)
 {
     for (const int width : kExtremes) {
         for (const int height : {INT_MIN, -1, 0, 1, 60, 100000, INT_MAX}) {
@@ -119,7 +119,7 @@ TEST_P(BadFingerprintPlace, canvasSizes)
     }
 }
 
-TEST_P(BadFingerprintPlace, typesAndNulls)
+TEST_P(BadFingerprintPlace, TypesAndNulls)
 {
     place(0, 0, 10, 10);
     for (const int type : kExtremes) {

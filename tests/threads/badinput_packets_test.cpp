@@ -41,7 +41,7 @@ protected:
 } // namespace
 
 // Far outside is the same as at the border of the writing area.
-TEST_P(BadPackets, positions)
+TEST_P(BadPackets, Positions)
 {
     InkPicture picture(GetParam(), 80, 50);
     const auto toBorder = [](int value, int offset, int span) {
@@ -62,7 +62,7 @@ TEST_P(BadPackets, positions)
     expectOutputs();
 }
 
-TEST_P(BadPackets, pressures)
+TEST_P(BadPackets, Pressures)
 {
     pad.driver.send(area.offsetX + 50, area.offsetY + 50, INT_MAX, KVSPDARI_PS_PEN_DOWN);
     int count = 1;
@@ -80,7 +80,7 @@ TEST_P(BadPackets, pressures)
     expectOutputs();
 }
 
-TEST_P(BadPackets, states)
+TEST_P(BadPackets, States)
 {
     pad.driver.send(area.offsetX, area.offsetY, 10, KVSPDARI_PS_PEN_DOWN);
     for (const int state : kExtremes) {
@@ -95,7 +95,7 @@ TEST_P(BadPackets, states)
 
 INSTANTIATE_TEST_SUITE_P(AllPads, BadPackets, testing::ValuesIn(allPads()), padCaseName);
 
-TEST(ManyPackets, aMillionPointsAreKept)
+TEST(ManyPackets, AMillionPointsAreKept)
 {
     constexpr int kPoints = 1'000'000;
     OpenPad pad({&kS300Family, true}, 8, 8);

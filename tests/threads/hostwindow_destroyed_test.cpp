@@ -42,7 +42,7 @@ protected:
 
 } // namespace
 
-TEST_P(HostWindowDestroyed, endsTheWorkWithThePad)
+TEST_P(HostWindowDestroyed, EndsTheWorkWithThePad)
 {
     open();
     driver.send(stroke(family.type, {{0.1, 0.1, 0.5}, {0.9, 0.9, 0.5}}));
@@ -52,7 +52,7 @@ TEST_P(HostWindowDestroyed, endsTheWorkWithThePad)
     expectClosed();
 }
 
-TEST_P(HostWindowDestroyed, endsCleanlyDuringABurst)
+TEST_P(HostWindowDestroyed, EndsCleanlyDuringABurst)
 {
     for (int i = 0; i < 5; ++i) {
         open();
@@ -67,7 +67,7 @@ TEST_P(HostWindowDestroyed, endsCleanlyDuringABurst)
     expectWorks();
 }
 
-TEST_P(HostWindowDestroyed, endsCleanlyDuringABurstWithEventsUnderWay)
+TEST_P(HostWindowDestroyed, EndsCleanlyDuringABurstWithEventsUnderWay)
 {
     open();
     PenThread pen(driver, busyPackets(family.type));
@@ -78,7 +78,7 @@ TEST_P(HostWindowDestroyed, endsCleanlyDuringABurstWithEventsUnderWay)
     expectClosed();
 }
 
-TEST_P(HostWindowDestroyed, beforeTheClosedWidgetWasDeleted)
+TEST_P(HostWindowDestroyed, BeforeTheClosedWidgetWasDeleted)
 {
     open();
     family.UnInitialDevice(family.type);
@@ -87,7 +87,7 @@ TEST_P(HostWindowDestroyed, beforeTheClosedWidgetWasDeleted)
     expectClosed();
 }
 
-TEST_P(HostWindowDestroyed, afterTheNextPadWasOpened)
+TEST_P(HostWindowDestroyed, AfterTheNextPadWasOpened)
 {
     open();
     family.UnInitialDevice(family.type);
@@ -102,7 +102,7 @@ TEST_P(HostWindowDestroyed, afterTheNextPadWasOpened)
 }
 
 // A call without a parent marks the open widget as headless; the mark goes with the widget.
-TEST_P(HostWindowDestroyed, takesTheMarkOfAMixedCallAlong)
+TEST_P(HostWindowDestroyed, TakesTheMarkOfAMixedCallAlong)
 {
     open();
     ASSERT_TRUE(family.InitialDevice(family.type, nullptr, 0, 0, 30, 20));

@@ -153,7 +153,7 @@ using Locked = std::lock_guard<std::mutex>;
 
 } // namespace
 
-TEST_P(LockUse, takesTheCanvasLockForWhatTouchesTheCanvas)
+TEST_P(LockUse, TakesTheCanvasLockForWhatTouchesTheCanvas)
 {
     withOpenInstance(GetParam(), [this](auto &inner) {
         for (const Call &call : kCanvasCalls) {
@@ -165,7 +165,7 @@ TEST_P(LockUse, takesTheCanvasLockForWhatTouchesTheCanvas)
     });
 }
 
-TEST_P(LockUse, takesTheCanvasLockForNothingElse)
+TEST_P(LockUse, TakesTheCanvasLockForNothingElse)
 {
     withOpenInstance(GetParam(), [this](auto &inner) {
         for (const Call &call : kOtherCalls)
@@ -173,7 +173,7 @@ TEST_P(LockUse, takesTheCanvasLockForNothingElse)
     });
 }
 
-TEST_P(LockUse, keepsFilesFromReadingAHalfDrawnCanvas)
+TEST_P(LockUse, KeepsFilesFromReadingAHalfDrawnCanvas)
 {
     withOpenInstance(GetParam(), [this](auto &inner) {
         makeStroke();
@@ -187,7 +187,7 @@ TEST_P(LockUse, keepsFilesFromReadingAHalfDrawnCanvas)
     });
 }
 
-TEST_P(LockUse, takesTheInkLockForPointsOnly)
+TEST_P(LockUse, TakesTheInkLockForPointsOnly)
 {
     withOpenInstance(GetParam(), [this](auto &inner) {
         expectWaits<Locked>(inner.m_internals.inkLock, kOtherCalls[0]);
@@ -202,7 +202,7 @@ TEST_P(LockUse, takesTheInkLockForPointsOnly)
     });
 }
 
-TEST_P(LockUse, holdsNoLockOverTheReceiverOfTaps)
+TEST_P(LockUse, HoldsNoLockOverTheReceiverOfTaps)
 {
     pad->SignPadEventCallback(pad.type(), tapped);
     sendAt(scene, 0, KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON);
@@ -216,14 +216,14 @@ class LivePushLockUse : public LockUse
 {
 };
 
-TEST_P(LivePushLockUse, holdsNoLockOverTheReceiver)
+TEST_P(LivePushLockUse, HoldsNoLockOverTheReceiver)
 {
     ASSERT_TRUE(KVS210_SetRealTimeSignBase64DataCallback(pad.type(), EBITI_PNG, pushed));
     sendAt(scene, 100, KVSPDARI_PS_PEN_MOVE);
     EXPECT_EQ(receivers, 1);
 }
 
-TEST_P(LivePushLockUse, takesTheCanvasLockForTheOfficeCanvas)
+TEST_P(LivePushLockUse, TakesTheCanvasLockForTheOfficeCanvas)
 {
     if (GetParam().headless) {
         withOpenInstance(GetParam(), [this](auto &inner) {
@@ -269,7 +269,7 @@ protected:
     }
 };
 
-TEST_P(FingerprintLockUse, takesInAFingerprintWithoutTheCanvasLock)
+TEST_P(FingerprintLockUse, TakesInAFingerprintWithoutTheCanvasLock)
 {
     withOpenInstance(GetParam(), [this](auto &inner) {
         expectReturns<CanvasLock>(
@@ -277,7 +277,7 @@ TEST_P(FingerprintLockUse, takesInAFingerprintWithoutTheCanvasLock)
     });
 }
 
-TEST_P(FingerprintLockUse, holdsNoLockOverTheTransferToThePad)
+TEST_P(FingerprintLockUse, HoldsNoLockOverTheTransferToThePad)
 {
     setScreenDelay(10000);
     sendFingerprint();
@@ -286,7 +286,7 @@ TEST_P(FingerprintLockUse, holdsNoLockOverTheTransferToThePad)
     EXPECT_EQ(shownPictures(), 0) << "the transfer was over before the test looked";
 }
 
-TEST_P(FingerprintLockUse, mergesOnTheDisplayThreadUnderTheCanvasLock)
+TEST_P(FingerprintLockUse, MergesOnTheDisplayThreadUnderTheCanvasLock)
 {
     withOpenInstance(GetParam(), [this](auto &inner) {
         const auto white = [&inner] { return inner.m_canvas == padparts::inkCanvas(inner); };

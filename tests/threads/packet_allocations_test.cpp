@@ -102,7 +102,7 @@ long growthOf(int points)
 
 } // namespace
 
-TEST_P(PacketAllocations, ofMovesAreThoseOfTheListOfPoints)
+TEST_P(PacketAllocations, OfMovesAreThoseOfTheListOfPoints)
 {
     const long made = allocationsOf(zigzag(type));
     RecordProperty("allocations", static_cast<int>(made));
@@ -110,7 +110,7 @@ TEST_P(PacketAllocations, ofMovesAreThoseOfTheListOfPoints)
     EXPECT_LE(made, growthOf(kMoves));
 }
 
-TEST_P(PacketAllocations, ofEverythingButMovesAreThoseOfTheListOfPoints)
+TEST_P(PacketAllocations, OfEverythingButMovesAreThoseOfTheListOfPoints)
 {
     std::vector<KVSIM_PACKET> packets;
     for (int i = 0; i < 300; ++i) {
@@ -123,7 +123,7 @@ TEST_P(PacketAllocations, ofEverythingButMovesAreThoseOfTheListOfPoints)
     EXPECT_LE(allocationsOf(packets), growthOf(600));
 }
 
-TEST_P(PacketAllocations, areCountedAtAll)
+TEST_P(PacketAllocations, AreCountedAtAll)
 {
     counting = true;
     const long before = allocations;
@@ -145,7 +145,7 @@ using PacketAllocationsWithAFingerprint = PacketAllocations;
 
 } // namespace
 
-TEST_P(PacketAllocationsWithAFingerprint, ofMovesAreThoseOfTheListOfPoints)
+TEST_P(PacketAllocationsWithAFingerprint, OfMovesAreThoseOfTheListOfPoints)
 {
     std::vector<unsigned char> ridges(208 * 288);
     for (size_t i = 0; i < ridges.size(); ++i)

@@ -65,7 +65,7 @@ protected:
 
 } // namespace
 
-TEST_P(RepaintRequests, areMergedWhileTheGuiThreadIsBusy)
+TEST_P(RepaintRequests, AreMergedWhileTheGuiThreadIsBusy)
 {
     pad.driver.send(zigzag(0.1, 0.9)); // the GUI thread waits here for all 300 segments
     EXPECT_EQ(watcher.paints, 0) << "nothing is painted on the driver's thread";
@@ -76,7 +76,7 @@ TEST_P(RepaintRequests, areMergedWhileTheGuiThreadIsBusy)
     EXPECT_EQ(shown(), pad.canvas());
 }
 
-TEST_P(RepaintRequests, areMadeAnewAfterEachPaint)
+TEST_P(RepaintRequests, AreMadeAnewAfterEachPaint)
 {
     for (int i = 1; i <= 20; ++i) {
         pad.driver.send(stroke(pad.type(), {{0.1, i / 25.0, 0.5}, {0.9, i / 25.0, 0.5}}));
@@ -86,7 +86,7 @@ TEST_P(RepaintRequests, areMadeAnewAfterEachPaint)
     EXPECT_EQ(watcher.postedCalls, 20);
 }
 
-TEST_P(RepaintRequests, showTheLastSegmentOfAnyBurst)
+TEST_P(RepaintRequests, ShowTheLastSegmentOfAnyBurst)
 {
     for (int i = 0; i < 12; ++i) {
         PenThread pen(pad.driver, zigzag(0.07 * i, 0.07 * i + 0.1));
@@ -100,7 +100,7 @@ TEST_P(RepaintRequests, showTheLastSegmentOfAnyBurst)
     EXPECT_LE(watcher.postedCalls, watcher.paints) << "no request came to the queue beside another";
 }
 
-TEST_P(RepaintRequests, pileUpNowhereWhileNoEventLoopRuns)
+TEST_P(RepaintRequests, PileUpNowhereWhileNoEventLoopRuns)
 {
     for (int i = 0; i < 10; ++i) {
         pad.driver.send(zigzag(0.1, 0.9));
@@ -110,7 +110,7 @@ TEST_P(RepaintRequests, pileUpNowhereWhileNoEventLoopRuns)
     EXPECT_EQ(watcher.postedCalls, 1);
 }
 
-TEST_P(RepaintRequests, waitForAHiddenWidgetToBeShownAgain)
+TEST_P(RepaintRequests, WaitForAHiddenWidgetToBeShownAgain)
 {
     pad.widget()->hide();
     pad.driver.send(zigzag(0.1, 0.9));
@@ -124,7 +124,7 @@ TEST_P(RepaintRequests, waitForAHiddenWidgetToBeShownAgain)
     EXPECT_EQ(shown(), pad.canvas());
 }
 
-TEST_P(RepaintRequests, showAClearAtOnceOnItsOwnThread)
+TEST_P(RepaintRequests, ShowAClearAtOnceOnItsOwnThread)
 {
     pad.driver.send(zigzag(0.1, 0.9));
     settle();
@@ -136,7 +136,7 @@ TEST_P(RepaintRequests, showAClearAtOnceOnItsOwnThread)
 }
 
 // The images of a large canvas follow each other without a gap, each under the canvas lock.
-TEST(RepaintRequestsDuringALivePush, areMetBetweenItsImages)
+TEST(RepaintRequestsDuringALivePush, AreMetBetweenItsImages)
 {
     static std::atomic<int> pushes;
     pushes = 0;

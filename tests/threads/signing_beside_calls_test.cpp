@@ -91,18 +91,18 @@ void signBesideCalls(const PadCase &padCase, const std::vector<KVSIM_PACKET> &pa
 
 } // namespace
 
-TEST_P(SigningBesideCalls, keepsEveryAnswerWhole)
+TEST_P(SigningBesideCalls, KeepsEveryAnswerWhole)
 {
     signBesideCalls(GetParam(), m_packets, kRounds, 10 * kPackets);
 }
 
-TEST_P(SigningBesideCalls, keepsEveryAnswerWholeWithTheLogOn)
+TEST_P(SigningBesideCalls, KeepsEveryAnswerWholeWithTheLogOn)
 {
     const LogForNow log(true);
     signBesideCalls(GetParam(), m_packets, 2, kPackets);
 }
 
-TEST_P(SigningBesideCalls, takesTheLogBeingSwitchedOnAndOff)
+TEST_P(SigningBesideCalls, TakesTheLogBeingSwitchedOnAndOff)
 {
     const LogForNow log(false);
     OpenPad pad(GetParam(), 60, 40);
@@ -115,7 +115,7 @@ TEST_P(SigningBesideCalls, takesTheLogBeingSwitchedOnAndOff)
     expectStillSound(pad);
 }
 
-TEST_P(SigningBesideCalls, closesAndOpensAgainInTheMiddleOfAStroke)
+TEST_P(SigningBesideCalls, ClosesAndOpensAgainInTheMiddleOfAStroke)
 {
     SimulatedDriver driver;
     PenThread pen(driver, m_packets);
@@ -131,7 +131,7 @@ TEST_P(SigningBesideCalls, closesAndOpensAgainInTheMiddleOfAStroke)
     pen.stop();
 }
 
-TEST_P(SigningBesideCalls, takesPacketsThatComeBeforeOpeningIsDone)
+TEST_P(SigningBesideCalls, TakesPacketsThatComeBeforeOpeningIsDone)
 {
     SimulatedDriver driver;
     const auto setPackets =

@@ -43,7 +43,7 @@ protected:
 
 } // namespace
 
-TEST_P(TapsCallBack, besideTheApplicationsOwnCalls)
+TEST_P(TapsCallBack, BesideTheApplicationsOwnCalls)
 {
     std::atomic<int> taps{0};
     whenTapped = [&](int) {
