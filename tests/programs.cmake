@@ -30,8 +30,8 @@ target_link_libraries(kv_test_settings INTERFACE GTest::gtest kv_warnings)
 # What tests share, and what most include, compiled once: pads opened on the simulated driver, pictures to compare with,
 # other programs run. It goes with the library or with its inside.
 add_library(kv_harness STATIC
-  harness/everycall.cpp harness/fingerprints.cpp harness/inkpicture.cpp harness/openpad.cpp harness/outsidecommand.cpp
-  harness/readsvg.cpp)
+  harness/everycall.cpp harness/exportedcalls_table.cpp harness/fingerprints.cpp harness/inkpicture.cpp
+  harness/openpad.cpp harness/outsidecommand.cpp harness/readsvg.cpp)
 target_link_libraries(kv_harness
   PUBLIC Qt5::Core Qt5::Gui Qt5::Widgets Qt5::Svg Threads::Threads ${CMAKE_DL_LIBS} PRIVATE kv_test_settings)
 target_precompile_headers(kv_harness PRIVATE harness/testheaders.h)

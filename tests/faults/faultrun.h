@@ -123,9 +123,10 @@ struct Attempt
         }       \
     }
 
-// The tables: failures of calls that no pad can help, and failures that a pad causes or must stand ready for.
-const std::vector<Attempt> &callFailures();
-const std::vector<Attempt> &padFailures();
+// The tables: failures of calls that no pad can help, and failures that a pad causes or must stand ready for. The two
+// that nearly every function has, a wrong device type and no pad open, come from exportedCalls() instead.
+std::vector<Attempt> callFailures();
+std::vector<Attempt> padFailures();
 
 inline constexpr Setup kClosed{nullptr};
 /// Nothing wrong, nothing written.
