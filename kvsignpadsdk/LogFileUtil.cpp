@@ -26,7 +26,7 @@ constexpr int kLongestKey = 128;
 
 void append(const char *fileName, const char *key, const char *value, const char *tail)
 {
-    const Uncancelled whole; // the line, and the file is closed
+    const Uncancelled whole; // a cancelled thread still finishes its line and closes the file
     const int file = ownfile::openToAppend(fileName);
     if (file < 0)
         return;
@@ -40,7 +40,7 @@ struct JoinedKey
     char text[kLongestKey];
 };
 
-// A text that the locale cannot express leaves the buffer undefined: it is logged as empty then.
+// wcstombs() leaves the buffer undefined when the locale cannot express the text, so log it as empty.
 struct Narrowed
 {
     explicit Narrowed(const wchar_t *wide)

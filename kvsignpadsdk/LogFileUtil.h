@@ -1,9 +1,9 @@
 /// @file
 /// The diagnostics log: tick source, writers, shared buffers and the macros that every log site uses.
 ///
-/// The log takes no lock, ever: the buffers are shared by all threads, and lines of threads that log at the same time
-/// may mix. Each line opens, writes and closes its file, so that nothing is lost when the process dies. The files stand
-/// where others may plant something under their names: what is not a regular file of our own is left alone.
+/// The log never takes a lock: all threads share the buffers, and lines logged at the same time may mix. Each line
+/// opens, writes and closes its file, so that nothing is lost when the process dies. Other users can plant files under
+/// the logs' names in /tmp: anything but a regular file of our own is left alone.
 #ifndef LOGFILEUTIL_H
 #define LOGFILEUTIL_H
 
@@ -24,8 +24,7 @@ KVSIGNPADSDK_END
 /// Milliseconds of the monotonic clock.
 uint64_t GetTickCount();
 
-/// Appends "[key]:value, tail" to "/tmp/kvsignpadsdk.log"; a file that cannot be opened, or is not our own, is
-/// passed over.
+/// Appends "[key]:value, tail" to "/tmp/kvsignpadsdk.log". Does nothing when the file cannot be opened or is not ours.
 void MyDebug(const char *key, const char *value, const char *tail);
 
 /// The same for wide texts, each converted by the process's locale and cut to what 256 bytes hold.

@@ -7,7 +7,7 @@ class QWidget;
 
 namespace aboutbox {
 
-/// Shows the modal dialog; returns when the user has closed it, at once where there can be no dialog.
+/// Shows the modal dialog and returns when the user closes it. Returns at once in a process that cannot have widgets.
 void show(QWidget *pParent);
 
 /// Writes the text with its zero, 128 bytes at most.

@@ -1,11 +1,11 @@
 /// @file
-/// The canvas of an instance: its making, and for widgets resizing, painting and the mouse.
+/// The canvas of an instance: creating it, and for widgets resizing, painting and the mouse.
 #ifndef CANVASHOST_H
 #define CANVASHOST_H
 
 #include "LogFileUtil.h"
-#include "canvaslock.h"
 #include "modelrules.h"
+#include "mutexlock.h"
 #include "padmodels.h"
 #include "sharedfields.h"
 #include "signmapping.h"
@@ -19,18 +19,18 @@
 
 namespace canvashost {
 
-/// A new white ARGB32 image of the size in place of the given one; a null image where none can be had.
+/// Replaces the image by a white ARGB32 one of this size, or by a null image when that is impossible.
 void clearCanvas(QImage &image, int width, int height);
 
-/// A white image of the size with the old one at its top left, cut where the new one is smaller.
+/// A white image of this size with the old one drawn at its top left, cropped to fit.
 QImage grown(const QImage &old, int width, int height);
 
-/// Shows the whole canvas at the widget's top left. Call it in the paint handler, with the canvas locked. A canvas that
-/// is known to be opaque is shown without looking at its alpha.
+/// Paints the whole canvas at the widget's top left. Call it in the paint handler, with the canvas locked. With
+/// `opaque` the canvas is copied instead of blended, which is faster.
 void show(QWidget &widget, const QImage &canvas, bool opaque = false);
 
-/// Whether Qt may leave out painting what is behind the widget, because the canvas covers all of it. A change to what
-/// shows through paints the widget again.
+/// Tells Qt whether the canvas covers the whole widget, so that Qt need not paint what is behind it. Repaints when that
+/// starts to show through.
 void coverWhatIsBehind(QWidget &widget, bool covers);
 
 template <class Pad>
@@ -57,7 +57,7 @@ template <class Pad>
 void begin(Pad &pad, int width, int height)
 {
     static constexpr logging::Key key{Pad::row.scope, Pad::row.constructor};
-    const CanvasLock locked(pad.m_mutexUpdateCanvas);
+    const MutexLock locked(pad.m_mutexUpdateCanvas);
     clearAll(pad, width, height);
     if constexpr (Pad::row.model.hasFingerprintSensor) {
         pad.startDisplayThread(key);
@@ -69,7 +69,7 @@ void begin(Pad &pad, int width, int height)
     KV_LOG(key, "<%ld>-leave !");
 }
 
-/// Constructor of a widget host. The context stays zero until the first resize: packets map to (0, 0) before it.
+/// Constructor of a widget host. The context is filled by the first resize; until then packets map to (0, 0).
 template <class Pad>
 void beginWidget(Pad &pad)
 {
@@ -88,7 +88,7 @@ void beginHeadless(Pad &pad, int nWidth, int nHeight)
     begin(pad, nWidth, nHeight);
 }
 
-/// The shown canvas keeps its picture at the top left; the layers of a fingerprint pad start empty.
+/// The shown canvas keeps its picture at the top left. The layers of a fingerprint pad become empty.
 template <class Pad>
 void resize(Pad &pad)
 {
@@ -97,7 +97,7 @@ void resize(Pad &pad)
     const int width = pad.width();
     const int height = pad.height();
     fillContext(pad, width, height);
-    const CanvasLock locked(pad.m_mutexUpdateCanvas);
+    const MutexLock locked(pad.m_mutexUpdateCanvas);
     const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
     pad.m_internals.brush.release();
     pad.m_canvas = grown(pad.m_canvas, width, height);
@@ -118,7 +118,7 @@ void paint(Pad &pad, PaintBase paintBase)
     KV_LOG_INSIDE_THREAD(key, "<%ld>-Enter...");
     pad.m_internals.repaint.painted();
     pad.m_internals.repaint.setWaiting(true);
-    const CanvasLock locked(pad.m_mutexUpdateCanvas);
+    const MutexLock locked(pad.m_mutexUpdateCanvas);
     pad.m_internals.repaint.setWaiting(false);
     paintBase();
     const bool opaque = pad.m_internals.canvasOpacity.isOpaque(pad.m_canvas);

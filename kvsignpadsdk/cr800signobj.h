@@ -5,7 +5,7 @@
 
 #include "padclass/declared.h"
 
-/// Registered with the driver: hands what it gets to the open instance, on the driver's thread.
+/// Registered with the driver, which calls it on its own thread; passes the packet on to the open instance.
 void RxR800SignObjRawDataCallback(int nX, int nY, int nP, int nPenStatus);
 
 class CR800SignObj

@@ -35,8 +35,8 @@ bool CS210SignObj::InitialWPSSignCanvas(int nWidth, int nHeight)
 {
     static constexpr logging::Key key{row.scope, "InitialWPSSignCanvas()"};
     KV_LOG(key, "<%ld>-Enter, nWidth=%d, nHeight=%d", nWidth, nHeight);
-    // A receiver on the driver's thread may ask for a canvas while another thread encodes the old one.
-    const CanvasLock locked(m_mutexUpdateCanvas);
+    // A receiver may call this on the driver's thread while another thread is encoding the old canvas.
+    const MutexLock locked(m_mutexUpdateCanvas);
     clearCanvas(m_WPSSignCanvas, nWidth, nHeight);
     KV_LOG(key, "<%ld>-leave with bRet=%d !", true);
     return true;
@@ -60,7 +60,7 @@ char *CS210SignObj::WPSBase64Encode(int nImageTypeID)
 char *CS210SignObj::WPSEncodeBase64SignImage(int nImageTypeID)
 {
     static constexpr logging::Key key{row.scope, "WPSEncodeBase64SignImage()"};
-    const CanvasLock locked(m_mutexUpdateCanvas);
+    const MutexLock locked(m_mutexUpdateCanvas);
     KV_LOG(key, "<%ld>-enter, nImageTypeID=%d", nImageTypeID);
     char *pEncodeBase64Image = base64text::newTextOf([&] {
         if (!m_WPSSignCanvas.isNull()) {
@@ -69,9 +69,9 @@ char *CS210SignObj::WPSEncodeBase64SignImage(int nImageTypeID)
             painter.drawImage(QRectF(m_WPSSignCanvas.rect()), m_canvas, QRectF(m_canvas.rect()));
         }
         if (nImageTypeID == EBITI_PNG)
-            inkbounds::makeWhiteTransparent(m_WPSSignCanvas); // stays so until the next text paints it over
+            inkbounds::makeWhiteTransparent(m_WPSSignCanvas); // drawing over it for the next text undoes this
         const bool wanted = nImageTypeID == EBITI_JPEG || nImageTypeID == EBITI_PNG;
-        return wanted ? imagetexts::encoded(m_WPSSignCanvas, nImageTypeID, false) : QByteArray();
+        return wanted ? imagetexts::fileOf(m_WPSSignCanvas, nImageTypeID, false) : QByteArray();
     });
     KV_LOG(key, "<%ld>-leave with pEncodeBase64Image=%lx !", logging::address(pEncodeBase64Image));
     return pEncodeBase64Image;

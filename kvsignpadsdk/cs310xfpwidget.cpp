@@ -11,7 +11,7 @@ CS310XFPWidget::CS310XFPWidget(QWidget *pParent)
     KV_LOG(key, "<%ld>-Enter...");
     if (pParent != nullptr)
         setGeometry(0, 0, pParent->width(), pParent->height());
-    fingerprinthost::begin(*this, size());
+    fingerprintplace::begin(*this, size());
     KV_LOG(key, "<%ld>-leave !");
 }
 
@@ -31,34 +31,35 @@ int CS310XFPWidget::SetDisplayedFPImageAt(QWidget *pParentWidget, int nFPLeft, i
     static constexpr logging::Key key{row.scope, "SetDisplayedFPImageAt()"};
     KV_LOG(key, "<%ld>-Enter, pParentWidget=%lx, nFPLeft=%d, nFPTop=%d, nFPWidth=%d, nFPHeight=%d",
         logging::address(pParentWidget), nFPLeft, nFPTop, nFPWidth, nFPHeight);
-    return fingerprinthost::place(*this, key, fingerprinthost::rectangle(nFPLeft, nFPTop, nFPWidth, nFPHeight), rect());
+    return fingerprintplace::placeAt(
+        *this, key, fingerprintplace::rectangle(nFPLeft, nFPTop, nFPWidth, nFPHeight), rect());
 }
 
 int CS310XFPWidget::SetDisplayedFPImageAt(
     int nCanvasWidth, int nCanvasHeight, int nFPLeft, int nFPTop, int nFPWidth, int nFPHeight)
 {
-    return fingerprinthost::placeOnCanvas(*this, nCanvasWidth, nCanvasHeight, nFPLeft, nFPTop, nFPWidth, nFPHeight);
+    return fingerprintplace::placeOnCanvas(*this, nCanvasWidth, nCanvasHeight, nFPLeft, nFPTop, nFPWidth, nFPHeight);
 }
 
 void CS310XFPWidget::UpdateFPImage(QImage image)
 {
-    fingerprinthost::updateImage(*this, image);
+    fingerprintplace::updateImage(*this, image);
 }
 
 void CS310XFPWidget::Clear()
 {
-    fingerprinthost::clear(*this);
+    fingerprintplace::clear(*this);
 }
 
 void CS310XFPWidget::Shutdown()
 {
-    fingerprinthost::shutdown(*this);
+    fingerprintplace::shutdown(*this);
 }
 
 char *CS310XFPWidget::EncodeBase64SignImage(
     bool bClipImage, int nClipMarginX, int nClipMarginY, bool bFPImageOnly, int nImageTypeID)
 {
-    return fingerprinthost::encode(*this, {bClipImage, nClipMarginX, nClipMarginY, bFPImageOnly, nImageTypeID});
+    return fingerprintplace::imageText(*this, {bClipImage, nClipMarginX, nClipMarginY, bFPImageOnly, nImageTypeID});
 }
 
 void CS310XFPWidget::CheckSignImageBoundingBox(QRect &rcBoundBox)

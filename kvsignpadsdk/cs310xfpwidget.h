@@ -3,7 +3,7 @@
 #ifndef CS310XFPWIDGET_H
 #define CS310XFPWIDGET_H
 
-#include "fingerprinthost.h"
+#include "fingerprintplace.h"
 #include "repaintrequest.h"
 
 #include <QImage>
@@ -18,9 +18,9 @@ class CS310XFPWidget : public QWidget
     Q_OBJECT
 
 public:
-    static constexpr FingerprintHostRow row{"CS310XFPWidget::"};
+    static constexpr FingerprintPlaceRow row{"CS310XFPWidget::"};
 
-    /// The instance that made the widget, as far as the widget must tell it of its end.
+    /// What the widget needs to unregister itself from its instance when it is destroyed.
     struct Owner
     {
         std::mutex *lock = nullptr;
@@ -28,7 +28,7 @@ public:
         CS310XFPWidget **newest = nullptr;
     };
 
-    /// Covers its parent; without one (headless use) it is never shown.
+    /// Covers its parent. Without a parent (headless instances) it is never shown.
     explicit CS310XFPWidget(QWidget *pParent);
     ~CS310XFPWidget() override;
 
@@ -40,7 +40,7 @@ public:
     int SetDisplayedFPImageAt(
         int nCanvasWidth, int nCanvasHeight, int nFPLeft, int nFPTop, int nFPWidth, int nFPHeight);
 
-    /// Shows a new fingerprint layer. Any thread, while the widget lives.
+    /// Shows a new fingerprint layer. May be called from any thread while the widget lives.
     void UpdateFPImage(QImage image);
     void Clear();
     void Shutdown();

@@ -46,7 +46,7 @@ int CS310XSignObj::SetDisplayedFPImageAt(
     } else {
         auto canvas = std::make_unique<FingerprintCanvas>();
         nResult =
-            fingerprinthost::placeOnCanvas(*canvas, nCanvasWidth, nCanvasHeight, nFPLeft, nFPTop, nFPWidth, nFPHeight);
+            fingerprintplace::placeOnCanvas(*canvas, nCanvasWidth, nCanvasHeight, nFPLeft, nFPTop, nFPWidth, nFPHeight);
         const std::lock_guard<std::mutex> writing(m_internals.pixelsLock);
         m_pNewFPWidget = nullptr;
         m_internals.canvas = std::move(canvas);
@@ -66,12 +66,12 @@ char *CS310XSignObj::GetFPImageBase64Data(int nImageTypeID, bool bFPImageOnly)
     KV_LOG(key, "<%ld>-enter, nImageTypeID=%d, bFPImageOnly=%d", nImageTypeID, bFPImageOnly);
     char *pFPImageBase64Data = nullptr;
     if (shared::get(m_nNewFPProcessActionID) == NFPPA_FP_ON_CANVAS_FROM_JS) {
-        // The merge leaves this place alone, so it is brought up to date here.
+        // The merge does not update this place, so do it here.
         if (shared::get(m_nCurrentFPRawDataWithBestScore) > 0) {
             const std::lock_guard<std::mutex> writing(m_internals.pixelsLock);
-            updateFingerprintHost();
+            updateFingerprintPlace();
         }
-        pFPImageBase64Data = fingerprintplacement::encodeHost(*this, nImageTypeID, bFPImageOnly);
+        pFPImageBase64Data = fingerprintplacement::imageText(*this, nImageTypeID, bFPImageOnly);
     }
     KV_LOG(key, "<%ld>-leave with pFPImageBase64Data=%lx !", logging::address(pFPImageBase64Data));
     return pFPImageBase64Data;

@@ -10,7 +10,8 @@
 class CS310XFPWidget;
 class CS310XObj_ShowFPImageOnDeviceThread;
 
-/// Registered with the driver: each hands what it gets to the open instance, on the driver's thread.
+/// Registered with the driver, which calls them on its own thread; they pass packets and images on to the open
+/// instance.
 void RxS310XSignObjRawDataCallback(int nX, int nY, int nP, int nPenStatus);
 void RxS310XSignObjFPRawDataCallback(unsigned char *pucRawData, int nDataLength, int nScore);
 
@@ -79,7 +80,8 @@ public:
     bool m_bNewFPImageRawDataOnDeviceAvailable = false;
     bool m_bStartShowFPImageRawDataOnDevice = false; ///< display thread only
     bool m_bAlreadyShownFPImageRawDataOnDevice = false; ///< display thread only
-    alignas(shared::kApart) QMutex m_mutexUpdateCanvas; ///< away from what the display thread writes without a pause
+    alignas(
+        shared::kApart) QMutex m_mutexUpdateCanvas; ///< not in a cache line that the display thread keeps writing to
     bool m_bPenDownOnCancelButton = false; ///< tapped since the last clear
     FingerprintInternals m_internals;
 };

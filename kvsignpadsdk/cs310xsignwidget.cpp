@@ -41,7 +41,7 @@ int CS310XSignWidget::SetDisplayedFPImageAt(
     KV_LOG(key, "<%ld>-Enter, pParentWidget=%lx, nFPLeft=%d, nFPTop=%d, nFPWidth=%d, nFPHeight=%d",
         logging::address(pParentWidget), nFPLeft, nFPTop, nFPWidth, nFPHeight);
     if (pParentWidget == parentWidget())
-        return placeOnThis(key, fingerprinthost::rectangle(nFPLeft, nFPTop, nFPWidth, nFPHeight));
+        return placeOnThis(key, fingerprintplace::rectangle(nFPLeft, nFPTop, nFPWidth, nFPHeight));
     if (pParentWidget == nullptr) {
         KV_LOG(key, "<%ld>-leave with ARI_INVALID_PARAMETERS due to pParentWidget == nullptr !");
         return ARI_INVALID_PARAMETERS;
@@ -64,7 +64,7 @@ int CS310XSignWidget::placeOnThis(const logging::Key &key, const QRect &rectangl
         const std::lock_guard<std::mutex> writing(m_internals.pixelsLock);
         m_NewFPRect = rectangle;
     }
-    const int nResult = fingerprinthost::checkInside(key, rectangle, rect());
+    const int nResult = fingerprintplace::checkInside(key, rectangle, rect());
     if (nResult != ARI_SUCCESS)
         return nResult;
     fingerprintplacement::setAction(*this, NFPPA_SIGN_FP_SAME_WIDGET);
@@ -80,14 +80,14 @@ char *CS310XSignWidget::GetFPImageBase64Data(int nImageTypeID, bool bFPImageOnly
     switch (shared::get(m_nNewFPProcessActionID)) {
     case NFPPA_NONE:
     case NFPPA_SIGN_FP_SAME_WIDGET: {
-        // Only for this call, under the canvas lock: Base64Encode never cuts.
-        const CanvasLock locked(m_mutexUpdateCanvas);
+        // Set for this call only, and under the canvas lock, so that a Base64Encode() meanwhile is not cropped.
+        const MutexLock locked(m_mutexUpdateCanvas);
         const QScopedValueRollback<bool> only(m_bFPImageBase64DataOnly, bFPImageOnly);
-        pFPImageBase64Data = imagetexts::encodeLockedImage(*this, nImageTypeID);
+        pFPImageBase64Data = imagetexts::lockedImageText(*this, nImageTypeID);
         break;
     }
     case NFPPA_SIGN_FP_DIFFERENT_WIDGET:
-        pFPImageBase64Data = fingerprintplacement::encodeHost(*this, nImageTypeID, bFPImageOnly);
+        pFPImageBase64Data = fingerprintplacement::imageText(*this, nImageTypeID, bFPImageOnly);
         break;
     default:
         break;

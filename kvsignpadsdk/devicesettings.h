@@ -1,5 +1,5 @@
 /// @file
-/// What a caller asks the pad, sets on the pen, and clears.
+/// Questions to the pad, pen settings, and clearing.
 #ifndef DEVICESETTINGS_H
 #define DEVICESETTINGS_H
 
@@ -23,10 +23,10 @@ struct State
     int maxPressure;
 };
 
-/// Writes one item about the pad; an unknown index writes nothing.
+/// Writes one item about the pad, or nothing for an unknown index.
 void writeInfo(const ModelRow &model, const State &state, int nIndex, void *pOutput);
 
-/// Ends a text query: the caller's buffer and size go to the driver unchanged, its result back with the leave line.
+/// Passes a text query's buffer and size on to the driver, and returns its result with the leave line.
 int askText(const logging::Key &key, int (*operation)(char *, int), char *pText, int nMaxCount);
 
 template <class Pad>
@@ -88,7 +88,7 @@ int openLcd(Pad &pad, bool bOn)
     return nResult;
 }
 
-/// Pads without a screen take the setting only with the driver's operation present, but never call it.
+/// On pads without a screen the driver's operation must be present for the setting to be taken, but is never called.
 template <class Pad>
 int setPenStyle(Pad &pad, bool bWithPressureValue)
 {
@@ -122,7 +122,7 @@ int setPenWidth(Pad &pad, int nPenWidth)
 template <class Pad>
 int setPenColor(Pad &pad, int nR, int nG, int nB)
 {
-    static constexpr logging::Key key{Pad::row.scope, "SetDevicePenColor"}; // without brackets, as logs know it
+    static constexpr logging::Key key{Pad::row.scope, "SetDevicePenColor"}; // without "()": existing logs have it so
     KV_LOG(key, "<%ld>-enter, nR=%d, nG=%d, nB=%d", nR, nG, nB);
     {
         const std::lock_guard<std::mutex> locked(pad.m_internals.colourLock);
@@ -143,7 +143,7 @@ int info(Pad &pad, int nIndex, void *pOutput)
     return ARI_SUCCESS;
 }
 
-/// After a tap that made the pad clear itself only the mark is taken back.
+/// A pad that has just cleared its own screen after a tap is not cleared again: only the mark is reset.
 template <class Pad>
 int clearPadScreen(Pad &pad, const logging::Key &key)
 {
@@ -162,14 +162,14 @@ int clearPadScreen(Pad &pad, const logging::Key &key)
     return nResult;
 }
 
-/// Empties pad, canvas and points. Without the driver's operation the canvas stays, points and clip switch go.
+/// Empties pad, canvas and points, and switches clipping off. Without the driver's operation pad and canvas stay.
 template <class Pad>
 int clearContent(Pad &pad)
 {
     static constexpr logging::Key key{Pad::row.scope, "ClearDeviceContent()"};
     KV_LOG(key, "<%ld>-enter...");
     if constexpr (Pad::row.model.hasFingerprintSensor && Pad::row.has(ClearsFingerprintPlaceFirst))
-        pad.clearFingerprintHost();
+        pad.clearFingerprintPlace();
     int nResult = ARI_FAIL;
     if (pad.m_pfn_KVSPDAPI_ClearDeviceContent != nullptr) {
         pad.ClearSignCanvas();
@@ -178,7 +178,7 @@ int clearContent(Pad &pad)
     shared::set(pad.m_bClipImage, false);
     inkpoints::clear(pad);
     if constexpr (Pad::row.model.hasFingerprintSensor && !Pad::row.has(ClearsFingerprintPlaceFirst))
-        pad.clearFingerprintHost();
+        pad.clearFingerprintPlace();
     KV_LOG(key, "<%ld>-leave with nResult=%d !", nResult);
     return nResult;
 }

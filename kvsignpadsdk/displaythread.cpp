@@ -8,7 +8,7 @@ namespace displaythread {
 
 namespace {
 
-/// Dispatches nothing and needs nothing.
+/// An event dispatcher that does nothing and needs no file descriptors.
 class NoEvents : public QAbstractEventDispatcher
 {
 public:

@@ -11,8 +11,8 @@
 
 namespace displaythread {
 
-/// Starts the thread without the event dispatcher that Qt would make for it: that needs file descriptors, and ends the
-/// process when there are none left. When the system has no thread to give, logs that and throws std::system_error.
+/// Starts the thread without Qt's own event dispatcher, which needs file descriptors and aborts the process when there
+/// are none left. Logs and throws std::system_error when the system cannot create the thread.
 void start(QThread &thread, const logging::Key &key);
 
 template <class Thread>

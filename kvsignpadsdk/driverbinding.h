@@ -16,7 +16,7 @@
 
 namespace driverbinding {
 
-/// The operations of the instance's model in the order of resolution: slot, exported name, needed to connect.
+/// Visits the operations of the instance's model in the order they are resolved: slot, exported name, whether needed.
 template <class Pad, class Visit>
 void forEachOperation(Pad &pad, Visit visit)
 {
@@ -38,7 +38,7 @@ void forEachOperation(Pad &pad, Visit visit)
         visit(pad.m_pfn_KVSPDAPI_ShowFPImageOnDevice, "KVSPDAPI_ShowFPImageOnDevice", true);
 }
 
-/// Resolves every operation; false when one that is needed is missing.
+/// Resolves every operation. Returns false when a needed one is missing.
 template <class Pad>
 bool resolveOperations(Pad &pad)
 {
@@ -72,12 +72,12 @@ bool load(Pad &pad)
     return bRet;
 }
 
-/// Asks for the version text; a pad of this model gives its pressure range.
+/// Asks for the version text. Returns true, and takes the pad's pressure range from it, if the pad is of this model.
 template <class Pad>
 bool recognise(Pad &pad, const logging::Key &key)
 {
     constexpr int kVersionSize = 32;
-    char cVersion[kVersionSize + 1] = {}; // the driver may leave it empty, or fill it without a zero
+    char cVersion[kVersionSize + 1] = {}; // zeroed and one longer: the driver may write nothing, or no terminating zero
     const int nResult = pad.m_pfn_KVSPDAPI_GetDevicePartsVersion(cVersion, kVersionSize);
     const std::optional<int> maxPressure = maxPressureOf(Pad::row.model, cVersion);
     if (maxPressure.has_value())
@@ -116,7 +116,7 @@ bool connect(Pad &pad)
     return pad.m_bDeviceConnected;
 }
 
-/// Leaves the pad in its idle state.
+/// Puts the pad back into its idle state.
 template <class Pad>
 void quietPad(Pad &pad)
 {
@@ -135,7 +135,7 @@ bool unload(Pad &pad)
     static constexpr logging::Key key{Pad::row.scope, "ShutdownKVSignPadDriver()"};
     KV_LOG(key, "<%ld>-Enter...");
     if (pad.m_plibKVSignPadDriver != nullptr) {
-        // What the driver throws is gone before the driver is: its exceptions are its code.
+        // Catch the driver's exceptions before unloading it: their types and destructors are in its code.
         contained::run([&pad] { quietPad(pad); });
         if (pad.m_pfn_KVSPDAPI_UnInitial != nullptr)
             contained::run(pad.m_pfn_KVSPDAPI_UnInitial);
@@ -159,7 +159,7 @@ void shutdown(Pad &pad)
     pad.ShutdownKVSignPadDriver();
     inkpoints::deleteLists(pad);
     if constexpr (Pad::row.model.hasFingerprintSensor)
-        pad.releaseFingerprintHosts();
+        pad.releaseFingerprintPlaces();
     KV_LOG(key, "<%ld>-leave !");
 }
 

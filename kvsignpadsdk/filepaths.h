@@ -8,11 +8,11 @@
 
 namespace filepaths {
 
-/// A wide path, one code point per wchar_t. Null for a null pointer or a text with anything that is no character.
+/// A wide path, one code point per wchar_t. Null for a null pointer, or when a value is not a Unicode character.
 QString fromWide(const wchar_t *pImageFilePath);
 
-/// The path as the system's functions take it: UTF-8 in a process that never set a locale, else the locale's
-/// encoding. Null where that cannot express it, so that no file of another name comes out.
+/// The path for the system's functions: in the locale's encoding, or in UTF-8 when the process never set a locale. Null
+/// when the encoding cannot express it, rather than the name of another file.
 QByteArray encoded(const QString &path);
 
 } // namespace filepaths

@@ -49,7 +49,7 @@ QRectF centred(int canvasWidth, int canvasHeight)
 
 QRectF targetOf(const QRect &rectangle)
 {
-    // Of a rectangle that was refused the size may be beyond what int holds.
+    // In doubles: a rectangle that was refused is stored all the same, and its size may overflow an int.
     return {1.0 * rectangle.left(), 1.0 * rectangle.top(), 1.0 * rectangle.right() - rectangle.left() + 1,
         1.0 * rectangle.bottom() - rectangle.top() + 1};
 }

@@ -4,9 +4,9 @@
 #define FINGERPRINT_H
 
 #include "LogFileUtil.h"
-#include "canvaslock.h"
 #include "contained.h"
 #include "fastways/mergecache.h"
+#include "mutexlock.h"
 #include "padmodels.h"
 #include "sharedfields.h"
 #include "strokes.h"
@@ -29,19 +29,19 @@ constexpr int kPadBytes = kPadWidth * kPadHeight * 2;
 /// Mean grey level of the image, rounded down.
 int threshold(const unsigned char *raw);
 
-/// Draws the image at the layer's top left: darker than the threshold red, else white. A smaller layer cuts it.
+/// Draws the image at the layer's top left, cropped to the layer: red where darker than the threshold, else white.
 void drawLayer(QImage &layer, const unsigned char *raw, int threshold);
 
 /// Writes the pad's picture: the top-left pixel of each 2 by 2 block, red or white as 5-6-5 colours.
 void drawPadPicture(unsigned char *picture, const unsigned char *raw, int threshold);
 
-/// Where the fingerprint stands on a canvas that gives it no place of its own: centred, half as high.
+/// Where the fingerprint is drawn when the caller has chosen no place: centred, half as high as the canvas.
 QRectF centred(int canvasWidth, int canvasHeight);
 
 /// A rectangle by its inclusive corners, for painting.
 QRectF targetOf(const QRect &rectangle);
 
-/// Keeps the image when its score beats the best so far. Runs on the driver's thread; raw holds 59904 bytes.
+/// Keeps the image if its score beats the best so far. Runs on the driver's thread. pucRawData holds 59904 bytes.
 template <class Pad>
 void takeIn(Pad &pad, unsigned char *pucRawData, int nDataLength, int nScore)
 {
@@ -55,24 +55,24 @@ void takeIn(Pad &pad, unsigned char *pucRawData, int nDataLength, int nScore)
     const int nThresholdValue = threshold(pucRawData);
     KV_LOG(key, "<%ld>nThresholdValue = %d", nThresholdValue);
     {
-        // Score and layer change together, so that a clear meanwhile takes back both or neither.
+        // Score and layer under one lock: a clear at the same time must reset both or neither.
         const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
         shared::set(pad.m_nCurrentFPRawDataWithBestScore, nScore);
         drawLayer(pad.m_FPOnlyCanvas, pucRawData, nThresholdValue);
     }
     {
-        const CanvasLock locked(pad.m_mutexUpdateShowFPImageRawDataOnDevice);
+        const MutexLock locked(pad.m_mutexUpdateShowFPImageRawDataOnDevice);
         drawPadPicture(pad.m_ucShowFPImageRawDataOnDevice, pucRawData, nThresholdValue);
         pad.m_bNewFPImageRawDataOnDeviceAvailable = true;
     }
     KV_LOG(key, "<%ld>-leave !");
 }
 
-/// Takes over a waiting picture for the display thread.
+/// Copies a waiting picture for the display thread, so that sending it needs no lock.
 template <class Pad>
 void takeNewPicture(Pad &pad)
 {
-    const CanvasLock locked(pad.m_mutexUpdateShowFPImageRawDataOnDevice);
+    const MutexLock locked(pad.m_mutexUpdateShowFPImageRawDataOnDevice);
     pad.m_bStartShowFPImageRawDataOnDevice = pad.m_bNewFPImageRawDataOnDeviceAvailable;
     if (pad.m_bNewFPImageRawDataOnDeviceAvailable) {
         std::memcpy(pad.m_ucCurrentFPImageRawDataOnDevice, pad.m_ucShowFPImageRawDataOnDevice, kPadBytes);
@@ -84,10 +84,10 @@ void takeNewPicture(Pad &pad)
 template <class Pad>
 void mergeShown(Pad &pad)
 {
-    // Out of memory, this merge is lost, and the thread is not.
+    // Skip this merge on bad_alloc so that the display thread survives.
     contained::run([&pad] {
         {
-            const CanvasLock locked(pad.m_mutexUpdateCanvas);
+            const MutexLock locked(pad.m_mutexUpdateCanvas);
             const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
             pad.MergeSignCanvasAndFPCanvas();
         }
@@ -95,7 +95,7 @@ void mergeShown(Pad &pad)
     });
 }
 
-/// Sends a picture that was taken over to the pad; merges it into the canvas one pass later.
+/// Sends the copied picture to the pad. The merge into the canvas follows in the next pass.
 template <class Pad>
 void showPicture(Pad &pad)
 {
@@ -117,7 +117,7 @@ void showPicture(Pad &pad)
     }
 }
 
-/// Where the merge puts the fingerprint; without `print` it adds nothing.
+/// Where the merge draws the fingerprint. Without `print` it draws none.
 struct Placement
 {
     const QImage *print = nullptr;
@@ -140,7 +140,7 @@ Placement placement(Pad &pad, const logging::Key &key)
         return {&pad.m_FPOnlyCanvas, targetOf(pad.m_NewFPRect)};
     case NFPPA_SIGN_FP_DIFFERENT_WIDGET:
         KV_LOG(key, "<%ld>-m_nNewFPProcessActionID == NFPPA_SIGN_FP_DIFFERENT_WIDGET");
-        pad.updateFingerprintHost();
+        pad.updateFingerprintPlace();
         return {};
     case NFPPA_FP_ON_CANVAS_FROM_JS:
         KV_LOG(key, "<%ld>-m_nNewFPProcessActionID == NFPPA_FP_ON_CANVAS_FROM_JS");
@@ -167,13 +167,13 @@ void merge(Pad &pad)
     KV_LOG(key, "<%ld>-leave !");
 }
 
-/// Ends the display thread: the flag ends its loop and a transfer that is under way.
+/// Ends the display thread: the flag stops its loop, and the driver aborts a transfer when it sees it.
 template <class Pad>
 void stopDisplay(Pad &pad, const logging::Key &key)
 {
     if (pad.m_pShowFPImageOnDeviceThread == nullptr)
         return;
-    if (!pad.m_internals.isOfThisProcess()) { // a forked child has the object and not the thread
+    if (!pad.m_internals.isOfThisProcess()) { // a forked child has the object but not the thread
         threadend::abandoned(std::exchange(pad.m_pShowFPImageOnDeviceThread, nullptr));
         return;
     }
@@ -188,7 +188,7 @@ void stopDisplay(Pad &pad, const logging::Key &key)
     KV_LOG(key, "<%ld>-after call m_pShowFPImageOnDeviceThread = nullptr...");
 }
 
-/// Body of both display threads: polls until shutdown, by design without a pause.
+/// Body of both display threads. It polls without a pause until shutdown; that is intended.
 template <class Pad>
 void display(Pad &pad, const logging::Key &key)
 {

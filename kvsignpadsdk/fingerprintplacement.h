@@ -1,5 +1,5 @@
 /// @file
-/// The places that a fingerprint instance gives its fingerprint: making, updating, clearing and freeing them.
+/// The places where an instance shows its fingerprint: creating, updating, clearing and freeing them.
 #ifndef FINGERPRINTPLACEMENT_H
 #define FINGERPRINTPLACEMENT_H
 
@@ -7,7 +7,7 @@
 #include "contained.h"
 #include "cs310xfpwidget.h"
 #include "fingerprint.h"
-#include "fingerprinthost.h"
+#include "fingerprintplace.h"
 #include "padmodels.h"
 #include "sharedfields.h"
 #include "widgetthread.h"
@@ -20,9 +20,9 @@
 
 namespace fingerprintplacement {
 
-/// Visits the newest place, widget or canvas; false when there is none.
+/// Calls `visit` with the newest place, a widget or a canvas. Returns false when there is none.
 template <class Pad, class Visit>
-bool withHost(Pad &pad, Visit visit)
+bool withPlace(Pad &pad, Visit visit)
 {
     if (pad.m_pNewFPWidget != nullptr)
         visit(*pad.m_pNewFPWidget);
@@ -42,19 +42,19 @@ QImage layer(Pad &pad)
 
 /// The caller holds pixelsLock.
 template <class Pad>
-void updateHost(Pad &pad, const QImage &layer)
+void updatePlace(Pad &pad, const QImage &layer)
 {
-    withHost(pad, [&](auto &host) { host.UpdateFPImage(layer); });
+    withPlace(pad, [&](auto &place) { place.UpdateFPImage(layer); });
 }
 
 template <class Pad>
-void clearHost(Pad &pad)
+void clearPlace(Pad &pad)
 {
     const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
-    withHost(pad, [](auto &host) { host.Clear(); });
+    withPlace(pad, [](auto &place) { place.Clear(); });
 }
 
-/// A new widget becomes the instance's newest place; it leaves the instance when its parent destroys it.
+/// Makes a new widget the instance's newest place. It unregisters itself when its parent destroys it.
 template <class Pad>
 CS310XFPWidget &addWidget(Pad &pad, QWidget *pParentWidget)
 {
@@ -74,19 +74,19 @@ void setAction(Pad &pad, int nActionID)
     shared::set(pad.m_nNewFPProcessActionID, nActionID);
 }
 
-template <class FPHost>
-void end(FPHost &host)
+template <class Place>
+void end(Place &place)
 {
-    contained::run([&host] {
-        host.Clear();
-        host.Shutdown();
+    contained::run([&place] {
+        place.Clear();
+        place.Shutdown();
     });
 }
 
-/// Ends the newest place. Widgets that it replaced stay in their windows, with their picture; headless ones, which
-/// nobody else can free, are freed.
+/// Ends the newest place. Widgets that it replaced stay in their windows and keep their picture; places without a
+/// window are freed, because nobody else can.
 template <class Pad>
-void releaseHosts(Pad &pad)
+void releasePlaces(Pad &pad)
 {
     std::vector<CS310XFPWidget *> widgets;
     CS310XFPWidget *newest = nullptr;
@@ -111,12 +111,12 @@ void releaseHosts(Pad &pad)
 
 /// The newest place's picture as text; null without a place.
 template <class Pad>
-char *encodeHost(Pad &pad, int nImageTypeID, bool bFPImageOnly)
+char *imageText(Pad &pad, int nImageTypeID, bool bFPImageOnly)
 {
     char *text = nullptr;
     const std::lock_guard<std::mutex> staying(pad.m_internals.pixelsLock);
-    withHost(pad, [&](auto &host) {
-        text = host.EncodeBase64SignImage(shared::get(pad.m_bClipImage), shared::get(pad.m_nSaveImageClipMarginX),
+    withPlace(pad, [&](auto &place) {
+        text = place.EncodeBase64SignImage(shared::get(pad.m_bClipImage), shared::get(pad.m_nSaveImageClipMarginX),
             shared::get(pad.m_nSaveImageClipMarginY), bFPImageOnly, nImageTypeID);
     });
     return text;

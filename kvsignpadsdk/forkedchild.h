@@ -1,5 +1,5 @@
 /// @file
-/// A child that the program forks while a pad is open has the instance, and none of the threads that work on it.
+/// A child forked while a pad is open inherits the instance, but none of the threads that work on it.
 #ifndef FORKEDCHILD_H
 #define FORKEDCHILD_H
 
@@ -15,8 +15,8 @@ void renew(Lock &lock)
     new (&lock) Lock;
 }
 
-/// Makes every lock of the instance and of its fingerprint places anew: who held one at the fork is not here to give it
-/// back.
+/// Recreates every lock of the instance and of its fingerprint places: a thread that held one at the fork does not
+/// exist here and can never release it.
 template <class Pad>
 void freeLocks(Pad &pad)
 {

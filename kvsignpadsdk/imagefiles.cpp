@@ -16,7 +16,7 @@ namespace imagefiles {
 
 namespace {
 
-// Their writers convert an image row by row; those of other formats do it at once, in threads.
+// Qt's writers of these formats convert row by row. The others convert the whole image at once, with Qt's thread pool.
 bool isWrittenByRows(const QByteArray &format)
 {
     return format == "png" || format == "jpg" || format == "jpeg";
@@ -32,10 +32,11 @@ bool encodedByQt(QImage image, WhiteIs white, const QByteArray &format, QByteArr
     return !format.isEmpty() && buffer.open(QIODevice::WriteOnly) && QImageWriter(&buffer, format).write(image);
 }
 
-constexpr char kNoStream[] = "stream\n\nendstream"; // where Qt had no memory to compress a picture, or a page
-constexpr int kAcross = sizeof kNoStream - 2; // bytes of it that may stand in an earlier piece
+constexpr char kNoStream[] =
+    "stream\n\nendstream"; // what Qt writes when it had no memory to compress a picture or page
+constexpr int kAcross = sizeof kNoStream - 2; // how much of it may be at the end of the piece before
 
-/// Sees whether Qt leaves anything out, of which it only warns.
+/// Notices when Qt leaves something out for lack of memory. Qt itself only prints a warning.
 class PdfFile : public ReplacedFile
 {
 public:
@@ -85,7 +86,7 @@ bool savePdf(QImage image, const QString &path, int nDPI)
     painter.drawImage(0, 0, pixels);
     if (!painter.end() || !file.isWhole())
         return false;
-    file.commit(); // one that failed is not told: the earlier file stands
+    file.commit(); // a failure here is not reported: the earlier file stays
     return true;
 }
 

@@ -20,19 +20,19 @@
 
 namespace imagefiles {
 
-/// Writes the image as the path's suffix says; false for an unknown suffix, a null image or an unwritable path.
-/// A file is only touched when the image could be encoded, and keeps what it held when it cannot be written.
+/// Writes the image in the format of the path's suffix. Returns false for an unknown suffix, a null image or an
+/// unwritable path. An existing file changes only when the new one is complete.
 bool saveBySuffix(QImage image, WhiteIs white, const QString &path);
 
-/// Writes an A4 page with the image at the top left of the area inside the margins, one pixel a dot. White is opaque.
-/// True too when the page could not be written to an end: then an earlier file keeps what it held. False when there is
-/// no memory for the picture.
+/// Writes an A4 page with the image at the top left inside the margins, one pixel a dot. White is opaque. Returns false
+/// when there is no memory for the picture; true even when the disk refuses the end of the file, and an existing file
+/// then keeps its contents.
 /// @throws std::bad_alloc
 bool savePdf(QImage image, const QString &path, int nDPI);
 
 /// True when the instance holds a fingerprint that has not been cleared.
 template <class Pad>
-bool hasFingerprint(Pad &pad)
+bool holdsFingerprint(Pad &pad)
 {
     if constexpr (Pad::row.model.hasFingerprintSensor)
         return shared::get(pad.m_nCurrentFPRawDataWithBestScore) > 0;
@@ -40,10 +40,10 @@ bool hasFingerprint(Pad &pad)
         return false;
 }
 
-/// What the outputs without the canvas lock take: the canvas or the clip rectangle's part of it.
+/// What is saved: a copy of the canvas or of the clip rectangle, so that saving needs no canvas lock.
 struct Cut
 {
-    QImage image; ///< null where only the size was asked for and nothing is cut
+    QImage image; ///< null when only the size is wanted and nothing is clipped
     QSize size;
     bool clipped = false;
     QRect box{QPoint(-1, -1), QPoint(-2, -2)};
@@ -69,7 +69,7 @@ Cut cut(Pad &pad, Wanted wanted)
         result.image = inkbounds::partInside(result.image, result.box);
     }
     if (wanted == Wanted::Pixels || result.clipped)
-        result.size = result.image.size(); // 0 by 0 where there are no pixels
+        result.size = result.image.size(); // 0 by 0 when the image is null
     return result;
 }
 
@@ -99,7 +99,7 @@ int save(Pad &pad, int nImageTypeID, wchar_t *pImageFilePath, int nDPI)
     KV_LOG_WIDE(key, "<%ld>-enter, nImageTypeID=%d, pImageFilePath=%x, nDPI=%d", nImageTypeID,
         logging::shortAddress(pImageFilePath), nDPI);
     int nResult = ARI_INK_EMPTY;
-    if (pad.GetTotalInkPointsNumber() > 0 || hasFingerprint(pad)) {
+    if (pad.GetTotalInkPointsNumber() > 0 || holdsFingerprint(pad)) {
         Cut image = cut(pad, Wanted::Pixels);
         if (image.clipped)
             KV_LOG_WIDE(key, "<%ld>-after call CheckSignImageBoundingBox(), l=%d, t=%d, r=%d, b=%d", image.box.left(),
@@ -121,7 +121,7 @@ bool saveAsPdf(Pad &, const QImage &image, const QString &path, int nDPI)
     return bRet;
 }
 
-/// Draws the stored points anew; true even when the file could not be written.
+/// Draws the stored points again as lines. Returns true even when the file could not be written.
 template <class Pad>
 bool saveAsSvg(Pad &pad, const QImage &image, const QString &path, int nDPI, const QRect &box)
 {

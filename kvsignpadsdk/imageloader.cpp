@@ -19,16 +19,16 @@ namespace {
 
 constexpr int kMostScans = 100;
 
-// Whole pictures, blank ones too, have more: a JPEG file of a blank canvas one byte for 64 pixels, a BMP file at least
-// one for 8.
+// Complete pictures have far more bytes than this, even blank ones: a JPEG of a blank canvas one byte for 64 pixels, a
+// BMP at least one for 8.
 constexpr qint64 kPixelsForAByte = 1024;
 constexpr qint64 kPixelsForNothing = qint64{1} << 24;
 
-// A text can claim no more than this of a picture that is filled in where the data end.
+// Qt fills in the rest of a JPEG or BMP that is cut off, so a few bytes could claim a huge picture. A PNG that is cut
+// off does not load.
 bool canBeThere(qint64 pixels, const QByteArray &bytes, int nImageTypeID)
 {
-    return nImageTypeID == EBITI_PNG // which does not load when it is cut
-        || pixels <= std::max(kPixelsForNothing, kPixelsForAByte * bytes.size());
+    return nImageTypeID == EBITI_PNG || pixels <= std::max(kPixelsForNothing, kPixelsForAByte * bytes.size());
 }
 
 qint64 bitsForAPixel(QImage::Format format)
@@ -38,7 +38,7 @@ qint64 bitsForAPixel(QImage::Format format)
 
 bool isAffordable(const QByteArray &bytes, int nImageTypeID, const QSize &size, QImage::Format format)
 {
-    const qint64 width = std::llabs(size.width()); // of some BMP files negative
+    const qint64 width = std::llabs(size.width()); // negative in some BMP files
     const qint64 height = std::llabs(size.height());
     if (!largestcanvas::holds(width, height) || !canBeThere(width * height, bytes, nImageTypeID))
         return false;
@@ -53,7 +53,7 @@ bool isAffordable(const QByteArray &bytes, int nImageTypeID, const QSize &size, 
     return width * height * bits / 8 <= largestcanvas::kBytes;
 }
 
-/// Qt's reader of one format on bytes.
+/// Reads bytes with Qt in a forced format.
 class Reader
 {
 public:
@@ -67,9 +67,10 @@ public:
     }
     QSize size() const { return m_reader.size(); }
 
+    /// Qt returns an arbitrary number for bytes that do not load.
     QImage::Format format() const
     {
-        const int format = m_reader.imageFormat(); // of bytes that do not load Qt answers any number
+        const int format = m_reader.imageFormat();
         const bool isFormat = format > QImage::Format_Invalid && format < QImage::NImageFormats;
         return isFormat ? static_cast<QImage::Format>(format) : QImage::Format_Invalid;
     }
@@ -81,7 +82,8 @@ private:
     QImageReader m_reader;
 };
 
-// Qt reads a BMP file into an image that fits, and leaves the rest of it where the file is cut off.
+// Qt reads a BMP into the given image if size and format fit, and leaves alone what a file that is cut off lacks. So
+// black shows there, not old memory.
 bool readIntoBlack(const QByteArray &bytes, const QSize &size, QImage::Format format, QImage &image)
 {
     image = QImage(std::abs(size.width()), std::abs(size.height()), format);
@@ -93,7 +95,7 @@ bool readBitmap(const QByteArray &bytes, const QSize &size, QImage::Format forma
 {
     if (!readIntoBlack(bytes, size, format, image))
         return false;
-    // The header alone does not tell of every file what it becomes.
+    // Qt may decode to another format than it derived from the header; then read again into that.
     return image.format() == format || readIntoBlack(bytes, size, image.format(), image);
 }
 

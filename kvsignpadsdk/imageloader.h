@@ -1,5 +1,5 @@
 /// @file
-/// Loading an image from a text that anybody may have made.
+/// Loading an image from a text that may come from anybody.
 #ifndef IMAGELOADER_H
 #define IMAGELOADER_H
 
@@ -8,13 +8,14 @@
 
 namespace imageloader {
 
-/// The image that Qt's loader makes of the bytes in the forced format of the type, EBITI_BITMAP, EBITI_JPEG or
-/// EBITI_PNG: of a JPEG or BMP file that is cut off too, where what is missing of a BMP is black. Null when it does not
-/// load, and for one whose decoding would cost more than pictures do:
+/// The image that Qt loads from the bytes in the format of the type: EBITI_BITMAP, EBITI_JPEG or EBITI_PNG. A JPEG or
+/// BMP that is cut off loads too; what a BMP lacks is black. Null when it does not load, and when decoding would cost
+/// more than any real picture:
 /// - more pixels than any canvas has, or more memory than the largest canvas;
 /// - a JPEG file of more than 100 scans;
-/// - a JPEG or BMP file of more than 16 million pixels with less than a byte for 1000 of them, so that little but its
-///   header can be there: Qt would fill in all the rest.
+/// - a JPEG or BMP file of more than 16 million pixels with less than a byte for 1000 of them: little more than a
+/// header,
+///   from which Qt would fill in everything else.
 QImage loaded(const QByteArray &bytes, int nImageTypeID);
 
 } // namespace imageloader

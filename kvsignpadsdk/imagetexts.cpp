@@ -11,8 +11,8 @@ namespace imagetexts {
 
 namespace {
 
-// Empty where Qt's own writer must be asked.
-QByteArray encodedFast(const QImage &image, int nImageTypeID, bool transparent, PngStream *kept)
+// Empty when Qt's own writer must do it.
+QByteArray fastFileOf(const QImage &image, int nImageTypeID, bool transparent, PngStream *kept)
 {
     if (nImageTypeID == EBITI_BITMAP)
         return bitmapfile::encoded(image);
@@ -28,12 +28,12 @@ QByteArray encodedFast(const QImage &image, int nImageTypeID, bool transparent, 
 
 } // namespace
 
-QByteArray encoded(QImage image, int nImageTypeID, bool transparent, PngStream *kept)
+QByteArray fileOf(QImage image, int nImageTypeID, bool transparent, PngStream *kept)
 {
     const char *format = base64text::formatName(nImageTypeID);
     if (format == nullptr)
         return {};
-    QByteArray bytes = encodedFast(image, nImageTypeID, transparent, kept);
+    QByteArray bytes = fastFileOf(image, nImageTypeID, transparent, kept);
     if (!bytes.isEmpty())
         return bytes;
     if (nImageTypeID == EBITI_PNG && transparent)

@@ -4,13 +4,13 @@
 #define IMAGETEXTS_H
 
 #include "LogFileUtil.h"
-#include "canvaslock.h"
 #include "fastways/base64text.h"
 #include "fastways/pngstream.h"
 #include "imagefiles.h"
 #include "inkbounds.h"
 #include "inkpoints.h"
 #include "inkrecord.h"
+#include "mutexlock.h"
 #include "privatefile.h"
 #include "sharedfields.h"
 #include "svgdrawing.h"
@@ -22,11 +22,11 @@
 
 namespace imagetexts {
 
-/// The image as a complete file of the type, default quality; empty for an unknown type or what cannot be written.
-/// A transparent PNG goes on from the last one of the stream, where one is kept.
-QByteArray encoded(QImage image, int nImageTypeID, bool transparent, PngStream *kept = nullptr);
+/// The bytes of a complete file of this type, in default quality. Empty for an unknown type or an image that cannot be
+/// written. With a kept stream a transparent PNG reuses what it shares with the stream's last image.
+QByteArray fileOf(QImage image, int nImageTypeID, bool transparent, PngStream *kept = nullptr);
 
-/// The fingerprint's rectangle, which another thread may be setting.
+/// The fingerprint's rectangle. Another thread may be setting it.
 template <class Pad>
 QRect placeOfFingerprint(Pad &pad)
 {
@@ -34,7 +34,7 @@ QRect placeOfFingerprint(Pad &pad)
     return pad.m_NewFPRect;
 }
 
-/// Which part of the canvas an image text shows. Call it with the canvas locked.
+/// The part of the canvas that an image text shows. Call it with the canvas locked.
 template <class Pad>
 QImage chosen(Pad &pad, bool mayCutToFingerprint)
 {
@@ -49,7 +49,7 @@ QImage chosen(Pad &pad, bool mayCutToFingerprint)
     return pad.m_canvas;
 }
 
-/// The stream that a running live push keeps between its images.
+/// The stream that a live push keeps between its images; null when none is running.
 template <class Pad>
 PngStream *keptStream(Pad &pad)
 {
@@ -60,37 +60,37 @@ PngStream *keptStream(Pad &pad)
 
 /// Encodes the canvas, which the caller has locked.
 template <class Pad>
-char *encodeLockedImage(Pad &pad, int nImageTypeID)
+char *lockedImageText(Pad &pad, int nImageTypeID)
 {
     static constexpr logging::Key key{Pad::row.scope, "EncodeBase64SignImage()"};
     KV_LOG(key, "<%ld>-enter, nImageTypeID=%d", nImageTypeID);
     char *pEncodeBase64Image =
-        base64text::newTextOf([&] { return encoded(chosen(pad, true), nImageTypeID, true, keptStream(pad)); });
+        base64text::newTextOf([&] { return fileOf(chosen(pad, true), nImageTypeID, true, keptStream(pad)); });
     KV_LOG(key, "<%ld>-leave with pEncodeBase64Image=%lx !", logging::address(pEncodeBase64Image));
     return pEncodeBase64Image;
 }
 
 template <class Pad>
-char *encodeImage(Pad &pad, int nImageTypeID)
+char *imageText(Pad &pad, int nImageTypeID)
 {
-    const CanvasLock locked(pad.m_mutexUpdateCanvas);
-    return encodeLockedImage(pad, nImageTypeID);
+    const MutexLock locked(pad.m_mutexUpdateCanvas);
+    return lockedImageText(pad, nImageTypeID);
 }
 
 template <class Pad>
-char *encodeImageEx(Pad &pad, int nImageTypeID, bool bEnableTransparentBackground)
+char *imageTextEx(Pad &pad, int nImageTypeID, bool bEnableTransparentBackground)
 {
     static constexpr logging::Key key{Pad::row.scope, "EncodeBase64SignImageEx()"};
-    const CanvasLock locked(pad.m_mutexUpdateCanvas);
+    const MutexLock locked(pad.m_mutexUpdateCanvas);
     KV_LOG(key, "<%ld>-enter, nImageTypeID=%d, bEnableTransparentBackground=%d", nImageTypeID,
         bEnableTransparentBackground);
     char *pEncodeBase64Image =
-        base64text::newTextOf([&] { return encoded(chosen(pad, false), nImageTypeID, bEnableTransparentBackground); });
+        base64text::newTextOf([&] { return fileOf(chosen(pad, false), nImageTypeID, bEnableTransparentBackground); });
     KV_LOG(key, "<%ld>-leave with pEncodeBase64Image=%lx !", logging::address(pEncodeBase64Image));
     return pEncodeBase64Image;
 }
 
-/// Whether there is anything to encode. Without ink a fingerprint alone will do for an image, where the caller says so.
+/// Whether there is anything to encode: ink, or for an image a fingerprint alone, if the caller allows that.
 template <class Pad>
 bool hasContent(Pad &pad, int nImageTypeID, bool fingerprintWillDo)
 {
@@ -102,9 +102,9 @@ bool hasContent(Pad &pad, int nImageTypeID, bool fingerprintWillDo)
     return false;
 }
 
-/// The frame of both encoders; `encode` makes the text of an image type.
-template <class Pad, class Encode>
-char *encode(Pad &pad, const logging::Key &key, int nImageTypeID, bool fingerprintWillDo, Encode encode)
+/// What both Base64Encode functions do; `makeText` makes the text of an image type.
+template <class Pad, class MakeText>
+char *textOf(Pad &pad, const logging::Key &key, int nImageTypeID, bool fingerprintWillDo, MakeText makeText)
 {
     if (!hasContent(pad, nImageTypeID, fingerprintWillDo)) {
         KV_LOG(key, "<%ld>-leave with nullptr due to None of sign image !");
@@ -112,7 +112,7 @@ char *encode(Pad &pad, const logging::Key &key, int nImageTypeID, bool fingerpri
     }
     char *pBase64Image = nullptr;
     if (nImageTypeID >= EBITI_BITMAP && nImageTypeID <= EBITI_PNG)
-        pBase64Image = encode();
+        pBase64Image = makeText();
     else if (nImageTypeID == EBITI_INK)
         pBase64Image = inkrecord::newText(pad, key);
     KV_LOG(key, "<%ld>-leave with pBase64Image=%lx !", logging::address(pBase64Image));
@@ -124,7 +124,7 @@ char *base64Encode(Pad &pad, int nImageTypeID)
 {
     static constexpr logging::Key key{Pad::row.scope, "Base64Encode()"};
     KV_LOG(key, "<%ld>-enter, nImageTypeID=%d", nImageTypeID);
-    return encode(pad, key, nImageTypeID, true, [&] { return pad.EncodeBase64SignImage(nImageTypeID); });
+    return textOf(pad, key, nImageTypeID, true, [&] { return pad.EncodeBase64SignImage(nImageTypeID); });
 }
 
 template <class Pad>
@@ -133,7 +133,7 @@ char *base64EncodeEx(Pad &pad, int nImageTypeID, bool bEnableTransparentBackgrou
     static constexpr logging::Key key{Pad::row.scope, "Base64EncodeEx()"};
     KV_LOG(key, "<%ld>-enter, nImageTypeID=%d, bEnableTransparentBackground=%d", nImageTypeID,
         bEnableTransparentBackground);
-    return encode(pad, key, nImageTypeID, false,
+    return textOf(pad, key, nImageTypeID, false,
         [&] { return pad.EncodeBase64SignImageEx(nImageTypeID, bEnableTransparentBackground); });
 }
 
@@ -150,12 +150,12 @@ void freeText(Pad &, const char *function, char *pEncodedData)
     KV_LOG(key, "<%ld>-leave !");
 }
 
-/// Puts the file in its place and answers its text, with the number of bytes and of characters: none when the file
-/// cannot be had whole.
+/// Renames the file into place and returns its text, with the number of bytes and of characters. An empty text and
+/// zeros when the file could not be written completely.
 char *publishedText(PrivateFile &file, size_t &size, size_t &length);
 
-/// Writes the drawing to its file and answers its text, with the number of bytes and of characters: none where that
-/// could not be done or memory ran out.
+/// Writes the drawing to its file and returns its text, with the number of bytes and of characters. An empty text and
+/// zeros when that fails or memory runs out.
 template <class Pad>
 char *drawnText(Pad &pad, const logging::Key &key, size_t &size, size_t &length)
 {

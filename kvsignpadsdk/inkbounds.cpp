@@ -16,9 +16,9 @@ namespace inkbounds {
 
 namespace {
 
-constexpr QRgb kWhite = 0x00ffffff;
+constexpr QRgb kColourBits = 0x00ffffff; // red, green and blue
 
-// The pixel's text is the line's key, the side that it moved the line's value.
+// Existing logs name the pixel as the line's key, and the side it moved as its value.
 [[gnu::cold, gnu::noinline]] void logChange(int x, int y, QRgb pixel, const char *side)
 {
     std::snprintf(g_cKeyBuf, sizeof g_cKeyBuf, "[%d, %d]-<R=%d, G=%d, B=%d, A=%d> ", x, y, qRed(pixel), qGreen(pixel),
@@ -67,7 +67,7 @@ int highSide(int side, int margin, int size)
     return toInt(widened < size ? widened : size - 1);
 }
 
-// First and last index of an element that is not 0; false when there is none.
+// Finds the first and last element other than 0. Returns false when there is none.
 bool ends(const std::vector<QRgb> &values, int &first, int &last)
 {
     const auto isSet = [](QRgb value) { return value != 0; };
@@ -79,7 +79,7 @@ bool ends(const std::vector<QRgb> &values, int &first, int &last)
     return true;
 }
 
-// Qt answers a null image where there is no memory for a copy.
+// QImage::copy() returns a null image when memory runs out.
 QImage checked(const QImage &copy, const QImage &original)
 {
     if (copy.isNull() && !original.isNull())
@@ -87,7 +87,7 @@ QImage checked(const QImage &copy, const QImage &original)
     return copy;
 }
 
-// As setAlphaChannel would convert createMaskFromColor's mask, which it does in other threads.
+// The mask that setAlphaChannel() would make of createMaskFromColor()'s, without the thread pool it would use for that.
 QImage maskOfWhite(const QImage &image)
 {
     constexpr QRgb kOpaqueWhite = 0xffffffff;
@@ -104,6 +104,7 @@ QImage maskOfWhite(const QImage &image)
 
 } // namespace
 
+// Without an early exit, so that the compiler vectorises the inner loop.
 Box scanQuietly(const QImage &canvas)
 {
     const int width = canvas.width();
@@ -114,7 +115,7 @@ Box scanQuietly(const QImage &canvas)
         QRgb *column = columns.data();
         QRgb row = 0;
         for (int x = 0; x < width; ++x) {
-            const QRgb ink = ~pixels[x] & kWhite;
+            const QRgb ink = ~pixels[x] & kColourBits;
             row |= ink;
             column[x] |= ink;
         }
@@ -132,7 +133,7 @@ Box scanLogged(const QImage &canvas)
     for (int y = 0; y < canvas.height(); ++y) {
         const auto *row = reinterpret_cast<const QRgb *>(canvas.constScanLine(y));
         for (int x = 0; x < canvas.width(); ++x) {
-            if ((row[x] & kWhite) != kWhite)
+            if ((row[x] & kColourBits) != kColourBits)
                 widen(box, x, y, row[x]);
         }
         if (logging::isOn())
@@ -154,7 +155,7 @@ QRect withMargins(const Box &box, int width, int height, int marginX, int margin
 
 QImage partInside(const QImage &canvas, const QRect &rectangle)
 {
-    // Counted beyond what int holds: a rectangle that was refused may have any corners.
+    // In 64 bits: a rectangle that was refused is stored all the same, with any corners.
     const qint64 width = qint64{rectangle.right()} - rectangle.left() + 1;
     const qint64 height = qint64{rectangle.bottom()} - rectangle.top() + 1;
     if (canvas.isNull() || (width == 0 && height == 0))
@@ -171,7 +172,7 @@ void makeColourTransparent(QImage &image, const QColor &colour)
     const QRgb key = colour.rgba();
     for (int y = 0; y < image.height(); ++y) {
         auto *row = reinterpret_cast<QRgb *>(image.scanLine(y));
-        std::replace(row, row + image.width(), key, key & kWhite);
+        std::replace(row, row + image.width(), key, key & kColourBits);
     }
 }
 

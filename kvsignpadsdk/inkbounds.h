@@ -14,7 +14,7 @@
 
 namespace inkbounds {
 
-/// Inclusive corners of the inked area, before margins. As it starts: nothing found.
+/// Inclusive corners of the inked area, before margins. The initial values mean that nothing was found.
 struct Box
 {
     int left = 99999;
@@ -23,30 +23,31 @@ struct Box
     int bottom = -1;
 };
 
-/// Finds the pixels whose red, green and blue are not all 255; the alpha is not looked at. Takes 32-bit images.
+/// The box of all pixels that are not white, whatever their alpha. Takes 32-bit images.
 Box scan(const QImage &canvas);
 
-/// The same pixel by pixel with a log line for each change, and all rows and columns at once without a line.
+/// The two ways to it: pixel by pixel with a log line for each change, or fast without any.
 Box scanLogged(const QImage &canvas);
 Box scanQuietly(const QImage &canvas);
 
-/// The box with margins: left and top kept from going below 0, right and bottom from going beyond the canvas.
+/// The box widened by the margins, but at most to 0 at the left and top, and to the canvas's size at the right and
+/// bottom.
 QRect withMargins(const Box &box, int width, int height, int marginX, int marginY);
 
-/// The part of the canvas inside the rectangle as QImage::copy makes it: what lies outside is transparent, a null
-/// rectangle gives the whole canvas, any other empty one a null image, as does one larger than any canvas.
+/// A copy of the part inside the rectangle, as by QImage::copy(): what lies outside the canvas is transparent. A null
+/// rectangle gives the whole canvas; any other empty one, or one larger than any canvas, gives a null image.
 /// @throws std::bad_alloc
 QImage partInside(const QImage &canvas, const QRect &rectangle);
 
 /// Makes every pixel that equals the colour, alpha included, transparent. Takes 32-bit images.
 void makeColourTransparent(QImage &image, const QColor &colour);
 
-/// Makes pure white fully transparent, in the premultiplied format, as Qt's mask of white set as the alpha channel
-/// does: in what lies beyond pixel 32767 of a side, which QPainter does not reach, white stays. Takes 32-bit images.
+/// Makes pure white fully transparent, in the premultiplied format, with the result of opaquepixels::maskWhiteByQt():
+/// beyond pixel 32767 of a side, QPainter's limit, white stays. Takes 32-bit images.
 /// @throws std::bad_alloc
 void makeWhiteTransparent(QImage &image);
 
-/// A deep copy of the shown canvas, for those who may not take the canvas lock.
+/// A deep copy of the shown canvas, for callers that may not take the canvas lock.
 /// @throws std::bad_alloc
 template <class Pad>
 QImage snapshot(Pad &pad)

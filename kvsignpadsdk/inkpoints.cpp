@@ -23,7 +23,7 @@ _POINTDATA pointNow(int nX, int nY, int nP, bool bStrokeEnd)
 char *newTimeText(const _POINTDATA &point)
 {
     constexpr size_t kSize = 100;
-    // localtime_r does not look at the zone by itself, as localtime does.
+    // localtime_r() does not read the time zone by itself; localtime() does.
     tzset();
     tm local{};
     localtime_r(&point.pointTime, &local);

@@ -14,7 +14,7 @@ namespace inkpoints {
 
 using List = std::vector<_POINTDATA>;
 
-/// A point stored now. Its alignment byte is 0, so that the ink record can take it as it is.
+/// A point with the current time. All padding bytes are 0, because the ink record copies the memory as it is.
 _POINTDATA pointNow(int nX, int nY, int nP, bool bStrokeEnd);
 
 /// A new zero-terminated text (array new) with the point's local time.
@@ -30,7 +30,7 @@ void append(Pad &pad, int nX, int nY, int nP)
         pad.m_pPointDataList->push_back(point);
 }
 
-/// Appends a copy of the last point that closes the stroke, if there is a last point.
+/// Closes the stroke with a copy of the last point. Does nothing without points.
 template <class Pad>
 void appendStrokeEnd(Pad &pad)
 {
@@ -49,7 +49,7 @@ size_t count(Pad &pad)
     return pad.m_pPointDataList == nullptr ? 0 : pad.m_pPointDataList->size();
 }
 
-/// A copy of all points, as they are at this moment.
+/// A copy of all points.
 template <class Pad>
 List snapshot(Pad &pad)
 {
@@ -57,7 +57,7 @@ List snapshot(Pad &pad)
     return pad.m_pPointDataList == nullptr ? List() : *pad.m_pPointDataList;
 }
 
-/// Copies one point out; false for an index out of range.
+/// Copies one point out. Returns false for an index out of range.
 template <class Pad>
 bool pointAt(Pad &pad, int nIndex, _POINTDATA &point)
 {
@@ -68,7 +68,7 @@ bool pointAt(Pad &pad, int nIndex, _POINTDATA &point)
     return true;
 }
 
-/// Empties the list and gives its memory back.
+/// Empties the list and frees its memory.
 template <class Pad>
 void clear(Pad &pad)
 {
@@ -77,7 +77,7 @@ void clear(Pad &pad)
         List().swap(*pad.m_pPointDataList);
 }
 
-/// Creates both lists empty; false when memory is out.
+/// Creates both lists, empty. Returns false when memory runs out.
 template <class Pad>
 bool createLists(Pad &pad)
 {

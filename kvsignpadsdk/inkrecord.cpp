@@ -17,7 +17,8 @@ bool isAlphabet(char c)
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '+' || c == '/';
 }
 
-// Qt's decoder takes texts up to a limit; a longer one is fed to it in whole groups of four characters, without junk.
+// QByteArray cannot hold the longest texts, so those are decoded in pieces. Characters outside the alphabet are dropped
+// first: a piece must hold whole groups of four.
 template <class TakeBytes>
 void decodeInPieces(const char *text, TakeBytes take)
 {
@@ -72,7 +73,7 @@ inkpoints::List decodePoints(const char *text)
 bool decodeImage(const char *text, int nImageTypeID, const QString &path)
 {
     const size_t length = std::strlen(text);
-    if (length > kLongestPiece * 31) // beyond what Qt's arrays hold
+    if (length > kLongestPiece * 31) // more than a QByteArray holds
         return false;
     const QByteArray bytes = QByteArray::fromBase64(QByteArray::fromRawData(text, static_cast<int>(length)));
     const QImage image = imageloader::loaded(bytes, nImageTypeID);
@@ -90,7 +91,8 @@ int field(const _POINTDATA &point, int nTypeID)
     case INKDATATYPE_Y:
         return point.nY;
     case INKDATATYPE_STROKEEND: {
-        // A record may hold any byte here; it is answered as it is, and no bool of that value is ever read.
+        // A record may hold any byte here. Return it unchanged, and without reading it as a bool, which would be
+        // undefined.
         unsigned char strokeEnd = 0;
         std::memcpy(&strokeEnd, reinterpret_cast<const char *>(&point) + offsetof(_POINTDATA, bStrokeEnd), 1);
         return strokeEnd;

@@ -13,21 +13,20 @@
 
 namespace inkrecord {
 
-/// A new zero-terminated text of the points and the terminator, and its length.
+/// A new zero-terminated text (array new) of the points and the record's terminator, and its length.
 char *textOf(const void *points, size_t count, size_t &length);
 
-/// The points of a record's Base64 text; characters outside the alphabet are skipped, an incomplete entry at the end
-/// is left out.
+/// The points of a record's Base64 text. Skips characters outside the alphabet and drops an incomplete last entry.
 inkpoints::List decodePoints(const char *text);
 
-/// Decodes an image text in its forced format and writes it to the path in the same format. False when imageloader does
-/// not load it or it cannot be written.
+/// Decodes an image text in the type's format and writes it to the path in the same format. Returns false when
+/// imageloader refuses it or it cannot be written.
 bool decodeImage(const char *text, int nImageTypeID, const QString &path);
 
 /// One field of a point; ARI_INK_EMPTY for an unknown field.
 int field(const _POINTDATA &point, int nTypeID);
 
-/// The record's text from the store as it is, 24 bytes a point and one byte 0. The store is locked meanwhile.
+/// The record's text: 24 bytes a point straight from the store, then one byte 0. Holds the store's lock meanwhile.
 template <class Pad>
 char *newText(Pad &pad, const logging::Key &key)
 {
@@ -43,8 +42,8 @@ char *newText(Pad &pad, const logging::Key &key)
     return text;
 }
 
-/// The decoded points have inkLock too: a receiver on the driver's thread may ask for them. Without a list nothing is
-/// kept.
+/// Decoded points need inkLock as well, because a receiver may ask for them on the driver's thread. Without a list (pad
+/// not connected) they are dropped.
 template <class Pad>
 void setDecoded(Pad &pad, inkpoints::List points)
 {
@@ -72,7 +71,7 @@ int decode(Pad &pad, int nImageTypeID, const char *pEncodedData, wchar_t *pImage
     return nResult;
 }
 
-/// Number of decoded points; copies the one at the index out if there is one.
+/// Returns the number of decoded points, and copies out the one at the index if it exists.
 template <class Pad>
 size_t decodedAt(Pad &pad, int nIndex, _POINTDATA &point)
 {

@@ -7,7 +7,7 @@ namespace {
 enum Marker
 {
     None = -1,
-    LowestSegment = 0xc0, ///< below it there are none that libjpeg takes
+    LowestSegment = 0xc0, ///< libjpeg knows no segments below it
     FirstRestart = 0xd0,
     LastRestart = 0xd7,
     EndOfImage = 0xd9,
@@ -28,7 +28,7 @@ public:
         return at < m_bytes.size() ? static_cast<unsigned char>(m_bytes[static_cast<int>(at)]) : 0;
     }
 
-    /// The next marker: whatever stands before it, a scan's data for one, is passed over. It stands at its length then.
+    /// Skips to the next marker, over a scan's data for example. Leaves the reader at the segment's length.
     int nextMarker()
     {
         for (; m_at + 1 < m_bytes.size(); ++m_at) {
@@ -44,7 +44,7 @@ public:
 
 private:
     const QByteArray &m_bytes;
-    qint64 m_at = 2; ///< behind the start of the image
+    qint64 m_at = 2; ///< after the start-of-image marker
 };
 
 bool isFrame(int marker)
@@ -52,7 +52,7 @@ bool isFrame(int marker)
     return marker >= 0xc0 && marker <= 0xcf && marker != 0xc4 && marker != 0xc8 && marker != 0xcc;
 }
 
-// Frames of several passes over the picture.
+// Progressive frames come in several scans over the picture.
 bool isProgressive(int marker)
 {
     return (marker & 3) == 2;
@@ -67,7 +67,7 @@ Work workOf(const QByteArray &bytes)
         return work;
     Reader reader(bytes);
     for (int marker = reader.nextMarker(); marker != None && marker != EndOfImage; marker = reader.nextMarker()) {
-        // After a restart, or where one was looked for, no segment of these follows.
+        // Restart markers and those below have no segment.
         if (marker < LowestSegment || (marker >= FirstRestart && marker <= LastRestart))
             continue;
         if (isFrame(marker)) {

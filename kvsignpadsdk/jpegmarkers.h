@@ -9,12 +9,12 @@ namespace jpegmarkers {
 
 struct Work
 {
-    int scans = 0; ///< up to the end of the image; each goes over all of it once
+    int scans = 0; ///< passes over the whole image
     int planes = 0; ///< colour components
-    bool keepsCoefficients = false; ///< all scans must be read before there is a pixel
+    bool keepsCoefficients = false; ///< libjpeg needs all scans in memory before the first pixel
 };
 
-/// Follows the markers as libjpeg does. Bytes that are no JPEG file have no scan.
+/// Follows the markers as libjpeg does. Finds no scan in bytes that are not a JPEG file.
 Work workOf(const QByteArray &bytes);
 
 } // namespace jpegmarkers

@@ -1,5 +1,5 @@
 /// @file
-/// The largest canvas that can be had.
+/// The largest canvas.
 #ifndef LARGESTCANVAS_H
 #define LARGESTCANVAS_H
 
@@ -9,12 +9,12 @@
 
 namespace largestcanvas {
 
-/// More than this no array of Qt holds, so nothing could be encoded from it; asking the system for it may even succeed
-/// and end the process when it is filled.
+/// No QByteArray holds more than this, so nothing could be encoded from a larger canvas. Do not even try to allocate
+/// one: the system may grant the memory and kill the process when it is filled.
 constexpr qint64 kBytes = std::numeric_limits<int>::max();
 constexpr qint64 kPixels = kBytes / 4; ///< just below 2^29
 
-/// Whether an image of that size has pixels, and no more than that.
+/// Whether an image of this size has pixels, and at most kPixels of them.
 constexpr bool holds(qint64 width, qint64 height)
 {
     return width > 0 && height > 0 && width <= kPixels && height <= kPixels && width * height <= kPixels;

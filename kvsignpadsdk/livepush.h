@@ -1,5 +1,5 @@
 /// @file
-/// The whole signature to the caller's receiver after every pen movement.
+/// Sends the whole signature to the caller's receiver after every pen movement.
 #ifndef LIVEPUSH_H
 #define LIVEPUSH_H
 
@@ -25,7 +25,7 @@ bool setReceiver(Pad &pad, int nType, SIGNPAD_SIGN_BASE64_DATA_CALLBACK pfnSignB
     return true;
 }
 
-/// Pushes when there is a receiver. No lock is held while the receiver runs.
+/// Pushes if there is a receiver. Holds no lock while the receiver runs.
 template <class Pad>
 void push(Pad &pad)
 {
@@ -35,7 +35,8 @@ void push(Pad &pad)
         if (char *text = pad.EncodeBase64SignImage(shared::get(pad.m_nRealTimeSignBase64Data_ImageTypeID))) {
             contained::run([&] { receiver(text); });
             pad.Base64EncodeFree(text);
-            pad.m_internals.repaint.letPaint(); // images of a large canvas follow each other without a gap
+            pad.m_internals.repaint
+                .letPaint(); // else a large canvas is encoded again at once, and the paint handler waits
         }
     }
     KV_LOG(key, "<%ld>-leave !");

@@ -9,7 +9,7 @@
 /// The open instance, a widget or a headless object of the family that created it; null while closed.
 extern void *g_pSignWidget;
 
-/// g_pSignWidget is, or is to be, a headless instance.
+/// Whether g_pSignWidget is headless, or will be once it is opened.
 extern bool g_bUseSignObj;
 
 namespace openinstance {
@@ -20,8 +20,8 @@ Pad &as()
     return *static_cast<Pad *>(g_pSignWidget);
 }
 
-/// For destructors: an instance that its host destroys while it is open still ends its work, and the library is
-/// closed then. After Shutdown there is nothing left to do.
+/// For destructors: if the caller's window destroys an open instance, ends its work and marks the library as closed.
+/// Does nothing after Shutdown().
 template <class Pad>
 void destroyed(Pad &pad)
 {
@@ -29,7 +29,7 @@ void destroyed(Pad &pad)
         contained::run([&pad] { pad.Shutdown(); });
     if (g_pSignWidget == &pad) {
         g_pSignWidget = nullptr;
-        g_bUseSignObj = false; // a call without a parent may have marked a widget too
+        g_bUseSignObj = false; // may be set for a widget too: InitialDevice() without a parent sets it
     }
 }
 

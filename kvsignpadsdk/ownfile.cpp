@@ -12,7 +12,7 @@ bool isOurs(const struct stat &status)
 
 int openToAppend(const char *path)
 {
-    // O_NONBLOCK: the opening of a pipe would wait for its reader.
+    // O_NONBLOCK: opening a pipe would otherwise wait for a reader.
     const int descriptor =
         ::open(path, O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY, S_IRUSR | S_IWUSR);
     if (descriptor < 0)

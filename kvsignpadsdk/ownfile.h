@@ -1,5 +1,5 @@
 /// @file
-/// Files with fixed names in a directory that other users share: whose they are.
+/// Files with fixed names in a directory shared with other users: making sure that they are ours.
 #ifndef OWNFILE_H
 #define OWNFILE_H
 
@@ -7,11 +7,11 @@
 
 namespace ownfile {
 
-/// A regular file of the user as whom the process runs.
+/// Whether it is a regular file of the process's effective user.
 bool isOurs(const struct stat &status);
 
-/// Opens a file to append to it, made for its owner alone where there is none. Neither follows a link nor takes what is
-/// not a regular file of our own with this one name: a negative descriptor then, at once.
+/// Opens a file for appending, and creates it readable by its owner only. Follows no link and does not block. Returns a
+/// negative descriptor for anything but a regular file of our own with a single name.
 int openToAppend(const char *path);
 
 } // namespace ownfile

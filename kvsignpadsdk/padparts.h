@@ -1,5 +1,5 @@
 /// @file
-/// Fields of the pads by what they are for, where their names differ between the classes or only some have them.
+/// Access to fields by their purpose, where their names differ between the classes or only some classes have them.
 #ifndef PADPARTS_H
 #define PADPARTS_H
 
@@ -19,7 +19,7 @@ bool &tapMark(Pad &pad)
         return pad.m_bPenDownOnCancelButton;
 }
 
-/// The canvas that strokes are drawn on: where fingerprints are merged, not the one that is shown.
+/// The canvas that strokes are drawn on. On fingerprint pads that is not the shown one, but the ink layer.
 template <class Pad>
 QImage &inkCanvas(Pad &pad)
 {

@@ -23,7 +23,7 @@ enum class Action
     Confirm
 };
 
-/// What a packet asks for. Knows no pad, no lock and no log.
+/// What a packet asks for. A pure function: no pad, no lock, no log.
 Action actionFor(const PadRow &row, bool inStroke, int maxPressure, int pressure, int status);
 
 struct Position
@@ -72,7 +72,7 @@ void endStroke(Pad &pad, const logging::Key &key, int nX, int nY, int nP)
     inkpoints::appendStrokeEnd(pad);
 }
 
-// The marks are set before the receiver is called: it may clear the device, which looks at them.
+// Set the mark before calling the receiver: it may clear the device, which checks the mark.
 template <class Pad>
 void tap(Pad &pad, const logging::Key &key, bool confirm)
 {
@@ -125,7 +125,7 @@ void handle(Pad &pad, int nX, int nY, int nP, int nPenStatus)
     KV_LOG(key, "<%ld>-Enter, nX=%d, nY=%d, nP=%d, nPenStatus=%d", nX, nY, nP, nPenStatus);
     const Action action =
         actionFor(Pad::row, shared::get(pad.m_bPenDown), shared::get(pad.m_nMaxPressureValue), nP, nPenStatus);
-    // Out of memory, what is left of the packet is lost, and the driver's thread is not.
+    // Drop the rest of this packet on bad_alloc so that the driver's thread survives.
     contained::run([&] { act(pad, key, action, nX, nY, nP); });
     KV_LOG(key, "<%ld>-leave !");
 }
@@ -140,7 +140,7 @@ int setEventCallback(Pad &pad, SIGNPAD_EVENT_CALLBACK pfnSignPadEventCallback)
     return ARI_SUCCESS;
 }
 
-/// Answers the latched key and takes it, in one step: no tap is reported twice or lost.
+/// Returns the last key and resets it in one atomic step, so that no tap is lost or reported twice.
 template <class Pad>
 int takeKeyStatus(Pad &pad)
 {

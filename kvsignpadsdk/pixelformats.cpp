@@ -8,7 +8,8 @@ namespace pixelformats {
 
 namespace {
 
-// Qt takes a thread for each whole 64 kB from the second on, and none for a single row.
+// QImage::convertToFormat() uses one thread for each whole 64 kB, so none but the caller's below two of them, and never
+// more threads than rows.
 constexpr int kPieceBytes = (1 << 16) - 1;
 
 QImage rowsOf(const QImage &image, int first, int count)
@@ -23,7 +24,7 @@ QImage converted(const QImage &image, QImage::Format format)
     if (image.isNull() || image.format() == format)
         return image;
     if (image.depth() != 32)
-        return image.convertToFormat(format); // rows alone have no palette
+        return image.convertToFormat(format); // a view of some rows would lack the colour table
     QImage result(image.size(), format);
     const int rows = std::max(1, kPieceBytes / image.bytesPerLine());
     for (int y = 0; y < image.height(); y += rows) {

@@ -1,6 +1,6 @@
 /// @file
-/// Changes of an image's pixel format that stay in the calling thread. Qt spreads those of larger images over a pool of
-/// threads and waits for them for ever where no thread can be made.
+/// Converts pixel formats in the calling thread. Qt uses its thread pool for larger images, and waits for ever when the
+/// system cannot create a thread.
 #ifndef PIXELFORMATS_H
 #define PIXELFORMATS_H
 
@@ -8,8 +8,8 @@
 
 namespace pixelformats {
 
-/// The image in another format, pixel by pixel as QImage::convertToFormat makes it, with the same resolution. Null for
-/// a null image. Only images of 32 bits a pixel stay in the thread.
+/// The image in another format, with the pixels of QImage::convertToFormat() and the same resolution. Null for a null
+/// image. Images of other than 32 bits a pixel still go through Qt's thread pool.
 /// @throws std::bad_alloc
 QImage converted(const QImage &image, QImage::Format format);
 

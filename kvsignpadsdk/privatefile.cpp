@@ -22,10 +22,10 @@ bool isOursOrFree(const QByteArray &path)
 
 } // namespace
 
-// Qt's own file device does not tell its users of a write that was cut off.
+// A device of our own, because QFile does not report a short write to what writes through it.
 qint64 PrivateFile::Device::writeData(const char *bytes, qint64 size)
 {
-    const Uncancelled whole; // painters write in their destructor
+    const Uncancelled whole; // called by destructors of painters, which must not be cancelled
     for (qint64 done = 0; done < size && !failed;) {
         const ssize_t now = ::write(descriptor, bytes + done, static_cast<size_t>(size - done));
         if (now > 0) {
@@ -43,7 +43,7 @@ PrivateFile::PrivateFile(const char *path)
 {
     if (!isOursOrFree(m_path))
         return;
-    const Uncancelled begun; // no destructor removes what a constructor leaves behind
+    const Uncancelled begun; // cancelled in here, nobody would remove the file: the destructor does not run
     QByteArray ownPath = m_path + ".XXXXXX";
     m_device.descriptor = ::mkostemp(ownPath.data(), O_CLOEXEC); // mode 0600
     if (m_device.descriptor < 0)

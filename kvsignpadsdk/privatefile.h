@@ -8,9 +8,9 @@
 
 #include <cstddef>
 
-/// Written under a name of its own, readable by its owner alone, and put in place of the fixed name in one step:
-/// whatever others do meanwhile, what was written here stands there whole or not at all. A symbolic link, a special
-/// file or another user's file that bears the fixed name is neither followed nor replaced.
+/// Written under a random name, readable by its owner only, and then renamed to the fixed name. Whatever other users do
+/// meanwhile, the fixed name has all of it or nothing. A symbolic link, special file or other user's file with the
+/// fixed name is neither followed nor replaced.
 class PrivateFile
 {
 public:
@@ -19,17 +19,18 @@ public:
     PrivateFile(const PrivateFile &) = delete;
     PrivateFile &operator=(const PrivateFile &) = delete;
 
-    /// Open for writing, unless the file cannot be had. What is written is not kept in memory.
+    /// Open for writing if the file could be created. Does not keep in memory what is written.
     QIODevice &device() { return m_device; }
 
-    /// How many bytes were written; 0 when one of them could not be, as on a disk that is full.
+    /// Number of bytes written, or 0 after any failure, such as a full disk.
     size_t size() const { return m_device.failed ? 0 : m_device.written; }
 
-    /// Copies all size() bytes; false when they cannot be read. To be called before the file is in its place, where
-    /// other programs of the same user may change it.
+    /// Copies all size() bytes out. Returns false when they cannot be read. Call it before publish(): after that other
+    /// programs of the user may change the file.
     bool read(char *to) const;
 
-    /// Puts the file in its place; false, and nothing changed there, when that cannot be done or nothing was written.
+    /// Renames the file to the fixed name. Returns false, with nothing changed there, when that fails or the file is
+    /// empty.
     bool publish();
 
 private:
@@ -46,7 +47,7 @@ private:
     };
 
     QByteArray m_path;
-    QByteArray m_ownPath; ///< empty once the file is in its place
+    QByteArray m_ownPath; ///< the random name; empty after publish()
     Device m_device;
 };
 

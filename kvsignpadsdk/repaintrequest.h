@@ -1,5 +1,5 @@
 /// @file
-/// Asks for a widget's repaint from any thread.
+/// Requests a widget's repaint from any thread.
 #ifndef REPAINTREQUEST_H
 #define REPAINTREQUEST_H
 
@@ -7,22 +7,21 @@
 
 class QWidget;
 
-/// One request is posted to the GUI thread however often it is made before the widget is painted.
+/// Posts at most one request to the GUI thread until the widget is painted.
 class RepaintRequest
 {
 public:
-    /// Calls update() of the widget: at once on its own thread, else posted. Safe on the driver's thread while the
-    /// widget lives.
+    /// Calls the widget's update(), directly on its own thread, otherwise posted. Any thread, while the widget lives.
     void make(QWidget &widget);
 
-    /// To be called first thing in the paint handler: what is drawn from now on needs a new request.
+    /// Call it first in the paint handler: anything drawn after this needs a new request.
     void painted() { m_pending.store(false); }
 
-    /// The paint handler says that it waits for the canvas, or that it has it.
+    /// Set by the paint handler while it waits for the canvas lock.
     void setWaiting(bool waiting) { m_waiting.store(waiting); }
 
-    /// For a thread that holds the canvas most of the time: gives a paint handler that waits for it its turn. Returns
-    /// at once when none does, after a few milliseconds in any case.
+    /// For a thread that holds the canvas lock most of the time: lets a waiting paint handler have it. Returns at once
+    /// if none waits, and after a few milliseconds in any case.
     void letPaint() const;
 
 private:

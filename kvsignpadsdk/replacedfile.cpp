@@ -30,7 +30,7 @@ bool writeAll(int file, const char *data, size_t size)
     return true;
 }
 
-// Nobody can have put anything under this name in advance.
+// Random, so that nobody can have planted a file under this name.
 QByteArray unpredictableName()
 {
     unsigned char random[12];
@@ -39,7 +39,8 @@ QByteArray unpredictableName()
     return ".kv-" + QByteArray(reinterpret_cast<const char *>(random), sizeof random).toHex();
 }
 
-// Access lists and the like, which a new file would not have. Those of the system's own guard are made with the file.
+// Whether the file has access lists or other attributes that a new file would lack. "security." ones do not count: the
+// kernel gives them to new files by its own rules.
 bool hasRightsBeyondItsMode(int file)
 {
     char names[4096];
@@ -53,14 +54,14 @@ bool hasRightsBeyondItsMode(int file)
     return false;
 }
 
-// Answers what the file is at the moment, too.
+// Fills in `status` as well.
 bool mayBeReplaced(int file, struct stat &status)
 {
     return ::fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == ::geteuid()
         && status.st_nlink == 1 && !hasRightsBeyondItsMode(file);
 }
 
-// A disk that is full would not take the file in place either.
+// With these errors writing in place would fail too, and lose the earlier file.
 bool isFull(int error)
 {
     return error == ENOSPC || error == EDQUOT || error == EIO;
@@ -74,7 +75,7 @@ ReplacedFile::ReplacedFile(const QString &path)
     if (m_path.isEmpty())
         return;
     const Beside beside = [this] {
-        const Uncancelled begun; // no destructor removes what a constructor leaves behind
+        const Uncancelled begun; // cancelled in here, nobody would remove the file: the destructor does not run
         return beginBeside();
     }();
     if (beside == Beside::Impossible)
@@ -140,7 +141,7 @@ ReplacedFile::Beside ReplacedFile::createBeside(bool replaces, const struct stat
     return full ? Beside::Refused : Beside::Impossible;
 }
 
-// The group first, as a change of it takes rights away.
+// The group first: chown() clears the set-user-ID and set-group-ID bits.
 bool ReplacedFile::takeOver(const struct stat &earlier) const
 {
     struct stat fresh
@@ -150,7 +151,7 @@ bool ReplacedFile::takeOver(const struct stat &earlier) const
         return false;
     if (fresh.st_gid != earlier.st_gid && ::fchown(m_file, static_cast<uid_t>(-1), earlier.st_gid) != 0)
         return false;
-    ::fremovexattr(m_file, "system.posix_acl_access"); // which the folder may give to new files
+    ::fremovexattr(m_file, "system.posix_acl_access"); // inherited from the folder's default list
     return ::fchmod(m_file, earlier.st_mode & 07777) == 0;
 }
 
@@ -169,7 +170,7 @@ qint64 ReplacedFile::readData(char *, qint64)
 
 qint64 ReplacedFile::writeData(const char *data, qint64 size)
 {
-    const Uncancelled written; // painters write in their destructor
+    const Uncancelled written; // called by destructors of painters, which must not be cancelled
     const auto bytes = static_cast<size_t>(size);
     if (m_besideName.isEmpty() || m_waiting.size() + bytes < kPiece) {
         m_waiting.insert(m_waiting.end(), data, data + size);
@@ -200,7 +201,8 @@ bool ReplacedFile::commit()
 
 bool ReplacedFile::rename()
 {
-    // Some file systems report a full disk only when a file is closed; this one is needed once more below.
+    // Some file systems report a full disk only at close(). Close a duplicate: copyInPlace() still needs the
+    // descriptor.
     const int copy = ::dup(m_file);
     if (copy >= 0 && ::close(copy) != 0)
         return false;
@@ -211,7 +213,7 @@ bool ReplacedFile::rename()
     return true;
 }
 
-// Of a file that another one cannot be put in place of, such as one that a container has mounted alone.
+// For a file that cannot be replaced by rename(), such as one mounted by itself into a container.
 bool ReplacedFile::copyInPlace()
 {
     const off_t size = ::lseek(m_file, 0, SEEK_END);

@@ -1,5 +1,5 @@
 /// @file
-/// A file that takes another's place when it is whole, so that a failure leaves the earlier file as it was.
+/// A file that replaces an existing one only when it is complete, so that a failure leaves the existing one as it was.
 #ifndef REPLACEDFILE_H
 #define REPLACEDFILE_H
 
@@ -10,25 +10,24 @@
 #include <sys/stat.h>
 #include <vector>
 
-/// Open for writing when it could be had: check isOpen(). What is written goes into a new file in the same folder,
-/// which commit() renames; without it nothing has happened. The new file has the permissions and the group of the
-/// earlier one, and of a file that was not there before those that any new file has.
+/// Check isOpen() before writing. The data go into a new file in the same folder, and commit() renames it; without
+/// commit() nothing changes. The new file gets the permissions and the group of the existing one, or those of any new
+/// file if there was none.
 ///
-/// An earlier file is written in place, as a whole and by commit() alone, where a new one could not take over what it
-/// is: a link, no regular file, another user's, one with several names, one with access rights beyond its mode, or one
-/// in a folder that takes no new file. A file that may not be written is not opened either way.
+/// An existing file that a new one could not stand in for is overwritten in place instead, all at once in commit(): a
+/// link, anything but a regular file, another user's file, one with several names, one with access rights beyond its
+/// mode, or one in a folder that accepts no new files. A file without write permission is not opened at all.
 ///
-/// The data are not forced to the disk: what a computer that loses its power keeps is up to the file system, as with
-/// any file. One thread at a time.
+/// Does not call fsync(): what survives a power failure is up to the file system. Use it from one thread at a time.
 class ReplacedFile : public QIODevice
 {
 public:
-    /// @param path as filepaths::fromWide gives it.
+    /// @param path as returned by filepaths::fromWide().
     explicit ReplacedFile(const QString &path);
     ~ReplacedFile() override;
 
-    /// Puts the file in its place. Once only.
-    /// @return true when every byte has been written.
+    /// Puts the new contents in place. Call it once.
+    /// @return true when every byte was written.
     bool commit();
 
     bool isSequential() const override { return true; }
@@ -56,12 +55,12 @@ private:
     void closeAll();
 
     QByteArray m_path;
-    QByteArray m_besideName; ///< in the folder; empty when there is none
+    QByteArray m_besideName; ///< name of the new file in the folder; empty when writing in place
     int m_folder = -1;
-    int m_file = -1; ///< the new file, or the one in place
-    bool m_created = false; ///< the file in place was not there before
+    int m_file = -1; ///< the new file, or the one that is overwritten
+    bool m_created = false; ///< set once O_EXCL has made the file at its path; the destructor removes it
     bool m_failed = false;
-    std::vector<char> m_waiting; ///< of a file in place all of it
+    std::vector<char> m_waiting; ///< not written yet; everything when writing in place
 };
 
 #endif

@@ -1,6 +1,6 @@
 /// @file
-/// Access to the fields that the caller's and the driver's thread share without a lock. The fields are plain by
-/// declaration; these make each access indivisible, and a store visible to who loads it.
+/// Access to fields that the caller's and the driver's thread share without a lock. Their types are fixed and not
+/// std::atomic, so these functions make each access atomic, with release and acquire.
 #ifndef SHAREDFIELDS_H
 #define SHAREDFIELDS_H
 
@@ -9,8 +9,8 @@
 
 namespace shared {
 
-/// Bytes from what one thread writes without a pause to what another must have quickly: two lines of the processor's
-/// cache, which are fetched together.
+/// Distance in bytes to keep fields apart that different threads use all the time: two cache lines, because processors
+/// fetch them in pairs.
 inline constexpr std::size_t kApart = 128;
 
 template <class T>

@@ -8,11 +8,11 @@
 
 namespace signmapping {
 
-/// Fills the context for a canvas of width by height pixels. Another thread may be mapping meanwhile: each field is
-/// stored as a whole, and a packet in between may see some old and some new ones.
+/// Fills the context for a canvas of width by height pixels. Another thread may be mapping at the same time: each field
+/// is stored atomically, but a packet in between may see old and new fields mixed.
 void fill(SingContext &context, const ModelRow &model, int width, int height, double pressureRatio);
 
-/// Maps a packet. Points outside the writing area land on its border; any int is accepted.
+/// Maps a packet. Points outside the writing area are moved to its border. Accepts any int.
 void map(const SingContext &context, const ModelRow &model, int nX, int nY, int nP, double &dblX, double &dblY,
     double &dblP);
 

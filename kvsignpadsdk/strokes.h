@@ -4,10 +4,10 @@
 #define STROKES_H
 
 #include "LogFileUtil.h"
-#include "canvaslock.h"
 #include "fastways/inkpen.h"
 #include "fastways/mergecache.h"
 #include "modelrules.h"
+#include "mutexlock.h"
 #include "padmodels.h"
 #include "padparts.h"
 #include "sharedfields.h"
@@ -27,7 +27,7 @@ QColor drawColour(Pad &pad)
     return pad.m_drawColor;
 }
 
-/// Widget hosts: asks for a repaint. Headless hosts show nothing.
+/// Requests a repaint of a widget. Does nothing for a headless instance.
 template <class Pad>
 void requestRepaint(Pad &pad)
 {
@@ -44,13 +44,13 @@ void drawInk(Pad &pad, const QPointF &from, const QPointF &to, double width)
         inkpen::drawSegment(padparts::inkCanvas(pad), from, to, inkpen::penFor(width, colour));
 }
 
-/// Draws from the last point to this one, with the pen of this one. dblPressure is the mapped pressure.
+/// Draws from the last point to this one, in this one's width. dblPressure is the mapped pressure.
 template <class Pad>
 void startSign(Pad &pad, double dblX, double dblY, double dblPressure)
 {
     static constexpr logging::Key key{Pad::row.scope, "StartSignOnCanvas()"};
     KV_LOG(key, "<%ld>-enter, dblX=%f, dblY=%f, dblPressure=%f", dblX, dblY, dblPressure);
-    const CanvasLock locked(pad.m_mutexUpdateCanvas);
+    const MutexLock locked(pad.m_mutexUpdateCanvas);
     const double width = shared::get(pad.m_bWithPressureValue)
         ? dblPressure
         : fixedWidth(Pad::row.model, shared::get(pad.m_nSignWidthLevel));
@@ -69,13 +69,13 @@ void startSign(Pad &pad, double dblX, double dblY, double dblPressure)
     KV_LOG(key, "<%ld>-leave !");
 }
 
-/// Fills every canvas of the instance white, in its size.
+/// Fills all canvases of the instance with white. Their sizes stay.
 template <class Pad>
 void clear(Pad &pad)
 {
     static constexpr logging::Key key{Pad::row.scope, "ClearSignCanvas()"};
     KV_LOG(key, "<%ld>-Enter...");
-    const CanvasLock locked(pad.m_mutexUpdateCanvas);
+    const MutexLock locked(pad.m_mutexUpdateCanvas);
     {
         const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
         if constexpr (Pad::row.model.hasFingerprintSensor) {

@@ -10,8 +10,8 @@ QImage asPixmapHolds(const QImage &image)
 {
     QImage pixels = pixelformats::converted(image, QImage::Format_ARGB32_Premultiplied);
     if (!opaquepixels::isOpaque(pixels))
-        return pixelformats::converted(pixels, QImage::Format_ARGB32); // as the PDF writer would convert it
-    // A pixmap keeps an alpha channel only where a pixel uses it.
+        return pixelformats::converted(pixels, QImage::Format_ARGB32); // the PDF writer would do it, in the thread pool
+    // QPixmap::fromImage() drops the alpha channel when no pixel uses it.
     pixels.reinterpretAsFormat(QImage::Format_RGB32);
     return pixels;
 }

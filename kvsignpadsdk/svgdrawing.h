@@ -1,5 +1,5 @@
 /// @file
-/// The signature as SVG: the stored points drawn anew as lines.
+/// The signature as SVG: the stored points drawn again as lines.
 #ifndef SVGDRAWING_H
 #define SVGDRAWING_H
 
@@ -15,14 +15,14 @@
 
 namespace svgdrawing {
 
-/// The image as a pixmap made from it would hold it, without the application object that pixmaps need.
+/// The image that QPixmap::fromImage() would hold. Pixmaps themselves need a QApplication.
 QImage asPixmapHolds(const QImage &image);
 
 /// Draws the fingerprint layer centred.
 void drawFingerprint(QPainter &painter, QImage layer, const QSize &size, int nDPI);
 
-/// The lines, made one by one: from each point to the next of its stroke, with the later point's width. Points that end
-/// a stroke are not drawn.
+/// Makes the lines one by one: from each point to the next of its stroke, with the later point's width. The point that
+/// ends a stroke is not drawn.
 template <class Pad>
 class LineMaker
 {
@@ -36,7 +36,7 @@ public:
     {
     }
 
-    /// False behind the last line.
+    /// Returns false after the last line.
     bool next(svglines::Line &line)
     {
         while (m_next < m_points.size()) {
@@ -70,12 +70,12 @@ private:
     const bool m_withPressure;
     const int m_fixedWidth;
     size_t m_next = 0;
-    bool m_joined = false; ///< the stroke goes on from m_here
+    bool m_joined = false; ///< m_here is a point of the current stroke
     QPointF m_here;
 };
 
-/// Writes the whole drawing to the device, which should be open. Nothing is written to one that is not; the points are
-/// mapped all the same, which the class that logs its mapping tells.
+/// Writes the whole drawing to the device. If the device is not open nothing is written, but the points are still
+/// mapped: one class logs each mapping, and its log must be the same.
 template <class Pad>
 void draw(Pad &pad, QIODevice &device, const QSize &size, int nDPI, const QPoint &origin)
 {

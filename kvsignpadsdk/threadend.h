@@ -1,6 +1,6 @@
 /// @file
-/// What the sanitizers must be told of the end of a thread. To ThreadSanitizer Qt's own waiting is invisible: what a
-/// thread did before its end, its waiter sees.
+/// What the sanitizers must be told about the end of a thread. ThreadSanitizer does not see QThread::wait(), and so not
+/// that everything the thread did happened before it returns.
 #ifndef THREADEND_H
 #define THREADEND_H
 
@@ -13,7 +13,7 @@
 
 namespace threadend {
 
-/// Last call of a thread; `mark` is an address that its waiter knows too.
+/// The thread's last call. `mark` is an address that the waiting thread knows too.
 inline void reached([[maybe_unused]] void *mark)
 {
 #ifdef KV_THREAD_SANITIZED
@@ -21,7 +21,7 @@ inline void reached([[maybe_unused]] void *mark)
 #endif
 }
 
-/// For the object of a thread that did not come along into this forked process: it can be neither awaited nor deleted.
+/// For the object of a thread that does not exist in this forked process: it can be neither waited for nor deleted.
 inline void abandoned([[maybe_unused]] const void *thread)
 {
 #ifdef KV_ADDRESS_SANITIZED

@@ -1,12 +1,12 @@
 /// @file
-/// For what must reach its end in a thread that may be cancelled, above all what a destructor may call: a cancellation
-/// that leaves one ends the process.
+/// Protects code that must not be left halfway when its thread is cancelled, above all code that destructors call: a
+/// cancellation leaving a destructor terminates the process.
 #ifndef UNCANCELLED_H
 #define UNCANCELLED_H
 
 #include <pthread.h>
 
-/// While it lives, a cancellation of its thread waits.
+/// Defers cancellation of the thread while it lives.
 class Uncancelled
 {
 public:

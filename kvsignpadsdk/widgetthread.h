@@ -1,5 +1,5 @@
 /// @file
-/// Where widgets can be had. Qt ends a process that makes one without a QApplication.
+/// Whether widgets can be created here. Qt aborts a process that creates one without a QApplication.
 #ifndef WIDGETTHREAD_H
 #define WIDGETTHREAD_H
 
@@ -11,7 +11,7 @@
 
 namespace widgetthread {
 
-/// Null before the QApplication is made and after it is gone; widgets may outlive it.
+/// Null before the QApplication exists and after its end. Widgets may outlive it.
 inline QApplication *application()
 {
     return qobject_cast<QApplication *>(QCoreApplication::instance());
@@ -23,14 +23,14 @@ inline bool canHaveWidgets()
     return application() != nullptr && application()->thread() == QThread::currentThread();
 }
 
-/// Whether it may create one in this widget.
+/// Whether this thread may create children of this widget.
 inline bool canHaveChildren(const QWidget &parent)
 {
     return canHaveWidgets() && parent.thread() == QThread::currentThread();
 }
 
-/// Ends a widget; the event loop deletes it. Without the application there is nothing on the screen to be hidden, and
-/// hiding would need it.
+/// Hides a widget and leaves its deletion to the event loop. Without the QApplication nothing is on the screen, and
+/// hide() would need it.
 inline void hideAndDeleteLater(QWidget &widget)
 {
     if (application() != nullptr)

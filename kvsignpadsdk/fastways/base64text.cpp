@@ -13,7 +13,7 @@ namespace {
 
 constexpr char kAlphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
-// Two characters for each 12 bits, so that three bytes are two look-ups.
+// The two characters of each 12-bit value: three bytes take two look-ups instead of four.
 struct Pairs
 {
     constexpr Pairs()
@@ -76,7 +76,8 @@ char *newText(const void *bytes, size_t size, size_t &length)
     return text;
 }
 
-// The bytes stand at the end of the room for the text: four characters never reach the three bytes after theirs.
+// `put` writes the bytes to the end of the text's own buffer, and the text grows over them from the front. A group's
+// four characters never reach the bytes of the next group, because the text ends where the bytes end.
 char *newText(size_t size, const std::function<bool(char *to)> &put, size_t &length)
 {
     length = (size + 2) / 3 * 4;

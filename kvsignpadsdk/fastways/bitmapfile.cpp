@@ -55,6 +55,7 @@ void writeRow(char *to, const QRgb *pixels, int width)
     }
 }
 
+// 24 bits a pixel without alpha, rows padded to four bytes: what QBmpHandler writes for 32-bit images.
 QByteArray written(const QImage &image)
 {
     const int64_t bytesPerRow = (int64_t{image.width()} * 3 + 3) / 4 * 4;
@@ -64,7 +65,7 @@ QByteArray written(const QImage &image)
     writeHeader(file.data(), image, static_cast<int>(bytesPerRow));
     char *row = file.data() + file.size();
     for (int y = 0; y < image.height(); ++y) {
-        row -= bytesPerRow; // rows stand bottom up
+        row -= bytesPerRow; // the bottom row comes first
         writeRow(row, reinterpret_cast<const QRgb *>(image.constScanLine(y)), image.width());
     }
     return file;

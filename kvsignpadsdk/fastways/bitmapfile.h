@@ -8,7 +8,7 @@
 
 namespace bitmapfile {
 
-/// The file's bytes; empty for an image that is not ARGB32, or when Qt's writer makes other files than this one.
+/// The file's bytes. Empty for an image that is not ARGB32, and when this Qt's files differ from ours.
 QByteArray encoded(const QImage &image);
 
 } // namespace bitmapfile

@@ -33,8 +33,7 @@ void InkBrush::setPen(double width, const QColor &colour)
 {
     QPen &pen = m_pens[m_nextPen];
     m_nextPen = 1 - m_nextPen;
-    // A pen takes a negative width only when it is made.
-    // A new pen takes widths that setWidthF refuses.
+    // setWidthF() rejects widths below 0 or from 32768 on; QPen's constructor accepts them.
     const bool mayBeSet = width >= 0 && width < 32768;
     if (!mayBeSet || pen.color() != colour || pen.capStyle() != Qt::RoundCap)
         pen = inkpen::penFor(width, colour);

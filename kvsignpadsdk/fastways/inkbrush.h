@@ -1,5 +1,5 @@
 /// @file
-/// Draws segments with a painter that is kept open, for less than a painter a segment costs.
+/// Draws segments with one painter that stays open: opening a QPainter costs more than drawing a short segment.
 #ifndef INKBRUSH_H
 #define INKBRUSH_H
 
@@ -10,15 +10,18 @@
 
 #include <memory>
 
-/// Paints on a view of the canvas's memory in the canvas's own format. A canvas whose memory is shared at the moment is
-/// declined: the plain way then gives it memory of its own, so that no other image changes with it.
+/// The painter works on a second QImage over the canvas's memory, so the canvas itself never detaches and its
+/// cacheKey() stays the same. Memo and MergeCache build on that: see "What a cache key tells" in docs/architecture.md.
+///
+/// A canvas that shares its memory with another QImage is declined, because drawing would change that image too. The
+/// plain way then detaches the canvas.
 class InkBrush
 {
 public:
-    /// False, and nothing drawn, where the plain way must be taken.
+    /// Returns false without drawing when the caller must draw the plain way.
     bool draw(QImage &canvas, const QPointF &from, const QPointF &to, double width, const QColor &colour);
 
-    /// Forgets the canvas. To be called before its memory goes.
+    /// Closes the painter. Call it before the canvas's memory is freed.
     void release() { m_kept.reset(); }
 
 private:
@@ -35,7 +38,8 @@ private:
     void setPen(double width, const QColor &colour);
 
     std::unique_ptr<Kept> m_kept;
-    // The painter shares the pen that it was given last; the other one is changed without an allocation.
+    // QPen is copy-on-write and the painter holds a copy of the pen it was given last, so changing that one would
+    // allocate. The other one is ours alone.
     QPen m_pens[2];
     int m_nextPen = 0;
 };

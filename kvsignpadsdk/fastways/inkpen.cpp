@@ -4,7 +4,8 @@
 
 namespace inkpen {
 
-// Only this deprecated hint leaves pens of up to one pixel without antialiasing, as strokes have always been drawn.
+// QPainter::Antialiasing also smooths pens of up to one pixel. Strokes have always been drawn with this deprecated
+// hint, which does not.
 void setHint(QPainter &painter)
 {
 #pragma GCC diagnostic push
@@ -22,7 +23,7 @@ QPen penFor(double width, const QColor &colour)
 
 void drawWith(QPainter &painter, const QPointF &from, const QPointF &to, double width)
 {
-    // Of a line without length only pens of up to one pixel leave a mark.
+    // QPainter draws nothing for a line of zero length, except with a pen of up to one pixel.
     if (from.x() == to.x() && from.y() == to.y() && width > 1.0)
         painter.drawPoint(to);
     else

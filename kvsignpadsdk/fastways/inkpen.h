@@ -18,7 +18,7 @@ QPen penFor(double width, const QColor &colour);
 /// Switches on the antialiasing that strokes have.
 void setHint(QPainter &painter);
 
-/// Draws with the painter's pen, which has the width: a line, or a round dot where both ends are the same point.
+/// Draws a line with the painter's pen, or a round dot when both ends are the same point. `width` is that pen's width.
 void drawWith(QPainter &painter, const QPointF &from, const QPointF &to, double width);
 
 /// Draws a segment with a painter of its own. A null canvas stays as it is.

@@ -17,7 +17,7 @@ namespace jpegfile {
 namespace {
 
 constexpr int kQuality = 75; // Qt's default
-constexpr int kUnitAt = 13; // of the resolution's unit in the file; both axes follow, two bytes each
+constexpr int kUnitAt = 13; // offset of the JFIF density unit; x and y follow, two bytes each
 
 struct Compressor
 {
@@ -28,7 +28,7 @@ struct Compressor
     unsigned long size = 0;
 };
 
-// The library's own way out ends the process.
+// libjpeg's default error_exit() calls exit().
 [[noreturn]] void giveUp(j_common_ptr state)
 {
     std::longjmp(static_cast<Compressor *>(state->client_data)->onError, 1);
@@ -44,6 +44,7 @@ void start(Compressor &compressor, const QImage &image, const QByteArray &resolu
     state.image_width = static_cast<JDIMENSION>(image.width());
     state.image_height = static_cast<JDIMENSION>(image.height());
     state.input_components = 4;
+    // libjpeg-turbo reads QImage's 32-bit pixels as they are; Qt copies each row to RGB bytes first.
     state.in_color_space = Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? JCS_EXT_BGRX : JCS_EXT_XRGB;
     jpeg_set_defaults(&state);
     const auto byte = [&resolution](int at) { return static_cast<unsigned char>(resolution[at]); };
@@ -54,7 +55,7 @@ void start(Compressor &compressor, const QImage &image, const QByteArray &resolu
     jpeg_start_compress(&state, TRUE);
 }
 
-// Nothing in here may need a destructor: an error jumps out of it.
+// No objects with destructors in here: an error leaves by longjmp().
 bool compress(Compressor &compressor, const QImage &image, const QByteArray &resolution)
 {
     compressor.state.err = jpeg_std_error(&compressor.errors);
@@ -78,7 +79,8 @@ QByteArray written(const QImage &image, const QByteArray &resolution)
     QByteArray file;
     if (compress(compressor, image, resolution)) {
         file = QByteArray(reinterpret_cast<const char *>(compressor.bytes), static_cast<int>(compressor.size));
-        // Only now the pointer is right: memory may have run out where the library had freed what it points to.
+        // libjpeg stores the final buffer in `bytes` only in jpeg_finish_compress(). After an error it may point to one
+        // that libjpeg has outgrown and freed, so free it only here.
         std::free(compressor.bytes);
     }
     jpeg_destroy_compress(&compressor.state);
@@ -94,7 +96,8 @@ QByteArray byQt(const QImage &image)
     return file;
 }
 
-// Dots and hair lines of many colours, some of them translucent, beside blank blocks; or greys alone.
+// Scattered pixels beside blank blocks: in colour, some translucent, as Qt drops the alpha; or grey only, as Qt might
+// choose a greyscale file for that.
 QImage probe(bool coloured)
 {
     QImage image(90, 61, QImage::Format_ARGB32);
@@ -125,8 +128,8 @@ bool agreesWithQt()
     return true;
 }
 
-/// The last resolution that was asked for, as Qt writes it. Canvases have that of the screen, which a process without
-/// an application object does not know yet, so that one made later may have another.
+/// Qt rounds the resolution in its own way, so its bytes are taken from a one-pixel file of Qt's, for the last
+/// resolution asked for. It may change: canvases get the screen's, which Qt does not know before the QApplication.
 class Resolution
 {
 public:

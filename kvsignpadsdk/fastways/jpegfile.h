@@ -8,8 +8,8 @@
 
 namespace jpegfile {
 
-/// The file's bytes at Qt's default quality. Empty for an image that is not a plain ARGB32 canvas, for one that JPEG
-/// cannot hold, and when Qt's writer makes other files than this one.
+/// The file's bytes at Qt's default quality. Empty for an image that is not a plain ARGB32 canvas or too large for
+/// JPEG, and when this Qt's files differ from ours.
 QByteArray encoded(const QImage &image);
 
 } // namespace jpegfile

@@ -48,7 +48,7 @@ void copyInk(QImage &canvas, const QImage &ink)
         std::memcpy(canvas.bits(), ink.constBits(), static_cast<size_t>(ink.sizeInBytes()));
 }
 
-// Ands the fingerprint, scaled to the target, into the canvas: white leaves the ink, red shows on white.
+// The raster operation ANDs the pixels: where the print is white the ink stays, and its red shows on white.
 void andInto(QImage &canvas, const QImage &print, const QRectF &target)
 {
     if (canvas.isNull())
@@ -73,8 +73,8 @@ MergeCache::Known MergeCache::known(const Parts &parts)
 
 QRect MergeCache::boxOf(const QPointF &from, const QPointF &to, double width)
 {
-    constexpr double kFar = 1 << 29; // beyond any canvas, and a box as wide as twice that is still counted in an int
-    const double reach = std::max(width, 0.0) / 2 + 2;
+    constexpr double kFar = 1 << 29; // beyond any canvas; twice that still fits an int
+    const double reach = std::max(width, 0.0) / 2 + 2; // half the pen, antialiasing and rounding
     const auto kept = [=](double at) { return static_cast<int>(at > -kFar ? std::min(at, kFar) : -kFar); };
     const auto low = [=](double a, double b) { return kept(std::floor(std::min(a, b) - reach)); };
     const auto high = [=](double a, double b) { return kept(std::ceil(std::max(a, b) + reach)); };
@@ -82,6 +82,9 @@ QRect MergeCache::boxOf(const QPointF &from, const QPointF &to, double width)
         QPoint(low(from.x(), to.x()), low(from.y(), to.y())), QPoint(high(from.x(), to.x()), high(from.y(), to.y()))};
 }
 
+// The box alone may be merged only if nothing but the announced segment happened since the last merge: all four keys
+// are the same, and the canvas still owns its memory. Opaque ink because QPainter blends translucent pixels, while the
+// loops below copy or AND them.
 bool MergeCache::mergeSegment(const Parts &parts)
 {
     const QRect box = m_segment.intersected(parts.ink.rect());
@@ -100,7 +103,7 @@ bool MergeCache::mergeSegment(const Parts &parts)
 void MergeCache::mergeBox(const Parts &parts, const QRect &box) const
 {
     Rows ink(parts.ink, box);
-    // Past the image's own face, so that it does not count as changed.
+    // Written through the const pointer: bits() would change cacheKey() and void the cache.
     Rows canvas(parts.canvas, box);
     const auto to = [&canvas] { return const_cast<QRgb *>(canvas.next()); };
     if (m_layer.isNull()) {
@@ -139,8 +142,8 @@ bool MergeCache::makeLayer(const Parts &parts)
         return false;
     layer.fill(Qt::white);
     andInto(layer, *parts.print, parts.target);
-    m_layerIsWhite = opaquepixels::isWhite(layer); // as long as there is no fingerprint
+    m_layerIsWhite = opaquepixels::isWhite(layer); // no fingerprint yet, so AND changes nothing
     if (!m_layerIsWhite)
-        m_layer = layer; // only now: a print that memory ran out on stays unknown
+        m_layer = layer; // last: if drawing the print threw, the next merge tries again
     return true;
 }

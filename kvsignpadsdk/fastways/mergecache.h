@@ -1,6 +1,5 @@
 /// @file
-/// The merge of a fingerprint pad after one segment: only the segment's box of the shown canvas is made anew; and the
-/// merge of the whole canvas.
+/// Merges ink and fingerprint into the shown canvas: all of it, or after one segment just the segment's box.
 #ifndef MERGECACHE_H
 #define MERGECACHE_H
 
@@ -11,13 +10,15 @@
 #include <QRect>
 #include <QRectF>
 
-/// The fingerprint anded into white, as large as the canvas, so that the shown canvas is ink AND layer. It is made
-/// again when the fingerprint, its place or the canvas changes; every change of an image that does not go through this
-/// class or the segment brush makes the merge take the whole canvas.
+/// Keeps a layer as large as the canvas with the fingerprint ANDed into white, so that the shown canvas is ink AND
+/// layer. The layer is rebuilt when the fingerprint, its place or the canvas's size changes.
+///
+/// Knows by QImage::cacheKey() whether anything but InkBrush and itself has written to the images; if so, the next
+/// merge takes the whole canvas. See "What a cache key tells" in docs/architecture.md.
 class MergeCache
 {
 public:
-    /// What a merge is made of; a null print adds nothing.
+    /// The images of a merge. Without a print the canvas is a copy of the ink.
     struct Parts
     {
         QImage &canvas;
@@ -29,11 +30,11 @@ public:
     /// The pixels that a segment may have changed.
     static QRect boxOf(const QPointF &from, const QPointF &to, double width);
 
-    /// Announces that the ink changed in this box alone since the last merge.
+    /// Call it after drawing a segment: since the last merge the ink has changed inside this box only.
     void segmentDrawn(const QRect &box) { m_segment = box; }
 
-    /// Brings the announced box up to date; false, and nothing done, where the whole canvas must be merged. Takes the
-    /// announcement either way.
+    /// Merges the announced box. Returns false without touching the canvas when mergeWhole() is needed. Either way the
+    /// announcement is used up.
     bool mergeSegment(const Parts &parts);
 
     /// Makes the canvas a copy of the ink, with the fingerprint, scaled to the target, anded into it.
@@ -57,7 +58,7 @@ private:
 
     QRect m_segment;
     Known m_merged;
-    QImage m_layer; ///< null until it is needed, and while it would be white
+    QImage m_layer; ///< null until first needed, and as long as it would be all white
     bool m_layerIsWhite = false;
     QSize m_size; ///< of the canvas that the layer is for
     opaquepixels::Memo m_inkOpacity;

@@ -10,15 +10,16 @@ namespace {
 
 constexpr QRgb kAlpha = 0xff000000;
 constexpr QRgb kOpaqueWhite = 0xffffffff;
-constexpr int kLongestPainted = 32767; // QT_RASTER_COORD_LIMIT
+constexpr int kLongestPainted = 32767; // QT_RASTER_COORD_LIMIT of Qt's raster engine
 
 const QRgb *row(const QImage &image, int y)
 {
     return reinterpret_cast<const QRgb *>(image.constScanLine(y));
 }
 
-// Whether all pixels have these bits. The width is asked for once: a call for each pixel takes five times as long as
-// all the rest.
+// Whether all pixels have these bits. width() stays outside the loop: called for each pixel it keeps the compiler from
+// vectorising, and costs five times as much as everything else. ANDing a whole row before comparing has the same
+// reason.
 bool hasEverywhere(const QImage &image, QRgb bits)
 {
     const int width = image.width();
@@ -55,6 +56,8 @@ void maskWhiteByQt(QImage &image)
     image.setAlphaChannel(image.createMaskFromColor(QColor(Qt::white).rgb(), Qt::MaskOutColor));
 }
 
+// What maskWhiteByQt() gives for opaque images: premultiplying leaves an opaque pixel as it is, so the conversion is a
+// copy, and only white needs another value.
 QImage whiteTransparent(const QImage &image)
 {
     if (!isPaintedWhole(image))

@@ -1,5 +1,5 @@
 /// @file
-/// Loops over whole canvases that the compiler can vectorise. They take 32-bit images.
+/// Loops over whole canvases, written so that the compiler vectorises them. They take 32-bit images.
 #ifndef OPAQUEPIXELS_H
 #define OPAQUEPIXELS_H
 
@@ -13,21 +13,22 @@ bool isOpaque(const QImage &image);
 /// True when every pixel is opaque white.
 bool isWhite(const QImage &image);
 
-/// False where a side is longer than QPainter paints: what Qt makes of such an image ends there.
+/// False for an image with a side beyond QPainter's coordinate limit (32767): Qt leaves the rest unpainted.
 bool isPaintedWhole(const QImage &image);
 
 /// Makes pure white fully transparent, in the premultiplied format, with Qt's own mask. Takes images of any kind.
 void maskWhiteByQt(QImage &image);
 
-/// A copy in which pure white is fully transparent, in the premultiplied format; a null image when a pixel of the
-/// original is not opaque, and for one that QPainter does not paint whole.
+/// A copy in the premultiplied format with pure white fully transparent. A null image when a pixel of the original is
+/// not opaque, or when isPaintedWhole() is false.
 QImage whiteTransparent(const QImage &image);
 
-/// The image's memory as an image without an alpha channel. It must not outlive or see a change of the original.
+/// A second QImage over the image's memory that ignores its alpha. Do not use it once the original changes or is gone.
 QImage viewWithoutAlpha(const QImage &image);
 
-/// Remembers whether an image is opaque. Drawing on views of its memory keeps that and does not count as a change;
-/// every change through the image itself does.
+/// Remembers whether an image is opaque, and looks again only when its cacheKey() or its memory is another. InkBrush
+/// and MergeCache write without changing the key; they may, because opaque pixels stay opaque under what they do. See
+/// "What a cache key tells" in docs/architecture.md.
 class Memo
 {
 public:

@@ -1,6 +1,6 @@
 /// @file
-/// Whether the faster ways step aside. Each makes the bytes and pixels of a plain way with Qt's own calls; a second
-/// build of the library for tests takes the plain ways alone, so that both can be compared.
+/// Switches the faster ways off. Each must give the bytes and pixels that Qt's own calls give; the tests build the
+/// library a second time with Qt's calls only, and compare the two.
 #ifndef PLAINWAYS_H
 #define PLAINWAYS_H
 

@@ -11,6 +11,7 @@ constexpr int kPixel = 4; // bytes
 constexpr QRgb kWhite = 0xffffffff;
 constexpr QRgb kAlpha = 0xff000000;
 
+// PNG's filter types, with their numbers in the file.
 enum Filter
 {
     None,
@@ -20,11 +21,13 @@ enum Filter
     Paeth
 };
 
+// libpng weighs a filtered byte by its distance from 0 as a signed byte, and takes the filter with the smallest sum.
 unsigned distance(unsigned char value)
 {
     return value < 128 ? value : 256U - value;
 }
 
+// The neighbour nearest to left + up - upLeft; on a tie left, then up, as the PNG standard demands.
 int paethPredictor(int left, int up, int upLeft)
 {
     const int toLeft = std::abs(up - upLeft);
@@ -34,7 +37,7 @@ int paethPredictor(int left, int up, int upLeft)
     return toUpLeft < std::min(toLeft, toUp) ? upLeft : first;
 }
 
-// What is taken off each byte, by its left, upper and upper left neighbour.
+// The value that a filter subtracts from a byte, given its left, upper and upper left neighbours.
 template <int filter>
 int predictor(int left, int up, int upLeft)
 {
@@ -52,7 +55,8 @@ int predictor(int left, int up, int upLeft)
     }
 }
 
-// Writes the filtered bytes and answers the sum of their distances from 0, by which the filter is chosen.
+// Writes the filtered bytes and returns the sum of their distances. Every filter computes its whole sum, where libpng
+// gives up on one that is already worse: the winner is the same, and the loop vectorises.
 template <int filter>
 unsigned apply(const unsigned char *here, const unsigned char *above, unsigned char *to, int size)
 {
@@ -87,13 +91,13 @@ void PngRows::startBelow(const QRgb *above)
 {
     if (above != nullptr) {
         take(above, m_above);
-    } else { // the first row stands below zeros, which are blank only where white is transparent
+    } else { // libpng filters the first row against zeros, which look blank only if white becomes transparent
         std::fill(m_above.bytes.begin(), m_above.bytes.end(), static_cast<unsigned char>(0));
         m_above.ink = {0, m_blank == 0 ? 0 : m_width};
     }
 }
 
-// False when a pixel is not opaque.
+// Converts a row to RGBA bytes. Returns false when a pixel is not opaque.
 bool PngRows::take(const QRgb *pixels, Row &row) const
 {
     QRgb all = kWhite;
@@ -122,7 +126,8 @@ bool PngRows::take(const QRgb *pixels, Row &row) const
     return true;
 }
 
-// The union of the ink of both rows, and the pixel right of it, whose left neighbours count.
+// The pixels whose filtered bytes depend on ink: the ink of both rows, and one pixel more on the right, because Sub,
+// Average and Paeth look at the left neighbour.
 PngRows::Range PngRows::closelyLookedAt() const
 {
     const Range &a = m_above.ink;
@@ -138,13 +143,15 @@ const unsigned char *PngRows::next(const QRgb *pixels)
         return nullptr;
     const bool blank = m_here.ink.first == m_here.ink.end;
     const bool belowBlank = m_above.ink.first == m_above.ink.end;
-    // Of transparent rows nothing is smaller than their own zeros, whatever stands above.
+    // A transparent row is all zeros. None leaves it so with sum 0, and libpng takes the first filter with the smallest
+    // sum, so the row above does not matter.
     const int best = blank && (belowBlank || m_blank == 0) ? blankOnBlank() : bestOf(closelyLookedAt());
     std::swap(m_above, m_here);
     return m_candidates[best].data();
 }
 
-// The first filter that gives nothing but zeros.
+// The first filter with sum 0. Opaque white bytes are 255: None leaves them, Sub leaves the leftmost pixel, Up gives
+// zeros only.
 int PngRows::blankOnBlank()
 {
     const int filter = m_blank == 0 ? None : Up;
@@ -152,6 +159,7 @@ int PngRows::blankOnBlank()
     return filter;
 }
 
+// min_element returns the first of equal sums, as libpng does: a later filter must be strictly better.
 int PngRows::bestOf(const Range &range)
 {
     const unsigned sums[] = {filtered<None>(range), filtered<Sub>(range), filtered<Up>(range), filtered<Average>(range),
@@ -159,7 +167,7 @@ int PngRows::bestOf(const Range &range)
     return static_cast<int>(std::min_element(std::begin(sums), std::end(sums)) - sums);
 }
 
-// Fills the filter's candidate; answers the sum of its distances.
+// Fills the filter's candidate and returns its sum.
 template <int filter>
 unsigned PngRows::filtered(const Range &range)
 {
@@ -174,12 +182,12 @@ unsigned PngRows::filtered(const Range &range)
         return sum;
     const int edge = range.first == 0 ? 0 : 1;
     sum += applyTo(0, edge);
-    if (filter == None) // elsewhere each byte of white is one away from 0
+    if (filter == None) // an unfiltered white byte is 255, one away from 0
         sum += static_cast<unsigned>(m_width - (range.end - range.first) - edge) * kPixel;
     return sum;
 }
 
-// Takes back what an earlier row left in the candidate, where the new range does not write anyhow.
+// Resets what an earlier row wrote to the candidate; `range` is about to be written.
 void PngRows::blankOutside(int filter, const Range &range)
 {
     Range &written = m_written[filter];

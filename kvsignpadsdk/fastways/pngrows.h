@@ -14,19 +14,19 @@ enum class WhiteIs
     Opaque
 };
 
-/// Takes the rows of an image from top to bottom. Only the part of a row that differs from blank is looked at closely,
-/// here or in the row above: outside of it every filter gives one value, but at the left edge, where what stands before
-/// the row counts as 0.
+/// Takes the rows of an image from top to bottom. Filters are computed only where this row or the one above has ink. In
+/// the rest all pixels are blank, so each filter gives the same known value everywhere, except in the leftmost pixel:
+/// PNG takes the bytes before a row as 0.
 class PngRows
 {
 public:
     PngRows(int width, WhiteIs white);
 
-    /// Starts anew below a row that stands in the image, or at the top with null.
+    /// Starts over below the given row of the image, or at its top with null.
     void startBelow(const QRgb *above);
 
-    /// The next row with its filter byte in front, 4 * width + 1 bytes, valid until the next call. Null for a row with
-    /// a pixel that is not opaque.
+    /// The next row, filtered, with the filter byte in front: 4 * width + 1 bytes, valid until the next call. Null when
+    /// a pixel of the row is not opaque.
     const unsigned char *next(const QRgb *pixels);
 
 private:
@@ -56,7 +56,7 @@ private:
     Row m_above;
     Row m_here;
     std::vector<unsigned char> m_candidates[5]; ///< by filter type, each with the filter byte in front
-    Range m_written[5]; ///< what of a candidate may be other than on blank rows, beside the left edge
+    Range m_written[5]; ///< where a candidate may differ from that of a blank row, apart from the leftmost pixel
 };
 
 #endif

@@ -10,8 +10,10 @@
 
 namespace {
 
-constexpr size_t kChunk = 8192; // compressed bytes in an IDAT chunk
-constexpr qint64 kSmall = 16384; // libpng sets the compressor up in another way for no more bytes than these
+// libpng writes an IDAT chunk whenever its buffer (PNG_ZBUF_SIZE) is full.
+constexpr size_t kChunk = 8192;
+// Up to this size of the filtered image libpng gives zlib a smaller window (png_deflate_claim).
+constexpr qint64 kSmall = 16384;
 
 void put32(QByteArray &file, quint32 value)
 {
@@ -50,8 +52,8 @@ const QRgb *row(const QImage &image, int y)
     return reinterpret_cast<const QRgb *>(image.constScanLine(y));
 }
 
-// Lines of many directions and greys, enough for every filter and for more than one window of the compressor before
-// the last mark.
+// Ink in many directions and greys: every filter gets chosen, and zlib's 32 kB window is left behind before the last
+// mark.
 QImage probe()
 {
     QImage image(160, 96, QImage::Format_ARGB32);
@@ -90,12 +92,12 @@ bool pngStreamAgreesWithQt(WhiteIs white)
     const QByteArray second = byQt(changed, white);
     PngStream kept(PngStream::Memory::BetweenImages, white);
     return !first.isEmpty() && kept.encodedUnchecked(image) == first && !second.isEmpty()
-        && kept.encodedUnchecked(changed) == second; // that from the last mark
+        && kept.encodedUnchecked(changed) == second; // resumed from the last mark
 }
 
 namespace {
 
-// Asked once a process.
+// The comparison costs milliseconds, so it is made once a process.
 bool agreesWithQt(WhiteIs white)
 {
     if (white == WhiteIs::Transparent) {
@@ -137,6 +139,7 @@ QByteArray PngStream::encoded(const QImage &image)
     return !plainways::only && agreesWithQt(m_white) ? encodedUnchecked(image) : QByteArray();
 }
 
+// Not for one row or column: libpng leaves filters out there. Not with text or an offset: Qt writes further chunks.
 QByteArray PngStream::encodedUnchecked(const QImage &image)
 {
     const bool plain = image.format() != QImage::Format_ARGB32 || image.width() < 2 || image.height() < 2
@@ -154,7 +157,7 @@ QByteArray PngStream::encodedUnchecked(const QImage &image)
     return result;
 }
 
-// The image's height when nothing changed, 0 for an image of another size.
+// Returns the height when nothing changed, 0 for an image of another size.
 int PngStream::firstChangedRow(const QImage &image) const
 {
     if (m_last.size() != image.size())
@@ -166,7 +169,8 @@ int PngStream::firstChangedRow(const QImage &image) const
     return y;
 }
 
-// Puts the compressor where it can go on for a change from this row on; answers the row to go on with.
+// Restores the last compressor state saved above the changed row, and returns the row to go on with. zlib's output
+// depends only on the input so far, so resuming gives the bytes of a fresh start.
 int PngStream::resume(int changedRow)
 {
     if (m_running)
@@ -185,6 +189,7 @@ int PngStream::resume(int changedRow)
     return m_marks.back().row;
 }
 
+// The parameters that libpng uses for filtered images: its default level, window and memory, and Z_FILTERED.
 void PngStream::start()
 {
     m_state = {};
@@ -192,7 +197,7 @@ void PngStream::start()
     m_written = 0;
 }
 
-// False when the image must take another way.
+// Returns false when Qt must encode the image instead.
 bool PngStream::compressRows(const QImage &image, int firstRow)
 {
     const bool keeps = m_memory == Memory::BetweenImages;

@@ -12,9 +12,9 @@
 #include <vector>
 #include <zlib.h>
 
-/// Encodes opaque ARGB32 images, whose white may become transparent. A stream that is kept goes on, for an image of the
-/// same size, from where the image differs from the last one: it holds a copy of that image and up to kMarks states of
-/// the compressor (about 0.3 MB each). What it makes of the image that it is given is complete each time.
+/// Encodes opaque ARGB32 images, whose white may become transparent. With Memory::BetweenImages it keeps the last image
+/// and up to kMarks compressor states (about 0.3 MB each); an image of the same size is then compressed only from the
+/// last state above the first row that differs. The result is a complete file each time.
 class PngStream
 {
 public:
@@ -29,11 +29,11 @@ public:
     PngStream(const PngStream &) = delete;
     PngStream &operator=(const PngStream &) = delete;
 
-    /// The file's bytes; empty for an image that must take Qt's own way: another format, a pixel that is not opaque,
-    /// a very small or very long image, or system libraries that make other files than this one.
+    /// The file's bytes. Empty when Qt must encode the image: another format, a pixel that is not opaque, a very small
+    /// or very long image, or a Qt, libpng or zlib whose files differ from ours.
     QByteArray encoded(const QImage &image);
 
-    /// Gives all memory back.
+    /// Frees all memory.
     void forget();
 
 private:
@@ -60,8 +60,8 @@ private:
 
     const Memory m_memory;
     const WhiteIs m_white;
-    QImage m_last; ///< what the marks are made of
-    std::deque<Mark> m_marks; ///< a compressor's state must not move
+    QImage m_last; ///< the image that the marks belong to
+    std::deque<Mark> m_marks; ///< not a vector: a z_stream must not move, zlib's state points back to it
     z_stream m_state{};
     bool m_running = false;
     std::vector<unsigned char> m_compressed;

@@ -9,7 +9,8 @@
 
 namespace {
 
-// Numbers that appear nowhere else in a small drawing, as Qt writes them: width, both ends, radius of the dot.
+// Numbers that appear nowhere else in Qt's text of a small drawing: width, both ends, radius of the dot. Where they
+// appear, the numbers of a real line go. Each is exact in binary and has six digits, so Qt writes it in full.
 constexpr double kMarks[] = {12345.5, 23451.5, 34512.5, 45123.5, 51234.5, 6172.75};
 constexpr const char *kMarkTexts[] = {"12345.5", "23451.5", "34512.5", "45123.5", "51234.5", "6172.75"};
 constexpr int kMarkCount = 6;
@@ -29,19 +30,20 @@ QByteArray textOf(const svglines::Drawing &like, std::vector<svglines::Line> lin
     return text;
 }
 
-// Where the sixth digit is followed by exactly a half, Qt rounds away from zero and std::to_chars to even. Only
-// multiples of 1/1024 can be such numbers; whole ones below a million need no rounding.
+// Qt writes numbers with six significant digits. It rounds an exact half away from zero, std::to_chars to the even
+// digit, so possible halves go to QByteArray::number(). A double halfway between two such texts is a multiple of
+// 1/1024; whole numbers below a million need no rounding.
 bool mayBeHalfWay(double value)
 {
     const double scaled = value * 1024;
     return scaled == std::floor(scaled) && !(value == std::floor(value) && std::abs(value) < 1e6);
 }
 
-constexpr int kLongest = 32; // characters of a number, and some more
+constexpr int kLongest = 32; // more than the characters of any number
 
 char *putNumber(char *to, double value)
 {
-    value += 0.0; // no minus before a zero
+    value += 0.0; // turns -0.0 into 0.0
     if (!mayBeHalfWay(value))
         return std::to_chars(to, to + kLongest, value, std::chars_format::general, 6).ptr;
     const QByteArray digits = QByteArray::number(value, 'g', 6);
@@ -121,7 +123,8 @@ void SvgBlocks::append(QByteArray &text, const svglines::Line &line) const
 {
     svglines::Line placed = line;
     if (line.from == line.to) {
-        // Qt draws a circle in a rectangle of the pen's width and writes that rectangle's middle.
+        // For a dot Qt draws an ellipse in a rectangle of the pen's width, and writes the rectangle's centre. Going
+        // through the rectangle repeats Qt's rounding.
         const double size = line.width == 0 ? 1 : line.width;
         placed.from = QRectF(line.from.x() - size / 2, line.from.y() - size / 2, size, size).normalized().center();
     }

@@ -13,8 +13,9 @@
 class SvgBlock
 {
 public:
-    /// Taken from Qt's text `with` a marked line of this kind behind a first one, and the text `without` it.
-    /// @param end how many characters stand behind the lines in each text.
+    /// Learns the block from two of Qt's texts: a drawing of one line, and the same `with` a marked line of this kind
+    /// behind it. Returns false when they do not differ by one block.
+    /// @param end number of characters behind the last line in each text.
     bool take(const QByteArray &without, const QByteArray &with, int end);
 
     void append(QByteArray &text, const svglines::Line &line) const;
@@ -31,14 +32,14 @@ private:
 
     std::vector<Place> m_places;
     QByteArray m_rest;
-    int m_longest = 0; ///< no text of this block has more characters
+    int m_longest = 0; ///< upper limit of the characters of this block
 };
 
 /// All kinds for one colour and resolution.
 class SvgBlocks
 {
 public:
-    /// False when Qt's texts are not made of such blocks.
+    /// Learns the blocks of all kinds. Returns false when this Qt's texts are not made of such blocks.
     bool take(const svglines::Drawing &drawing);
 
     void append(QByteArray &text, const svglines::Line &line) const;

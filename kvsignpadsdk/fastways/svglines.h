@@ -22,7 +22,8 @@ struct Line
     double width;
 };
 
-/// Hands out one line after the other, so that a long signature needs no memory for all of them; false behind the last.
+/// Hands out one line after the other, so that a long signature's lines need not be in memory together. Returns false
+/// after the last.
 using Source = std::function<bool(Line &)>;
 
 /// The lines of a list.
@@ -35,10 +36,10 @@ struct Drawing
     QColor colour;
     std::function<void(QPainter &)> below; ///< draws what stands under the lines; may be empty
     Source next;
-    size_t atMost; ///< lines that `next` may hand out
+    size_t atMost; ///< upper limit of the lines that `next` hands out
 };
 
-/// Writes the drawing, and takes its lines, to an open device with QSvgGenerator.
+/// Writes the drawing to an open device with QSvgGenerator, using up its lines.
 void writePlainly(QIODevice &device, const Drawing &drawing);
 
 } // namespace svglines

@@ -13,7 +13,7 @@ using svglines::linesOf;
 
 namespace {
 
-constexpr size_t kFew = 32; // taking the blocks costs as much as these many lines
+constexpr size_t kFew = 32; // learning the blocks costs as much as writing this many lines with Qt
 constexpr int kPiece = 1 << 16; // bytes written at a time
 
 QByteArray plainText(const Drawing &drawing)
@@ -25,7 +25,7 @@ QByteArray plainText(const Drawing &drawing)
     return text;
 }
 
-// Every kind of line, and numbers of every form.
+// Compares with Qt on every kind of line, and on numbers in every form: whole, rounded, huge, tiny, negative.
 bool agreesWithQt()
 {
     const QPointF points[] = {{0, 0}, {1.0 / 3, 1e-7}, {123456.5, 99999.95}, {1234567.8, 0.1}, {-12.25, 1e9}, {7, 8}};
@@ -74,7 +74,7 @@ bool writeQuickly(QIODevice &device, Drawing &drawing)
     Line first;
     if (!blocks.take(drawing) || !drawing.next(first))
         return false;
-    // All up to the first line is Qt's own.
+    // Qt itself writes everything up to the first line, which includes the fingerprint's picture.
     QByteArray text = plainText({drawing.size, drawing.dpi, drawing.colour, drawing.below, linesOf({first}), 1});
     if (!text.endsWith(blocks.end())) {
         putBack(drawing, first);

@@ -7,11 +7,11 @@
 
 namespace svgwriter {
 
-/// Writes the drawing, and takes its lines, to an open device, the quick way where it pays and agrees with Qt.
+/// Writes the drawing to an open device, using up its lines. Takes the quick way when it pays and agrees with Qt.
 void write(QIODevice &device, svglines::Drawing &drawing);
 
-/// Writes it with Qt's own blocks, taken from small drawings, and the numbers put in; false, nothing written and every
-/// line still there, where Qt's blocks are not as they are known to be.
+/// Learns Qt's text of each kind of line from small drawings and fills in the numbers. Returns false with nothing
+/// written and no line used up when Qt's texts are not as expected.
 bool writeQuickly(QIODevice &device, svglines::Drawing &drawing);
 
 } // namespace svgwriter

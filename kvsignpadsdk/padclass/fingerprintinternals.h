@@ -1,5 +1,5 @@
 /// @file
-/// What the fingerprint classes keep beyond the internals of every instance.
+/// What the fingerprint classes have besides the internals of every instance.
 #ifndef FINGERPRINTINTERNALS_H
 #define FINGERPRINTINTERNALS_H
 
@@ -17,11 +17,11 @@ struct FingerprintInternals : PadInternals
     FingerprintInternals();
     ~FingerprintInternals();
 
-    /// Every living fingerprint widget that the instance made, the newest last; guarded by pixelsLock.
+    /// All living fingerprint widgets of the instance, the newest last; guarded by pixelsLock.
     std::vector<CS310XFPWidget *> widgets;
     /// Guarded by m_mutexUpdateCanvas.
     MergeCache mergeCache;
-    /// In place of a widget, where the process cannot have one.
+    /// Used instead of a widget when the process cannot have one.
     std::unique_ptr<FingerprintCanvas> canvas;
 };
 

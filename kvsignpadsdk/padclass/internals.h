@@ -1,5 +1,5 @@
 /// @file
-/// What every instance keeps beyond its named fields.
+/// What every instance has besides its named fields.
 #ifndef PADINTERNALS_H
 #define PADINTERNALS_H
 
@@ -10,19 +10,19 @@
 #include <mutex>
 #include <unistd.h>
 
-/// The order of locks: m_mutexUpdateCanvas, then pixelsLock; inkLock and colourLock are taken last and alone.
+/// The order in which locks are taken is in docs/architecture.md.
 struct PadInternals
 {
-    /// False in a forked child: the threads that hand over packets and show fingerprints did not come along.
+    /// False in a forked child, which does not have the threads that deliver packets and show fingerprints.
     bool isOfThisProcess() const { return m_process == ::getpid(); }
 
-    /// Held for every write to a canvas, for readers that may not take m_mutexUpdateCanvas.
+    /// Held for every write to a canvas, so that readers who may not take m_mutexUpdateCanvas can take this one.
     std::mutex pixelsLock;
-    /// Guards m_pPointDataList and m_pDecodedPointDataList with the lists behind them.
+    /// Guards m_pPointDataList, m_pDecodedPointDataList and the lists they point to.
     std::mutex inkLock;
     /// Guards m_drawColor.
     std::mutex colourLock;
-    // Both guarded by m_mutexUpdateCanvas, as the canvas is.
+    // Like the canvas, these two are guarded by m_mutexUpdateCanvas.
     InkBrush brush;
     opaquepixels::Memo canvasOpacity;
     RepaintRequest repaint;

@@ -1,5 +1,5 @@
 /// @file
-/// What the classes with a live push keep beyond the internals of every instance.
+/// What the classes with a live push have besides the internals of every instance.
 #ifndef LIVEINTERNALS_H
 #define LIVEINTERNALS_H
 

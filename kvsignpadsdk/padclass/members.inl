@@ -46,8 +46,8 @@ char *KV_PAD::Base64Encode(int nImageTypeID) { return imagetexts::base64Encode(*
 void KV_PAD::Base64EncodeFree(char *pEncodedData) { imagetexts::freeText(*this, "Base64EncodeFree()", pEncodedData); }
 char *KV_PAD::Base64EncodeEx(int nImageTypeID, bool bEnableTransparentBackground) { return imagetexts::base64EncodeEx(*this, nImageTypeID, bEnableTransparentBackground); }
 void KV_PAD::Base64EncodeExFree(char *pEncodedData) { imagetexts::freeText(*this, "Base64EncodeExFree()", pEncodedData); }
-char *KV_PAD::EncodeBase64SignImage(int nImageTypeID) { return imagetexts::encodeImage(*this, nImageTypeID); }
-char *KV_PAD::EncodeBase64SignImageEx(int nImageTypeID, bool bEnableTransparentBackground) { return imagetexts::encodeImageEx(*this, nImageTypeID, bEnableTransparentBackground); }
+char *KV_PAD::EncodeBase64SignImage(int nImageTypeID) { return imagetexts::imageText(*this, nImageTypeID); }
+char *KV_PAD::EncodeBase64SignImageEx(int nImageTypeID, bool bEnableTransparentBackground) { return imagetexts::imageTextEx(*this, nImageTypeID, bEnableTransparentBackground); }
 char *KV_PAD::GetSVGImageBase64Data() { return imagetexts::svgText(*this); }
 void KV_PAD::FreeSVGImageBase64Data(char *pEncodedData) { imagetexts::freeText(*this, "FreeSVGImageBase64Data()", pEncodedData); }
 

@@ -1,8 +1,8 @@
 // The canvas of an instance: its making, resizing, painting, and the mouse.
 #include "canvashost.h"
-#include "canvaslock.h"
 #include "insidepads.h"
 #include "logmessages.h"
+#include "mutexlock.h"
 
 #include <atomic>
 #include <chrono>
@@ -210,7 +210,7 @@ void expectWaitsForTheCanvas(Pad &pad, Call call)
     std::atomic<bool> held{false};
     std::atomic<bool> released{false};
     std::thread holder([&] {
-        const CanvasLock locked(pad.m_mutexUpdateCanvas);
+        const MutexLock locked(pad.m_mutexUpdateCanvas);
         held = true;
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
         released = true;

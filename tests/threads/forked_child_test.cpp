@@ -62,7 +62,7 @@ bool canTakeAll(Pad &pad)
 TYPED_TEST(ForkedChild, EndsThePadAndWaitsForNobody)
 {
     const auto pad = constructed<TypeParam>(60, 40);
-    Holder<CanvasLock> canvas(pad->m_mutexUpdateCanvas, kPatience);
+    Holder<MutexLock> canvas(pad->m_mutexUpdateCanvas, kPatience);
     Holder<std::lock_guard<std::mutex>> pixels(pad->m_internals.pixelsLock, kPatience);
     Holder<std::lock_guard<std::mutex>> ink(pad->m_internals.inkLock, kPatience);
     const int status = statusOfChild([&pad] {

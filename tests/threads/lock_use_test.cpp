@@ -158,10 +158,10 @@ TEST_P(LockUse, TakesTheCanvasLockForWhatTouchesTheCanvas)
     withOpenInstance(GetParam(), [this](auto &inner) {
         for (const Call &call : kCanvasCalls) {
             makeStroke();
-            expectWaits<CanvasLock>(inner.m_mutexUpdateCanvas, call);
+            expectWaits<MutexLock>(inner.m_mutexUpdateCanvas, call);
         }
         for (const Call &call : GetParam().headless ? std::vector<Call>() : kWidgetCanvasCalls)
-            expectWaits<CanvasLock>(inner.m_mutexUpdateCanvas, call);
+            expectWaits<MutexLock>(inner.m_mutexUpdateCanvas, call);
     });
 }
 
@@ -169,7 +169,7 @@ TEST_P(LockUse, TakesTheCanvasLockForNothingElse)
 {
     withOpenInstance(GetParam(), [this](auto &inner) {
         for (const Call &call : kOtherCalls)
-            expectReturns<CanvasLock>(inner.m_mutexUpdateCanvas, call);
+            expectReturns<MutexLock>(inner.m_mutexUpdateCanvas, call);
     });
 }
 
@@ -227,9 +227,9 @@ TEST_P(LivePushLockUse, TakesTheCanvasLockForTheOfficeCanvas)
 {
     if (GetParam().headless) {
         withOpenInstance(GetParam(), [this](auto &inner) {
-            expectWaits<CanvasLock>(inner.m_mutexUpdateCanvas,
+            expectWaits<MutexLock>(inner.m_mutexUpdateCanvas,
                 {"InitialWPSSignCanvas", [](const Scene &at) { KVS210_InitialWPSSignCanvas(at.pad.type(), 30, 20); }});
-            expectWaits<CanvasLock>(inner.m_mutexUpdateCanvas,
+            expectWaits<MutexLock>(inner.m_mutexUpdateCanvas,
                 {"WPSBase64Encode", [](const Scene &at) {
                      KVS210_WPSBase64EncodeFree(at.pad.type(), KVS210_WPSBase64Encode(at.pad.type(), EBITI_PNG));
                  }});
@@ -272,7 +272,7 @@ protected:
 TEST_P(FingerprintLockUse, TakesInAFingerprintWithoutTheCanvasLock)
 {
     withOpenInstance(GetParam(), [this](auto &inner) {
-        expectReturns<CanvasLock>(
+        expectReturns<MutexLock>(
             inner.m_mutexUpdateCanvas, {"a fingerprint", [this](const Scene &) { sendFingerprint(); }});
     });
 }
@@ -291,7 +291,7 @@ TEST_P(FingerprintLockUse, MergesOnTheDisplayThreadUnderTheCanvasLock)
     withOpenInstance(GetParam(), [this](auto &inner) {
         const auto white = [&inner] { return inner.m_canvas == padparts::inkCanvas(inner); };
         {
-            const CanvasLock locked(inner.m_mutexUpdateCanvas);
+            const MutexLock locked(inner.m_mutexUpdateCanvas);
             sendFingerprint();
             while (shownPictures() == 0)
                 std::this_thread::sleep_for(1ms);
@@ -300,7 +300,7 @@ TEST_P(FingerprintLockUse, MergesOnTheDisplayThreadUnderTheCanvasLock)
         }
         for (int i = 0; i < 60000; ++i) {
             std::this_thread::sleep_for(1ms);
-            const CanvasLock locked(inner.m_mutexUpdateCanvas);
+            const MutexLock locked(inner.m_mutexUpdateCanvas);
             if (!white())
                 return;
         }

@@ -3,7 +3,7 @@
 #ifndef LOCKHOLDER_H
 #define LOCKHOLDER_H
 
-#include "canvaslock.h"
+#include "mutexlock.h"
 
 #include <gtest/gtest.h>
 

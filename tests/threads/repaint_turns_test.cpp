@@ -1,6 +1,6 @@
 // A paint that waits for the canvas gets its turn between the images of a live push, and nobody else waits for it.
-#include "canvaslock.h"
 #include "insidepads.h"
+#include "mutexlock.h"
 #include "patience.h"
 
 #include <atomic>
@@ -44,7 +44,7 @@ TEST(RepaintTurns, APaintWaitsWhileTheCanvasIsHeldAndNotAfterwards)
             std::atomic<bool> held{false};
             bool waited = false;
             std::thread holder([&] {
-                const CanvasLock locked(inner.m_mutexUpdateCanvas);
+                const MutexLock locked(inner.m_mutexUpdateCanvas);
                 held = true;
                 const auto end = Clock::now() + kPatience;
                 while (!waited && Clock::now() < end)

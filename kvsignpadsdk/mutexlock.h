@@ -1,7 +1,7 @@
 /// @file
 /// Holds one of an instance's QMutex fields for a scope.
-#ifndef CANVASLOCK_H
-#define CANVASLOCK_H
+#ifndef MUTEXLOCK_H
+#define MUTEXLOCK_H
 
 #include <QMutex>
 
@@ -9,12 +9,12 @@
 #include <sanitizer/tsan_interface.h>
 #endif
 
-/// A QMutexLocker that ThreadSanitizer understands: Qt itself is not instrumented, so it is told of the lock here. It
-/// then watches the order of locks too.
-class CanvasLock
+/// A QMutexLocker that ThreadSanitizer understands. Qt is not instrumented, so the sanitizer is told of each lock here;
+/// it then checks the order of locks too.
+class MutexLock
 {
 public:
-    explicit CanvasLock(QMutex &mutex)
+    explicit MutexLock(QMutex &mutex)
         : m_mutex(mutex)
     {
 #ifdef KV_THREAD_SANITIZED
@@ -25,7 +25,7 @@ public:
         m_mutex.lock();
 #endif
     }
-    ~CanvasLock()
+    ~MutexLock()
     {
 #ifdef KV_THREAD_SANITIZED
         __tsan_mutex_pre_unlock(&m_mutex, 0);
@@ -35,8 +35,8 @@ public:
         m_mutex.unlock();
 #endif
     }
-    CanvasLock(const CanvasLock &) = delete;
-    CanvasLock &operator=(const CanvasLock &) = delete;
+    MutexLock(const MutexLock &) = delete;
+    MutexLock &operator=(const MutexLock &) = delete;
 
 private:
     QMutex &m_mutex;

@@ -1,4 +1,4 @@
-#include "fingerprinthost.h"
+#include "fingerprintplace.h"
 
 #include "padclass/fingerprintinternals.h"
 
@@ -15,32 +15,32 @@ FingerprintCanvas::FingerprintCanvas()
 {
     static constexpr logging::Key key{row.scope, "CS310XFPWidget()"};
     KV_LOG(key, "<%ld>-Enter...");
-    fingerprinthost::begin(*this, {640, 480}); // the size of a QWidget that was made without a parent
+    fingerprintplace::begin(*this, {640, 480}); // the size of a QWidget without a parent
     KV_LOG(key, "<%ld>-leave !");
 }
 
 void FingerprintCanvas::UpdateFPImage(const QImage &image)
 {
-    fingerprinthost::updateImage(*this, image);
+    fingerprintplace::updateImage(*this, image);
 }
 
 void FingerprintCanvas::Clear()
 {
-    fingerprinthost::clear(*this);
+    fingerprintplace::clear(*this);
 }
 
 void FingerprintCanvas::Shutdown()
 {
-    fingerprinthost::shutdown(*this);
+    fingerprintplace::shutdown(*this);
 }
 
 char *FingerprintCanvas::EncodeBase64SignImage(
     bool bClipImage, int nClipMarginX, int nClipMarginY, bool bFPImageOnly, int nImageTypeID)
 {
-    return fingerprinthost::encode(*this, {bClipImage, nClipMarginX, nClipMarginY, bFPImageOnly, nImageTypeID});
+    return fingerprintplace::imageText(*this, {bClipImage, nClipMarginX, nClipMarginY, bFPImageOnly, nImageTypeID});
 }
 
-namespace fingerprinthost {
+namespace fingerprintplace {
 
 namespace {
 
@@ -74,4 +74,4 @@ void paintInto(QImage &canvas, const QImage &layer, const QRect &rectangle)
     painter.drawImage(fingerprint::targetOf(rectangle), layer, QRectF(0, 0, kFingerprintWidth, kFingerprintHeight));
 }
 
-} // namespace fingerprinthost
+} // namespace fingerprintplace
