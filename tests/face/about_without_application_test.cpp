@@ -1,4 +1,4 @@
-// A process without any Qt application object: there can be no dialog, and asking for one must not end the process.
+// In a process without a QApplication no dialog is possible, and asking for one must not abort the process.
 #include "families.h"
 #include "logfile.h"
 

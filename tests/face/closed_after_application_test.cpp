@@ -1,4 +1,4 @@
-// A program that ends its QApplication before it closes the pad: nothing crashes, and the driver is let go of.
+// A program that destroys its QApplication before it closes the pad: nothing crashes, and the driver is unloaded.
 #include "fingerprints.h"
 #include "logmessages.h"
 

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Puts a file out of the way, and what it had in front of whatever is there at the end.
+/// Moves a file away for a scope, and afterwards puts its content before what was written meanwhile.
 class Aside
 {
 public:

@@ -1,4 +1,4 @@
-// Whose files the log's lines go into: a regular file of our own, and nothing that others may have planted.
+// The log writes only to a regular file of its own, not to anything that others may have planted.
 #include "LogFileUtil.h"
 #include "logfile.h"
 
@@ -31,7 +31,7 @@ const Log kLogs[] = {
     {"InThread", kInThreadLogFile, [] { MyDebug_InsideThread("key()", "value", "\n"); }},
 };
 
-/// The log's name is free in the beginning and in the end; what bears it otherwise is put aside meanwhile.
+/// Starts and ends without a file of the log's name. An existing one is moved aside meanwhile.
 class LogFile : public testing::TestWithParam<Log>
 {
 protected:
@@ -122,7 +122,7 @@ TEST_P(LogFile, IsNoDirectory)
     EXPECT_TRUE(S_ISDIR(status().st_mode));
 }
 
-// Nobody waits for a reader, and a reader gets nothing.
+// A pipe: opening it must not block, and nothing is written to it.
 TEST_P(LogFile, IsNoPipe)
 {
     ASSERT_EQ(mkfifo(file, 0600), 0);

@@ -17,7 +17,7 @@ bool sameBuffers(const CallBuffers &a, const CallBuffers &b)
         && a.point.nPressureValue == b.point.nPressureValue && a.point.bStrokeEnd == b.point.bStrokeEnd;
 }
 
-/// Calls one function with every wrong type: result, buffers, and exactly the two lines.
+/// Calls one function with every wrong type, and checks its result, the buffers and that it logs exactly two lines.
 void expectRefusals(const ExportedCall &row)
 {
     for (int type : kTypes) {

@@ -30,7 +30,7 @@ TEST_P(FastSegments, EqualAPainterASegment)
 
 INSTANTIATE_TEST_SUITE_P(Pads, FastSegments, testing::ValuesIn(allPads()), padCaseName);
 
-// A shared or replaced canvas is never drawn into behind its holder's back.
+// Drawing never changes another image that shares the canvas's memory, or one that replaced it.
 TEST(FastSegmentsOnOneInstance, LeaveCopiesAlone)
 {
     CS300SignObj pad(300, 100);
@@ -51,7 +51,7 @@ TEST(FastSegmentsOnOneInstance, LeaveCopiesAlone)
     EXPECT_EQ(pad.m_canvas, expected);
 }
 
-// Clearing a canvas while a copy is held gives it memory of its own, and the old memory goes with the copy.
+// Clearing a canvas while somebody holds a copy detaches it: its old memory is freed with the copy.
 TEST(FastSegmentsOnOneInstance, FollowTheCanvasToOtherMemory)
 {
     CS300SignObj pad(300, 100);
@@ -66,7 +66,7 @@ TEST(FastSegmentsOnOneInstance, FollowTheCanvasToOtherMemory)
     EXPECT_EQ(pad.m_canvas, expected);
 }
 
-// Nothing is painted behind a canvas that covers it; through any other canvas the window must be seen.
+// Qt paints nothing behind an opaque canvas, but the window must show through a translucent one.
 TEST(FastRepaint, ShowsWhatIsBehindACanvasThatIsNotOpaque)
 {
     QWidget window;
@@ -158,7 +158,7 @@ TEST_F(FastMerge, EqualsTheWholeMergeAfterEverySegment)
     expectMerged("after a segment outside");
 }
 
-// Packets are kept on the canvas; whoever calls the member itself may come from farther than an int counts pixels.
+// Packets are clamped to the canvas, but a direct call of the member may pass coordinates that overflow an int.
 TEST_F(FastMerge, EqualsTheWholeMergeOfSegmentsThatComeFromAfar)
 {
     layer = pad.m_FPOnlyCanvas = layerWithRidges(size);

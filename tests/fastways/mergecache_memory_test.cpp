@@ -1,4 +1,4 @@
-// Where there is no memory for the layer that merges are made quick with, they are made without it.
+// Without memory for the layer that speeds merges up, the merge works without it.
 #include "recordedink.h"
 
 #include "cs310xsignobj.h"

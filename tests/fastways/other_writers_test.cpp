@@ -1,4 +1,4 @@
-// A Qt whose writers make other files than the ones that the faster ways know: the outputs are that Qt's.
+// With a Qt whose writers make other files than the faster ways do, the outputs are that Qt's.
 #include "returnedtext.h"
 
 #include <QPaintEngine>

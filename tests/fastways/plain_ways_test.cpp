@@ -1,5 +1,5 @@
-// Random sessions bring out the same with the faster ways as with the plain ones alone. Two programs of the same
-// sources run them, one linked with a library whose faster ways step aside.
+// Random sessions give the same outputs with the faster ways as with Qt's calls only. Two programs of the same sources
+// run them, one linked with a library whose faster ways are switched off.
 //
 // KV_SCENARIOS says how many sessions, KV_SCENARIOS_SEED the first one's seed.
 #include <QProcess>

@@ -1,5 +1,5 @@
 /// @file
-/// Base64 of RFC 4648 written a second time, strictly: nothing but the alphabet and the padding at its place.
+/// A second, strict implementation of Base64 (RFC 4648): only the alphabet, and padding only at the end.
 #ifndef TEST_BASE64_H
 #define TEST_BASE64_H
 
@@ -40,7 +40,7 @@ inline int valueOf(char c)
     return c == '+' ? 62 : c == '/' ? 63 : -1;
 }
 
-/// Nothing for a text with any other character, with padding elsewhere, or of a length that is no multiple of 4.
+/// Returns nothing for a text with another character, padding elsewhere, or a length that is not a multiple of 4.
 inline std::optional<QByteArray> decoded(const QByteArray &text)
 {
     if (text.size() % 4 != 0)

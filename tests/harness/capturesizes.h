@@ -1,5 +1,5 @@
 /// @file
-/// How large the programs capture on each model where nobody says otherwise: 800 pixels wide, high as the writing area.
+/// The programs' default canvas size for each model: 800 pixels wide, in the proportions of the writing area.
 #ifndef CAPTURESIZES_H
 #define CAPTURESIZES_H
 

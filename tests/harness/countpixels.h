@@ -6,7 +6,7 @@
 #include <QColor>
 #include <QImage>
 
-/// How many pixels the condition, a function of QRgb, takes.
+/// Number of pixels for which the condition, a function of QRgb, is true.
 template <class Condition>
 int countPixels(const QImage &image, Condition condition)
 {

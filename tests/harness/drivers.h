@@ -1,5 +1,5 @@
 /// @file
-/// For tests of loading: drivers of other directories, each really unloaded before the next is looked for.
+/// For tests of loading: drivers from other directories. Each is really unloaded before the next is loaded.
 #ifndef DRIVERS_H
 #define DRIVERS_H
 
@@ -19,7 +19,7 @@ inline std::string workingDirectory()
     return getcwd(path, sizeof path) == nullptr ? "" : path;
 }
 
-/// The working directory while it lives.
+/// Changes the working directory for a scope.
 class InDirectory
 {
 public:
@@ -36,7 +36,7 @@ private:
     std::string m_before;
 };
 
-/// The driver of the working directory, held from here on. Its journal thus outlives the library's own handle.
+/// Holds a handle of the driver in the working directory, so that its journal outlives the library's handle.
 class HeldDriver
 {
 public:
@@ -64,7 +64,7 @@ public:
         control<decltype(&KVSIM_SetResult)>("KVSIM_SetResult")(operation, result);
     }
 
-    /// The calls since the last time that they were asked for.
+    /// The calls since this was last called.
     std::string takeCalls() const
     {
         const auto ask = control<decltype(&KVSIM_Calls)>("KVSIM_Calls");

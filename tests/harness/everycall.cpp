@@ -94,7 +94,7 @@ void EveryCall::points()
     }
 }
 
-// Without a point there is no text, and of a canvas without ink the clip makes an empty one.
+// Without points there is no text. Clipping a canvas without ink gives an empty one.
 void EveryCall::checkImage(char *text, void (*release)(int, char *))
 {
     if (text != nullptr && *text != '\0') {
@@ -148,7 +148,7 @@ void EveryCall::record()
             checkPoint(fields[0], fields[1], fields[2]);
         }
         ++m_wholeAnswers;
-        // A clear between the look for points and the record leaves a record of none.
+        // A clear after the check for points but before the record gives a record without points.
         const int points = bytes.size() / 24;
         EXPECT_EQ(m_family.Base64Decode(m_type, EBITI_INK, text, nullptr), ARI_SUCCESS);
         EXPECT_EQ(m_family.GetTotalDecodeInkPointsNumber(m_type), points > 0 ? points : ARI_INK_EMPTY);

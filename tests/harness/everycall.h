@@ -1,6 +1,6 @@
 /// @file
-/// Every function of an open pad, called as an application may call them while somebody signs. Each answer is checked
-/// for being whole; what it says depends on the pen.
+/// Calls every function of an open pad, as an application may while somebody signs. Checks that each answer is
+/// well-formed; its content depends on the pen.
 #ifndef EVERYCALL_H
 #define EVERYCALL_H
 
@@ -15,7 +15,7 @@
 class EveryCall
 {
 public:
-    /// The packets are those that the pen may send: no other point may ever be answered.
+    /// The packets are all that the pen may send; any other stored point is a failure.
     EveryCall(const PadCase &pad, const std::vector<KVSIM_PACKET> &packets);
 
     /// All of the following.
@@ -32,7 +32,7 @@ public:
     /// Switches the receiver of taps on and off.
     void receivers();
 
-    /// How many images, records and files were there to be checked.
+    /// Number of images, records and files checked.
     int wholeAnswers() const { return m_wholeAnswers; }
 
 private:

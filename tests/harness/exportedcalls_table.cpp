@@ -163,7 +163,7 @@ void addOutputs(Rows &rows)
 void addAbout(Rows &rows)
 {
     const auto call = [&family = rows.family](int type) {
-        // Would write the text for the family's own type, so that only refusals get the watched buffer.
+        // With the family's own type this writes a text, so only refused calls get the watched buffer.
         char own[128];
         family.GetAboutInfo(type, type == family.type ? own : callBuffers.text);
         return 0L;

@@ -1,6 +1,6 @@
 /// @file
-/// Every exported function that takes a device type, as a row: how to call it with good arguments, what its enter line
-/// says, what it answers to a wrong device type and without an instance.
+/// A row for every exported function that takes a device type: a call with valid arguments, its enter line, and its
+/// answers to a wrong device type and without an instance.
 #ifndef EXPORTEDCALLS_TABLE_H
 #define EXPORTEDCALLS_TABLE_H
 
@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-/// Kind of result, which decides the answer to a wrong device type.
+/// Kind of result. It determines the answer to a wrong device type.
 enum class Kind
 {
     Bool,
@@ -28,8 +28,8 @@ struct ExportedCall
     std::function<long(int deviceType)> call; ///< pointers and bools as numbers, void as 0
     std::string enter; ///< with # for the device type
     long withoutInstance;
-    std::string leaveWithout; ///< after "leave"; where no name of the result is prescribed, "*" stands for it
-    std::string wrongTypeLeave; ///< empty: as its kind says
+    std::string leaveWithout; ///< leave line; "*" stands for a result's name that is not prescribed
+    std::string wrongTypeLeave; ///< empty: the one of its kind
 
     std::string name() const { return family->prefix + function; }
     std::string key() const { return name() + "()"; }
@@ -41,11 +41,11 @@ struct ExportedCall
 /// All functions of a family but AboutBox. InitialDevice and UnInitialDevice come first.
 std::vector<ExportedCall> exportedCalls(const Family &family);
 
-/// As "%lx" prints it.
+/// What "%lx" prints.
 std::string hex(unsigned long value);
 std::string hex(const void *pointer);
 
-/// The buffers that the rows' calls pass; nothing may write to them when a call is refused.
+/// The buffers that the calls pass. A refused call must not write to them.
 struct CallBuffers
 {
     char text[64];
@@ -55,7 +55,7 @@ struct CallBuffers
 extern CallBuffers callBuffers;
 CallBuffers freshCallBuffers();
 
-/// The first differs from the second only where the second has a "*": one identifier.
+/// Whether the texts are equal, if "*" in the pattern stands for one identifier.
 bool matches(const std::string &text, const std::string &pattern);
 
 #endif

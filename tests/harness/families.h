@@ -1,5 +1,5 @@
 /// @file
-/// The exported functions of each family as a table row, so that one test body serves all pads.
+/// The exported functions of each family as a row of a table, so that one test body works for all pads.
 #ifndef FAMILIES_H
 #define FAMILIES_H
 

@@ -1,5 +1,5 @@
 /// @file
-/// Invented fingerprints, what should become of them, and what an open fingerprint pad shows.
+/// Generated fingerprints, the pictures they should give, and what an open fingerprint pad shows.
 #ifndef FINGERPRINTS_H
 #define FINGERPRINTS_H
 
@@ -28,19 +28,20 @@ inline unsigned char &at(Grey &image, int x, int y)
     return image[static_cast<size_t>(y) * kGreyWidth + static_cast<size_t>(x)];
 }
 
-/// A white layer of the size with the image at its top left, cut by it: red below the mean, else white.
+/// A white layer of this size with the image at its top left, cropped to it: red where darker than the mean, else
+/// white.
 QImage layerOf(const Grey &image, const QSize &size);
 
-/// The bytes for the pad's screen.
+/// The picture's bytes for the pad's screen.
 std::vector<unsigned char> padPictureOf(const Grey &image);
 
 /// The layer's sensor area scaled into the target on white paper of the size.
 QImage printed(const QImage &layer, const QRectF &target, const QSize &size);
 
-/// Each pixel of one and the other; both have the same size.
+/// The bitwise AND of each pixel of both images, which have the same size.
 QImage anded(const QImage &one, const QImage &other);
 
-/// Where the fingerprint stands that was given no place.
+/// Where the fingerprint is drawn when it was given no place.
 QRectF middleOf(const QSize &canvas);
 
 /// Both fingerprint pads.
@@ -64,7 +65,7 @@ QWidget *fingerprintWidget(const QWidget &window);
 /// What a shown widget paints.
 QImage painted(QWidget &widget);
 
-/// Waits with events processed; false when it never comes.
+/// Processes events until it happens. Returns false when it does not.
 template <class Condition>
 bool becomes(Condition condition)
 {
@@ -79,7 +80,7 @@ bool becomes(Condition condition)
     }
 }
 
-/// Expects `look` to give the image within that time; a failure says where the last one differs.
+/// Expects `look` to return the image within that time. A failure says where the last one differs.
 template <class Look>
 void expectBecomes(Look look, const QImage &expected)
 {
@@ -100,7 +101,7 @@ void expectBecomes(Look look, const QImage &expected)
     ADD_FAILURE() << different << " pixels differ, the first at " << first.x() << ", " << first.y();
 }
 
-/// A pad whose screen takes no time, for tests of what comes after it.
+/// A pad whose screen shows pictures at once, for tests of what happens after that.
 struct FingerprintPad : OpenPad
 {
     explicit FingerprintPad(const PadCase &pad, int width = 400, int height = 300, int screenMs = 0);

@@ -1,5 +1,5 @@
 /// @file
-/// A fingerprint instance without a driver and without its display thread, so that a test runs the thread's passes.
+/// A fingerprint instance without driver and display thread: the test itself runs the thread's passes.
 #ifndef HANDRUNPAD_H
 #define HANDRUNPAD_H
 
@@ -11,7 +11,7 @@
 #include "cs310xwidget_showfpimageondevicethread.h"
 #include "openinstance.h"
 
-/// What was shown on the pad's screen, by the function that stands in for the driver's.
+/// What was sent to the pad's screen: a function replaces the driver's and records it.
 struct PadScreen
 {
     struct Transfer
@@ -86,7 +86,7 @@ public:
         return {bytes, bytes + kPictureBytes};
     }
 
-    /// The layer as it is before any fingerprint: a widget's is the sensor's size after its first resize.
+    /// The layer before any fingerprint. A widget's has the sensor's size after the first resize.
     QSize layerSize() const { return kIsWidget ? QSize(kGreyWidth, kGreyHeight) : m_pad->m_canvas.size(); }
 
 private:

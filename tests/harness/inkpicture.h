@@ -1,5 +1,5 @@
 /// @file
-/// A signature drawn by the test itself, to compare the library's canvas with.
+/// A signature that the test draws itself, to compare with the library's canvas.
 #ifndef INKPICTURE_H
 #define INKPICTURE_H
 
@@ -11,7 +11,7 @@
 #include <climits>
 #include <optional>
 
-/// The pen settings of a pad; as constructed, those of a new one.
+/// The pen settings of a pad. The initial values are those of a new pad.
 struct PenSettings
 {
     int level = 3;
@@ -19,16 +19,16 @@ struct PenSettings
     QColor colour = Qt::black;
 };
 
-/// Above which raw pressure a pad drops a move: typed in a second time, row by row.
+/// The raw pressure above which a pad drops a move. Typed in again here, independently of the library's table.
 int moveLimit(const PadCase &pad);
 
-/// One pad's picture: what the pen packets leave on a white canvas.
+/// What pen packets should leave on a pad's white canvas.
 class InkPicture
 {
 public:
     InkPicture(const PadCase &pad, int width, int height);
 
-    /// Where a raw position lies on the canvas.
+    /// A raw position in canvas pixels.
     QPointF at(int rawX, int rawY) const;
 
     /// Pen width of a move with this raw pressure.
@@ -51,10 +51,10 @@ private:
 /// Sets the pen of an open pad.
 void setPen(const OpenPad &pad, const PenSettings &pen);
 
-/// A stroke through random positions of and around the writing area with random pressures, always the same for a seed.
+/// A stroke through random positions in and around the writing area, with random pressures. The same for the same seed.
 std::vector<KVSIM_PACKET> scribble(int deviceType, unsigned seed, int moves);
 
-/// Empty when the images are equal in size and in every pixel, else what differs first.
+/// Empty when the images are equal in size and in every pixel, else the first difference.
 std::string difference(const QImage &actual, const QImage &expected);
 
 /// How many pixels are not white.

@@ -1,5 +1,5 @@
 /// @file
-/// For tests that look inside the library: the instance class of a pad, by the pad's row.
+/// For tests that look inside the library: from a pad's row to its instance class.
 #ifndef INSIDEPADS_H
 #define INSIDEPADS_H
 
@@ -53,7 +53,7 @@ void withOpenInstance(const PadCase &pad, Visit visit)
     withClass(pad, [&](auto kind) { visit(openinstance::as<typename decltype(kind)::Type>()); });
 }
 
-/// Calls visit(instance) with a new instance that never saw a driver. A widget has been resized to the size.
+/// Calls visit(instance) with a new instance without a driver. A widget has this size.
 template <class Visit>
 void withNewInstance(const PadCase &pad, int width, int height, Visit visit)
 {

@@ -1,5 +1,5 @@
 /// @file
-/// The diagnostics log as a test sees it: switched on for a scope, and what was appended to a file meanwhile.
+/// The diagnostics log: switching it on for a scope, and reading what was appended to a file since.
 #ifndef LOGFILE_H
 #define LOGFILE_H
 
@@ -24,11 +24,11 @@ public:
     LogOn(const LogOn &) = delete;
     LogOn &operator=(const LogOn &) = delete;
 
-    /// Threads of the library read the switch meanwhile.
+    /// Atomic, because threads of the library read the switch.
     static void set(bool on) { __atomic_store_n(&g_bEnableLog, on, __ATOMIC_RELAXED); }
 };
 
-/// A line "[key]:<tick>-text, " in its parts. A line of another form has an empty key and all of itself as its text.
+/// The parts of a line "[key]:<tick>-text, ". A line of another form has an empty key and is its own text.
 struct LogEntry
 {
     std::string key;

@@ -17,8 +17,8 @@
 #include <string>
 #include <vector>
 
-/// The simulated driver of the working directory, silent but for what a test sends. One handle is held for the whole
-/// process, so that what a test sets before a pad is opened stays. Each object resets it.
+/// The simulated driver of the working directory. It sends nothing by itself. The process holds one handle all the
+/// time, so that settings made before a pad is opened persist. Each object resets it.
 class SimulatedDriver
 {
 public:
@@ -33,11 +33,11 @@ public:
     void forgetCalls();
     bool isOpen();
 
-    /// Any other function of the control face.
+    /// Any other function of the simulator's control interface.
     void *control(const char *name);
 };
 
-/// One row of the tables over all pads: a family and a host.
+/// A pad: a family, in a widget or headless.
 struct PadCase
 {
     const Family *family;
@@ -52,7 +52,7 @@ std::string padCaseName(const testing::TestParamInfo<PadCase> &info);
 /// All ten pads.
 std::vector<PadCase> allPads();
 
-/// Opens in the constructor, closes in the destructor. The canvas is `width` by `height`.
+/// Opened in the constructor, closed in the destructor. The canvas is `width` by `height`.
 class OpenPad
 {
 public:
@@ -69,7 +69,7 @@ public:
     QWidget *window() const { return m_window.get(); }
     QWidget *widget() const;
 
-    /// The shown canvas by way of the opaque BMP text. Needs at least one stored point.
+    /// The shown canvas, taken from the opaque BMP text. Needs at least one stored point.
     QImage canvas() const;
 
     SimulatedDriver driver;
@@ -80,7 +80,7 @@ private:
     bool m_open = false;
 };
 
-/// The raw constants of a model, typed in a second time.
+/// The raw constants of a model, typed in again here, independently of the library's table.
 struct RawArea
 {
     int offsetX;
@@ -101,7 +101,7 @@ struct Share
 };
 std::vector<KVSIM_PACKET> stroke(int deviceType, const std::vector<Share> &shares);
 
-/// Processes posted events and paints until nothing is left to do.
+/// Processes events until none is left, so that everything is painted.
 void settle();
 
 #endif

@@ -1,5 +1,5 @@
 /// @file
-/// Runs commands as a person at a shell would, and reads what the repository's documents say.
+/// Runs commands as somebody at a shell would, and reads the repository's documents.
 #ifndef OUTSIDECOMMAND_H
 #define OUTSIDECOMMAND_H
 
@@ -19,11 +19,11 @@ struct CommandResult
 
 void PrintTo(const CommandResult &result, std::ostream *out);
 
-/// Runs a program in a directory, with these environment variables besides the test's own; null values take one away.
+/// Runs a program in a directory, with the test's environment and these variables. A null value removes a variable.
 CommandResult runProgram(
     const QStringList &command, const QString &directory, const QMap<QString, QString> &environment = {});
 
-/// The whole content of a file; fails the test when there is none.
+/// The content of a file. Fails the test when the file does not exist.
 QByteArray contentOf(const QString &path);
 
 /// The text of a document between a line and the next of the same rank of heading.
@@ -33,7 +33,7 @@ QString sectionOf(const QString &document, const QString &heading);
 QString fencedBlock(const QString &text, const QString &language);
 QStringList indentedBlock(const QString &text);
 
-/// How many points a recording stores: each pen down, each move of a stroke, and one that closes a lifted stroke.
+/// Number of points that a recording stores: each pen down, each move of a stroke, and one for each pen up.
 int storedPoints(const QString &recording);
 
 #endif

@@ -1,5 +1,5 @@
 /// @file
-/// Runs a program of the machine that judges a file that the library wrote.
+/// Runs another program of the system to check a file that the library wrote.
 #ifndef OUTSIDEPROGRAM_H
 #define OUTSIDEPROGRAM_H
 
@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-/// What it printed. A program that is missing or fails is a failure of the test, with its name and its words.
+/// What it printed. Fails the test, with the program's output, when the program is missing or fails.
 inline QByteArray outputOf(const QString &program, const QStringList &arguments)
 {
     QProcess process;

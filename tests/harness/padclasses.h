@@ -1,5 +1,5 @@
 /// @file
-/// The ten instance classes for typed tests, with the rows that hold what a test expects of each.
+/// The ten instance classes for typed tests, with a row of expectations for each.
 #ifndef PADCLASSES_H
 #define PADCLASSES_H
 

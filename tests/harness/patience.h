@@ -1,14 +1,14 @@
 /// @file
-/// Times in tests. The machine may hold up any one moment: waits are long, and what must be prompt gets several tries.
+/// Times in tests. A busy machine may delay anything, so waits are long, and what must be prompt gets several tries.
 #ifndef PATIENCE_H
 #define PATIENCE_H
 
 #include <chrono>
 
-/// For what comes soon, and fails the test when it does not come at all.
+/// For something that happens soon. The test fails when it never does.
 constexpr std::chrono::seconds kPatience{60};
 
-/// Whether one of ten tries takes less than the limit. Each returns how long the part in question took.
+/// Whether one of ten tries takes less than the limit. Each try returns the time of the part in question.
 template <class Try>
 bool takesLessThan(std::chrono::milliseconds limit, Try attempt)
 {

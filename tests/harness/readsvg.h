@@ -1,5 +1,5 @@
 /// @file
-/// The lines of an SVG file, read back by the test, and a file of given lines written by a plain generator.
+/// Reads the lines of an SVG file back, and writes given lines with a plain QSvgGenerator.
 #ifndef READSVG_H
 #define READSVG_H
 
@@ -38,7 +38,7 @@ struct SvgFile
 
 SvgFile readSvg(const QByteArray &text);
 
-/// Compares to the precision that an SVG text has.
+/// Compares with the precision of the numbers in an SVG file.
 void expectLines(const SvgLines &actual, const SvgLines &expected);
 
 void writeSvg(const QString &path, const QSize &size, int dotsPerInch, const SvgLines &lines);

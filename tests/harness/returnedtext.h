@@ -1,5 +1,5 @@
 /// @file
-/// The texts that the library returns, and the image files that they should encode, made by Qt's own writer.
+/// The texts that the library returns, and the image files that they should contain, made with Qt's own writer.
 #ifndef RETURNEDTEXT_H
 #define RETURNEDTEXT_H
 
@@ -8,7 +8,7 @@
 
 #include <QBuffer>
 
-/// A returned text, given back in the end to the function that belongs to it.
+/// A returned text. The destructor frees it with the matching function.
 class Text
 {
 public:
@@ -27,7 +27,7 @@ public:
     const char *pointer() const { return m_text; }
     QByteArray text() const { return {m_text}; }
 
-    /// What it encodes; a text that is not strictly Base64 fails the test.
+    /// The decoded bytes. Fails the test when the text is not strict Base64.
     QByteArray bytes() const
     {
         const auto bytes = base64::decoded(text());
@@ -85,7 +85,7 @@ inline QRect inkOf(const QImage &image)
     return ink;
 }
 
-/// Two strokes that leave much of the canvas free.
+/// Two strokes that leave most of the canvas white.
 inline std::vector<KVSIM_PACKET> twoStrokes(int deviceType)
 {
     auto packets = stroke(deviceType, {{0.3, 0.3, 0.2}, {0.4, 0.5, 0.4}, {0.45, 0.35, 0.6}, {0.5, 0.6, 0.3}});

@@ -42,7 +42,7 @@ public:
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
     }
 
-    /// Names as they are on the disk, which Qt may not be able to read, in order.
+    /// The names on the disk, sorted, as raw bytes: Qt may not be able to decode them.
     std::vector<std::string> names() const
     {
         std::vector<std::string> found;

@@ -1,12 +1,12 @@
 /// @file
-/// A disk on which little room is left.
+/// A nearly full disk.
 #ifndef SMALLDISK_H
 #define SMALLDISK_H
 
 #include <csignal>
 #include <sys/resource.h>
 
-/// Files end after so many bytes for a scope, as on a disk that is full.
+/// For a scope, files cannot grow beyond this many bytes, as on a full disk.
 class SmallDisk
 {
 public:

@@ -1,10 +1,10 @@
 /// @file
-/// A test program holds the tests of several sources; this runs those of one.
+/// A test program contains the tests of several sources; this runs those of one.
 #ifndef TESTSOFFILE_H
 #define TESTSOFFILE_H
 
-/// Runs all tests, or those of the source that an argument `--file=NAME` names. After InitGoogleTest(). The exit code:
-/// not 0 when a test fails, and when the source has none.
+/// Runs all tests, or with the argument `--file=NAME` those of that source. Call it after InitGoogleTest(). Returns the
+/// exit code: not 0 when a test fails or the source has no tests.
 int runTestsOfFile(int argc, char **argv);
 
 #endif

@@ -1,5 +1,5 @@
-// A thread that is cancelled while it writes a file ends as any other: never from within a destructor, which would end
-// the whole process, and with nothing left behind.
+// A thread that is cancelled while it writes a file leaves no file behind, and is never cancelled inside a destructor,
+// which would terminate the process.
 #include "privatefile.h"
 #include "replacedfile.h"
 

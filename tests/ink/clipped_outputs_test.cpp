@@ -134,7 +134,7 @@ TEST_P(ClippedOutputs, OfABlankCanvasFailAsImagesAndAreEmptyPagesElsewhere)
     }
 }
 
-// With these margins the rectangle of nothing is 0 wide and 0 high, which QImage::copy takes for the whole.
+// With these margins the rectangle of a blank canvas is 0 by 0, which QImage::copy() takes for the whole image.
 TEST_P(ClippedOutputs, OfABlankCanvasAreWholeWhereTheRectangleIsNull)
 {
     EXPECT_EQ(pad->Clear(pad.type()), 0);

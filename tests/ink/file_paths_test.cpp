@@ -1,4 +1,4 @@
-// Paths that a caller may give: good ones end up as exactly that file, bad ones as none.
+// Paths from callers: a valid one gives exactly that file, an invalid one gives none.
 #include "inkpicture.h"
 #include "savedfiles.h"
 

@@ -1,4 +1,4 @@
-// No output asks Qt's pool for a thread, so that none waits for ever where no thread can be made.
+// No output uses Qt's thread pool, which would wait for ever when the system cannot create a thread.
 #include "fingerprints.h"
 #include "insidepads.h"
 #include "returnedtext.h"
@@ -24,7 +24,7 @@ void QThreadPool::start(std::function<void()> functionToRun, int)
 
 namespace {
 
-constexpr int kWidth = 500; // larger than Qt converts in one thread
+constexpr int kWidth = 500; // large enough for Qt to use several threads
 constexpr int kHeight = 300;
 
 class OutputsInOneThread : public testing::TestWithParam<PadCase>

@@ -1,5 +1,5 @@
-// Files that take an earlier one's place: what becomes of the name, of the earlier file and of all that it was, after a
-// write that reached its end and after one that did not.
+// Files that replace existing ones: the name, the existing file and its attributes after a complete write and after one
+// that failed.
 #include "replacedfile.h"
 
 #include <QByteArray>
@@ -197,7 +197,7 @@ TEST_F(ReplacedFiles, AreNotOpenWhereThereCanBeNone)
     EXPECT_TRUE(std::filesystem::is_empty(name("folder")));
 }
 
-/// Runs the call in a child process that is nobody in particular; true when it answers so and exits.
+/// Runs the call in a child process as an unprivileged user. Returns true when the call does.
 template <class Call>
 bool asNobody(Call call)
 {
@@ -209,7 +209,7 @@ bool asNobody(Call call)
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
-// A folder or a file that this process may not write: root may all, so the part of another user is played.
+// A folder or file without write permission. Root may write everything, so an unprivileged child tries.
 TEST_F(ReplacedFiles, OfOthersAreWrittenInPlaceOrNotAtAll)
 {
     if (::geteuid() != 0)

@@ -1,4 +1,4 @@
-// What of a stroke shows only inside an instance: colours with alpha, the last point, the layers of a fingerprint pad.
+// Details of strokes that only show inside an instance: colours with alpha, the last point, a fingerprint pad's layers.
 #include "inkpicture.h"
 #include "insidepads.h"
 

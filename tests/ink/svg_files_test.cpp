@@ -174,8 +174,8 @@ TEST_P(SvgFiles, WriteTheirLogLinesAlsoWhereNoFileCanBeWritten)
             "<%ld>-nInkCount=3", "<%ld>-leave !"}));
 }
 
-// The class that tells each mapping tells them of a drawing that goes nowhere too: an enter and a leave line for
-// each end of the segment.
+// The class that logs each mapping does so even when the drawing cannot be written: an enter and a leave line for each
+// end of the segment.
 TEST_P(SvgFiles, MapTheirPointsAlsoWhereNoFileCanBeWritten)
 {
     sign(stroke(pad.type(), {{0.2, 0.2, 0.4}, {0.3, 0.3, 0.4}}));

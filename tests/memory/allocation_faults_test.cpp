@@ -1,8 +1,8 @@
-// Memory that cannot be had: whichever allocation of a call fails, the call gives an answer that is defined, the
-// program goes on, and the pad works afterwards. Every exported function, on all pads.
+// Running out of memory: whichever allocation of a call fails, the call returns a documented answer, the program goes
+// on, and the pad works afterwards. Every exported function, on all pads.
 //
-// What Qt and the system's libraries make of it within themselves is theirs: where they crash or hang, the next
-// allocation is tried in a new process.
+// Qt and the system's libraries may crash or hang for lack of memory; that is not ours to mend. The next allocation is
+// then tried in a new process.
 #include "crashingchild.h"
 #include "failingmemory.h"
 #include "memorycalls.h"

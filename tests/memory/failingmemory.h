@@ -1,15 +1,14 @@
 /// @file
-/// Memory that cannot be had: the n-th allocation of a thread fails. Linked into a program, it stands before malloc for
-/// all of its libraries.
+/// Makes the n-th allocation of a thread fail. Linked into a program, it replaces malloc for all its libraries.
 #ifndef FAILINGMEMORY_H
 #define FAILINGMEMORY_H
 
 namespace failingmemory {
 
-/// From now on this thread's n-th allocation fails, counted from 1; the others are had.
+/// From now on this thread's n-th allocation fails, counted from 1. All others succeed.
 void failNth(long n);
 
-/// All allocations are had again. Answers whether one has failed since failNth().
+/// Lets all allocations succeed again. Returns whether one has failed since failNth().
 bool stop();
 
 } // namespace failingmemory

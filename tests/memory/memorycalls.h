@@ -1,5 +1,5 @@
 /// @file
-/// Every exported function as a call that memory may fail in, with the answers that it may then give.
+/// A call of every exported function, with the answers it may give when memory runs out.
 #ifndef MEMORYCALLS_H
 #define MEMORYCALLS_H
 
@@ -9,14 +9,14 @@
 #include <string>
 #include <vector>
 
-/// What a call answered, kept without asking for memory.
+/// What a call returned, stored without allocating memory.
 struct Answer
 {
     long number = 0;
     char *text = nullptr;
 };
 
-/// How much of what a call brings out is the same each time.
+/// Which part of a call's output is the same each time.
 enum class Content
 {
     Nothing, ///< only the number counts

@@ -1,5 +1,5 @@
-// Opens a pad, signs, saves and closes it, over and over in one process: PROGRAM CYCLES. Prints what the process holds
-// as it goes on, and ends with 1 when memory or file descriptors grow behind the first tenth.
+// Opens a pad, signs, saves and closes it, CYCLES times in one process: PROGRAM CYCLES. Prints the memory and the file
+// descriptors in use as it goes on, and exits with 1 when they grow after the first tenth.
 #include "../../fuzz/openpad.h"
 
 #include <QApplication>
