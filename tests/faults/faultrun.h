@@ -1,6 +1,6 @@
 /// @file
-/// A pad opened on a script of faults, played to its end; and the answers of exported functions as text, so that all
-/// kinds of failure stand in one table.
+/// A pad opened on a script of faults that has been played to its end; and the answers of exported functions as text,
+/// so that all kinds of failure fit one table.
 #ifndef FAULTRUN_H
 #define FAULTRUN_H
 

@@ -1,5 +1,5 @@
 /// @file
-/// Failures that a pad or its driver causes: each has a script that brings it about.
+/// Failures caused by a pad or its driver, each with a script that causes it.
 #include "faultrun.h"
 
 #include <cstdio>

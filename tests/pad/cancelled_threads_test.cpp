@@ -1,5 +1,4 @@
-// A thread that is cancelled inside the library ends as one that is cancelled anywhere: the process lives, and the
-// library is of use to the other threads.
+// A thread that is cancelled inside the library just ends: the process goes on, and other threads can use the library.
 #include "unrulydriver.h"
 
 #include <pthread.h>

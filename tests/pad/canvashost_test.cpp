@@ -1,4 +1,4 @@
-// The canvas of an instance: its making, resizing, painting, and the mouse.
+// The canvas of an instance: creating, resizing, painting, and the mouse.
 #include "canvashost.h"
 #include "insidepads.h"
 #include "logmessages.h"

@@ -1,4 +1,4 @@
-// Finding the driver, resolving its operations, starting it; and what is left when that fails.
+// Finding the driver, resolving its operations and starting it; and the state after a failure.
 #include "drivers.h"
 #include "logmessages.h"
 #include "openpad.h"

@@ -1,4 +1,4 @@
-// Letting go of the driver and of the point lists.
+// Unloading the driver and freeing the point lists.
 #include "cs310xfpwidget.h"
 #include "insidepads.h"
 #include "logmessages.h"

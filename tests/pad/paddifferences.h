@@ -1,5 +1,5 @@
 /// @file
-/// What the ten instance classes do differently with pen packets, typed in a second time.
+/// What the ten instance classes do differently with pen packets, typed in again here, independently of the library.
 #ifndef PADDIFFERENCES_H
 #define PADDIFFERENCES_H
 

@@ -1,4 +1,4 @@
-// A driver that throws: no exception leaves the library, each call leaves its line, and the pad can be opened again.
+// A driver that throws: no exception leaves the library, each call still logs, and the pad can be opened again.
 #include "unrulydriver.h"
 
 namespace {

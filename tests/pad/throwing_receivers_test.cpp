@@ -1,4 +1,4 @@
-// A receiver that throws costs the packet nothing: it ends as if the receiver had returned.
+// When a receiver throws, its packet is handled as if the receiver had returned.
 #include "logmessages.h"
 #include "openpad.h"
 

@@ -1,5 +1,5 @@
-// A pad driver that misbehaves as it is told: one operation throws, or one never returns. Its pen is a thread that can
-// be cancelled.
+// A pad driver that misbehaves on request: one operation throws, or never returns. Its pen is a thread that can be
+// cancelled.
 #include "kvsignpadsdk_global.h"
 
 #include <cstdlib>

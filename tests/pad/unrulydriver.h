@@ -1,5 +1,5 @@
 /// @file
-/// The driver that misbehaves as it is told (unruly_driver.cpp), as the driver of the working directory.
+/// Makes the driver that misbehaves on request (unruly_driver.cpp) the one in the working directory.
 #ifndef UNRULYDRIVER_H
 #define UNRULYDRIVER_H
 

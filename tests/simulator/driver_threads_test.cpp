@@ -1,6 +1,6 @@
 /// @file
-/// A driver whose thread is gone: a receiver ended it, or the process is a forked child. Nobody waits for it. Whoever
-/// does is killed by the alarm.
+/// A driver whose thread is gone: a receiver ended it, or the process is a forked child. Nothing may wait for it; an
+/// alarm kills a test that does.
 #include "forkedchild.h"
 #include "patience.h"
 #include "simulateddriver.h"

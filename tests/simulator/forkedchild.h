@@ -1,6 +1,6 @@
 /// @file
-/// For tests that fork: a child has what the parent's threads work with and not those threads, so that the sanitizer
-/// finds nobody who holds it. Leaks are looked for in the parent.
+/// For tests that fork. A child inherits what the parent's threads own, but not the threads, and the sanitizer would
+/// call that a leak. So leaks are checked in the parent only.
 #ifndef FORKEDCHILD_H
 #define FORKEDCHILD_H
 

@@ -1,4 +1,4 @@
-// Bitmap texts of every kind that other programs write: decoded whole, and cut as far as they go.
+// Bitmap texts of every kind that other programs write, complete and cut off: decoded as far as they go.
 #include "returnedtext.h"
 
 #include <QFile>
@@ -87,7 +87,7 @@ TEST_F(BitmapKinds, WholeOnesDecodeToTheirPicture)
     }
 }
 
-// Each pixel that is missing is 0, black or the first colour, and none is what the memory held.
+// A missing pixel is 0, that is black or the first colour of the table, never old memory.
 TEST_F(BitmapKinds, CutOnesAreAsFarAsTheyGo)
 {
     for (const Kind &kind : kinds()) {

@@ -1,5 +1,5 @@
 /// @file
-/// An instance of any of the ten classes made without a driver, with its point lists, for tests of its members.
+/// An instance of any of the ten classes without a driver, but with point lists, for tests of its members.
 #ifndef DIRECTPAD_H
 #define DIRECTPAD_H
 

@@ -1,4 +1,4 @@
-// Image texts whose headers promise more than there is: nothing comes of them, and no memory is spent on them.
+// Image texts whose headers claim more than there is: they are refused without spending memory on them.
 #include "jpegmarkers.h"
 #include "returnedtext.h"
 
@@ -111,7 +111,7 @@ long fromStatus(const std::string &field)
     return 0;
 }
 
-// Kilobytes that the call adds to what the process had in memory at most.
+// By how many kilobytes the call raises the process's peak memory.
 template <class Call>
 long memoryOf(Call call)
 {
@@ -174,7 +174,7 @@ TEST_F(ForgedImage, MayHaveAHundredScansAndNoMore)
     EXPECT_TRUE(leftNothing());
 }
 
-// A scan may hide behind what no decoder takes for a segment while it looks for the next restart.
+// A scan may follow bytes that a decoder skips while it looks for the next restart marker.
 TEST_F(ForgedImage, CannotHideItsScans)
 {
     const QByteArray whole = progressive(60, 40, 150);

@@ -1,5 +1,5 @@
-// A host that encodes before it has a Qt application object, when even the screen's resolution is not known: JPEG texts
-// carry the resolution that their canvas has all the same, before and after.
+// A program that encodes before it creates its QApplication, when Qt does not know the screen's resolution yet: JPEG
+// texts still carry the canvas's resolution, before and after.
 #include "returnedtext.h"
 
 #include <QGuiApplication>

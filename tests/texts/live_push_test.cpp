@@ -7,7 +7,7 @@
 
 namespace {
 
-// Receivers are plain functions, so what they got stands here.
+// Receivers are plain functions, so they keep what they got in globals.
 struct Received
 {
     std::mutex mutex;
@@ -120,7 +120,7 @@ TEST_P(LivePush, PushesThePictureThatTheTestDraws)
     EXPECT_EQ(pushes, 5u);
 }
 
-// Long enough for whatever the pushes might keep of one another; what happens in between must not leave a trace.
+// Long enough to use everything that pushes keep between images. Nothing that happens in between may show.
 TEST_P(LivePush, EachPushIsAFileOfItsOwnThroughClearsColoursAndClips)
 {
     ASSERT_TRUE(push(EBITI_PNG, receiveFirst));

@@ -21,7 +21,7 @@ void receiveTap(int event)
     whenTapped(event);
 }
 
-// A deadlock ends the process instead of keeping everybody waiting.
+// Aborts the process on a deadlock instead of hanging.
 class WithAlarm : public testing::TestWithParam<PadCase>
 {
 protected:

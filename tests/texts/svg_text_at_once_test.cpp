@@ -1,4 +1,4 @@
-// Several who ask for the SVG text at the same time: each gets their own, though they share the file's name.
+// Several processes asking for the SVG text at the same time: each gets its own, though they share the file's name.
 #include "returnedtext.h"
 #include "svgfiles.h"
 

@@ -1,4 +1,4 @@
-// The signature as the Base64 text of an SVG file, and the file that it leaves in a directory of many users.
+// The signature as the Base64 text of an SVG file, and the file that this leaves in /tmp.
 #include "logmessages.h"
 #include "returnedtext.h"
 #include "svgfiles.h"

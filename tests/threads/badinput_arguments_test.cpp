@@ -1,5 +1,5 @@
-// Every int argument of every exported function at the ends of int and around its limits, and null pointers wherever
-// they may be passed: a defined answer each time, and a pad that works afterwards.
+// Every int argument of every exported function at the limits of int and around its own limits, and null pointers
+// wherever allowed: each call returns a documented answer, and the pad works afterwards.
 #include "returnedtext.h"
 
 #include <QTemporaryDir>

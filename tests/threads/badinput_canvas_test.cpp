@@ -1,4 +1,4 @@
-// Canvas sizes that cannot be had: the pad opens all the same, its points are kept, and each output fails in its way.
+// Impossible canvas sizes: the pad opens all the same and keeps its points, and each output fails in its own way.
 #include "returnedtext.h"
 
 #include <QTemporaryDir>

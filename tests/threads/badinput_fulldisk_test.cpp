@@ -1,4 +1,4 @@
-// Nothing more can be written: a device that is always full, and a limit on the size of files.
+// A full disk: a device that is always full, and a limit on the size of files.
 #include "logfile.h"
 #include "returnedtext.h"
 #include "smalldisk.h"

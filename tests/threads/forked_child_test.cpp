@@ -1,4 +1,4 @@
-// A child that the program forks while a pad is open has the instance, and none of the threads.
+// A child forked while a pad is open inherits the instance but none of the threads.
 #include "cs310xfpwidget.h"
 #include "handrunpad.h"
 #include "lockholder.h"

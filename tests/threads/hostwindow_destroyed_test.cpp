@@ -1,4 +1,4 @@
-// The application destroys the window that the open pad's widget stands in.
+// The application destroys the window that contains the open pad's widget.
 #include "penthread.h"
 
 namespace {

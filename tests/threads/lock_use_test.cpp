@@ -1,5 +1,5 @@
-// Which call takes which lock, seen from inside: a call that takes a lock waits while the test holds it, the others
-// return; and no lock is held over a receiver, nor over the transfer of a fingerprint to the pad's screen.
+// Which call takes which lock: while the test holds a lock, calls that take it wait and the others return. No lock is
+// held while a receiver runs or a fingerprint is sent to the pad's screen.
 #include "insidepads.h"
 #include "lockholder.h"
 #include "patience.h"

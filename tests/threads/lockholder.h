@@ -41,7 +41,8 @@ private:
     std::thread m_thread;
 };
 
-/// A thread that polls may hold it for a moment; whoever waits for us would hold it for good.
+/// Tries for a while: a polling thread may hold the lock for a moment, but one that waits for us would never release
+/// it.
 template <class Mutex>
 void expectFree(Mutex &mutex, const char *name)
 {

@@ -1,4 +1,4 @@
-// Memory that the outputs ask for: what is handed out, one copy of what it is made of, and little more.
+// Memory that outputs need: the result, one copy of its source, and little more.
 #include "livebytes.h"
 #include "returnedtext.h"
 #include "savedfiles.h"

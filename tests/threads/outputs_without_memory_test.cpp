@@ -1,4 +1,4 @@
-// Outputs that memory runs out on: ARI_INK_EMPTY of a file, an empty text of an image, none of the ink record.
+// Outputs when memory runs out: ARI_INK_EMPTY for a file, an empty text for an image, null for the ink record.
 #include "fingerprints.h"
 #include "returnedtext.h"
 #include "savedfiles.h"
@@ -30,7 +30,7 @@ extern "C" void *realloc(void *memory, size_t size)
 
 namespace {
 
-/// Nothing large can be had for a scope.
+/// For a scope, large allocations fail.
 class LittleMemory
 {
 public:

@@ -1,4 +1,4 @@
-// Memory that the handling of a packet asks for on the driver's thread: nothing but what the list of points grows by.
+// Handling a packet on the driver's thread allocates nothing but the growth of the point list.
 #include "openpad.h"
 
 #include <atomic>

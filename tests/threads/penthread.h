@@ -1,5 +1,5 @@
 /// @file
-/// A pen that signs over and over on the driver's reading thread while the test's own thread does something else.
+/// A pen that keeps signing on the driver's thread while the test's own thread does something else.
 #ifndef PENTHREAD_H
 #define PENTHREAD_H
 

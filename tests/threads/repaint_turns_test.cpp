@@ -1,4 +1,4 @@
-// A paint that waits for the canvas gets its turn between the images of a live push, and nobody else waits for it.
+// A paint handler that waits for the canvas gets it between the images of a live push, and nobody else is delayed.
 #include "insidepads.h"
 #include "mutexlock.h"
 #include "patience.h"

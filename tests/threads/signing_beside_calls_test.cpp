@@ -1,4 +1,5 @@
-// Somebody signs on the driver's thread while the application's thread asks, saves, clears, resizes, closes and opens.
+// Somebody signs on the driver's thread while the application's thread queries, saves, clears, resizes, closes and
+// opens.
 #include "everycall.h"
 #include "logfile.h"
 #include "penthread.h"
