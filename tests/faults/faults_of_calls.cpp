@@ -31,13 +31,6 @@ INKPOINTDATA point(int index)
     return data;
 }
 
-std::string aboutInfo(FaultRun &run, int type)
-{
-    char text[128] = "untouched";
-    run->GetAboutInfo(type, text);
-    return text;
-}
-
 /// Takes an image as a text of one type and decodes it as another.
 int decode(FaultRun &run, int encodedType, int decodedType, const char *file)
 {
