@@ -1,6 +1,6 @@
 #include "mergecache.h"
 
-#include "padmodels.h"
+#include "modelrows.h"
 #include "plainways.h"
 
 #include <QPainter>
