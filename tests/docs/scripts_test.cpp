@@ -56,13 +56,13 @@ TEST(CommitMessage, HasAShortSubjectAndAnEmptyLineBelow)
     EXPECT_EQ(exitOfMessage("fixup! " + longest + "\n"), 0) << "it does not stay";
 }
 
-TEST(MutantsScript, changesLinesAsItSays)
+TEST(MutantsScript, ChangesLinesAsItSays)
 {
     const CommandResult result = runProgram({"python3", "-B", kSource + "/tests/mutation/changes_test.py"}, "/");
     EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
 }
 
-TEST(MutantsScript, drawsTheSamePlacesFromTheSameSeed)
+TEST(MutantsScript, DrawsTheSamePlacesFromTheSameSeed)
 {
     const QStringList list{kSource + "/tests/mutants", "--list", "--count", "20", "--seed"};
     const CommandResult first = runProgram(list + QStringList{"7"}, "/");
