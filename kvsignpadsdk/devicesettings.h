@@ -97,7 +97,7 @@ int setPenStyle(Pad &pad, bool bWithPressureValue)
     int nResult = ARI_FAIL;
     if (pad.m_pfn_KVSPDAPI_SetDevicePenStyle != nullptr) {
         shared::set(pad.m_bWithPressureValue, bWithPressureValue);
-        nResult = Pad::row.model.hasScreen ? pad.m_pfn_KVSPDAPI_SetDevicePenStyle(bWithPressureValue) : ARI_SUCCESS;
+        nResult = drawsInk(Pad::row.model) ? pad.m_pfn_KVSPDAPI_SetDevicePenStyle(bWithPressureValue) : ARI_SUCCESS;
     }
     KV_LOG(key, "<%ld>-leave with nResult=%d !", nResult);
     return nResult;

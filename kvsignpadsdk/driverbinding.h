@@ -25,13 +25,13 @@ void forEachOperation(Pad &pad, Visit visit)
     if constexpr (Pad::row.model.hasScreen)
         visit(pad.m_pfn_KVSPDAPI_OpenDeviceLCD, "KVSPDAPI_OpenDeviceLCD", false);
     visit(pad.m_pfn_KVSPDAPI_ClearDeviceContent, "KVSPDAPI_ClearDeviceContent", true);
-    if constexpr (Pad::row.model.hasScreen)
+    if constexpr (hasIdentifiers(Pad::row.model))
         visit(pad.m_pfn_KVSPDAPI_GetDevicePenID, "KVSPDAPI_GetDevicePenID", true);
     visit(pad.m_pfn_KVSPDAPI_GetDevicePadID, "KVSPDAPI_GetDevicePadID", true);
-    if constexpr (Pad::row.model.hasScreen)
+    if constexpr (hasIdentifiers(Pad::row.model))
         visit(pad.m_pfn_KVSPDAPI_GetDeviceSecureID, "KVSPDAPI_GetDeviceSecureID", true);
     visit(pad.m_pfn_KVSPDAPI_GetDevicePartsVersion, "KVSPDAPI_GetDevicePartsVersion", true);
-    if constexpr (Pad::row.model.hasScreen)
+    if constexpr (showsVersion(Pad::row.model))
         visit(pad.m_pfn_KVSPDAPI_ShowVersionInfoOnDevice, "KVSPDAPI_ShowVersionInfoOnDevice", true);
     visit(pad.m_pfn_KVSPDAPI_SetDevicePenStyle, "KVSPDAPI_SetDevicePenStyle", true);
     if constexpr (Pad::row.model.hasFingerprintSensor)

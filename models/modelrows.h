@@ -36,7 +36,7 @@ struct ModelRow
     int rawSpanY;
     int maxPressure; ///< until the version text says otherwise
     WidthRule widthRule;
-    bool hasScreen; ///< a screen to switch, pen and secure identifiers, version display, pen style in the pad
+    bool hasScreen; ///< that can be switched; modelrules.h says what else such pads have
     bool hasFingerprintSensor;
     VersionPrefix versions[8]; ///< in the order of testing, ended by a null text
 };

@@ -7,6 +7,27 @@
 
 #include <optional>
 
+// So far the pads with a screen, and no others, have all of the following. Each is asked by its own name, so that a
+// model that has only some of it can be told apart here.
+
+/// A pen identifier and a secure identifier, besides the pad's own.
+constexpr bool hasIdentifiers(const ModelRow &model)
+{
+    return model.hasScreen;
+}
+
+/// Shows its version on its screen.
+constexpr bool showsVersion(const ModelRow &model)
+{
+    return model.hasScreen;
+}
+
+/// Draws the ink itself too, and so must be told whether width follows pressure.
+constexpr bool drawsInk(const ModelRow &model)
+{
+    return model.hasScreen;
+}
+
 /// Largest pressure of the pad that gave this version text; nothing when it is the text of another model.
 constexpr std::optional<int> maxPressureOf(const ModelRow &model, std::string_view version)
 {

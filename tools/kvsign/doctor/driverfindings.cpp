@@ -1,6 +1,7 @@
 #include "driverfile.h"
 #include "findings.h"
 #include "modelnames.h"
+#include "modelrules.h"
 
 #include <QDir>
 #include <QFile>
@@ -34,11 +35,11 @@ constexpr Operation kOperations[] = {
     {"UnInitial", anyModel},
     {"OpenDeviceLCD", hasScreen},
     {"ClearDeviceContent", anyModel},
-    {"GetDevicePenID", hasScreen},
+    {"GetDevicePenID", hasIdentifiers},
     {"GetDevicePadID", anyModel},
-    {"GetDeviceSecureID", hasScreen},
+    {"GetDeviceSecureID", hasIdentifiers},
     {"GetDevicePartsVersion", anyModel},
-    {"ShowVersionInfoOnDevice", hasScreen},
+    {"ShowVersionInfoOnDevice", showsVersion},
     {"SetDevicePenStyle", anyModel},
     {"ShowFPImageOnDevice", hasFingerprintSensor},
 };
