@@ -5,6 +5,7 @@
 #include <QFile>
 
 #include <climits>
+#include <cstring>
 #include <ctime>
 
 namespace {
