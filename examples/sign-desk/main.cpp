@@ -3,6 +3,7 @@
 #include "deskwindow.h"
 #include "modelnames.h"
 #include "screenshot.h"
+#include "simulatorplace.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -31,7 +32,8 @@ QString allModels()
 struct Options
 {
     QCommandLineOption model{QStringLiteral("model"), QString(), QStringLiteral("model")};
-    QCommandLineOption driver{QStringLiteral("driver-directory"), QString(), QStringLiteral("directory")};
+    QCommandLineOption driver{
+        {QStringLiteral("driver"), QStringLiteral("driver-directory")}, QString(), QStringLiteral("directory")};
     QCommandLineOption unsafeDriver{QStringLiteral("unsafe-driver")};
     QCommandLineOption screenshot{QStringLiteral("screenshot"), QString(), QStringLiteral("file")};
 };
@@ -40,7 +42,8 @@ void describe(QCommandLineParser &parser, Options &options)
 {
     parser.setApplicationDescription(Words::tr("Lets a customer sign a page on a signature pad."));
     options.model.setDescription(Words::tr("The pad on the desk: %1.").arg(allModels()));
-    options.driver.setDescription(Words::tr("Where the pad's driver libkvsignpaddrv.so is; else here."));
+    options.driver.setDescription(
+        Words::tr("Where the pad's driver libkvsignpaddrv.so is, or simulator for the installed one; else here."));
     options.unsafeDriver.setDescription(
         Words::tr("Use the driver although others could have put another one in its place."));
     options.screenshot.setDescription(
@@ -95,7 +98,10 @@ int run(const QCommandLineParser &parser, const Options &options)
     const QString page = pages.isEmpty() ? QString() : QFileInfo(pages.first()).absoluteFilePath();
     const QString picture = QFileInfo(parser.value(options.screenshot)).absoluteFilePath();
     const QString directory = parser.value(options.driver);
-    if (!directory.isEmpty() && !QDir::setCurrent(directory))
+    const std::optional<std::string> folder = simulatorplace::folderOf(QFile::encodeName(directory).toStdString());
+    if (!folder.has_value())
+        return fail(Words::tr("the pad simulator is not installed: apt-get install kvsignpad-simulator"));
+    if (!folder->empty() && !QDir::setCurrent(QFile::decodeName(folder->c_str())))
         return fail(Words::tr("there is no directory %1").arg(directory));
     signdesk::DeskWindow window;
     if (parser.isSet(options.unsafeDriver))

@@ -69,7 +69,7 @@ TEST_F(KvsignDoctor, FindsADriverThatIsNone)
 {
     findsWrong(finding(kDriverDirectory + "/broken", "driver file"), "is no library for this kind of computer",
         "install the driver for ");
-    findsWrong(finding(KV_SOURCE_DIRECTORY, "driver file"), "libkvsignpaddrv.so does not exist", "--driver DIRECTORY");
+    findsWrong(finding(KV_SOURCE_DIRECTORY, "driver file"), "libkvsignpaddrv.so does not exist", "--driver simulator");
     QDir(file(".")).mkpath("directory/libkvsignpaddrv.so");
     findsWrong(finding(file("directory"), "driver file"), "is no file", "put the driver's file there");
     QByteArray driver = contentOf(kDriverDirectory + "/libkvsignpaddrv.so");
@@ -108,6 +108,31 @@ TEST_F(KvsignDoctor, FindsADriverThatEverybodyMayChange)
     QFile::setPermissions(file("open"), QFile::permissions(file("open")) | QFile::WriteOther);
     findsWrong(
         finding(file("open"), "driver's safety"), "can be written by everybody", "chmod o-w " + file("open").toUtf8());
+}
+
+TEST_F(KvsignDoctor, FindsASecondLibrary)
+{
+    const QString library = QFileInfo(KV_BUILD_DIRECTORY "/kvsignpadsdk/libkvsignpadsdk.so.1").canonicalFilePath();
+    EXPECT_EQ(finding(kDriverDirectory, "library", {}, 0)["finding"].toString(), library);
+    QDir(file(".")).mkpath("second");
+    ASSERT_TRUE(QFile::copy(library, file("second/libkvsignpadsdk.so.1")));
+    const QString path = QFileInfo(library).path() + ":" + file("second");
+    const QJsonObject second = finding(kDriverDirectory, "second library", {{"LD_LIBRARY_PATH", path}}, 0);
+    EXPECT_EQ(second["state"].toString(), "note");
+    EXPECT_EQ(second["finding"].toString(),
+        QFileInfo(file("second/libkvsignpadsdk.so.1")).canonicalFilePath()
+            + " is there besides, and programs may take either");
+}
+
+TEST_F(KvsignDoctor, FindsALibraryOfAnotherVersion)
+{
+    const QString library = QFileInfo(KV_BUILD_DIRECTORY "/kvsignpadsdk/libkvsignpadsdk.so.1").canonicalFilePath();
+    QDir(file(".")).mkpath("old");
+    ASSERT_TRUE(QFile::copy(library, file("old/libkvsignpadsdk.so.1.0.4.7")));
+    ASSERT_TRUE(QFile::link("libkvsignpadsdk.so.1.0.4.7", file("old/libkvsignpadsdk.so.1")));
+    findsWrong(finding(kDriverDirectory, "library", {{"LD_LIBRARY_PATH", file("old")}}),
+        "libkvsignpadsdk.so.1.0.4.7 is not of kvsign's version 1.0.5.1",
+        "apt-get install --reinstall libkvsignpadsdk1");
 }
 
 TEST_F(KvsignDoctor, FindsAPadOfAnotherModel)

@@ -72,6 +72,7 @@ int runDoctor(const Arguments &arguments)
 {
     const QString model = arguments.choice(kModelOption);
     Findings findings;
+    lookAtLibrary(findings);
     lookAtQt(findings);
     lookAtImageFormats(findings);
     lookAtFonts(findings);

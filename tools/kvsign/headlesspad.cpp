@@ -3,6 +3,7 @@
 #include "driverfile.h"
 #include "failure.h"
 #include "pictures/pictures.h"
+#include "simulatorplace.h"
 
 #include <QDir>
 #include <QFile>
@@ -31,7 +32,12 @@ Failure noPad(const QString &model)
 void enterDriverDirectory(const Arguments &arguments)
 {
     const QString directory = arguments.value(kDriverOption);
-    if (!directory.isEmpty() && !QDir::setCurrent(directory))
+    if (directory.isEmpty())
+        return;
+    const std::optional<std::string> folder = simulatorplace::folderOf(QFile::encodeName(directory).toStdString());
+    if (!folder.has_value())
+        throw Failure{kNoPad, simulatorplace::kMissing};
+    if (!QDir::setCurrent(QFile::decodeName(folder->c_str())))
         throw Failure{kNoPad, QString("there is no directory %1 with a pad driver").arg(directory)};
 }
 

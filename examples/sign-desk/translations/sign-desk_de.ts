@@ -403,8 +403,8 @@
         <translation>Das Pad auf dem Tisch: %1.</translation>
     </message>
     <message>
-        <source>Where the pad&apos;s driver libkvsignpaddrv.so is; else here.</source>
-        <translation>Wo der Treiber libkvsignpaddrv.so des Pads liegt; sonst hier.</translation>
+        <source>Where the pad&apos;s driver libkvsignpaddrv.so is, or simulator for the installed one; else here.</source>
+        <translation>Wo der Treiber libkvsignpaddrv.so des Pads liegt, oder simulator für den installierten Simulator; sonst hier.</translation>
     </message>
     <message>
         <source>Start signing, and when the signer has confirmed, write a picture of the window and end.</source>
@@ -413,6 +413,10 @@
     <message>
         <source>The PDF or picture to be signed.</source>
         <translation>Das PDF oder Bild, das unterschrieben wird.</translation>
+    </message>
+    <message>
+        <source>the pad simulator is not installed: apt-get install kvsignpad-simulator</source>
+        <translation>der Pad-Simulator ist nicht installiert: apt-get install kvsignpad-simulator</translation>
     </message>
     <message>
         <source>there is no directory %1</source>

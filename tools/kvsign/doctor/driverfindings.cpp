@@ -96,7 +96,7 @@ bool lookAtFile(Findings &findings, const QFileInfo &file)
     const QString path = file.absoluteFilePath();
     if (!file.exists()) {
         findings.push_back(bad("driver file", path + " does not exist",
-            "start it in the driver's directory, or say --driver DIRECTORY; the library looks nowhere else"));
+            "install the pad's driver and say --driver DIRECTORY, or start it there; without a pad say --driver simulator"));
         return false;
     }
     if (!file.isFile() || !file.isReadable()) {

@@ -39,6 +39,9 @@ inline Finding bad(const QString &subject, const QString &what, const QString &c
     return {Health::Bad, subject, what, cure};
 }
 
+/// Which library this process runs, and whether another one is installed beside it.
+void lookAtLibrary(Findings &findings);
+
 void lookAtQt(Findings &findings);
 void lookAtImageFormats(Findings &findings);
 void lookAtFonts(Findings &findings);

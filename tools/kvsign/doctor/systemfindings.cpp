@@ -31,8 +31,8 @@ void lookAtUsb(Findings &findings)
             "plug the pad in; in a container pass the devices on (--device /dev/bus/usb)"));
     else if (closed > 0)
         findings.push_back(weak("USB", QString("%1 of %2 devices may not be used by you").arg(closed).arg(devices),
-            "if the pad is one of them: add a udev rule for it with MODE=\"0660\" and TAG+=\"uaccess\", and plug it in "
-            "again"));
+            "if the pad is one of them: apt-get install kvsignpad-udev, write its numbers into "
+            "/etc/udev/hwdb.d/70-kvsignpad.hwdb as is said there, and plug it in again"));
     else
         findings.push_back(good("USB", QString("%1 devices, all of which you may use").arg(devices)));
 }
