@@ -67,9 +67,9 @@ def of_line(line: str) -> Iterator[tuple[str, str]]:
         indent = line[:len(line) - len(line.lstrip())]
         yield "call dropped", f"{indent}; // {line.strip()}\n"
     for found in re.finditer(r"(?:(?<=\()|(?<=, ))(?=([\w.]+), ([\w.]+)[,)])", code):
-        if found[1] != found[2]:
-            swapped = f"{found[2]}, {found[1]}"
-            yield "arguments swapped", line[:found.start(1)] + swapped + line[found.end(2):]
+        first, second = (line[slice(*found.span(group))] for group in (1, 2))
+        if first != second:
+            yield "arguments swapped", f"{line[:found.start(1)]}{second}, {first}{line[found.end(2):]}"
 
 
 def of_folder(folder: Path, pattern: str) -> list[Change]:

@@ -42,6 +42,10 @@ class OfLine(unittest.TestCase):
             ("arguments swapped", "    const int n = place(x, 0.5, y);\n"),
         ])
         self.assertEqual(of("    const int n = place(x, x);"), [])
+        self.assertEqual(of("    put(value, 'g');"), [
+            ("call dropped", "    ; // put(value, 'g');\n"),
+            ("arguments swapped", "    put('g', value);\n"),
+        ])
 
     def test_changes_a_function_in_one_line_and_no_declaration(self) -> None:
         self.assertEqual(of("int Pad::place(int x, int y) { return at::place(x, y); }"),
