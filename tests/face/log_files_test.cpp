@@ -1,6 +1,7 @@
 // The log writes only to a regular file of its own, not to anything that others may have planted.
 #include "LogFileUtil.h"
 #include "logfile.h"
+#include "openfiles.h"
 
 #include <gtest/gtest.h>
 
@@ -48,6 +49,8 @@ protected:
             std::rename(aside.c_str(), file);
     }
 
+    void TearDown() override { EXPECT_EQ(openFiles(), m_open) << "whether or not a line was written"; }
+
     void write() const { GetParam().write(); }
     void make(const std::string &path, const std::string &content, mode_t mode = 0600) const
     {
@@ -73,6 +76,7 @@ protected:
 
 private:
     const bool m_wasThere;
+    const std::vector<std::string> m_open = openFiles();
 };
 
 } // namespace

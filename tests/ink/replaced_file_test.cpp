@@ -1,5 +1,6 @@
 // Files that replace existing ones: the name, the existing file and its attributes after a complete write and after one
 // that failed.
+#include "openfiles.h"
 #include "replacedfile.h"
 
 #include <QByteArray>
@@ -33,6 +34,8 @@ protected:
         std::signal(SIGXFSZ, SIG_IGN);
         ::umask(022);
     }
+
+    void TearDown() override { EXPECT_EQ(openFiles(), m_open); }
 
     QString path(const char *name = "file") const { return m_directory.filePath(name); }
     std::string name(const char *name = "file") const { return path(name).toStdString(); }
@@ -85,6 +88,9 @@ protected:
     }
 
     QTemporaryDir m_directory;
+
+private:
+    const std::vector<std::string> m_open = openFiles();
 };
 
 TEST_F(ReplacedFiles, HoldAllThatWasWrittenInPiecesOfAnySize)
