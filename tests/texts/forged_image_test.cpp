@@ -174,6 +174,32 @@ TEST_F(ForgedImage, MayHaveAHundredScansAndNoMore)
     EXPECT_TRUE(leftNothing());
 }
 
+TEST(JpegMarkers, TellTheWorkOfDecoding)
+{
+    const QByteArray planes("\x03\x01\x11\x00\x02\x11\x00\x03\x11\x00", 10);
+    QByteArray oneByOne = "\xff\xd8" + segment('\xc0', "\x08" + number(40, 2, true) + number(60, 2, true) + planes);
+    for (const char plane : {'\1', '\2', '\3'})
+        oneByOne += segment('\xda', QByteArray("\x01") + plane + QByteArray("\x00\x00\x3f\x00", 4));
+    const struct
+    {
+        const char *name;
+        QByteArray bytes;
+        int scans;
+        int planes;
+        bool keepsCoefficients;
+    } kRows[] = {{"grey", fileOf(QImage(60, 40, QImage::Format_Grayscale8), "JPG"), 1, 1, false},
+        {"colours", fileOf(QImage(60, 40, QImage::Format_RGB32), "JPG"), 1, 3, false},
+        {"one plane after another", oneByOne + "\xff\xd9", 3, 3, true},
+        {"progressive", progressive(60, 40, 1), 1, 3, true}, {"not at its start", "x" + oneByOne, 0, 0, false},
+        {"no frame", "\xff\xd8\xff\xd9", 0, 0, false}};
+    for (const auto &row : kRows) {
+        const jpegmarkers::Work work = jpegmarkers::workOf(row.bytes);
+        EXPECT_EQ(work.scans, row.scans) << row.name;
+        EXPECT_EQ(work.planes, row.planes) << row.name;
+        EXPECT_EQ(work.keepsCoefficients, row.keepsCoefficients) << row.name;
+    }
+}
+
 // A scan may follow bytes that a decoder skips while it looks for the next restart marker.
 TEST_F(ForgedImage, CannotHideItsScans)
 {
