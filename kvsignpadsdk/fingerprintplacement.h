@@ -84,7 +84,8 @@ void end(Place &place)
 }
 
 /// Ends the newest place. Widgets that it replaced stay in their windows and keep their picture; places without a
-/// window are freed, because nobody else can.
+/// window are freed, because nobody else can. A forked child leaves the newest widget in its window too, which is the
+/// parent's.
 template <class Pad>
 void releasePlaces(Pad &pad)
 {
@@ -105,7 +106,7 @@ void releasePlaces(Pad &pad)
         end(*canvas);
     if constexpr (Pad::row.host == Host::Headless)
         qDeleteAll(widgets);
-    else if (newest != nullptr)
+    else if (newest != nullptr && pad.m_internals.isOfThisProcess())
         widgetthread::hideAndDeleteLater(*newest);
 }
 

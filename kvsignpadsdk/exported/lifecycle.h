@@ -16,7 +16,8 @@
 namespace exported {
 
 /// Ends the open instance: a headless one at once, a widget by the event loop. Whatever fails on the way, the library
-/// is closed afterwards.
+/// is closed afterwards. A forked child leaves the widget where it is: its window is on the parent's connection to the
+/// display, which two processes cannot share.
 template <class Family>
 void close()
 {
@@ -30,7 +31,8 @@ void close()
         auto *widget = static_cast<typename Family::Widget *>(g_pSignWidget);
         contained::run([widget] { widget->Shutdown(); });
         g_pSignWidget = nullptr;
-        widgetthread::hideAndDeleteLater(*widget);
+        if (widget->m_internals.isOfThisProcess())
+            widgetthread::hideAndDeleteLater(*widget);
     }
 }
 

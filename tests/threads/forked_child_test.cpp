@@ -2,7 +2,10 @@
 #include "cs310xfpwidget.h"
 #include "handrunpad.h"
 #include "lockholder.h"
+#include "openinstance.h"
 #include "padclasses.h"
+
+#include <QPointer>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -79,6 +82,35 @@ TYPED_TEST(ForkedChild, EndsThePadAndWaitsForNobody)
         EXPECT_TRUE(pad->m_pShowFPImageOnDeviceThread->isRunning()) << "the parent's goes on";
     }
     pad->Shutdown();
+}
+
+// A window is on its process's connection to the display: hiding it in the child would be a word in the parent's.
+TYPED_TEST(ForkedChild, LeavesTheWidgetsInTheParentsWindow)
+{
+    if constexpr (isWidget<TypeParam>) {
+        const PadCase row{PadTraits<TypeParam>::model().family, false};
+        QWidget window;
+        OpenPad pad(row, 60, 40);
+        std::vector<QPointer<QWidget>> widgets{pad.widget()};
+        if constexpr (isFingerprintPad<TypeParam>) {
+            ASSERT_EQ(KVS310X_SetDisplayedFPImageAt(pad.type(), &window, 60, 40, 5, 5, 20, 20), ARI_SUCCESS);
+            widgets.emplace_back(openinstance::as<TypeParam>().m_pNewFPWidget);
+            ASSERT_FALSE(widgets.back()->isHidden());
+        }
+        const int status = statusOfChild([&] {
+            pad->UnInitialDevice(pad.type());
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            for (const QPointer<QWidget> &widget : widgets) {
+                if (widget.isNull() || widget->isHidden())
+                    _exit(8);
+            }
+            if (g_pSignWidget != nullptr)
+                _exit(9);
+        });
+        EXPECT_TRUE(WIFEXITED(status)) << "it had to be ended";
+        EXPECT_EQ(WEXITSTATUS(status), 7) << "8: hidden or deleted, 9: still open";
+        EXPECT_FALSE(widgets.front()->isHidden()) << "the parent's goes on";
+    }
 }
 
 // The display thread may be painting a fingerprint into its place.

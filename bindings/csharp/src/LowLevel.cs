@@ -225,7 +225,8 @@ namespace Korvane.Signpad
         /// Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop; after
         /// the QApplication is gone it is neither, and goes with its parent). Call it on the thread that opened the
         /// pad, never from a callback. Texts handed out before must be freed before. In a forked child, where the
-        /// library's threads are not, it waits for none of them.
+        /// library's threads are not, it waits for none of them; a widget stays in its window there, which is the
+        /// parent's.
         /// </summary>
         /// <returns>
         /// ARI_SUCCESS, also without an instance; ARI_INVALID_PARAMETERS for another family's nDeviceType.
@@ -237,7 +238,8 @@ namespace Korvane.Signpad
         /// Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop; after
         /// the QApplication is gone it is neither, and goes with its parent). Call it on the thread that opened the
         /// pad, never from a callback. Texts handed out before must be freed before. In a forked child, where the
-        /// library's threads are not, it waits for none of them.
+        /// library's threads are not, it waits for none of them; a widget stays in its window there, which is the
+        /// parent's.
         /// </summary>
         /// <returns>
         /// ARI_SUCCESS, also without an instance; ARI_INVALID_PARAMETERS for another family's nDeviceType.
@@ -249,7 +251,8 @@ namespace Korvane.Signpad
         /// Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop; after
         /// the QApplication is gone it is neither, and goes with its parent). Call it on the thread that opened the
         /// pad, never from a callback. Texts handed out before must be freed before. In a forked child, where the
-        /// library's threads are not, it waits for none of them.
+        /// library's threads are not, it waits for none of them; a widget stays in its window there, which is the
+        /// parent's.
         /// </summary>
         /// <returns>
         /// ARI_SUCCESS, also without an instance; ARI_INVALID_PARAMETERS for another family's nDeviceType.
@@ -261,7 +264,8 @@ namespace Korvane.Signpad
         /// Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop; after
         /// the QApplication is gone it is neither, and goes with its parent). Call it on the thread that opened the
         /// pad, never from a callback. Texts handed out before must be freed before. In a forked child, where the
-        /// library's threads are not, it waits for none of them.
+        /// library's threads are not, it waits for none of them; a widget stays in its window there, which is the
+        /// parent's.
         /// </summary>
         /// <returns>
         /// ARI_SUCCESS, also without an instance; ARI_INVALID_PARAMETERS for another family's nDeviceType.
@@ -273,7 +277,8 @@ namespace Korvane.Signpad
         /// Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop; after
         /// the QApplication is gone it is neither, and goes with its parent). Call it on the thread that opened the
         /// pad, never from a callback. Texts handed out before must be freed before. In a forked child, where the
-        /// library's threads are not, it waits for none of them.
+        /// library's threads are not, it waits for none of them; a widget stays in its window there, which is the
+        /// parent's.
         /// </summary>
         /// <returns>
         /// ARI_SUCCESS, also without an instance; ARI_INVALID_PARAMETERS for another family's nDeviceType.

@@ -176,7 +176,7 @@ const FUNCTIONS = [
     // Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop; after the
     // QApplication is gone it is neither, and goes with its parent). Call it on the thread that opened the pad, never
     // from a callback. Texts handed out before must be freed before. In a forked child, where the library's threads
-    // are not, it waits for none of them.
+    // are not, it waits for none of them; a widget stays in its window there, which is the parent's.
     "int KVS210_UnInitialDevice(int nDeviceType)",
     "int KVS300_UnInitialDevice(int nDeviceType)",
     "int KVS310X_UnInitialDevice(int nDeviceType)",

@@ -262,7 +262,8 @@ OPERATIONS: Mapping[str, Operation] = {
         "Ends the work with the pad and frees the instance (a widget is hidden and deleted by the event loop; "
         "after the QApplication is gone it is neither, and goes with its parent). Call it on the thread that "
         "opened the pad, never from a callback. Texts handed out before must be freed before. In a forked "
-        "child, where the library's threads are not, it waits for none of them.\n\n"
+        "child, where the library's threads are not, it waits for none of them; a widget stays in its window "
+        "there, which is the parent's.\n\n"
         "Returns ARI_SUCCESS, also without an instance; ARI_INVALID_PARAMETERS for another family's "
         "nDeviceType."
     ),
