@@ -1,15 +1,14 @@
 #include "replacedfile.h"
 
+#include "earlierfile.h"
 #include "filepaths.h"
 #include "uncancelled.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/random.h>
-#include <sys/xattr.h>
 #include <unistd.h>
 
 namespace {
@@ -37,28 +36,6 @@ QByteArray unpredictableName()
     if (::getrandom(random, sizeof random, 0) != sizeof random)
         return {};
     return ".kv-" + QByteArray(reinterpret_cast<const char *>(random), sizeof random).toHex();
-}
-
-// Whether the file has access lists or other attributes that a new file would lack. "security." ones do not count: the
-// kernel gives them to new files by its own rules.
-bool hasRightsBeyondItsMode(int file)
-{
-    char names[4096];
-    const ssize_t size = ::flistxattr(file, names, sizeof names);
-    if (size < 0)
-        return errno != ENOTSUP;
-    for (const char *name = names; name < names + size; name += std::strlen(name) + 1) {
-        if (std::strncmp(name, "security.", 9) != 0)
-            return true;
-    }
-    return false;
-}
-
-// Fills in `status` as well.
-bool mayBeReplaced(int file, struct stat &status)
-{
-    return ::fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == ::geteuid()
-        && status.st_nlink == 1 && !hasRightsBeyondItsMode(file);
 }
 
 // With these errors writing in place would fail too, and lose the earlier file.
@@ -116,7 +93,7 @@ ReplacedFile::Beside ReplacedFile::beginBeside()
         const int file = ::open(m_path.constData(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
         if (file < 0)
             return Beside::Refused;
-        const bool may = mayBeReplaced(file, earlier);
+        const bool may = earlierfile::mayBeReplaced(file, earlier);
         ::close(file);
         if (!may)
             return Beside::Impossible;
@@ -132,7 +109,7 @@ ReplacedFile::Beside ReplacedFile::createBeside(bool replaces, const struct stat
     if (m_folder >= 0 && !m_besideName.isEmpty())
         m_file = ::openat(m_folder, m_besideName.constData(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
             replaces ? 0600 : 0666);
-    if (m_file >= 0 && (!replaces || takeOver(earlier)))
+    if (m_file >= 0 && (!replaces || earlierfile::takeOver(m_file, earlier)))
         return Beside::Begun;
     const bool full = m_file < 0 && isFull(errno);
     if (m_file < 0)
@@ -141,25 +118,14 @@ ReplacedFile::Beside ReplacedFile::createBeside(bool replaces, const struct stat
     return full ? Beside::Refused : Beside::Impossible;
 }
 
-// The group first: chown() clears the set-user-ID and set-group-ID bits.
-bool ReplacedFile::takeOver(const struct stat &earlier) const
-{
-    struct stat fresh
-    {
-    };
-    if (::fstat(m_file, &fresh) != 0)
-        return false;
-    if (fresh.st_gid != earlier.st_gid && ::fchown(m_file, static_cast<uid_t>(-1), earlier.st_gid) != 0)
-        return false;
-    ::fremovexattr(m_file, "system.posix_acl_access"); // inherited from the folder's default list
-    return ::fchmod(m_file, earlier.st_mode & 07777) == 0;
-}
-
 void ReplacedFile::openInPlace()
 {
-    m_file = ::open(m_path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    m_created = m_file >= 0;
-    if (!m_created)
+    {
+        const Uncancelled created; // a file that is there is known to be
+        m_file = ::open(m_path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        m_created = m_file >= 0;
+    }
+    if (!m_created) // a pipe waits for its reader, who may never come
         m_file = ::open(m_path.constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
 }
 
@@ -189,6 +155,7 @@ bool ReplacedFile::flush()
 
 bool ReplacedFile::commit()
 {
+    const Uncancelled written; // nobody gets a part for the whole
     if (m_file < 0 || m_failed)
         return false;
     setOpenMode(QIODevice::NotOpen);

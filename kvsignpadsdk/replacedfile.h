@@ -18,6 +18,9 @@
 /// link, anything but a regular file, another user's file, one with several names, one with access rights beyond its
 /// mode, or one in a folder that accepts no new files. A file without write permission is not opened at all.
 ///
+/// A cancelled thread gives the file up while it collects the data and while a pipe waits for its reader. From the
+/// first byte that commit() writes to the last, a cancellation waits.
+///
 /// Does not call fsync(): what survives a power failure is up to the file system. Use it from one thread at a time.
 class ReplacedFile : public QIODevice
 {
@@ -46,7 +49,6 @@ private:
 
     Beside beginBeside();
     Beside createBeside(bool replaces, const struct stat &earlier);
-    bool takeOver(const struct stat &earlier) const;
     void openInPlace();
     bool flush();
     bool rename();

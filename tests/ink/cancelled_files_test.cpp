@@ -8,9 +8,15 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <filesystem>
+#include <fstream>
 #include <functional>
+#include <future>
 #include <pthread.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
 
 namespace {
 
@@ -40,14 +46,24 @@ void *run(void *work)
     return nullptr;
 }
 
-/// Whether a thread with this work ended because it had been cancelled.
-bool isCancelled(const std::function<void()> &work)
+pthread_t begun(const std::function<void()> &work)
 {
-    pthread_t thread;
-    void *result = nullptr;
+    pthread_t thread{};
     EXPECT_EQ(pthread_create(&thread, nullptr, run, const_cast<std::function<void()> *>(&work)), 0);
+    return thread;
+}
+
+/// Whether the thread ended because it had been cancelled.
+bool endsCancelled(pthread_t thread)
+{
+    void *result = nullptr;
     EXPECT_EQ(pthread_join(thread, &result), 0);
     return result == PTHREAD_CANCELED;
+}
+
+bool isCancelled(const std::function<void()> &work)
+{
+    return endsCancelled(begun(work));
 }
 
 void cancelThisThread()
@@ -60,6 +76,7 @@ class CancelledFiles : public testing::Test
 protected:
     QString path() const { return m_directory.filePath("file"); }
     QByteArray pathBytes() const { return QFile::encodeName(path()); }
+    std::string plainPath() const { return path().toStdString(); }
     bool leftNothing() const { return std::filesystem::is_empty(m_directory.path().toStdString()); }
 
 private:
@@ -107,4 +124,61 @@ TEST_F(CancelledFiles, AreNotLeftBehindWhenTheyAreBegun)
         const PrivateFile file(pathBytes().constData());
     }));
     EXPECT_TRUE(leftNothing());
+}
+
+// One with a second name is written in place.
+TEST_F(CancelledFiles, AreWholeWhereTheirPlaceIsKept)
+{
+    std::ofstream(plainPath()) << "earlier";
+    ASSERT_EQ(link(plainPath().c_str(), (plainPath() + "2").c_str()), 0);
+    bool saved = false;
+    EXPECT_TRUE(isCancelled([&] {
+        ReplacedFile file(path());
+        file.write(kBytes);
+        cancelThisThread();
+        saved = file.commit();
+    }));
+    EXPECT_TRUE(saved);
+    QFile written(path());
+    ASSERT_TRUE(written.open(QIODevice::ReadOnly));
+    EXPECT_EQ(written.readAll(), kBytes);
+}
+
+TEST_F(CancelledFiles, DoNotWaitForTheReaderOfAPipe)
+{
+    ASSERT_EQ(mkfifo(plainPath().c_str(), 0600), 0);
+    std::promise<void> started;
+    const std::function<void()> save = [&] {
+        started.set_value();
+        ReplacedFile file(path());
+        file.write(kBytes);
+        file.commit();
+    };
+    const pthread_t thread = begun(save);
+    started.get_future().wait();
+    std::this_thread::sleep_for(std::chrono::milliseconds(20)); // usually enough for it to wait in there
+    pthread_cancel(thread);
+    EXPECT_TRUE(endsCancelled(thread));
+}
+
+TEST_F(CancelledFiles, AreReadFromAPipeAsAWholeOrNotAtAll)
+{
+    ASSERT_EQ(mkfifo(plainPath().c_str(), 0600), 0);
+    const std::function<void()> save = [&] {
+        ReplacedFile file(path());
+        file.write(kBytes);
+        file.commit();
+    };
+    const pthread_t thread = begun(save);
+    const int reader = open(plainPath().c_str(), O_RDONLY);
+    QByteArray read(1, '\0');
+    ASSERT_EQ(::read(reader, read.data(), 1), 1); // more than a pipe holds is still to come
+    pthread_cancel(thread);
+    char piece[4096];
+    for (ssize_t size = 0; (size = ::read(reader, piece, sizeof piece)) > 0;)
+        read.append(piece, static_cast<int>(size));
+    close(reader);
+    EXPECT_TRUE(endsCancelled(thread));
+    EXPECT_EQ(read.size(), kBytes.size());
+    EXPECT_EQ(read, kBytes);
 }
