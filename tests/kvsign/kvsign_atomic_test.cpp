@@ -5,6 +5,8 @@
 #include <QProcess>
 
 #include <csignal>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -87,6 +89,35 @@ TEST_F(KvsignAtomic, LeavesNothingAfterAnySignal)
         EXPECT_EQ(process.exitCode(), isNoticed ? 3 : signal) << signal;
         EXPECT_EQ(temporary(), QStringList()) << signal;
         EXPECT_EQ(files(), QStringList("temporary")) << signal;
+    }
+}
+
+// Nobody reads the pipe, for which the file with two names, written in place, has to wait.
+TEST_F(KvsignAtomic, PutsBackContentAfterAnySignal)
+{
+    write("x.ink", "earlier");
+    ASSERT_EQ(link(file("x.ink").toLocal8Bit().constData(), file("second.ink").toLocal8Bit().constData()), 0);
+    ASSERT_EQ(mkfifo(file("pipe.png").toLocal8Bit().constData(), 0600), 0);
+    for (const int signal : {SIGTERM, SIGQUIT, SIGUSR1}) {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("KVSIM_SPEED", "max");
+        environment.insert("TMPDIR", file("temporary"));
+        process.setProcessEnvironment(environment);
+        process.setWorkingDirectory(file("."));
+        process.start(KV_KVSIGN, {"capture", "-m", "S300", "x.ink", "pipe.png"});
+        ASSERT_TRUE(process.waitForStarted());
+        QElapsedTimer waiting;
+        waiting.start();
+        while (read("second.ink").size() < 100 && waiting.elapsed() < 60000)
+            process.waitForFinished(5);
+        EXPECT_NE(read("second.ink"), "earlier") << signal;
+        kill(static_cast<pid_t>(process.processId()), signal);
+        ASSERT_TRUE(process.waitForFinished(60000));
+        EXPECT_EQ(read("second.ink"), "earlier") << signal;
+        EXPECT_EQ(read("x.ink"), "earlier") << signal;
+        EXPECT_EQ(temporary(), QStringList()) << signal;
+        EXPECT_EQ(files(), QStringList({"second.ink", "temporary", "x.ink"})) << signal;
     }
 }
 

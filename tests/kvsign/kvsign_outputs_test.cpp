@@ -13,6 +13,7 @@
 #include <memory>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -82,6 +83,51 @@ TEST_F(KvsignOutputs, AreAsTheyWereWhenOneCannotBePutInPlace)
     EXPECT_EQ(statusOf("a").st_ino, before);
     m_files.clear();
     EXPECT_EQ(files(), QStringList({"a", "c"}));
+}
+
+// A new file under one of its names would leave the other one behind.
+TEST_F(KvsignOutputs, KeepAllNamesOfAFile)
+{
+    write("a", QByteArray(100000, 'o'));
+    ASSERT_EQ(link(file("a").toLocal8Bit().constData(), file("second").toLocal8Bit().constData()), 0);
+    const ino_t before = statusOf("a").st_ino;
+    open({"a", "b"});
+    EXPECT_EQ(failure(), "");
+    m_files.clear();
+    EXPECT_EQ(read("second"), "new a");
+    EXPECT_EQ(read("a"), "new a");
+    EXPECT_EQ(statusOf("a").st_ino, before);
+    EXPECT_EQ(files(), QStringList({"a", "b", "second"}));
+}
+
+TEST_F(KvsignOutputs, KeepOwnerAndGroup)
+{
+    if (geteuid() != 0)
+        return; // nobody else has files of another user
+    write("owned", "old");
+    write("grouped", "old");
+    ASSERT_EQ(chown(file("owned").toLocal8Bit().constData(), 1, 0), 0);
+    ASSERT_EQ(chown(file("grouped").toLocal8Bit().constData(), 0, 1), 0);
+    const ino_t before = statusOf("grouped").st_ino;
+    open({"owned", "grouped"});
+    EXPECT_EQ(failure(), "");
+    EXPECT_EQ(read("owned"), "new owned");
+    EXPECT_EQ(read("grouped"), "new grouped");
+    EXPECT_EQ(statusOf("owned").st_uid, 1U);
+    EXPECT_EQ(statusOf("grouped").st_gid, 1U);
+    EXPECT_NE(statusOf("grouped").st_ino, before) << "a new file can have the group";
+}
+
+TEST_F(KvsignOutputs, GetTheirContentBackInPlaceToo)
+{
+    const QByteArray earlier(100000, 'o');
+    write("a", earlier);
+    ASSERT_EQ(link(file("a").toLocal8Bit().constData(), file("second").toLocal8Bit().constData()), 0);
+    open({"a", "c"});
+    QDir(file(".")).mkpath("c/full");
+    EXPECT_TRUE(failure().endsWith("c: Is a directory"));
+    EXPECT_EQ(read("second"), earlier);
+    EXPECT_EQ(read("a"), earlier);
 }
 
 TEST_F(KvsignOutputs, AreAsTheyWereWhenADeviceIsFull)

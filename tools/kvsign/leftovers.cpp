@@ -1,5 +1,6 @@
 #include "leftovers.h"
 
+#include "copiedbytes.h"
 #include "failure.h"
 
 #include <array>
@@ -64,6 +65,21 @@ Leftover::Leftover(Kind kind, const QByteArray &path, const QByteArray &to)
     , m_name(m_path.constData())
     , m_target(m_to.constData())
 {
+    enter();
+}
+
+Leftover::Leftover(int earlier, int file)
+    : m_kind(Kind::Content)
+    , m_name(nullptr)
+    , m_target(nullptr)
+    , m_earlier(earlier)
+    , m_file(file)
+{
+    enter();
+}
+
+void Leftover::enter()
+{
     for (int slot = 0; slot < kSlots && m_slot < 0; ++slot) {
         const Leftover *free = nullptr;
         if (g_leftovers[static_cast<size_t>(slot)].compare_exchange_strong(free, this))
@@ -113,6 +129,9 @@ void Leftover::cleanName() const
     case Kind::Earlier:
         rename(m_name, m_target);
         unlink(m_name); // rename() does nothing when both names are links to one file
+        return;
+    case Kind::Content:
+        copiedbytes::copy(m_earlier, m_file);
         return;
     }
 }

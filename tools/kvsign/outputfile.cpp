@@ -1,5 +1,6 @@
 #include "outputfile.h"
 
+#include "earlierfile.h"
 #include "failure.h"
 #include "signalpause.h"
 #include "terminal.h"
@@ -38,6 +39,13 @@ QByteArray nameBeside(const QByteArray &file)
     return folder + ".kvsign-" + QByteArray::number(QRandomGenerator::system()->generate64(), 36);
 }
 
+bool mayBeReplaced(const QByteArray &path)
+{
+    const plainio::Descriptor file(open(path.constData(), O_WRONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
+    struct stat status = {};
+    return file.isOpen() && earlierfile::mayBeReplaced(file.number(), status);
+}
+
 QByteArray linkTo(int descriptor)
 {
     return "/proc/self/fd/" + QByteArray::number(descriptor);
@@ -59,7 +67,7 @@ OutputFile::OutputFile(const QString &path)
 
 OutputFile::~OutputFile() = default;
 
-/// Creates the file that will replace the target, with its final mode.
+/// Creates the file that will replace the target, or be copied into it.
 void OutputFile::stage(const QString &path)
 {
     m_target = QFile::encodeName(path);
@@ -71,6 +79,20 @@ void OutputFile::stage(const QString &path)
     }
     if (replaces && access(m_target.constData(), W_OK) != 0)
         fail();
+    if (stageBeside(path, replaces ? &earlier : nullptr))
+        return;
+    if (!replaces)
+        fail();
+    m_staged.reset();
+    m_kept = std::make_unique<KeptPlace>(m_target, m_name);
+    m_device.setFile(plainio::unnamedFile(QDir::tempPath()));
+}
+
+/// False when no new file can be had in the folder, or none that is what the earlier one is.
+bool OutputFile::stageBeside(const QString &path, const struct stat *earlier)
+{
+    if (earlier != nullptr && !mayBeReplaced(m_target))
+        return false;
     const QByteArray folder = QFile::encodeName(QFileInfo(path).absolutePath());
     plainio::Descriptor file;
     if (access("/proc/self/fd", X_OK) == 0)
@@ -79,9 +101,10 @@ void OutputFile::stage(const QString &path)
         m_staged = std::make_unique<Leftover>(Leftover::Kind::File, nameBeside(m_target));
         file = plainio::Descriptor(open(m_staged->path().constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
     }
-    if (!file.isOpen() || (replaces && fchmod(file.number(), earlier.st_mode & 07777) != 0))
-        fail();
+    if (!file.isOpen() || (earlier != nullptr && !earlierfile::takeOver(file.number(), *earlier)))
+        return false;
     m_device.setFile(std::move(file));
+    return true;
 }
 
 void OutputFile::finish()
@@ -107,6 +130,7 @@ void OutputFile::commit(const std::vector<OutputFile *> &files, const std::funct
         flushOutput();
     } catch (...) {
         for (OutputFile *file : files) {
+            file->m_kept.reset();
             file->m_earlier.reset();
             file->m_placed.reset();
         }
@@ -119,6 +143,10 @@ void OutputFile::commit(const std::vector<OutputFile *> &files, const std::funct
 
 void OutputFile::place()
 {
+    if (m_kept != nullptr) {
+        m_kept->write(m_device.descriptor());
+        return;
+    }
     struct stat there = {};
     if (lstat(m_target.constData(), &there) == 0) {
         replace();
@@ -195,6 +223,8 @@ void OutputFile::settle()
     }
     if (m_placed != nullptr)
         m_placed->release();
+    if (m_kept != nullptr)
+        m_kept->release();
 }
 
 void OutputFile::fail() const

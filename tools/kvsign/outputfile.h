@@ -4,6 +4,7 @@
 #define OUTPUTFILE_H
 
 #include "checkeddevice.h"
+#include "keptplace.h"
 #include "leftovers.h"
 
 #include <QString>
@@ -12,10 +13,14 @@
 #include <memory>
 #include <vector>
 
+#include <sys/stat.h>
+
 class OutputFile
 {
 public:
-    /// "-" is standard output. Throws a Failure when nothing can be written there.
+    /// "-" is standard output. An earlier file is replaced by one with its mode and group; one that a new file cannot
+    /// stand for, say, with two names or another user's, is written over. Throws a Failure when nothing can be written
+    /// there.
     explicit OutputFile(const QString &path);
 
     /// A file that was put in place but not committed is removed again, and an earlier file of that name is put back.
@@ -39,6 +44,7 @@ public:
 private:
     bool isRegular() const { return !m_target.isEmpty(); }
     void stage(const QString &path);
+    bool stageBeside(const QString &path, const struct stat *earlier);
     void finish();
     void place();
     void replace();
@@ -52,6 +58,7 @@ private:
     QByteArray m_target; ///< empty for what cannot be replaced: pipes, devices, standard output
     CheckedDevice m_device;
     std::unique_ptr<Leftover> m_staged; ///< the content's name until it is in its place; null while it has none
+    std::unique_ptr<KeptPlace> m_kept; ///< the target, where it is written over; null where it is replaced
     std::unique_ptr<Leftover> m_earlier; ///< what was there before
     std::unique_ptr<Leftover> m_placed; ///< where nothing was there before
 };
