@@ -5,6 +5,8 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <dlfcn.h>
+#include <zlib.h>
 
 extern "C" {
 void *__libc_malloc(size_t size);
@@ -14,6 +16,8 @@ void *__libc_realloc(void *memory, size_t size);
 namespace {
 
 std::atomic<size_t> most{SIZE_MAX}; ///< that an allocation may ask for
+bool compressorsFindNone = false;
+int refusedCompressors = 0;
 
 } // namespace
 
@@ -26,6 +30,18 @@ extern "C" void *malloc(size_t size)
 extern "C" void *realloc(void *memory, size_t size)
 {
     return size <= most ? __libc_realloc(memory, size) : nullptr;
+}
+
+// With which Qt begins each stream of a PDF file.
+extern "C" __attribute__((visibility("default"))) int deflateInit_(
+    z_streamp stream, int level, const char *version, int size)
+{
+    if (compressorsFindNone) {
+        ++refusedCompressors;
+        return Z_MEM_ERROR;
+    }
+    static const auto real = reinterpret_cast<decltype(&deflateInit_)>(dlsym(RTLD_NEXT, "deflateInit_"));
+    return real(stream, level, version, size);
 }
 
 namespace {
@@ -116,6 +132,18 @@ TEST_P(OutputsWithoutMemory, AreNothingDecoded)
     }
     EXPECT_TRUE(files.names().empty());
     EXPECT_EQ(pad->GetTotalDecodeInkPointsNumber(pad.type()), ARI_INK_EMPTY);
+}
+
+// Qt only warns of what it leaves out, and answers success.
+TEST_P(OutputsWithoutMemory, AreNoPdfFilesThatLackAPart)
+{
+    refusedCompressors = 0;
+    compressorsFindNone = true;
+    EXPECT_EQ(files.save(pad, ITI_PDF, "a.pdf"), ARI_INK_EMPTY);
+    compressorsFindNone = false;
+    EXPECT_GT(refusedCompressors, 0);
+    EXPECT_TRUE(files.names().empty());
+    EXPECT_EQ(files.save(pad, ITI_PDF, "a.pdf"), ARI_SUCCESS) << "with memory again";
 }
 
 } // namespace
