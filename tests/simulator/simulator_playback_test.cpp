@@ -110,14 +110,13 @@ TEST_F(PlaybackTest, SpeedIsAFactor)
     setenv("KVSIM_SPEED", "0.5", 1);
     EXPECT_GE(play(KVS300_DEVICE), 400ms);
     driver.UnInitial();
+    setenv("KVSIM_RECORDING", KV_TEST_DATA "/recordings/hours.kvrec", 1);
     for (const char *speed : {"1000000", "max"}) {
         setenv("KVSIM_SPEED", speed, 1);
-        const auto playFast = [this] {
-            const auto time = play(KVS300_DEVICE);
-            driver.UnInitial();
-            return time;
-        };
-        EXPECT_TRUE(takesLessThan(200ms, playFast)) << speed;
+        received.packets.clear();
+        play(KVS300_DEVICE);
+        EXPECT_EQ(received.packetCount(), 2u) << speed;
+        driver.UnInitial();
     }
 }
 
