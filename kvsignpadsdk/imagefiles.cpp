@@ -16,18 +16,20 @@ namespace imagefiles {
 
 namespace {
 
-// Qt's writers of these formats convert row by row. The others convert the whole image at once, with Qt's thread pool.
-bool isWrittenByRows(const QByteArray &format)
+// For Qt's writers: that of JPEG converts row by row. Others convert the whole image at once, with Qt's thread pool.
+void prepare(QImage &image, const QByteArray &format)
 {
-    return format == "png" || format == "jpg" || format == "jpeg";
+    if (format == "png")
+        pixelformats::prepareForPng(image);
+    else if (format != "jpg" && format != "jpeg")
+        pixelformats::convert(image, QImage::Format_ARGB32);
 }
 
 bool encodedByQt(QImage image, WhiteIs white, const QByteArray &format, QByteArray &bytes)
 {
     if (white == WhiteIs::Transparent)
         inkbounds::makeWhiteTransparent(image);
-    if (!isWrittenByRows(format))
-        image = pixelformats::converted(image, QImage::Format_ARGB32);
+    prepare(image, format);
     QBuffer buffer(&bytes);
     return !format.isEmpty() && buffer.open(QIODevice::WriteOnly) && QImageWriter(&buffer, format).write(image);
 }

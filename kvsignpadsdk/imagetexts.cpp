@@ -2,6 +2,7 @@
 
 #include "fastways/bitmapfile.h"
 #include "fastways/jpegfile.h"
+#include "pixelformats.h"
 
 #include <QBuffer>
 
@@ -38,6 +39,8 @@ QByteArray fileOf(QImage image, int nImageTypeID, bool transparent, PngStream *k
         return bytes;
     if (nImageTypeID == EBITI_PNG && transparent)
         inkbounds::makeWhiteTransparent(image);
+    if (nImageTypeID == EBITI_PNG)
+        pixelformats::prepareForPng(image);
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     if (!image.save(&buffer, format))

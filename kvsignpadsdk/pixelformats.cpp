@@ -1,5 +1,7 @@
 #include "pixelformats.h"
 
+#include "fastways/plainways.h"
+
 #include <algorithm>
 #include <cstring>
 #include <new>
@@ -19,24 +21,36 @@ QImage rowsOf(const QImage &image, int first, int count)
 
 } // namespace
 
-QImage converted(const QImage &image, QImage::Format format)
+void convert(QImage &image, QImage::Format format)
 {
     if (image.isNull() || image.format() == format)
-        return image;
-    if (image.depth() != 32)
-        return image.convertToFormat(format); // a view of some rows would lack the colour table
-    QImage result(image.size(), format);
+        return;
+    if (image.depth() != 32) { // a view of some rows would lack the colour table
+        image = image.convertToFormat(format);
+        return;
+    }
+    if (image.bits() == nullptr) // which makes the image its own
+        throw std::bad_alloc();
     const int rows = std::max(1, kPieceBytes / image.bytesPerLine());
     for (int y = 0; y < image.height(); y += rows) {
-        const int count = std::min(rows, image.height() - y);
-        const QImage piece = rowsOf(image, y, count).convertToFormat(format);
-        if (result.isNull() || piece.isNull())
+        const QImage piece = rowsOf(image, y, std::min(rows, image.height() - y)).convertToFormat(format);
+        if (piece.isNull())
             throw std::bad_alloc();
-        std::memcpy(result.scanLine(y), piece.constBits(), static_cast<size_t>(piece.sizeInBytes()));
+        std::memcpy(image.scanLine(y), piece.constBits(), static_cast<size_t>(piece.sizeInBytes()));
     }
-    result.setDotsPerMeterX(image.dotsPerMeterX());
-    result.setDotsPerMeterY(image.dotsPerMeterY());
-    return result;
+    image.reinterpretAsFormat(format);
+}
+
+QImage converted(QImage image, QImage::Format format)
+{
+    convert(image, format);
+    return image;
+}
+
+void prepareForPng(QImage &image)
+{
+    if (!plainways::only && image.format() == QImage::Format_ARGB32_Premultiplied)
+        convert(image, QImage::Format_ARGB32);
 }
 
 } // namespace pixelformats

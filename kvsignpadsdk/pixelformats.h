@@ -8,10 +8,18 @@
 
 namespace pixelformats {
 
-/// The image in another format, with the pixels of QImage::convertToFormat() and the same resolution. Null for a null
-/// image. Images of other than 32 bits a pixel still go through Qt's thread pool.
+/// Gives the image another format, pixel by pixel as QImage::convertToFormat does. An image that shares its pixels with
+/// no other one is converted where it is. A null image stays null. Only images of 32 bits a pixel stay in the thread.
+/// @throws std::bad_alloc and leaves part of the pixels in either format
+void convert(QImage &image, QImage::Format format);
+
+/// The same of a copy.
+QImage converted(QImage image, QImage::Format format);
+
+/// Gives the image a format that Qt's PNG writer takes as it is, so that it makes the same file. Of others it converts
+/// row by row, and does not see when it got none.
 /// @throws std::bad_alloc
-QImage converted(const QImage &image, QImage::Format format);
+void prepareForPng(QImage &image);
 
 } // namespace pixelformats
 
