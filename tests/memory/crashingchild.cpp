@@ -6,10 +6,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <ctime>
-#include <cxxabi.h>
-#include <dlfcn.h>
 #include <exception>
 #include <execinfo.h>
 #include <filesystem>
@@ -19,7 +16,9 @@
 #include <sys/mman.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
+#include <ucontext.h>
 #include <unistd.h>
+#include <unwind.h>
 #include <utility>
 
 namespace {
@@ -27,67 +26,49 @@ namespace {
 constexpr int kCrashed = 77;
 constexpr int kLook = 10; ///< milliseconds between looks at a child
 constexpr int kAloneForGood = 4; ///< looks: nobody else can wake an only thread
-constexpr int kAsleepForGood = 100; ///< looks
+constexpr int kAsleepForGood = 30; ///< looks
 constexpr long kSpins = 300'000'000; ///< nanoseconds of the main thread's own work in one step
 ChildReport *report = nullptr;
 timer_t spinning{};
 
-const char *nameOf(const char *path)
-{
-    const char *slash = path == nullptr ? nullptr : std::strrchr(path, '/');
-    return slash == nullptr ? path : slash + 1;
-}
-
-bool isRunTime(const char *module)
-{
-    for (const char *name : {"libc.so", "libstdc++.so", "libgcc_s.so", "libpthread", "linux-vdso", "ld-linux"}) {
-        if (std::strncmp(module, name, std::strlen(name)) == 0)
-            return true;
-    }
-    return false;
-}
-
-void noteFrame(void *address)
-{
-    Dl_info info{};
-    if (dladdr(address, &info) == 0 || info.dli_fname == nullptr)
-        return;
-    const char *module = nameOf(info.dli_fname);
-    static const char *const self = [] {
-        Dl_info own{};
-        dladdr(reinterpret_cast<void *>(&noteFrame), &own);
-        return nameOf(own.dli_fname);
-    }();
-    if (report->module[0] == '\0' && !isRunTime(module) && std::strcmp(module, self) != 0)
-        std::snprintf(report->module, sizeof report->module, "%s", module);
-    const size_t length = std::strlen(report->where);
-    std::snprintf(report->where + length, sizeof report->where - length, "%s:%s+%lx\n", module,
-        info.dli_sname == nullptr ? "" : info.dli_sname,
-        static_cast<unsigned long>(static_cast<char *>(address) - static_cast<char *>(info.dli_fbase)));
-}
-
 // The crash is at hand and the process ends: what a signal handler may not call does no more harm than not to know.
-void noteCrash(int)
+void noteCrash(int, siginfo_t *, void *context)
 {
     failingmemory::stop();
     report->crashed = true; // also where the stack cannot be followed
-    void *frames[60];
-    const int count = backtrace(frames, 60);
-    for (int i = 2; i < count; ++i) // behind this function and the signal's frame
-        noteFrame(frames[i]);
+    if (!report->isTerminated)
+        noteCrashAt(report->stack, *static_cast<const ucontext_t *>(context), 2); // of this function and the signal
     _exit(kCrashed);
 }
 
-void noteSpinning(int signal)
+void noteSpinning(int signal, siginfo_t *information, void *context)
 {
     report->isHung = true;
-    noteCrash(signal);
+    noteCrash(signal, information, context);
 }
 
+_Unwind_Exception unwinding{};
+void *unwound = nullptr; ///< where the frame goes on that is to be left now
+
+_Unwind_Reason_Code noteUnwinding(
+    int, _Unwind_Action, _Unwind_Exception_Class, _Unwind_Exception *, _Unwind_Context *context, void *)
+{
+    unwound = reinterpret_cast<void *>(_Unwind_GetIP(context));
+    return _URC_NO_REASON;
+}
+
+// An exception met a function that lets none out. Which one, the stack does not say: what throws is still innermost. It
+// is unwound once more, frame by frame, until that function ends the process again.
 [[noreturn]] void noteTermination()
 {
     failingmemory::stop();
-    report->isTerminated = true;
+    if (!report->isTerminated) {
+        report->isTerminated = true;
+        noteStack(report->stack, 1);
+        _Unwind_ForcedUnwind(&unwinding, noteUnwinding, nullptr);
+    } else if (unwound != nullptr) {
+        blame(report->stack, unwound);
+    }
     std::abort();
 }
 
@@ -101,11 +82,11 @@ void watch()
     struct sigaction action
     {
     };
-    action.sa_handler = noteCrash;
-    action.sa_flags = SA_ONSTACK | SA_RESETHAND;
+    action.sa_sigaction = noteCrash;
+    action.sa_flags = SA_ONSTACK | SA_RESETHAND | SA_SIGINFO;
     for (const int signal : {SIGSEGV, SIGABRT, SIGBUS, SIGFPE, SIGILL})
         sigaction(signal, &action, nullptr);
-    action.sa_handler = noteSpinning;
+    action.sa_sigaction = noteSpinning;
     sigaction(SIGPROF, &action, nullptr);
     sigevent event{};
     event.sigev_notify = SIGEV_SIGNAL;
@@ -190,8 +171,9 @@ int ended(pid_t child)
 
 } // namespace
 
-void nextStep(long step)
+void nextStep(long part, long step)
 {
+    report->part = part;
     report->step = step;
     itimerspec limit{};
     limit.it_value.tv_nsec = kSpins;
@@ -218,6 +200,11 @@ ChildReport inChild(const std::function<void(ChildReport &)> &work)
     }
     const int status = ended(child);
     ChildReport told = *shared;
+    takeSimpleName(told.stack);
+    if (!told.crashed && WIFSIGNALED(status) && WTERMSIG(status) == SIGSEGV) {
+        told.crashed = true; // the mask of signals that a jump takes from nowhere keeps the handler away
+        std::snprintf(told.stack.entry, sizeof told.stack.entry, "a jump to nowhere");
+    }
     if (!told.crashed && (!WIFEXITED(status) || WEXITSTATUS(status) != 0))
         std::snprintf(told.failure, sizeof told.failure, "the child ended with status %d", status);
     return told;

@@ -4,23 +4,25 @@
 #ifndef CRASHINGCHILD_H
 #define CRASHINGCHILD_H
 
+#include "crashstack.h"
+
 #include <functional>
 #include <string>
 
 /// What a child tells its parent, in memory that both see.
 struct ChildReport
 {
-    long step; ///< the work's last, see nextStep()
+    long part; ///< the work's last, see nextStep()
+    long step;
     char failure[512]; ///< set by the work when something is wrong; empty: nothing is
     bool crashed;
     bool isTerminated; ///< by an exception that nobody could catch
     bool isHung; ///< it waited for itself, or worked on and on
-    char module[128]; ///< the library whose code crashed, or called what did in the C and C++ run time
-    char where[1024]; ///< the functions on the stack, innermost first
+    CrashStack stack; ///< its end
 };
 
 /// For the work: says how far it is. A step should not need a third of a second of its thread's time.
-void nextStep(long step);
+void nextStep(long part, long step);
 
 /// Does the work in a child and waits for its end.
 ChildReport inChild(const std::function<void(ChildReport &)> &work);

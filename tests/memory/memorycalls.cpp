@@ -231,6 +231,7 @@ std::vector<MemoryCall> allCalls()
             having([](QuietPad &pad) { return pad->GetSVGImageBase64Data(pad.type()); }),
             pad->FreeSVGImageBase64Data(pad.type(), given)),
         KV_CALL("Base64Decode BMP", "-8", any, havingImage(EBITI_BITMAP), decoded(pad, EBITI_BITMAP), bytes),
+        KV_CALL("Base64Decode JPEG", "-8", any, havingImage(EBITI_JPEG), decoded(pad, EBITI_JPEG), bytes),
         KV_CALL("Base64Decode PNG", "-8", any, havingImage(EBITI_PNG), decoded(pad, EBITI_PNG), bytes),
         KV_CALL("Base64Decode INK", "-8", any, havingRecord(), decoded(pad, EBITI_INK), Content::Nothing),
         KV_NUMBER("GetTotalDecodeInkPointsNumber", "-8", any, decode, pad->GetTotalDecodeInkPointsNumber(pad.type())),

@@ -1,0 +1,56 @@
+#include "memoryendings.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace memoryendings {
+
+namespace {
+
+// Qt's Gui, Widgets and Svg are compiled without exceptions: one that passes them leaves locks held and objects half
+// made. Where they ask malloc itself they use what they got unseen, as libpng, fontconfig and others do.
+struct Known
+{
+    const char *call; ///< how the name of the library's begins
+    const char *function;
+};
+
+constexpr Known kKnown[] = {
+    {"AboutBox", "QMessageBox::about"}, // fonts, rich text, layout, painting
+    {"Base64Decode", "QImageReader::size"}, // the lock of the list of formats
+    {"Base64Decode JPEG", "a jump to nowhere"}, // its reader makes a decoder before it says where errors go
+    {"Base64Encode", "QImage::save"}, // the lock of the list of formats
+    {"GetFPImageBase64Data", "QImage::save"}, // the same
+    {"GetSVGImageBase64Data", "QObject::~QObject"}, // of the generator's text stream, with half its connections
+    {"GetSVGImageBase64Data", "QPaintEngine::drawLines"}, // the generator's path for a line
+    {"GetSVGImageBase64Data", "QPainter::~QPainter"}, // the end of an SVG
+    {"InitialDevice", "QCoreApplicationPrivate::sendPostedEvents"}, // a half made child of the window is painted
+    {"InitialDevice", "QEventDispatcherGlib::processEvents"}, // the same
+    {"InitialDevice", "QObjectPrivate::~QObjectPrivate"}, // of a half made thread
+    {"SaveDrawingImage", "QImageWriter::write"}, // the lock of the list of formats
+    {"SaveDrawingImage PDF", "QPainter::begin"}, // the first page
+    {"SaveDrawingImage PDF", "QPainter::drawImage"},
+    {"SaveDrawingImage PDF", "QPainter::end"},
+    {"SaveDrawingImage SVG", "QObject::~QObject"}, // as of the text
+    {"SaveDrawingImage SVG", "QPaintEngine::drawLines"},
+    {"SaveDrawingImage SVG", "QPainter::~QPainter"},
+    {"WPSBase64Encode", "QImage::save"},
+};
+
+} // namespace
+
+bool isOfQt(const std::string &call, const ChildReport &report)
+{
+    const bool isKnown = std::any_of(std::begin(kKnown), std::end(kKnown), [&](const Known &known) {
+        return call.rfind(known.call, 0) == 0 && report.stack.entry == std::string(known.function);
+    });
+    return isKnown && std::string(report.stack.module).find("kvsignpadsdk") == std::string::npos;
+}
+
+std::string inWords(const ChildReport &report)
+{
+    const char *how = report.isTerminated ? "terminated" : report.isHung ? "hung" : "crashed";
+    return std::string(how) + " in " + report.stack.entry;
+}
+
+} // namespace memoryendings
