@@ -1,0 +1,147 @@
+#include "appearance.h"
+
+#include "pageplace.h"
+
+#include <algorithm>
+#include <string>
+
+namespace documents {
+
+namespace {
+
+constexpr int kDecimals = 2; // hundredths of a pixel
+constexpr double kThinnest = 1; // pixels: thinner pens draw lines of one pixel on a canvas
+
+std::string pair(const QPointF &point)
+{
+    return numberText(point.x(), kDecimals) + " " + numberText(point.y(), kDecimals);
+}
+
+std::string colourOperator(const QColor &colour)
+{
+    return numberText(colour.redF()) + " " + numberText(colour.greenF()) + " " + numberText(colour.blueF()) + " RG\n";
+}
+
+/// Lines of one width that follow each other are one path.
+std::string linesOf(const std::vector<InkLine> &lines)
+{
+    std::string text, width;
+    const InkLine *last = nullptr;
+    for (const InkLine &line : lines) {
+        const std::string own = numberText(std::max(line.width, kThinnest), kDecimals);
+        const bool continues = last != nullptr && own == width && last->to == line.from;
+        if (!continues && last != nullptr)
+            text += "S\n";
+        if (own != width)
+            text += own + " w\n";
+        if (!continues)
+            text += pair(line.from) + " m\n";
+        text += pair(line.to) + " l\n";
+        width = own;
+        last = &line;
+    }
+    return last == nullptr ? text : text + "S\n";
+}
+
+std::string bytesOf(const QImage &image, int bytesPerPixel)
+{
+    std::string bytes;
+    for (int y = 0; y < image.height(); ++y)
+        bytes.append(
+            reinterpret_cast<const char *>(image.constScanLine(y)), static_cast<size_t>(image.width() * bytesPerPixel));
+    return bytes;
+}
+
+QPDFObjectHandle imageStream(Revision &revision, const QImage &image, const char *space, int bytesPerPixel)
+{
+    QPDFObjectHandle dictionary = QPDFObjectHandle::parse("<< /Type /XObject /Subtype /Image /BitsPerComponent 8 >>");
+    dictionary.replaceKey("/ColorSpace", QPDFObjectHandle::newName(space));
+    dictionary.replaceKey("/Width", QPDFObjectHandle::newInteger(image.width()));
+    dictionary.replaceKey("/Height", QPDFObjectHandle::newInteger(image.height()));
+    return revision.addStream(dictionary, bytesOf(image, bytesPerPixel));
+}
+
+/// Opaque where the picture is not white.
+QImage maskOf(const QImage &picture)
+{
+    QImage mask(picture.size(), QImage::Format_Grayscale8);
+    for (int y = 0; y < picture.height(); ++y) {
+        const QRgb *pixels = reinterpret_cast<const QRgb *>(picture.constScanLine(y));
+        uchar *row = mask.scanLine(y);
+        for (int x = 0; x < picture.width(); ++x) {
+            const bool isWhite = (pixels[x] & RGB_MASK) == RGB_MASK;
+            row[x] = isWhite ? 0 : static_cast<uchar>(qAlpha(pixels[x]));
+        }
+    }
+    return mask;
+}
+
+QPDFObjectHandle pictureOf(Revision &revision, const QImage &picture)
+{
+    const QImage pixels = picture.convertToFormat(QImage::Format_ARGB32);
+    const bool isGrey = pixels.isGrayscale();
+    const QImage shades = pixels.convertToFormat(isGrey ? QImage::Format_Grayscale8 : QImage::Format_RGB888);
+    const QPDFObjectHandle mask = imageStream(revision, maskOf(pixels), "/DeviceGray", 1);
+    QPDFObjectHandle dictionary = QPDFObjectHandle::parse("<< /Type /XObject /Subtype /Image /BitsPerComponent 8 >>");
+    dictionary.replaceKey("/ColorSpace", QPDFObjectHandle::newName(isGrey ? "/DeviceGray" : "/DeviceRGB"));
+    dictionary.replaceKey("/Width", QPDFObjectHandle::newInteger(shades.width()));
+    dictionary.replaceKey("/Height", QPDFObjectHandle::newInteger(shades.height()));
+    dictionary.replaceKey("/SMask", mask);
+    return revision.addStream(dictionary, bytesOf(shades, isGrey ? 1 : 3));
+}
+
+/// Turned by as much as the page, the other way round, so that it stands upright when the page is shown.
+const char *matrixOf(int rotation)
+{
+    switch (rotation) {
+    case 90:
+        return "[0 1 -1 0 0 0]";
+    case 180:
+        return "[-1 0 0 -1 0 0]";
+    case 270:
+        return "[0 -1 1 0 0 0]";
+    default:
+        return "[1 0 0 1 0 0]";
+    }
+}
+
+std::string contentOf(const Ink &ink, const QSizeF &box)
+{
+    const QPointF corner((box.width() - ink.canvas.width()) / 2, (box.height() - ink.canvas.height()) / 2);
+    std::string text = "1 0 0 -1 " + pair({corner.x(), box.height() - corner.y()}) + " cm\n";
+    if (!ink.picture.isNull()) {
+        const QRectF &place = ink.picturePlace;
+        text += "q " + numberText(place.width()) + " 0 0 " + numberText(-place.height()) + " "
+            + pair(place.bottomLeft()) + " cm /Picture Do Q\n";
+    }
+    return text + "1 J 1 j\n" + colourOperator(ink.colour) + linesOf(ink.lines);
+}
+
+} // namespace
+
+Appearance makeAppearance(
+    Revision &revision, const Ink &ink, const QSizeF &place, int rotation, const QPDFObjectHandle &sealed)
+{
+    const double scale = std::min(place.width() / ink.canvas.width(), place.height() / ink.canvas.height());
+    Appearance appearance;
+    appearance.box = place / scale;
+    QPDFObjectHandle dictionary = QPDFObjectHandle::parse("<< /Type /XObject /Subtype /Form >>");
+    dictionary.replaceKey("/BBox", arrayOf(QRectF(QPointF(0, 0), appearance.box)));
+    dictionary.replaceKey("/Matrix", QPDFObjectHandle::parse(matrixOf(rotation)));
+    QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
+    if (!ink.picture.isNull()) {
+        QPDFObjectHandle objects = QPDFObjectHandle::newDictionary();
+        objects.replaceKey("/Picture", pictureOf(revision, ink.picture));
+        resources.replaceKey("/XObject", objects);
+    }
+    dictionary.replaceKey("/Resources", resources);
+    if (!QPDFObjectHandle(sealed).isNull()) {
+        QPDFObjectHandle files = QPDFObjectHandle::newArray();
+        files.appendItem(sealed);
+        dictionary.replaceKey("/AF", files);
+    }
+    appearance.form = revision.addStream(dictionary, contentOf(ink, appearance.box));
+    return appearance;
+}
+
+} // namespace documents

@@ -1,0 +1,28 @@
+/// @file
+/// What an open document consists of.
+#ifndef DOCUMENTS_DOCUMENTINSIDE_H
+#define DOCUMENTS_DOCUMENTINSIDE_H
+
+#include "document.h"
+#include "formfields.h"
+#include "pagetree.h"
+#include "reader.h"
+
+namespace documents {
+
+struct Document::Inside
+{
+    Source source;
+    QByteArray password;
+    std::unique_ptr<Reader> reader;
+    std::vector<TreePage> pages;
+    std::vector<FormField> fields;
+    bool isUsed = false; ///< for one signing
+
+    /// The page that shows a widget; -1 for none.
+    int pageOf(const QPDFObjectHandle &widget) const;
+};
+
+} // namespace documents
+
+#endif

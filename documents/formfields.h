@@ -1,0 +1,35 @@
+/// @file
+/// The fields of a document's form.
+#ifndef DOCUMENTS_FORMFIELDS_H
+#define DOCUMENTS_FORMFIELDS_H
+
+#include <qpdf/QPDF.hh>
+
+#include <string>
+#include <vector>
+
+namespace documents {
+
+/// A field that has a value of its own, with the widgets that show it.
+struct FormField
+{
+    std::string name; ///< full, in UTF-8
+    std::string type; ///< "/Sig", "/Tx", ...; inherited too
+    QPDFObjectHandle field;
+    std::vector<QPDFObjectHandle> widgets; ///< the field itself where it is both
+
+    bool isSignature() const { return type == "/Sig"; }
+
+    /// The signature dictionary; null where it is not signed.
+    QPDFObjectHandle signature() const;
+};
+
+/// In the order of the form. Loops and hostile depths end the walk.
+std::vector<FormField> fieldsOf(QPDF &pdf);
+
+/// Whether any field is signed.
+bool isSigned(QPDF &pdf);
+
+} // namespace documents
+
+#endif

@@ -1,0 +1,254 @@
+#include "laterchanges.h"
+
+#include "formfields.h"
+#include "objectdifferences.h"
+#include "pagetree.h"
+#include "permissions.h"
+
+#include <algorithm>
+#include <map>
+#include <optional>
+
+namespace documents {
+
+namespace {
+
+using Keys = std::set<std::string>;
+
+const Keys kOfCatalogue{"/AcroForm", "/DSS", "/Extensions", "/Metadata", "/StructTreeRoot", "/Version"};
+const Keys kOfForm{"/Fields", "/SigFlags", "/DR", "/DA"};
+const Keys kOfPage{"/Annots", "/LastModified", "/StructParents", "/Tabs"};
+const Keys kOfFilledField{"/AP", "/AS", "/I", "/M", "/MK", "/RV", "/V"};
+const Keys kOfSignedField{"/AP", "/F", "/M", "/StructParent", "/TU", "/V"};
+
+bool areAmong(const Keys &keys, const Keys &allowed)
+{
+    return std::includes(allowed.begin(), allowed.end(), keys.begin(), keys.end());
+}
+
+std::vector<QPDFObjectHandle> itemsOf(QPDFObjectHandle array)
+{
+    return array.isArray() ? array.getArrayAsVector() : std::vector<QPDFObjectHandle>();
+}
+
+/// One comparison of a document with what it was.
+class Comparison
+{
+public:
+    Comparison(Reader &signedOne, Reader &now, const QPDFObjectHandle &signature)
+        : m_earlier(signedOne)
+        , m_now(now)
+        , m_signature(signature)
+        , m_differences(differencesOf(signedOne.pdf, now.pdf))
+        , m_earlierFields(fieldsOf(signedOne.pdf))
+        , m_nowFields(fieldsOf(now.pdf))
+        , m_certification(certificationOf(signedOne.pdf, m_earlierFields))
+    {
+    }
+
+    LaterChanges run()
+    {
+        if (m_now.rewrite == Rewrite::Damaged)
+            change("what follows it is damaged");
+        if (m_earlier.pdf.getRoot().getObjGen() != m_now.pdf.getRoot().getObjGen())
+            change("the document has another catalogue");
+        if (!m_differences.removed.empty() || !m_differences.filled.empty())
+            change("objects of the document were taken away or filled in behind it");
+        lookAtFields();
+        lookAtPages();
+        lookAtForm();
+        for (const QPDFObjGen &number : m_differences.replaced)
+            lookAt(number);
+        if (m_certification == Certification::NoChanges && !m_found.added.isEmpty())
+            change("it forbids every change, also those");
+        return m_found;
+    }
+
+private:
+    void change(const QString &what)
+    {
+        if (!m_found.changed.contains(what))
+            m_found.changed += what;
+    }
+    void add(const QString &what)
+    {
+        if (!m_found.added.contains(what))
+            m_found.added += what;
+    }
+
+    /// Whether a new field or widget is that of a signature, which is judged by itself.
+    bool isNewSignature(const QPDFObjectHandle &object) const
+    {
+        return std::any_of(m_nowFields.begin(), m_nowFields.end(), [&](const FormField &field) {
+            const bool isIt = field.field.getObjGen() == object.getObjGen()
+                || std::any_of(field.widgets.begin(), field.widgets.end(),
+                    [&](const QPDFObjectHandle &widget) { return widget.getObjGen() == object.getObjGen(); });
+            QPDFObjectHandle signature = field.signature();
+            return isIt && signature.isDictionary() && signature.hasKey("/ByteRange");
+        });
+    }
+
+    const FormField *earlierField(const std::string &name) const
+    {
+        const auto found = std::find_if(
+            m_earlierFields.begin(), m_earlierFields.end(), [&](const FormField &field) { return field.name == name; });
+        return found == m_earlierFields.end() ? nullptr : &*found;
+    }
+
+    void lookAtFields()
+    {
+        for (const FormField &field : m_nowFields) {
+            const FormField *const before = earlierField(field.name);
+            const QString name = QString::fromStdString(field.name);
+            if (!field.signature().isNull() && (before == nullptr || before->signature().isNull()))
+                add(QString("a signature in the field \"%1\"").arg(name));
+            if (before == nullptr)
+                continue;
+            m_places[before->field.getObjGen()] = before;
+            for (const QPDFObjectHandle &widget : before->widgets)
+                m_places[widget.getObjGen()] = before;
+        }
+    }
+
+    /// What was in a list must still be there; what is new must be a signature.
+    void lookAtList(QPDFObjectHandle before, QPDFObjectHandle after, const QString &place, const QString &what)
+    {
+        std::set<QPDFObjGen> old, kept;
+        for (const QPDFObjectHandle &item : itemsOf(before))
+            old.insert(item.getObjGen());
+        for (const QPDFObjectHandle &item : itemsOf(after)) {
+            kept.insert(item.getObjGen());
+            if (item.isIndirect() && (old.count(item.getObjGen()) > 0 || isNewSignature(item)))
+                continue;
+            if (!item.isIndirect() && old.count(item.getObjGen()) > 0
+                && before.unparseResolved() == after.unparseResolved())
+                continue;
+            if (m_certification == Certification::Annotations && what == "annotations")
+                add(QString("annotations on %1").arg(place));
+            else
+                change(QString("%1 were added to %2").arg(what, place));
+        }
+        if (!std::includes(kept.begin(), kept.end(), old.begin(), old.end()))
+            change(QString("%1 were taken from %2").arg(what, place));
+    }
+
+    void lookAtPages()
+    {
+        const std::vector<TreePage> before = pagesOf(m_earlier.pdf), after = pagesOf(m_now.pdf);
+        if (before.size() != after.size())
+            change("pages were added or taken away");
+        for (size_t i = 0; i < std::min(before.size(), after.size()); ++i) {
+            QPDFObjectHandle old = before[i].page, now = after[i].page;
+            if (old.getObjGen() != now.getObjGen())
+                change("pages were exchanged");
+            m_pages[old.getObjGen()] = static_cast<int>(i) + 1;
+            QPDFObjectHandle oldList = old.getKey("/Annots"), nowList = now.getKey("/Annots");
+            for (const QPDFObjectHandle &list : {oldList, nowList}) {
+                if (list.isIndirect())
+                    m_lists.insert(list.getObjGen());
+            }
+            const bool isTouched = m_differences.replaced.count(old.getObjGen()) > 0
+                || m_differences.replaced.count(oldList.getObjGen()) > 0;
+            if (isTouched)
+                lookAtList(oldList, nowList, QString("page %1").arg(i + 1), "annotations");
+        }
+    }
+
+    void lookAtForm()
+    {
+        QPDFObjectHandle before = m_earlier.pdf.getRoot().getKey("/AcroForm"),
+                         after = m_now.pdf.getRoot().getKey("/AcroForm");
+        if (!before.isDictionary())
+            before = QPDFObjectHandle::newDictionary();
+        if (!after.isDictionary())
+            after = QPDFObjectHandle::newDictionary();
+        if (!areAmong(differingKeys(before, after), kOfForm))
+            change("the form was changed");
+        lookAtList(before.getKey("/Fields"), after.getKey("/Fields"), "the form", "fields");
+        for (const QPDFObjectHandle &part : {before, before.getKey("/Fields")}) {
+            if (part.isIndirect())
+                m_lists.insert(part.getObjGen());
+        }
+    }
+
+    void lookAt(const QPDFObjGen &number)
+    {
+        QPDFObjectHandle before = m_earlier.pdf.getObject(number), after = m_now.pdf.getObject(number);
+        if (before.unparseResolved() == after.unparseResolved() && !before.isStream())
+            return; // written again as it was
+        if (m_lists.count(number) > 0)
+            return;
+        const auto page = m_pages.find(number);
+        const auto place = m_places.find(number);
+        if (number == m_earlier.pdf.getRoot().getObjGen())
+            lookAtKeys(before, after, kOfCatalogue, "the document's catalogue");
+        else if (page != m_pages.end())
+            lookAtKeys(before, after, kOfPage, QString("page %1").arg(page->second));
+        else if (place != m_places.end())
+            lookAtField(*place->second, before, after);
+        else if (!isBeside(number))
+            change(QString("something that it covers (object %1)").arg(number.getObj()));
+    }
+
+    void lookAtKeys(QPDFObjectHandle before, QPDFObjectHandle after, const Keys &allowed, const QString &what)
+    {
+        if (!before.isDictionary() || !after.isDictionary() || !areAmong(differingKeys(before, after), allowed))
+            change(what);
+    }
+
+    void lookAtField(const FormField &field, QPDFObjectHandle before, QPDFObjectHandle after)
+    {
+        const QString name = QString::fromStdString(field.name);
+        const bool isDictionary = before.isDictionary() && after.isDictionary();
+        const Keys keys = isDictionary ? differingKeys(before, after) : Keys{"all"};
+        if (field.isSignature()) {
+            if (!field.signature().isNull() || !areAmong(keys, kOfSignedField))
+                change(QString("the signature field \"%1\"").arg(name));
+            return;
+        }
+        if (!areAmong(keys, kOfFilledField))
+            change(QString("the form field \"%1\"").arg(name));
+        else if (isLockedBy(m_signature, field.name))
+            change(QString("the form field \"%1\", which it locks").arg(name));
+        else
+            add(QString("the form field \"%1\" was filled in").arg(name));
+    }
+
+    /// What nobody sees on a page: information, structure for readers aloud, what helps to verify.
+    bool isBeside(const QPDFObjGen &number)
+    {
+        if (!m_beside.has_value()) {
+            m_beside.emplace();
+            QPDFObjectHandle root = m_earlier.pdf.getRoot();
+            m_beside->insert(m_earlier.pdf.getTrailer().getKey("/Info").getObjGen());
+            m_beside->insert(root.getKey("/Metadata").getObjGen());
+            for (const char *key : {"/StructTreeRoot", "/DSS"}) {
+                const std::set<QPDFObjGen> part = reachable(root.getKey(key), {"/Pg", "/Obj", "/Stm", "/AF", "/Ref"});
+                m_beside->insert(part.begin(), part.end());
+            }
+        }
+        return m_beside->count(number) > 0;
+    }
+
+    Reader &m_earlier;
+    Reader &m_now;
+    const QPDFObjectHandle m_signature;
+    const ObjectDifferences m_differences;
+    const std::vector<FormField> m_earlierFields;
+    const std::vector<FormField> m_nowFields;
+    const Certification m_certification;
+    std::map<QPDFObjGen, int> m_pages; ///< numbers from 1
+    std::map<QPDFObjGen, const FormField *> m_places; ///< fields and their widgets, as they were
+    std::set<QPDFObjGen> m_lists; ///< judged by what is in them
+    std::optional<std::set<QPDFObjGen>> m_beside;
+    LaterChanges m_found;
+};
+
+} // namespace
+
+LaterChanges changesAfter(Reader &signedOne, Reader &now, QPDFObjectHandle signature)
+{
+    return Comparison(signedOne, now, signature).run();
+}
+
+} // namespace documents

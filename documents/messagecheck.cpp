@@ -1,0 +1,178 @@
+#include "messagecheck.h"
+
+#include "timestamps.h"
+#include "trust.h"
+
+#include <openssl/err.h>
+#include <openssl/ess.h>
+
+namespace documents {
+
+namespace {
+
+struct Message
+{
+    CmsOwner content;
+    CertificatesOwner certificates;
+    CMS_SignerInfo *signer = nullptr;
+    X509 *certificate = nullptr;
+    const EVP_MD *digest = nullptr;
+};
+
+QString opened(Message &message, const QByteArray &bytes)
+{
+    const auto *place = reinterpret_cast<const unsigned char *>(bytes.constData());
+    message.content.reset(d2i_CMS_ContentInfo(nullptr, &place, bytes.size()));
+    if (message.content == nullptr)
+        return "its message cannot be read";
+    STACK_OF(CMS_SignerInfo) *const signers = CMS_get0_SignerInfos(message.content.get());
+    if (signers == nullptr || sk_CMS_SignerInfo_num(signers) != 1)
+        return "its message is not signed by exactly one";
+    message.signer = sk_CMS_SignerInfo_value(signers, 0);
+    message.certificates.reset(CMS_get1_certs(message.content.get()));
+    CMS_set1_signers_certs(message.content.get(), nullptr, 0);
+    X509_ALGOR *algorithm = nullptr;
+    CMS_SignerInfo_get0_algs(message.signer, nullptr, &message.certificate, &algorithm, nullptr);
+    if (message.certificate == nullptr)
+        return "the signer's certificate is not in it";
+    const ASN1_OBJECT *kind = nullptr;
+    X509_ALGOR_get0(&kind, nullptr, nullptr, algorithm);
+    message.digest = EVP_get_digestbyobj(kind);
+    return message.digest == nullptr ? QString("its digest is of an unknown kind") : QString();
+}
+
+void nameAlgorithm(SignatureReport &report, const Message &message)
+{
+    EVP_PKEY *const key = X509_get0_pubkey(message.certificate);
+    const int bits = key == nullptr ? 0 : EVP_PKEY_get_bits(key);
+    const int kind = key == nullptr ? EVP_PKEY_NONE : EVP_PKEY_get_base_id(key);
+    const QString name = kind == EVP_PKEY_RSA ? "RSA" : kind == EVP_PKEY_EC ? "EC" : OBJ_nid2sn(kind);
+    const int digest = EVP_MD_get_type(message.digest);
+    const QString digestName = QString(OBJ_nid2sn(digest)).replace("SHA2", "SHA-2").replace("SHA1", "SHA-1");
+    report.algorithm = QString("%1 %2, %3").arg(name).arg(bits).arg(digestName);
+    report.isAlgorithmWeak = EVP_MD_get_size(message.digest) < 28 || (kind == EVP_PKEY_RSA && bits < 2048)
+        || (kind == EVP_PKEY_EC && bits < 224);
+}
+
+/// The signed attribute that names the certificate, so that it cannot be exchanged for another one of the same key.
+bool namesItsCertificate(const Message &message)
+{
+    const auto *data = static_cast<const ASN1_STRING *>(CMS_signed_get0_data_by_OBJ(
+        message.signer, OBJ_nid2obj(NID_id_smime_aa_signingCertificateV2), -3, V_ASN1_SEQUENCE));
+    if (data == nullptr)
+        return false;
+    const unsigned char *place = ASN1_STRING_get0_data(data);
+    const std::unique_ptr<ESS_SIGNING_CERT_V2, Release<ESS_SIGNING_CERT_V2_free>> named(
+        d2i_ESS_SIGNING_CERT_V2(nullptr, &place, ASN1_STRING_length(data)));
+    STACK_OF(X509) *const own = sk_X509_new_null();
+    sk_X509_push(own, message.certificate);
+    const bool isNamed = named != nullptr && OSSL_ESS_check_signing_certs(nullptr, named.get(), own, 1) > 0;
+    sk_X509_free(own);
+    return isNamed;
+}
+
+/// Messages without signed attributes sign the bytes' digest itself.
+bool signsDigest(const Message &message, const QByteArray &digest)
+{
+    const ASN1_OCTET_STRING *const signature = CMS_SignerInfo_get0_signature(message.signer);
+    const KeyContextOwner context(EVP_PKEY_CTX_new(X509_get0_pubkey(message.certificate), nullptr));
+    return context != nullptr && EVP_PKEY_verify_init(context.get()) == 1
+        && EVP_PKEY_CTX_set_signature_md(context.get(), message.digest) == 1
+        && EVP_PKEY_verify(context.get(), ASN1_STRING_get0_data(signature),
+               static_cast<size_t>(ASN1_STRING_length(signature)),
+               reinterpret_cast<const unsigned char *>(digest.constData()), static_cast<size_t>(digest.size()))
+        == 1;
+}
+
+QString checked(const Message &message, const DigestBytes &digestOf, bool needsName)
+{
+    const QByteArray digest = digestOf(message.digest);
+    if (CMS_signed_get_attr_count(message.signer) < 0)
+        return signsDigest(message, digest) ? QString() : QString("the signed bytes were changed");
+    const auto *stated = static_cast<const ASN1_OCTET_STRING *>(
+        CMS_signed_get0_data_by_OBJ(message.signer, OBJ_nid2obj(NID_pkcs9_messageDigest), -3, V_ASN1_OCTET_STRING));
+    if (stated == nullptr)
+        return "its message does not say what it signs";
+    const QByteArray statedDigest(
+        reinterpret_cast<const char *>(ASN1_STRING_get0_data(stated)), ASN1_STRING_length(stated));
+    if (statedDigest != digest)
+        return "the signed bytes were changed";
+    if (CMS_SignerInfo_verify(message.signer) != 1)
+        return "its message was changed, or signed by another key";
+    if (needsName && !namesItsCertificate(message))
+        return "it does not name the certificate that it was made with";
+    return {};
+}
+
+void checkStamp(SignatureReport &report, const Message &message, X509_STORE *trusted)
+{
+    const int place = CMS_unsigned_get_attr_by_NID(message.signer, NID_id_smime_aa_timeStampToken, -1);
+    if (place < 0)
+        return;
+    ASN1_TYPE *const value = X509_ATTRIBUTE_get0_type(CMS_unsigned_get_attr(message.signer, place), 0);
+    if (value == nullptr || value->type != V_ASN1_SEQUENCE)
+        return;
+    const QByteArray token(reinterpret_cast<const char *>(ASN1_STRING_get0_data(value->value.sequence)),
+        ASN1_STRING_length(value->value.sequence));
+    const ASN1_OCTET_STRING *const signature = CMS_SignerInfo_get0_signature(message.signer);
+    const TimestampReport stamp = checkTimestamp(
+        token,
+        [&](const EVP_MD *kind) {
+            Digest digest(kind);
+            digest.add(reinterpret_cast<const char *>(ASN1_STRING_get0_data(signature)), ASN1_STRING_length(signature));
+            return digest.result();
+        },
+        trusted);
+    if (!stamp.isIntact)
+        return;
+    report.stampedTime = stamp.time;
+    report.authority = stamp.authority;
+    report.isStampTrusted = stamp.isTrusted;
+}
+
+/// A time stamp over the whole document, which is a signature by itself.
+void checkDocumentStamp(
+    SignatureReport &report, const QByteArray &bytes, const DigestBytes &digestOf, X509_STORE *trusted)
+{
+    const TimestampReport stamp = checkTimestamp(bytes, digestOf, trusted);
+    report.signer = stamp.authority;
+    report.stampedTime = stamp.time;
+    report.authority = stamp.authority;
+    report.isStampTrusted = stamp.isTrusted;
+    report.isIntact = stamp.isIntact;
+    report.trust = stamp.isTrusted ? Trust::Trusted : Trust::Unknown;
+    if (!stamp.isIntact)
+        report.problem = "the time stamp is for other bytes, or was changed";
+    else if (!stamp.isTrusted)
+        report.trustReason = "its authority is not trusted";
+    report.algorithm = "time stamp (RFC 3161)";
+}
+
+} // namespace
+
+void checkMessage(SignatureReport &report, const QByteArray &message, const std::string &subFilter,
+    const DigestBytes &digestOf, X509_STORE *trusted)
+{
+    if (subFilter == "/ETSI.RFC3161") {
+        checkDocumentStamp(report, message, digestOf, trusted);
+        return;
+    }
+    if (subFilter != "/ETSI.CAdES.detached" && subFilter != "/adbe.pkcs7.detached") {
+        report.problem = QString("signatures of the kind %1 cannot be looked at")
+                             .arg(QString::fromStdString(subFilter.empty() ? "that has no name" : subFilter.substr(1)));
+        return;
+    }
+    Message parts;
+    report.problem = opened(parts, message);
+    if (report.problem.isEmpty()) {
+        nameAlgorithm(report, parts);
+        report.problem = checked(parts, digestOf, subFilter == "/ETSI.CAdES.detached");
+        report.isIntact = report.problem.isEmpty();
+        checkStamp(report, parts, trusted);
+        judgeCertificate(report, parts.certificate, parts.certificates.get(), trusted,
+            report.isStampTrusted ? report.stampedTime : QDateTime());
+    }
+    ERR_clear_error();
+}
+
+} // namespace documents

@@ -1,0 +1,23 @@
+/// @file
+/// Whether a signature's message fits the bytes that it covers.
+#ifndef DOCUMENTS_MESSAGECHECK_H
+#define DOCUMENTS_MESSAGECHECK_H
+
+#include "openssl_types.h"
+#include "verify.h"
+
+#include <functional>
+
+namespace documents {
+
+/// Gives the digest of the covered bytes by a kind of digest.
+using DigestBytes = std::function<QByteArray(const EVP_MD *)>;
+
+/// Fills in what the message says.
+/// @param subFilter the kind of message, as the signature dictionary names it
+void checkMessage(SignatureReport &report, const QByteArray &message, const std::string &subFilter,
+    const DigestBytes &digestOf, X509_STORE *trusted);
+
+} // namespace documents
+
+#endif

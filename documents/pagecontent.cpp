@@ -1,0 +1,109 @@
+#include "pagecontent.h"
+
+#include "pageplace.h"
+
+#include <algorithm>
+
+namespace documents {
+
+namespace {
+
+/// Looks how many graphics states a page leaves open, and how many it closes that it has not opened.
+class StateCounter : public QPDFObjectHandle::ParserCallbacks
+{
+public:
+    void handleObject(QPDFObjectHandle object, size_t, size_t) override
+    {
+        if (!object.isOperator())
+            return;
+        if (object.getOperatorValue() == "q")
+            ++m_open;
+        else if (object.getOperatorValue() == "Q")
+            m_least = std::min(m_least, --m_open);
+    }
+    void handleEOF() override { }
+
+    int needed() const { return 1 - m_least; }
+    int leftOpen() const { return m_open; }
+
+private:
+    int m_open = 0;
+    int m_least = 0;
+};
+
+/// A page with more of them than this is not meant to be mended.
+constexpr int kMostStates = 1000;
+
+std::string repeated(const char *text, int times)
+{
+    std::string result;
+    for (int i = 0; i < times; ++i)
+        result += text;
+    return result;
+}
+
+QPDFObjectHandle copyOrEmpty(QPDFObjectHandle dictionary)
+{
+    return dictionary.isDictionary() ? dictionary.shallowCopy() : QPDFObjectHandle::newDictionary();
+}
+
+} // namespace
+
+std::string matrixOperator(const QTransform &matrix)
+{
+    std::string text;
+    for (const double number : {matrix.m11(), matrix.m12(), matrix.m21(), matrix.m22(), matrix.dx(), matrix.dy()})
+        text += numberText(number, 6) + " ";
+    return text + "cm\n";
+}
+
+// Resources may belong to several pages: this page gets a dictionary of its own, which refers to what the others have.
+PageContent::PageContent(Revision &revision, const TreePage &page)
+    : m_revision(revision)
+    , m_page(page)
+{
+    m_revision.touch(m_page.page);
+    const QPDFObjectHandle own = m_page.page.getKey("/Resources");
+    QPDFObjectHandle resources = copyOrEmpty(QPDFObjectHandle(own).isDictionary() ? own : m_page.resources);
+    m_objects = copyOrEmpty(resources.getKey("/XObject"));
+    resources.replaceKey("/XObject", m_objects);
+    m_page.page.replaceKey("/Resources", resources);
+}
+
+std::string PageContent::nameFor(const QPDFObjectHandle &object)
+{
+    std::string name;
+    do
+        name = "/KvInk" + std::to_string(++m_names);
+    while (m_objects.hasKey(name));
+    m_objects.replaceKey(name, object);
+    return name;
+}
+
+void PageContent::append(const std::string &operators)
+{
+    QPDFObjectHandle contents = m_page.page.getKey("/Contents");
+    std::vector<QPDFObjectHandle> streams;
+    if (contents.isArray())
+        streams = contents.getArrayAsVector();
+    else if (contents.isStream())
+        streams.push_back(contents);
+    if (!streams.empty() && m_revision.isAdded(streams.back())) { // the page's own content is closed already
+        contents.appendItem(m_revision.addStream(QPDFObjectHandle::newDictionary(), "q\n" + operators + "Q\n"));
+        return;
+    }
+    StateCounter states;
+    if (!streams.empty())
+        QPDFObjectHandle::parseContentStream(contents, &states);
+    const int before = std::min(states.needed(), kMostStates);
+    const int after = std::clamp(states.leftOpen() + before, 1, kMostStates);
+    QPDFObjectHandle all = QPDFObjectHandle::newArray();
+    all.appendItem(m_revision.addStream(QPDFObjectHandle::newDictionary(), repeated("q\n", before)));
+    for (const QPDFObjectHandle &stream : streams)
+        all.appendItem(stream);
+    const std::string text = "\n" + repeated("Q\n", after) + "q\n" + operators + "Q\n";
+    all.appendItem(m_revision.addStream(QPDFObjectHandle::newDictionary(), text));
+    m_page.page.replaceKey("/Contents", all);
+}
+
+} // namespace documents

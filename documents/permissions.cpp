@@ -1,0 +1,88 @@
+#include "permissions.h"
+
+#include <algorithm>
+
+namespace documents {
+
+namespace {
+
+/// The parameters of a signature's references that have this transform.
+std::vector<QPDFObjectHandle> parametersOf(QPDFObjectHandle signature, const char *transform)
+{
+    std::vector<QPDFObjectHandle> found;
+    QPDFObjectHandle references = signature.isDictionary() ? signature.getKey("/Reference") : signature;
+    if (!references.isArray())
+        return found;
+    for (QPDFObjectHandle reference : references.getArrayAsVector()) {
+        if (!reference.isDictionary() || !reference.getKey("/TransformMethod").isNameAndEquals(transform))
+            continue;
+        QPDFObjectHandle parameters = reference.getKey("/TransformParams");
+        found.push_back(parameters.isDictionary() ? parameters : QPDFObjectHandle::newDictionary());
+    }
+    return found;
+}
+
+Certification certificationBy(QPDFObjectHandle signature)
+{
+    Certification strictest = Certification::None;
+    for (QPDFObjectHandle parameters : parametersOf(signature, "/DocMDP")) {
+        QPDFObjectHandle level = parameters.getKey("/P");
+        const bool isLevel = level.isInteger() && level.getIntValue() >= 1 && level.getIntValue() <= 3;
+        const Certification own =
+            isLevel ? static_cast<Certification>(level.getIntValue()) : Certification::Forms; // the standard's default
+        if (strictest == Certification::None || own < strictest)
+            strictest = own;
+    }
+    return strictest;
+}
+
+/// The list names fields, each with all below it.
+bool isNamed(QPDFObjectHandle list, const std::string &name)
+{
+    if (!list.isArray())
+        return false;
+    const std::vector<QPDFObjectHandle> names = list.getArrayAsVector();
+    return std::any_of(names.begin(), names.end(), [&](QPDFObjectHandle entry) {
+        const std::string own = entry.isString() ? entry.getUTF8Value() : std::string();
+        return !own.empty() && (name == own || name.compare(0, own.size() + 1, own + ".") == 0);
+    });
+}
+
+} // namespace
+
+Certification certificationOf(QPDF &pdf, const std::vector<FormField> &fields)
+{
+    std::vector<QPDFObjectHandle> signatures;
+    QPDFObjectHandle permissions = pdf.getRoot().getKey("/Perms");
+    if (permissions.isDictionary())
+        signatures.push_back(permissions.getKey("/DocMDP"));
+    for (const FormField &field : fields)
+        signatures.push_back(field.signature());
+    Certification strictest = Certification::None;
+    for (const QPDFObjectHandle &signature : signatures) {
+        const Certification own = certificationBy(signature);
+        if (own != Certification::None && (strictest == Certification::None || own < strictest))
+            strictest = own;
+    }
+    return strictest;
+}
+
+bool isLockedBy(QPDFObjectHandle signature, const std::string &name)
+{
+    for (QPDFObjectHandle parameters : parametersOf(signature, "/FieldMDP")) {
+        QPDFObjectHandle action = parameters.getKey("/Action"), list = parameters.getKey("/Fields");
+        const bool listed = isNamed(list, name);
+        if (action.isNameAndEquals("/All") || (action.isNameAndEquals("/Include") && listed)
+            || (action.isNameAndEquals("/Exclude") && !listed))
+            return true;
+    }
+    return false;
+}
+
+bool isLocked(const std::vector<FormField> &fields, const std::string &name)
+{
+    return std::any_of(
+        fields.begin(), fields.end(), [&](const FormField &field) { return isLockedBy(field.signature(), name); });
+}
+
+} // namespace documents

@@ -1,0 +1,42 @@
+/// @file
+/// A Source as qpdf reads it, up to an end that may lie before the file's own.
+#ifndef DOCUMENTS_SOURCEINPUT_H
+#define DOCUMENTS_SOURCEINPUT_H
+
+#include "source.h"
+
+#include <qpdf/InputSource.hh>
+
+#include <vector>
+
+namespace documents {
+
+class SourceInput : public InputSource
+{
+public:
+    /// The source must stay there.
+    SourceInput(const Source &source, qint64 end);
+
+    qpdf_offset_t findAndSkipNextEOL() override;
+    std::string const &getName() const override { return m_name; }
+    qpdf_offset_t tell() override { return m_place; }
+    void seek(qpdf_offset_t offset, int whence) override;
+    void rewind() override { m_place = 0; }
+    size_t read(char *bytes, size_t count) override;
+    void unreadCh(char) override;
+
+private:
+    /// The byte at the place, out of a piece that is kept; -1 at the end.
+    int at(qint64 place);
+
+    const Source &m_source;
+    const qint64 m_end;
+    std::string m_name;
+    qint64 m_place = 0;
+    qint64 m_pieceBegin = 0;
+    std::vector<char> m_piece;
+};
+
+} // namespace documents
+
+#endif

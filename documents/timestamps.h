@@ -1,0 +1,32 @@
+/// @file
+/// Time stamps of RFC 3161.
+#ifndef DOCUMENTS_TIMESTAMPS_H
+#define DOCUMENTS_TIMESTAMPS_H
+
+#include "openssl_types.h"
+
+#include <QDateTime>
+
+#include <functional>
+
+namespace documents {
+
+/// Asks a server (http or https) for a time stamp over these bytes. Waits at most a minute. Throws a Problem.
+/// @return the token, a signed message in DER
+QByteArray fetchTimestamp(const QString &url, const QByteArray &bytes);
+
+struct TimestampReport
+{
+    QDateTime time;
+    QString authority;
+    bool isIntact = false; ///< it is a time stamp over these bytes, and its signature is right
+    bool isTrusted = false;
+};
+
+/// @param digestOfBytes gives the digest of the stamped bytes by a kind of digest
+TimestampReport checkTimestamp(
+    const QByteArray &token, const std::function<QByteArray(const EVP_MD *)> &digestOfBytes, X509_STORE *trusted);
+
+} // namespace documents
+
+#endif

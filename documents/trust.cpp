@@ -1,0 +1,110 @@
+#include "trust.h"
+
+#include "problem.h"
+#include "source.h"
+
+#include <openssl/err.h>
+#include <openssl/pem.h>
+#include <openssl/x509v3.h>
+
+namespace documents {
+
+namespace {
+
+constexpr qint64 kMostFile = 16 << 20;
+
+void addFile(X509_STORE *store, const QString &path)
+{
+    const Source file(path);
+    if (file.size() > kMostFile)
+        throw Problem{Problem::Kind::Key, QString("%1: is too large for a file of certificates").arg(path)};
+    const QByteArray bytes = file.read(0, file.size());
+    const BioOwner reader = bioOf(bytes);
+    int count = 0;
+    for (;;) {
+        const CertificateOwner certificate(PEM_read_bio_X509_AUX(reader.get(), nullptr, nullptr, nullptr));
+        if (certificate == nullptr)
+            break;
+        X509_STORE_add_cert(store, certificate.get());
+        ++count;
+    }
+    ERR_clear_error();
+    if (count == 0)
+        throw Problem{Problem::Kind::Key, QString("%1: there is no certificate (PEM) in it").arg(path)};
+}
+
+QDate dateOf(const ASN1_TIME *time)
+{
+    struct tm parts = {};
+    ASN1_TIME_to_tm(time, &parts);
+    return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday};
+}
+
+/// X509_V_OK or why not, at a moment.
+int verified(X509 *certificate, STACK_OF(X509) * others, X509_STORE *trusted, const QDateTime &at)
+{
+    const StoreContextOwner context(X509_STORE_CTX_new());
+    X509_STORE_CTX_init(context.get(), trusted, certificate, others);
+    if (at.isValid())
+        X509_STORE_CTX_set_time(context.get(), 0, at.toSecsSinceEpoch());
+    X509_verify_cert(context.get());
+    const int result = X509_STORE_CTX_get_error(context.get());
+    ERR_clear_error();
+    return result;
+}
+
+Trust trustOf(int error)
+{
+    switch (error) {
+    case X509_V_OK:
+        return Trust::Trusted;
+    case X509_V_ERR_CERT_HAS_EXPIRED:
+    case X509_V_ERR_CERT_NOT_YET_VALID:
+        return Trust::Expired;
+    case X509_V_ERR_DEPTH_ZERO_SELF_SIGNED_CERT:
+    case X509_V_ERR_SELF_SIGNED_CERT_IN_CHAIN:
+        return Trust::SelfSigned;
+    default:
+        return Trust::Unknown;
+    }
+}
+
+bool isForSigning(X509 *certificate)
+{
+    return (X509_get_key_usage(certificate) & (KU_DIGITAL_SIGNATURE | KU_NON_REPUDIATION)) != 0;
+}
+
+} // namespace
+
+StoreOwner trustedStore(const QStringList &files)
+{
+    StoreOwner store(X509_STORE_new());
+    X509_STORE_set_default_paths(store.get());
+    // A certificate that the user names is trusted itself, also where its issuer is not.
+    X509_STORE_set_flags(store.get(), X509_V_FLAG_PARTIAL_CHAIN);
+    ERR_clear_error();
+    for (const QString &file : files)
+        addFile(store.get(), file);
+    return store;
+}
+
+void judgeCertificate(
+    SignatureReport &report, X509 *certificate, STACK_OF(X509) * others, X509_STORE *trusted, const QDateTime &stamped)
+{
+    report.signer = nameOf(X509_get_subject_name(certificate));
+    report.issuer = nameOf(X509_get_issuer_name(certificate));
+    report.validFrom = dateOf(X509_get0_notBefore(certificate));
+    report.validUntil = dateOf(X509_get0_notAfter(certificate));
+    report.isExpired = X509_cmp_current_time(X509_get0_notAfter(certificate)) < 0;
+    int error = verified(certificate, others, trusted, {});
+    if (trustOf(error) == Trust::Expired && stamped.isValid())
+        error = verified(certificate, others, trusted, stamped);
+    report.trust = trustOf(error);
+    report.trustReason = error == X509_V_OK ? QString() : QString(X509_verify_cert_error_string(error));
+    if (report.trust == Trust::Trusted && !isForSigning(certificate)) {
+        report.trust = Trust::NotForSigning;
+        report.trustReason = "the certificate is not meant for signatures";
+    }
+}
+
+} // namespace documents

@@ -1,0 +1,22 @@
+/// @file
+/// Whether a certificate is trusted: by the system, or because the user says so.
+#ifndef DOCUMENTS_TRUST_H
+#define DOCUMENTS_TRUST_H
+
+#include "openssl_types.h"
+#include "verify.h"
+
+namespace documents {
+
+/// The system's certificates and those in these PEM files. Throws a Problem for a file without any.
+StoreOwner trustedStore(const QStringList &files);
+
+/// Fills in what a certificate says and whether it is trusted.
+/// @param others certificates that came with the signature
+/// @param stamped when a trusted time stamp says it was used; invalid without one
+void judgeCertificate(
+    SignatureReport &report, X509 *certificate, STACK_OF(X509) * others, X509_STORE *trusted, const QDateTime &stamped);
+
+} // namespace documents
+
+#endif

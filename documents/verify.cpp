@@ -1,0 +1,167 @@
+#include "verify.h"
+
+#include "coveredbytes.h"
+#include "documentinside.h"
+#include "laterchanges.h"
+#include "messagecheck.h"
+#include "pageplace.h"
+#include "problem.h"
+#include "trust.h"
+
+#include <algorithm>
+
+namespace documents {
+
+namespace {
+
+/// A field's signature with the bytes that it covers.
+struct Found
+{
+    const FormField *field;
+    QPDFObjectHandle signature;
+    CoveredBytes bytes;
+};
+
+QString textIn(QPDFObjectHandle dictionary, const char *key)
+{
+    QPDFObjectHandle text = dictionary.getKey(key);
+    return text.isString() ? QString::fromStdString(text.getUTF8Value()) : QString();
+}
+
+/// "D:20261121143000+01'00'" and all that may be left out of it.
+QDateTime timeIn(QPDFObjectHandle dictionary)
+{
+    QString text = textIn(dictionary, "/M");
+    if (text.startsWith("D:"))
+        text = text.mid(2);
+    const QString digits = text.left(14) + QString("00000101000000").mid(std::min(text.size(), 14));
+    QDateTime time = QDateTime::fromString(digits, "yyyyMMddHHmmss");
+    time.setTimeSpec(Qt::UTC);
+    const QString zone = text.mid(14);
+    if (zone.startsWith('+') || zone.startsWith('-')) {
+        const int minutes = zone.mid(1, 2).toInt() * 60 + zone.mid(4, 2).toInt();
+        time = time.addSecs(zone.startsWith('+') ? -60 * minutes : 60 * minutes);
+    }
+    return time;
+}
+
+std::vector<Found> signaturesIn(const Document::Inside &inside)
+{
+    std::vector<Found> all;
+    for (const FormField &field : inside.fields) {
+        const QPDFObjectHandle signature = field.signature();
+        if (!QPDFObjectHandle(signature).isNull())
+            all.push_back({&field, signature, coveredBytes(inside.source, signature)});
+    }
+    std::stable_sort(
+        all.begin(), all.end(), [](const Found &one, const Found &other) { return one.bytes.end < other.bytes.end; });
+    return all;
+}
+
+std::string nameIn(QPDFObjectHandle signature, const char *key)
+{
+    QPDFObjectHandle name = signature.getKey(key);
+    return name.isName() ? name.getName() : std::string();
+}
+
+bool hasOnlyBlanks(const Source &source, qint64 begin)
+{
+    bool isBlank = true;
+    source.forEach(begin, source.size(), [&](const char *bytes, qint64 count) {
+        isBlank = isBlank
+            && std::all_of(bytes, bytes + count, [](char byte) { return byte == '\n' || byte == '\r' || byte == ' '; });
+    });
+    return isBlank;
+}
+
+class Verifying
+{
+public:
+    Verifying(Document &document, const QStringList &trusted, const std::function<void(qint64, qint64)> &progress)
+        : m_inside(document.inside())
+        , m_trusted(trustedStore(trusted))
+        , m_progress(progress)
+    {
+    }
+
+    VerifyReport run()
+    {
+        VerifyReport report;
+        report.size = m_inside.source.size();
+        const std::vector<Found> all = signaturesIn(m_inside);
+        for (const Found &found : all)
+            m_total += found.bytes.end;
+        for (const Found &found : all) {
+            report.signatures.push_back(reportOf(found));
+            report.signatures.back().revision = static_cast<int>(report.signatures.size());
+        }
+        m_inside.source.needUnchanged();
+        return report;
+    }
+
+private:
+    SignatureReport reportOf(const Found &found)
+    {
+        SignatureReport report;
+        report.field = QString::fromStdString(found.field->name);
+        if (!found.field->widgets.empty() && found.field->widgets.front().isIndirect())
+            report.page = m_inside.pageOf(found.field->widgets.front());
+        report.statedName = textIn(found.signature, "/Name");
+        report.reason = textIn(found.signature, "/Reason");
+        report.location = textIn(found.signature, "/Location");
+        report.statedTime = timeIn(found.signature);
+        report.coveredSize = found.bytes.end;
+        report.coversWholeFile = found.bytes.end == m_inside.source.size();
+        report.problem = found.bytes.problem;
+        if (!report.problem.isEmpty())
+            return report;
+        const auto digestOf = [&](const EVP_MD *kind) {
+            return found.bytes.digest(
+                m_inside.source, kind, [&](qint64 count) { m_progress(m_done += count, m_total); });
+        };
+        checkMessage(report, found.bytes.message, nameIn(found.signature, "/SubFilter"), digestOf, m_trusted.get());
+        if (!report.coversWholeFile)
+            lookBehind(report, found);
+        return report;
+    }
+
+    /// The signed revision is a document of its own.
+    void lookBehind(SignatureReport &report, const Found &found)
+    {
+        try {
+            const std::unique_ptr<Reader> before = openReader(m_inside.source, found.bytes.end, m_inside.password);
+            const LaterChanges later = changesAfter(*before, *m_inside.reader, found.signature);
+            report.added = later.added;
+            report.changed = later.changed;
+        } catch (const Problem &) {
+            report.changed = QStringList("what it covers is no whole document");
+        }
+        if (report.added.isEmpty() && report.changed.isEmpty() && !hasOnlyBlanks(m_inside.source, found.bytes.end))
+            report.added += "a revision in which nothing changed";
+    }
+
+    Document::Inside &m_inside;
+    const StoreOwner m_trusted;
+    const std::function<void(qint64, qint64)> &m_progress;
+    qint64 m_done = 0;
+    qint64 m_total = 0;
+};
+
+} // namespace
+
+bool VerifyReport::isValid() const
+{
+    return !signatures.empty()
+        && std::all_of(signatures.begin(), signatures.end(), [](const SignatureReport &row) { return row.isValid(); });
+}
+
+VerifyReport verify(Document &document, const QStringList &trusted, const std::function<void(qint64, qint64)> &progress)
+{
+    try {
+        return Verifying(document, trusted, progress).run();
+    } catch (...) {
+        rethrowAsProblem(document.inside().source.name());
+    }
+}
+
+} // namespace documents

@@ -1,0 +1,73 @@
+/// @file
+/// What the digital signatures of a document are worth.
+#ifndef DOCUMENTS_VERIFY_H
+#define DOCUMENTS_VERIFY_H
+
+#include "document.h"
+
+#include <QDateTime>
+#include <QStringList>
+
+#include <functional>
+
+namespace documents {
+
+enum class Trust
+{
+    Trusted,
+    SelfSigned, ///< by itself alone, and nobody said that it is trusted
+    Unknown, ///< its issuer is not trusted
+    Expired, ///< trusted but for its time; no time stamp says that it was valid when it was used
+    NotForSigning
+};
+
+struct SignatureReport
+{
+    QString field;
+    int page = -1; ///< from 0; -1 where it is on none
+    QString signer; ///< as the certificate says
+    QString statedName; ///< as the signature says, which anyone may write
+    QString issuer;
+    QString reason;
+    QString location;
+    QDateTime statedTime; ///< by the signer's own clock
+    QDateTime stampedTime; ///< by a time-stamp authority; invalid without one
+    QString authority; ///< of the time stamp
+    bool isStampTrusted = false;
+
+    bool isIntact = false; ///< the bytes that it covers are those that were signed
+    QString problem; ///< why it is not intact, or cannot be looked at
+    bool coversWholeFile = false;
+    qint64 coveredSize = 0; ///< it covers the file up to here
+    int revision = 0; ///< which of the signed revisions, from 1
+    QString algorithm; ///< "RSA 2048, SHA-256"
+    bool isAlgorithmWeak = false;
+    Trust trust = Trust::Unknown;
+    QString trustReason; ///< why it is not trusted, in words
+    QDate validFrom;
+    QDate validUntil;
+    bool isExpired = false; ///< today
+
+    QStringList added; ///< what came after it and is allowed
+    QStringList changed; ///< what came after it and is not
+
+    bool isValid() const { return isIntact && !isAlgorithmWeak && trust == Trust::Trusted && changed.isEmpty(); }
+};
+
+struct VerifyReport
+{
+    std::vector<SignatureReport> signatures; ///< in the order in which they were made
+    qint64 size = 0;
+
+    bool isValid() const;
+};
+
+/// Looks at every signature without asking anyone on a network.
+/// @param trusted files with certificates (PEM) that are trusted besides the system's
+/// @param progress is told how many of how many bytes were read; what it throws ends the work
+VerifyReport verify(
+    Document &document, const QStringList &trusted, const std::function<void(qint64, qint64)> &progress);
+
+} // namespace documents
+
+#endif
