@@ -46,6 +46,10 @@ TEST_F(KvsignAnswers, AreJsonOnEveryFailure)
         {{"inspect", "--json"}, 2}, {{"inspect", "--json", "--gap", "soon", "a.ink"}, 2},
         {{"inspect", "--json", "--bogus", "a.ink"}, 2}, {{"inspect", "--json", "a.ink", "a.ink"}, 2},
         {{"convert", "--json", "a.ink", "-", "--to", "csv"}, 2}, {{"doctor", "--json", "--model", "S400"}, 2},
+        {{"sign", "--json", "--ink", "a.ink", "none.pdf", "x.pdf"}, 1},
+        {{"sign", "--json", "--ink", "a.ink", "broken.ink", "x.pdf"}, 1}, {{"sign", "--json", "a.ink", "x.pdf"}, 2},
+        {{"verify", "--json", "none.pdf"}, 1}, {{"verify", "--json", "broken.ink"}, 1}, {{"verify", "--json"}, 2},
+        {{"unseal", "--json", "none.pdf", "x.ink", "--key", "none"}, 1}, {{"unseal", "--json", "none.pdf", "x.ink"}, 2},
         {{"draw", "--json"}, 2}, {{"--json"}, 2}, {{"completion", "--json"}, 2}};
     for (const Row &row : rows)
         EXPECT_EQ(failure(row.arguments, row.exitCode)["result"].toString(), "failed")
@@ -69,6 +73,12 @@ TEST_F(KvsignAnswers, TellWrongUsageFromEverythingElse)
         {"convert", "none.ink", "x.png", "--color", "nocolour"}, {"convert", "none.ink", "x.png", "--background", "7"},
         {"convert", "none.ink", "x.png", "--clip", "no"}, {"convert", "none.ink", "x.png", "--pen-width", "99"},
         {"convert", "none.ink", "-", "--json", "--to", "csv"}, {"convert", "none.ink", "x.csv", "--model", "S400"},
+        {"sign"}, {"sign", "none.pdf", "x.pdf"}, {"sign", "--ink", "a.ink", "none.pdf"},
+        {"sign", "--ink", "a.ink", "--capture", "S300", "none.pdf", "x.pdf"},
+        {"sign", "--capture", "S400", "none.pdf", "x.pdf"}, {"sign", "--ink", "a.ink", "a.ink", "./a.ink"},
+        {"sign", "--ink", "a.ink", "--reason", "no certificate", "none.pdf", "x.pdf"},
+        {"sign", "--ink", "a.ink", "--form-field", "a", "--page", "1", "none.pdf", "x.pdf"}, {"verify"},
+        {"verify", "a.pdf", "b.pdf"}, {"unseal", "none.pdf"}, {"unseal", "none.pdf", "x.png", "--key", "k"},
         {"replay", "none.ink", "--speed", "0"}, {"replay", "none.ink", "--fps", "0"},
         {"replay", "none.ink", "--window", "--frames", "film"}, {"replay", "--window"},
         {"replay", "--window", "--speed", "no", "a.ink"}, {"replay", "--window", "--bogus", "a.ink"}};

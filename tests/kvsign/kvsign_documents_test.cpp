@@ -9,7 +9,8 @@ namespace {
 using namespace kvsign;
 
 const QString kManual = KV_SOURCE_DIRECTORY "/tools/kvsign/kvsign.1";
-const char *const kSubcommands[] = {"capture", "info", "convert", "inspect", "replay", "doctor", "completion"};
+const char *const kSubcommands[] = {
+    "capture", "info", "convert", "inspect", "replay", "sign", "verify", "unseal", "doctor", "completion"};
 
 class KvsignDocuments : public Place
 {
@@ -105,10 +106,12 @@ TEST_F(KvsignDocuments, TheManualsExamplesWork)
     QString commands;
     for (auto match = example.globalMatch(manual); match.hasNext();)
         commands += match.next().captured(1);
-    EXPECT_EQ(commands.count("kvsign "), 8);
+    EXPECT_EQ(commands.count("kvsign "), 9);
     commands.replace(QRegularExpression("^kvsign ", QRegularExpression::MultilineOption), KV_KVSIGN " ");
+    QFile::copy(KV_SOURCE_DIRECTORY "/examples/sign-desk/sample/delivery-note.pdf", file("delivery-note.pdf"));
     const CommandResult result = runProgram({"sh", "-exc", commands}, file("."), {{"KVSIM_SPEED", "20"}});
     EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
+    EXPECT_TRUE(read("delivery-note-signed.pdf").startsWith(read("delivery-note.pdf")));
     EXPECT_EQ(read("again.ink"), read("signature.ink"));
     EXPECT_EQ(QImage(file("large.png")).width(), 2400);
     EXPECT_TRUE(exists("film/frame-00001.png"));
@@ -160,6 +163,7 @@ protected:
 TEST_F(KvsignCompletion, OffersWhatComesNext)
 {
     write("signature.ink", "");
+    EXPECT_EQ(offered({"un"}), QStringList("unseal"));
     EXPECT_EQ(offered({"in"}), QStringList({"info", "inspect"}));
     EXPECT_EQ(offered({"info", "--m"}), QStringList("--model"));
     EXPECT_EQ(offered({"capture", "--model", "S3"}), QStringList({"S300", "S310X"}));

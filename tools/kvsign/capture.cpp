@@ -1,4 +1,5 @@
 // kvsign capture: waits for a signature, and writes it to any number of files.
+#include "captured.h"
 #include "captureoutputs.h"
 #include "failure.h"
 #include "headlesspad.h"
@@ -20,8 +21,6 @@ namespace {
 constexpr int kLook = 20; // milliseconds between two looks at the pad's key and points
 constexpr int kConfirmed = 1;
 
-constexpr Option kTimeoutOption{
-    "timeout t", "SECONDS", "How long to wait for confirm or cancel; 0 means for ever.", "60", nullptr};
 constexpr Option kSizeOption{
     "size", "WIDTHxHEIGHT", "The canvas in pixels. Without it 800 wide, as the writing area is.", nullptr, nullptr};
 constexpr Option kDpiOption{"dpi", "DPI", "Dots per inch of the pictures, 150 or 300.", "300", "150 300"};
@@ -240,6 +239,20 @@ int runCapture(const Arguments &arguments)
 }
 
 } // namespace
+
+Captured captureRecord(const Arguments &arguments, const QString &model)
+{
+    const int seconds = arguments.wholeNumber(kTimeoutOption, 0, 86400);
+    enterDriverDirectory(arguments);
+    refuseUnsafeDriver(arguments);
+    const HeadlessPad pad(model, {});
+    setPen(arguments, pad);
+    waitForConfirm(pad, seconds);
+    Captured captured{pad->model, inkRecord(pad)};
+    if (captured.record.isEmpty())
+        throw failed(QString("nothing was written on the %1").arg(captured.model));
+    return captured;
+}
 
 const Subcommand kCaptureSubcommand{
     "capture", "Wait for a signature on a pad and write it to files.", kOptions, kPositionals, runCapture, nullptr};

@@ -16,15 +16,6 @@
 
 namespace {
 
-/// The library's own text of the ink record.
-QByteArray inkRecord(const HeadlessPad &pad)
-{
-    char *text = pad->Base64Encode(pad->type, EBITI_INK);
-    const QByteArray record(text);
-    pad->Base64EncodeFree(pad->type, text);
-    return record;
-}
-
 void writeInk(const QByteArray &record, const InkFormat &format, OutputFile &file)
 {
     if (record.isEmpty())
@@ -44,6 +35,14 @@ QByteArray privateName()
 }
 
 } // namespace
+
+QByteArray inkRecord(const HeadlessPad &pad)
+{
+    char *text = pad->Base64Encode(pad->type, EBITI_INK);
+    const QByteArray record(text);
+    pad->Base64EncodeFree(pad->type, text);
+    return record;
+}
 
 void CaptureOutputs::needDifferent(const QStringList &paths)
 {

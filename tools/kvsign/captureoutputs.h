@@ -20,6 +20,9 @@ struct CapturedFile
     qint64 bytes;
 };
 
+/// The library's own text of the ink record.
+QByteArray inkRecord(const HeadlessPad &pad);
+
 class CaptureOutputs
 {
 public:

@@ -11,9 +11,8 @@ namespace {
 
 constexpr int kMostMargin = 10000;
 
-const ModelRow &modelFor(const Arguments &arguments, InkInput &input)
+const ModelRow &modelFor(const QString &name, InkInput &input)
 {
-    const QString name = arguments.choice(kModelOption);
     if (name != "auto")
         return *modelOfName(name.toStdString());
     InkExtent extent;
@@ -90,20 +89,27 @@ void checkPictureOptions(const Arguments &arguments)
     penWidth(arguments, *kModelRows[0]);
 }
 
-PictureSettings pictureSettings(const Arguments &arguments, InkInput &input)
+PictureSettings inkSettings(const Arguments &arguments, InkInput &input, const QString &model, double scale)
 {
     PictureSettings settings;
-    settings.scale = arguments.number(kScaleOption, 0.01, 100);
+    settings.scale = scale;
     settings.colour = colour(arguments, kColourOption);
-    if (arguments.isSet(kBackgroundOption))
-        settings.background = colour(arguments, kBackgroundOption);
     settings.withPressure = !arguments.isSet(kNoPressureOption);
     const ClipMargin margin = clipMargin(arguments);
-    settings.model = &modelFor(arguments, input);
+    settings.model = &modelFor(model, input);
     settings.penWidth = penWidth(arguments, *settings.model);
     const double height = canvasHeight(*settings.model, kCanvasWidth) * settings.scale;
     settings.part = QRectF(0, 0, kCanvasWidth * settings.scale, height).toAlignedRect();
     if (margin.isSet)
         settings.part = inkedPart(settings, input).adjusted(-margin.x, -margin.y, margin.x, margin.y);
+    return settings;
+}
+
+PictureSettings pictureSettings(const Arguments &arguments, InkInput &input)
+{
+    PictureSettings settings =
+        inkSettings(arguments, input, arguments.choice(kModelOption), arguments.number(kScaleOption, 0.01, 100));
+    if (arguments.isSet(kBackgroundOption))
+        settings.background = colour(arguments, kBackgroundOption);
     return settings;
 }

@@ -10,10 +10,14 @@ extern const Subcommand kInfoSubcommand;
 extern const Subcommand kConvertSubcommand;
 extern const Subcommand kInspectSubcommand;
 extern const Subcommand kReplaySubcommand;
+extern const Subcommand kSignSubcommand;
+extern const Subcommand kVerifySubcommand;
+extern const Subcommand kUnsealSubcommand;
 extern const Subcommand kDoctorSubcommand;
 extern const Subcommand kCompletionSubcommand;
 
 inline constexpr const Subcommand *kSubcommands[] = {&kCaptureSubcommand, &kInfoSubcommand, &kConvertSubcommand,
-    &kInspectSubcommand, &kReplaySubcommand, &kDoctorSubcommand, &kCompletionSubcommand};
+    &kInspectSubcommand, &kReplaySubcommand, &kSignSubcommand, &kVerifySubcommand, &kUnsealSubcommand,
+    &kDoctorSubcommand, &kCompletionSubcommand};
 
 #endif
