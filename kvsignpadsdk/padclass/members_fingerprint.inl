@@ -1,6 +1,7 @@
 // The members that both fingerprint classes forward alike.
 #ifndef KV_PAD // an editor that looks at this file alone
 #include "cs310xsignwidget.h"
+#include "cs310xwidget_showfpimageondevicethread.h"
 #include "defined.h"
 #include "fingerprintplacement.h"
 #define KV_PAD CS310XSignWidget
