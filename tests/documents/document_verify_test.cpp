@@ -23,30 +23,20 @@ protected:
     /// Appends a revision that replaces or adds objects of a document with a cross-reference table.
     void appendRevision(const QString &from, const QString &to, const QList<QPair<int, QByteArray>> &objects) const
     {
-        QByteArray after = read(from),
-                   table = "xref
-                           ";
-            const QByteArray root = QByteArray::number(numberBehind(after, "/Root "));
+        QByteArray after = read(from), table = "xref\n";
+        const QByteArray root = QByteArray::number(numberBehind(after, "/Root "));
         const QByteArray previous = QByteArray::number(numberBehind(after, "startxref"));
         int size = numberBehind(after, "/Size ");
         for (const auto &object : objects) {
             const QByteArray place = QByteArray::number(after.size()).rightJustified(10, '0');
-            table += QByteArray::number(object.first)
-                + " 1
-                  " + place + " 00000 n ";
-                after += QByteArray::number(object.first)
-                + " 0 obj
-                  " + object.second + " endobj ";
-                size = std::max(size, object.first + 1);
+            table += QByteArray::number(object.first) + " 1\n" + place + " 00000 n \n";
+            after += QByteArray::number(object.first) + " 0 obj\n" + object.second + "\nendobj\n";
+            size = std::max(size, object.first + 1);
         }
         const QByteArray start = QByteArray::number(after.size());
-        after += table + "trailer
-            << / Size " + QByteArray::number(size) + " / Root " + root + " 0 R / Prev " + previous
-                + " >>
-                    startxref " + start + "
-                    %
-                    % EOF ";
-                    write(to, after);
+        after += table + "trailer\n<< /Size " + QByteArray::number(size) + " /Root " + root + " 0 R /Prev " + previous
+            + " >>\nstartxref\n" + start + "\n%%EOF\n";
+        write(to, after);
     }
 };
 
