@@ -1,5 +1,5 @@
-// A substitute driver for measurements: it keeps the callbacks, so that a benchmark calls them on its own thread and
-// sees the cost of the library alone.
+// A driver for measurements. It only keeps the callbacks, so that a benchmark can call them on its own thread and
+// measure the cost of the library alone.
 #include "modelrows.h"
 
 #include <cstdio>

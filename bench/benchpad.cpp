@@ -14,9 +14,9 @@
 
 namespace {
 
-constexpr int kWidthLevel = 3; // what a pad begins with
+constexpr int kWidthLevel = 3; // the pen width that a pad starts with
 
-// The recordings are made for this model; the others get them mapped.
+// The recordings were made for this model; for other models their positions are converted.
 constexpr const ModelRow &kRecordedFor = kS310X;
 
 Packet mapped(const KVSIM_PACKET &packet, const ModelRow &model)

@@ -1,5 +1,5 @@
 /// @file
-/// A pad opened on the measuring driver, and the packets of a signature for it.
+/// A pad on the driver for measurements, with the packets of a signature to send to it.
 #ifndef BENCHPAD_H
 #define BENCHPAD_H
 
@@ -20,7 +20,7 @@ struct Packet
     int status;
 };
 
-/// Open from construction to destruction. With `inWidget` the pad is a widget in a window of its own.
+/// The pad is open for as long as this object exists. With `inWidget` it is a widget in a window of its own.
 class BenchPad
 {
 public:
@@ -49,7 +49,7 @@ private:
     std::vector<plain::Segment> m_segments;
 };
 
-/// The canvas sizes of all tables.
+/// The canvas sizes that all tables use.
 const std::vector<QSize> &benchSizes();
 std::string sizeName(const QSize &size);
 

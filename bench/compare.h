@@ -1,5 +1,6 @@
 /// @file
-/// Two ways of the same work in the same run: interleaved, CPU time of this thread, ratio of each pair.
+/// Compares two ways to do the same work. They take turns in one run, so that both meet the same state of the machine;
+/// it measures this thread's CPU time and the ratio of each pair.
 #ifndef COMPARE_H
 #define COMPARE_H
 
@@ -32,8 +33,8 @@ inline double quantile(std::vector<double> values, double share)
     return values[static_cast<size_t>(share * static_cast<double>(values.size() - 1) + 0.5)];
 }
 
-/// Runs library and plain way once an iteration, in turns first, and counts: "ratio" (median of library / plain) with
-/// its quartiles "q1" and "q3", and microseconds per unit of work of both ("library_us", "plain_us").
+/// Each iteration runs both ways once, and they take turns at going first. Counters: "ratio" is the median of library /
+/// plain, "q1" and "q3" are its quartiles, "library_us" and "plain_us" the median microseconds for a unit of work.
 template <class Library, class Plain>
 void run(benchmark::State &state, Library &&library, Plain &&plain, double unitsPerCall = 1)
 {

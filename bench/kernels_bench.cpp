@@ -1,4 +1,4 @@
-// Work that no exported function shows by itself, called inside the library.
+// Work that no exported function does alone, so it is called directly inside the library.
 #include "compare.h"
 #include "inkbounds.h"
 #include "plain.h"

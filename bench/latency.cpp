@@ -1,6 +1,6 @@
-// What a signer feels: packets at 240 Hz from a driver's thread while the widget is shown, with the live push on and
-// off. Prints how long the handler holds a packet, and how often the widget is repainted. A headless pad comes first:
-// nothing else wants its canvas, so what its packets wait for is the machine.
+// What a signer notices: a driver's thread sends packets at 240 Hz while the widget is shown, with and without the live
+// push. Prints how long the handler takes for a packet, and how often the widget is repainted. A headless pad comes
+// first, as a reference: nothing else uses its canvas, so any delay of its packets comes from the machine.
 #include "benchpad.h"
 #include "compare.h"
 

@@ -1,4 +1,4 @@
-// A signature of up to a million points through every output: time and peak memory, which should grow linearly.
+// Time and peak memory of every output for signatures of up to a million points; both should grow linearly.
 #include "benchpad.h"
 
 #include <QCoreApplication>
@@ -40,7 +40,7 @@ const Output kOutputs[] = {
         }},
 };
 
-// In a process of its own, so that the peak is that of this output alone.
+// Each output runs in its own process, so that the peak memory is that of this output alone.
 void measure(const Output &output, size_t points)
 {
     std::fflush(stdout);

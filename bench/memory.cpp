@@ -1,5 +1,5 @@
-// Peak memory of a captured signature with its image as text and as file, the library beside the plain way, each in a
-// process of its own.
+// Peak memory of capturing a signature and making its image as a text or a file, by the library and by the plain way.
+// Each runs in its own process, because a peak is that of a whole process.
 #include "benchpad.h"
 #include "plain.h"
 
@@ -11,7 +11,7 @@
 
 namespace {
 
-// Peak resident memory in KiB.
+// The peak resident memory of a process that does this work, in KiB.
 long peakOf(const std::function<void()> &work)
 {
     int ends[2];
@@ -37,7 +37,7 @@ long peakOf(const std::function<void()> &work)
 struct Output
 {
     const char *name;
-    const char *format; ///< of a text, or the file's suffix
+    const char *format; ///< a text's format, or a file's suffix
     int type;
     bool file;
 };
@@ -64,7 +64,7 @@ void byLibrary(const Output &output, const QSize &size)
 
 void byPlainWay(const Output &output, const QSize &size)
 {
-    const BenchPad pad(*familyOfName("S300"), {1, 1}); // its packets and segments, and no canvas to speak of
+    const BenchPad pad(*familyOfName("S300"), {1, 1}); // only for its segments, so its canvas is as small as possible
     QImage canvas(size, QImage::Format_ARGB32);
     canvas.fill(Qt::white);
     std::vector<_POINTDATA> points;

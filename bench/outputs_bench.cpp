@@ -1,4 +1,4 @@
-// Live push, repaint, Base64 texts, bounding box and ink record, each beside the plain way with Qt's own calls.
+// Live push, repaint, Base64 texts, bounding box and ink record, each compared with the plain way by Qt's own calls.
 #include "benchpad.h"
 #include "compare.h"
 
@@ -20,7 +20,7 @@ QImage signedCanvas(const BenchPad &pad, const QSize &size)
 
 void ignore(char *) { }
 
-// A push a packet while the signature is written: the packets of its second half.
+// One push for each packet, with half of the signature on the canvas already.
 void push(benchmark::State &state, const QSize &size, int type)
 {
     const BenchPad pad(*familyOfName("S210"), size);
@@ -63,7 +63,7 @@ private:
     QImage m_canvas;
 };
 
-/// The signing widget and the plain one, shown, with the same picture.
+/// The signing widget and the plain one. Both are shown and have the same picture.
 struct TwoWidgets
 {
     explicit TwoWidgets(const QSize &size)
@@ -89,7 +89,7 @@ void repaint(benchmark::State &state, const QSize &size)
         state, [&] { widgets.library().repaint(); }, [&] { widgets.plainWidget.repaint(); });
 }
 
-// Into an image, as an application does that takes a picture of its window.
+// Renders into an image, as an application does to take a picture of its window.
 void render(benchmark::State &state, const QSize &size, QImage::Format format)
 {
     TwoWidgets widgets(size);
@@ -99,7 +99,7 @@ void render(benchmark::State &state, const QSize &size, QImage::Format format)
         state, [&] { widgets.library().render(&target); }, [&] { widgets.plainWidget.render(&target); });
 }
 
-// Of a canvas that was not shown yet as it is.
+// Renders a canvas that changed since it was last shown, so nothing remembered about it can help.
 void renderCleared(benchmark::State &state, const QSize &size)
 {
     TwoWidgets widgets(size);

@@ -1,5 +1,5 @@
-// A pen packet through the driver's callback to the drawn segment and the stored point, beside a bare loop of one
-// painter, one pen and one line a segment on a canvas of the same size.
+// The way of a pen packet from the driver's callback to the drawn segment and the stored point. It is compared with a
+// bare loop that uses one painter, one pen and one line for each segment, on a canvas of the same size.
 #include "benchpad.h"
 #include "compare.h"
 
@@ -29,7 +29,7 @@ void packet(benchmark::State &state, const PadFamily &family, const QSize &size,
     compare::run(state, library, floor, static_cast<double>(pad.segments().size()));
 }
 
-// The shown canvas of a fingerprint pad follows every segment.
+// On a pad with a fingerprint, every segment also has to reach the shown canvas, where ink and fingerprint are merged.
 void packetWithFingerprint(benchmark::State &state, const QSize &size)
 {
     const BenchPad pad(*familyOfName("S310X"), size);
@@ -45,7 +45,7 @@ void packetWithFingerprint(benchmark::State &state, const QSize &size)
     const double height = size.height() * 0.5;
     const double width = height * 208 / 288;
     const QRectF target((size.width() - width) * 0.5, (size.height() - height) * 0.5, width, height);
-    constexpr size_t kSegments = 200; // the plain way takes its time
+    constexpr size_t kSegments = 200; // few, because the plain way is slow
     const auto library = [&] {
         for (size_t i = 0; i < kSegments; ++i)
             pad.send(pad.packets()[i]);

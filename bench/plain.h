@@ -1,5 +1,5 @@
 /// @file
-/// The plain way of each piece of work, with Qt's own calls: what the library is measured against and compared with.
+/// The plain way to do each piece of work, by Qt's own calls. The library's speed and results are compared with it.
 #ifndef PLAIN_H
 #define PLAIN_H
 
@@ -24,30 +24,30 @@ struct Segment
     double width;
 };
 
-/// One painter, one pen, one line.
+/// Draws a segment with a painter and a pen of its own.
 void drawSegment(QImage &canvas, const Segment &segment, const QColor &colour);
 
-/// The shown canvas anew from both layers: a copy of the ink, and the fingerprint anded in, scaled to the target.
+/// Makes the shown canvas from both layers: copies the ink, scales the fingerprint to the target and ANDs it in.
 void merge(QImage &canvas, const QImage &ink, const QImage &fingerprintLayer, const QRectF &target);
 
-/// A pixmap of the canvas on the widget.
+/// Paints the canvas on the widget as a pixmap.
 void paint(QWidget &widget, const QImage &canvas);
 
 void makeWhiteTransparent(QImage &image);
 
-/// Qt's writer, toBase64, and a copy into a new array.
+/// Encodes with Qt's writer and toBase64, and copies the text into a new array.
 char *imageText(QImage image, const char *format, bool transparent);
 
-/// At 150 dots an inch, by Qt's writer for the path's suffix.
+/// Saves at 150 dots an inch, with Qt's writer for the path's suffix.
 bool saveImage(QImage image, const char *path, bool transparent);
 
-/// Every pixel once, row by row.
+/// Looks at every pixel once, row by row.
 QRect boundingBox(const QImage &canvas);
 
-/// QSvgGenerator into a file, read back, as text.
+/// Lets QSvgGenerator write a file, and reads it back as a text.
 char *svgText(const std::vector<Segment> &lines, const QColor &colour, const QSize &size);
 
-/// The points into an array, toBase64, a copy.
+/// Packs the points into an array, encodes it with toBase64 and copies the text.
 char *inkText(const std::vector<_POINTDATA> &points);
 
 std::vector<_POINTDATA> decodedInk(const char *text);

@@ -1,5 +1,5 @@
-// Draws what the table of ./bench/run says as a picture: cost by canvas size, the library beside the plain way.
-// bench_plot < table > (writes the PNG named by its argument)
+// Draws the table of ./bench/run as a picture: cost by canvas size, for the library and for the plain way.
+// It reads the table from standard input and writes the PNG that its argument names.
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
@@ -18,14 +18,14 @@ const std::array<const char *, 3> kSizes{"400x200", "800x600", "1920x1080"};
 
 struct Panel
 {
-    const char *work; ///< row of the table, without the size
+    const char *work; ///< the name of the table's row, without the size
     const char *title;
 };
 const std::array<Panel, 4> kPanels{
     {{"packet/S300/headless", "pen packet"}, {"packet/S310X/fingerprint", "pen packet over a fingerprint"},
         {"push/PNG", "PNG push a packet"}, {"repaint", "repaint of the widget"}}};
 
-using Costs = std::map<std::string, std::pair<double, double>>; // library and plain, in microseconds
+using Costs = std::map<std::string, std::pair<double, double>>; // microseconds of the library and of the plain way
 
 Costs readTable(std::istream &in)
 {

@@ -1,4 +1,4 @@
-// What the recorder adds to a packet on its way from the driver to the application.
+// How much time the recorder adds to a packet on its way from the driver to the application.
 #include "compare.h"
 #include "driverinterface.h"
 #include "simulatorcontrol.h"
@@ -23,7 +23,7 @@ void takePacket(int, int, int, int) { }
 template <class Function>
 Function entry(const char *path, const char *name)
 {
-    // Both stay loaded to the end: the recorder loads the driver too, and each has one state a process.
+    // Both stay loaded until the end: the recorder loads the driver too, and has to share its state with the benchmark.
     void *const library = dlopen(path, RTLD_NOW | RTLD_LOCAL);
     void *const found = library == nullptr ? nullptr : dlsym(library, name);
     if (found == nullptr) {
@@ -33,7 +33,7 @@ Function entry(const char *path, const char *name)
     return reinterpret_cast<Function>(found);
 }
 
-// Microseconds a packet, through the driver at the path.
+// The microseconds that a packet takes through the driver at this path.
 double perPacket(const char *path, const std::vector<KVSIM_PACKET> &packets)
 {
     static const auto send = entry<decltype(&KVSIM_SendPackets)>(kDriver, "KVSIM_SendPackets");

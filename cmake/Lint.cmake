@@ -12,7 +12,7 @@ set(KV_LINT_DIRECTORY ${CMAKE_BINARY_DIR}/lint)
 file(MAKE_DIRECTORY ${KV_LINT_DIRECTORY})
 add_custom_target(kv_lint)
 
-# kv_lint_together(<target>...): the sources of targets that are compiled alike, ten at a time
+# kv_lint_together(<target>...): checks the sources of targets that have the same compiler options, ten at a time
 function(kv_lint_together first)
   set(all "")
   foreach(target IN LISTS first ARGN)

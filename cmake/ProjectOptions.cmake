@@ -8,8 +8,8 @@ set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_AUTOMOC OFF)
 
-# What is shipped is hardened: checked copies, a guarded stack, tables that the loader fills before the program begins and
-# then locks. Programs may lie at any address.
+# What is shipped is hardened: checked copies, a guarded stack, and linker tables that are filled at the start and then
+# read-only. Programs can be loaded at any address.
 include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX)
 set(KV_HARDENED "-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -fstack-protector-strong -Wformat -Werror=format-security")
@@ -20,7 +20,7 @@ add_link_options($<$<CONFIG:Release>:LINKER:-z,relro,-z,now>)
 set(CMAKE_CXX_FLAGS_RELEASE "-O3 -DNDEBUG -g -gno-record-gcc-switches ${KV_HARDENED}")
 set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g1 -fno-omit-frame-pointer")
 
-# No folder of the machine that builds is in what is built: two builds in different places give the same bytes.
+# Builds in different places give the same bytes, because no folder name of the building machine gets into them.
 if(CMAKE_BUILD_TYPE STREQUAL "Release")
   add_compile_options(-ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${CMAKE_BINARY_DIR}=./build)
 endif()
@@ -49,7 +49,7 @@ if(KV_CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${KV_CCACHE})
 endif()
 
-# Most of a source's compilation is what it includes, Qt above all: several sources of a target are compiled as one.
+# Most of the time to compile a source goes to its headers, above all Qt's, so several sources are compiled as one.
 option(KV_UNITY "Compile several sources as one; OFF shows that each compiles alone, as clang-tidy takes them" ON)
 set(CMAKE_UNITY_BUILD ${KV_UNITY})
 set(CMAKE_UNITY_BUILD_BATCH_SIZE 12)

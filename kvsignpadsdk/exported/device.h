@@ -1,5 +1,5 @@
 /// @file
-/// The frames of the functions about the pad itself: screen, identifiers, pen settings, keys.
+/// The exported functions about the pad itself, written once for all families: screen, identifiers, pen settings, keys.
 #ifndef EXPORTEDDEVICE_H
 #define EXPORTEDDEVICE_H
 

@@ -1,5 +1,5 @@
 /// @file
-/// The frames of the functions about the fingerprint.
+/// The exported functions about the fingerprint, written once for all families.
 #ifndef EXPORTEDFINGERPRINT_H
 #define EXPORTEDFINGERPRINT_H
 

@@ -1,6 +1,6 @@
 /// @file
-/// The frame that every exported function has: device-type check, picking the instance, forwarding; and by
-/// kind of result.
+/// The steps that every exported function has in common: check the device type, pick the open instance, forward the
+/// call, log the result. There is one variant for each kind of result.
 #ifndef EXPORTEDFRAME_H
 #define EXPORTEDFRAME_H
 
@@ -22,7 +22,8 @@
 
 namespace exported {
 
-/// A family of exported functions: its prefix in names and log keys, its device type as log lines name it.
+/// One family of exported functions: the prefix of its names and log keys, and the device type with the name that log
+/// lines use for it.
 struct S210
 {
     using Widget = CS210SignWidget;
@@ -64,7 +65,8 @@ struct M450
     static constexpr int deviceType = KVM450_DEVICE;
 };
 
-/// Checks the device type. For any other the leave line is written here, with the result as it names it.
+/// Whether the device type is the family's. If it is not, this writes the leave line, in which `result` is the name of
+/// the result that the caller will return.
 template <class Family>
 bool isOurs(const logging::Key &key, int nDeviceType, const char *result)
 {
@@ -84,8 +86,8 @@ bool isOurs(const logging::Key &key, int nDeviceType)
     return false;
 }
 
-/// Calls the open instance as the host that it is marked as; `without` answers where there is none, `failed` for an
-/// exception, which is one of no memory.
+/// Calls the open instance as the kind of host that g_bUseSignObj says it is. Returns `without` if no instance is open,
+/// and `failed` if the call throws, which it does only when memory runs out.
 template <class Family, class Result, class Call>
 Result forward(Result without, Result failed, Call call)
 {
@@ -97,7 +99,7 @@ Result forward(Result without, Result failed, Call call)
     });
 }
 
-/// The same for functions that tell both alike.
+/// The same for functions that return one value in both cases.
 template <class Family, class Result, class Call>
 Result forward(Result otherwise, Call call)
 {
@@ -114,7 +116,7 @@ void forwardVoid(Call call)
     });
 }
 
-/// Calls only a headless instance; `otherwise` answers for a widget too.
+/// Calls a headless instance only; for a widget it returns `otherwise`, as it does without an instance.
 template <class Family, class Result, class Call>
 Result forwardHeadless(Result otherwise, Call call)
 {
@@ -126,7 +128,7 @@ Result forwardHeadless(Result otherwise, Call call)
     });
 }
 
-/// Device type, instance, call, leave line, for functions that return int.
+/// All the steps for a function that returns int: device type, instance, call, leave line.
 template <class Family, class Call>
 int answer(const logging::Key &key, int nDeviceType, Call call, int withoutInstance = ARI_FAIL)
 {
@@ -137,7 +139,7 @@ int answer(const logging::Key &key, int nDeviceType, Call call, int withoutInsta
     return nResult;
 }
 
-/// For functions that free a text.
+/// All the steps for a function that frees a text.
 template <class Family, class Call>
 void release(const logging::Key &key, int nDeviceType, Call call)
 {
@@ -147,7 +149,7 @@ void release(const logging::Key &key, int nDeviceType, Call call)
     KV_LOG(key, "<%ld>-leave !");
 }
 
-/// Calls a member that makes a text, with the leave line under the name that the function gives its text.
+/// Calls a member that makes a text. The leave line calls the text pEncodeBase64Image, as the functions themselves do.
 template <class Family, class Call>
 char *text(const logging::Key &key, Call call)
 {

@@ -1,5 +1,6 @@
 /// @file
-/// The frames of the functions that make files and texts of the signature, or take a text back.
+/// The exported functions that turn the signature into files and texts, or read such a text back, written once for all
+/// families.
 #ifndef EXPORTEDIMAGES_H
 #define EXPORTEDIMAGES_H
 

@@ -1,5 +1,5 @@
 /// @file
-/// The frames of the functions that hand out points, those of the signature and those of a decoded record.
+/// The exported functions that hand out points, of the signature or of a decoded record, written once for all families.
 #ifndef EXPORTEDINK_H
 #define EXPORTEDINK_H
 
@@ -19,7 +19,7 @@ int GetTotalInkPointsNumber(int nDeviceType)
     return nInkCount;
 }
 
-/// The record is filled in place, although the parameter is declared const.
+/// Callers expect their point to be filled in, although the published signature declares the parameter const.
 template <class Family>
 int GetInkPointData(int nDeviceType, const INKPOINTDATA &currentInkPoint)
 {

@@ -1,5 +1,5 @@
 /// @file
-/// InitialDevice, UnInitialDevice and the about functions, once for all families.
+/// InitialDevice, UnInitialDevice and the about functions, written once for all families.
 #ifndef EXPORTEDLIFECYCLE_H
 #define EXPORTEDLIFECYCLE_H
 
@@ -15,9 +15,9 @@
 
 namespace exported {
 
-/// Ends the open instance: a headless one at once, a widget by the event loop. Whatever fails on the way, the library
-/// is closed afterwards. A forked child leaves the widget where it is: its window is on the parent's connection to the
-/// display, which two processes cannot share.
+/// Ends the open instance: a headless one is deleted at once, a widget later by the event loop. The library is closed
+/// afterwards even if something fails on the way. A forked child does not touch the widget, because its window belongs
+/// to the parent's connection to the display, and two processes cannot share one.
 template <class Family>
 void close()
 {
@@ -58,7 +58,7 @@ struct Geometry
     int height;
 };
 
-/// Within what a widget can have, so that no corner is beyond what int holds.
+/// The geometry limited to what Qt allows a widget, so that computing a corner cannot overflow an int.
 inline QRect within(const Geometry &geometry)
 {
     const auto place = [](int position) { return std::clamp(position, -QWIDGETSIZE_MAX, QWIDGETSIZE_MAX); };
@@ -86,7 +86,8 @@ bool openWidget(QWidget *pParentWidget, const Geometry &geometry)
     return true;
 }
 
-/// Creates the instance and connects it; a failure leaves the library closed. The flag decides, not only the parent.
+/// Creates the instance and connects it; a failure leaves the library closed. A parent alone does not make it a widget:
+/// g_bUseSignObj must be false too.
 template <class Family>
 bool open(QWidget *pParentWidget, const Geometry &geometry)
 {
@@ -96,7 +97,7 @@ bool open(QWidget *pParentWidget, const Geometry &geometry)
     });
     if (!connected) {
         UnInitialDevice<Family>(Family::deviceType);
-        g_bUseSignObj = false; // also when not even an instance could be made
+        g_bUseSignObj = false; // UnInitialDevice leaves it alone when no instance could be made
     }
     return connected;
 }
@@ -109,7 +110,7 @@ bool InitialDevice(int nDeviceType, QWidget *pParentWidget, int nX, int nY, int 
         logging::address(pParentWidget), nX, nY, nWidth, nHeight);
     if (!isOurs<Family>(key, nDeviceType, "false"))
         return false;
-    // In this order: without a parent even an open widget is marked as headless.
+    // This comes before the check for an open instance: a call without a parent marks even an open widget as headless.
     if (pParentWidget == nullptr)
         g_bUseSignObj = true;
     if (g_pSignWidget != nullptr) {

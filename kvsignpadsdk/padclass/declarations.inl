@@ -1,4 +1,4 @@
-// Members that every instance class has. Their work is in the files named; the frames are exported by family.
+// The members that every instance class has. Each group is headed by the names of the files that do its work.
 
 // driverbinding
 bool LoadKVSignPadDriver();

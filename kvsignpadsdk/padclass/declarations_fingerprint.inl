@@ -1,4 +1,4 @@
-// Members of both fingerprint classes: fingerprint, fingerprintplacement.
+// The members that both fingerprint classes have. The files fingerprint and fingerprintplacement do their work.
 void RxS310XSignPadFPRawData(unsigned char *pucRawData, int nDataLength, int nScore);
 bool AreWeGoingToShutDown();
 void CheckIfAnyNewFPImageRawDataOnDeviceAvailable();
@@ -7,7 +7,7 @@ void MergeSignCanvasAndFPCanvas();
 char *GetFPImageBase64Data(int nImageTypeID, bool bFPImageOnly);
 void FreeFPImageBase64Data(char *pFPImageBase64Data);
 
-// For the shared templates.
+// Called by the templates that all instance classes share.
 QImage fingerprintLayer();
 void startDisplayThread(const logging::Key &key);
 void stopDisplayThread(const logging::Key &key);

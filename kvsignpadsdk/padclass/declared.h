@@ -1,5 +1,5 @@
 /// @file
-/// What the declarations of the instance classes need.
+/// The headers that the declarations of the instance classes need.
 #ifndef PADDECLARED_H
 #define PADDECLARED_H
 

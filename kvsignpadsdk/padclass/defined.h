@@ -1,5 +1,5 @@
 /// @file
-/// What the definitions of the instance classes forward to.
+/// The headers that the instance classes' members forward to.
 #ifndef PADDEFINED_H
 #define PADDEFINED_H
 

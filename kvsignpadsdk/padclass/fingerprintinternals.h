@@ -1,5 +1,5 @@
 /// @file
-/// What the fingerprint classes have besides the internals of every instance.
+/// The internals that only the fingerprint classes have.
 #ifndef FINGERPRINTINTERNALS_H
 #define FINGERPRINTINTERNALS_H
 
@@ -17,11 +17,11 @@ struct FingerprintInternals : PadInternals
     FingerprintInternals();
     ~FingerprintInternals();
 
-    /// All living fingerprint widgets of the instance, the newest last; guarded by pixelsLock.
+    /// The instance's fingerprint widgets that still exist, the newest last; guarded by pixelsLock.
     std::vector<CS310XFPWidget *> widgets;
     /// Guarded by m_mutexUpdateCanvas.
     MergeCache mergeCache;
-    /// Used instead of a widget when the process cannot have one.
+    /// Takes the place of a widget in a process that cannot have widgets.
     std::unique_ptr<FingerprintCanvas> canvas;
 };
 

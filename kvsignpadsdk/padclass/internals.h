@@ -1,5 +1,5 @@
 /// @file
-/// What every instance has besides its named fields.
+/// The internals that every instance has in addition to its named fields.
 #ifndef PADINTERNALS_H
 #define PADINTERNALS_H
 
@@ -10,13 +10,13 @@
 #include <mutex>
 #include <unistd.h>
 
-/// The order in which locks are taken is in docs/architecture.md.
+/// docs/architecture.md says in which order the locks must be taken.
 struct PadInternals
 {
-    /// False in a forked child, which does not have the threads that deliver packets and show fingerprints.
+    /// False in a forked child: fork does not copy the threads that deliver packets and show fingerprints.
     bool isOfThisProcess() const { return m_process == ::getpid(); }
 
-    /// Held for every write to a canvas, so that readers who may not take m_mutexUpdateCanvas can take this one.
+    /// For readers of a canvas that must not take m_mutexUpdateCanvas: every write to a canvas holds this lock as well.
     std::mutex pixelsLock;
     /// Guards m_pPointDataList, m_pDecodedPointDataList and the lists they point to.
     std::mutex inkLock;

@@ -1,5 +1,5 @@
 /// @file
-/// What the classes with a live push have besides the internals of every instance.
+/// The internals that only the classes with a live push have.
 #ifndef LIVEINTERNALS_H
 #define LIVEINTERNALS_H
 

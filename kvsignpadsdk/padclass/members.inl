@@ -1,5 +1,5 @@
-// The members that all instance classes forward alike. The includer defines KV_PAD as its class.
-#ifndef KV_PAD // an editor that looks at this file alone
+// The members that all instance classes forward in the same way. Whoever includes this defines KV_PAD as its class.
+#ifndef KV_PAD // so that an editor can parse this file by itself
 #include "cs300signwidget.h"
 #include "defined.h"
 #define KV_PAD CS300SignWidget

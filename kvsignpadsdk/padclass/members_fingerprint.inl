@@ -1,5 +1,5 @@
-// The members that both fingerprint classes forward alike.
-#ifndef KV_PAD // an editor that looks at this file alone
+// The members that both fingerprint classes forward in the same way.
+#ifndef KV_PAD // so that an editor can parse this file by itself
 #include "cs310xsignwidget.h"
 #include "cs310xwidget_showfpimageondevicethread.h"
 #include "defined.h"

@@ -1,5 +1,5 @@
-// The members that all headless hosts forward alike.
-#ifndef KV_PAD // an editor that looks at this file alone
+// The members that all headless hosts forward in the same way.
+#ifndef KV_PAD // so that an editor can parse this file by itself
 #include "cs300signobj.h"
 #include "defined.h"
 #define KV_PAD CS300SignObj

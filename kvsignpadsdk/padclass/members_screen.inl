@@ -1,5 +1,5 @@
-// The members that all pads with a screen forward alike.
-#ifndef KV_PAD // an editor that looks at this file alone
+// The members that all pads with a screen forward in the same way.
+#ifndef KV_PAD // so that an editor can parse this file by itself
 #include "cs300signwidget.h"
 #include "defined.h"
 #define KV_PAD CS300SignWidget

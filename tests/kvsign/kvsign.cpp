@@ -88,7 +88,7 @@ QStringList Place::files() const
 void Place::capture(const QString &recording, const QString &model, const QStringList &outputs) const
 {
     QString played = recording;
-    // A signer who cancels gives nothing to keep; here he confirms.
+    // The signer of tick-and-cross cancels, which would leave nothing to write, so the last tap becomes a confirmation.
     QByteArray content = contentOf(kRecordings + "/" + recording + ".kvrec");
     if (recording == "tick-and-cross") {
         const int last = content.trimmed().lastIndexOf(' ');

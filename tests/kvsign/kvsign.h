@@ -1,5 +1,5 @@
 /// @file
-/// Runs kvsign as a person would, and makes the ink that it is given.
+/// Runs kvsign as a person would, and makes ink for it to read.
 #ifndef TEST_KVSIGN_H
 #define TEST_KVSIGN_H
 
@@ -22,14 +22,14 @@ namespace kvsign {
 extern const QString kDriverDirectory;
 extern const QString kRecordings;
 
-/// For runs on a real screen: what the window system's libraries keep at the end is not looked at.
+/// For runs on a real screen: the window system's libraries never free some of their memory, so leaks are not checked.
 inline const std::pair<QString, QString> kOnScreen{"ASAN_OPTIONS", "detect_leaks=0"};
 
-/// Starts it in a directory; the simulated pad plays as fast as it can.
+/// Runs kvsign in a directory; the simulated pad plays as fast as it can.
 CommandResult runIn(
     const QString &directory, const QStringList &arguments, const QMap<QString, QString> &environment = {});
 
-/// A directory for a test's files, in which it is run. The driver is in it.
+/// A directory for a test's files, in which kvsign runs. It also holds the driver.
 class Place : public testing::Test
 {
 protected:
@@ -39,7 +39,7 @@ protected:
     bool exists(const QString &name) const { return QFile::exists(file(name)); }
     CommandResult run(const QStringList &arguments, const QMap<QString, QString> &environment = {}) const;
 
-    /// The same, and it must end well.
+    /// The same, but the test fails unless kvsign succeeds.
     CommandResult runWell(const QStringList &arguments, const QMap<QString, QString> &environment = {}) const;
     QJsonObject runJson(const QStringList &arguments, const QMap<QString, QString> &environment = {}) const;
 
@@ -47,14 +47,14 @@ protected:
     QByteArray read(const QString &name) const { return contentOf(file(name)); }
     QStringList files() const;
 
-    /// Captures a bundled recording as an ink record.
+    /// Lets kvsign capture a bundled recording into these files.
     void capture(const QString &recording, const QString &model, const QStringList &outputs) const;
 
 private:
     QTemporaryDir m_place;
 };
 
-/// A point as it is written down by hand: 24 bytes, little-endian, seven of them not meaningful or zero.
+/// A point as a test writes it down. In a record it takes 24 bytes, all numbers little-endian.
 struct Point
 {
     int x;
@@ -66,23 +66,24 @@ struct Point
 };
 using Points = std::vector<Point>;
 
-/// The record of points, packed by the test itself, with the one byte at its end; and as Base64 text.
+/// The points as an ink record with its one final byte, and that as Base64 text. It is packed here and not by kvsign,
+/// so that the tests do not rely on what they check.
 QByteArray recordBytes(const Points &points);
 QByteArray record(const Points &points);
 
-/// The points of a record's text.
+/// The points of a record that is given as Base64 text.
 Points pointsOf(const QByteArray &record);
 
-/// A line of six numbers for each point, by which points of any origin are compared.
+/// The points as text, a line of six numbers for each, so that points from different sources can be compared.
 QString listed(const Points &points);
 
-/// Runs a Python program with these arguments; its output.
+/// Runs a Python program with these arguments and returns its output.
 QString python(const QString &program, const QStringList &arguments);
 
-/// How many pixels two pictures of the same size differ in by more than a shade.
+/// In how many pixels two pictures of the same size differ by more than `shade`.
 int differingPixels(const QImage &one, const QImage &other, int shade = 40);
 
-/// The picture over white.
+/// The picture drawn on a white background.
 QImage onWhite(const QImage &image);
 int inkPixels(const QImage &image);
 

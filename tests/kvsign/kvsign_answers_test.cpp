@@ -1,4 +1,4 @@
-// What a program that runs kvsign can rely on: JSON on every failure that --json is said with, and 2 for wrong usage.
+// What a program that runs kvsign can rely on: with --json every failure is JSON too, and wrong usage exits with 2.
 #include "kvsign.h"
 
 #include <QJsonDocument>

@@ -1,4 +1,4 @@
-// Files of kvsign come all or none, whole, and whatever ends it leaves nothing behind.
+// kvsign writes either all of its files, each of them whole, or none. However it ends, it leaves no temporary files.
 #include "kvsign.h"
 
 #include <QElapsedTimer>
@@ -22,7 +22,7 @@ protected:
         return QDir(file("temporary")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot | QDir::System);
     }
 
-    /// Runs it through a shell, with a place of its own for temporary files.
+    /// Runs kvsign through a shell, with temporary files in a folder of the test's own.
     CommandResult runInShell(const QString &command) const
     {
         return runProgram({"bash", "-c", command, KV_KVSIGN}, file("."),
@@ -30,8 +30,8 @@ protected:
     }
 };
 
-// The library answers success for a PDF or an SVG that found no room, and what is left of it would find room. A limit
-// on sizes is such a disk.
+// The library reports success even if the disk was too small for a PDF or an SVG, and the cut file would still fit at
+// its destination. So kvsign has to notice. A limit on file sizes stands in for the small disk.
 TEST_F(KvsignAtomic, WritesNoCutPicture)
 {
     for (const char *name : {"a.pdf", "a.svg", "a.png", "a.jpg", "a.bmp"}) {
@@ -92,7 +92,8 @@ TEST_F(KvsignAtomic, LeavesNothingAfterAnySignal)
     }
 }
 
-// Nobody reads the pipe, for which the file with two names, written in place, has to wait.
+// kvsign has to write a file with two names in place. The signal comes after that, while kvsign still waits for a
+// reader of the pipe.
 TEST_F(KvsignAtomic, PutsBackContentAfterAnySignal)
 {
     write("x.ink", "earlier");

@@ -1,4 +1,4 @@
-// A long record passes through in little memory, and a terminal sees how far it is.
+// kvsign needs little memory even for a long record, and shows its progress on a terminal.
 #include "kvsign.h"
 
 #include <QRegularExpression>
@@ -19,8 +19,8 @@ protected:
         write(name, recordBytes(points).toBase64());
     }
 
-    /// Runs it and answers the most memory that it had at once, in kilobytes. A process begins with its parent's mark,
-    /// so its parent must be a small one.
+    /// Runs kvsign and returns its peak memory in kilobytes. A process inherits the peak of the one that starts it, so
+    /// a small one does: Python.
     long memoryOf(const QStringList &arguments) const
     {
         const char measure[] = "import os, subprocess, sys\n"
@@ -33,7 +33,7 @@ protected:
     }
 };
 
-// Sanitizers keep what was freed, and measure nothing then.
+// Sanitizers hold on to freed memory, so the numbers would mean nothing.
 #ifndef KV_SANITIZED
 TEST_F(KvsignBig, PassesThroughInLittleMemory)
 {

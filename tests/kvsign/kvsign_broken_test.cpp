@@ -204,7 +204,7 @@ TEST_F(KvsignBroken, AnInterruptedConversionLeavesNothing)
     process.setWorkingDirectory(file("."));
     process.start(KV_KVSIGN, {"convert", "--model", "S300", "long.ink", "long.svg"});
     ASSERT_TRUE(process.waitForStarted());
-    // What it has open tells when it has begun to write.
+    // kvsign has begun to write once it has a second file of the test's folder open.
     const QString open = QString("/proc/%1/fd").arg(process.processId());
     const auto isWriting = [&] {
         for (const QFileInfo &entry : QDir(open).entryInfoList(QDir::AllEntries | QDir::System)) {

@@ -155,7 +155,7 @@ TEST_F(KvsignCapture, FindsOutBeforeSomebodySigns)
     EXPECT_EQ(files(), QStringList());
 }
 
-// The first file fits; that the second does not is found when the last of it leaves memory.
+// The first file fits. The second does not, which shows only when its last buffered bytes are written.
 TEST_F(KvsignCapture, LeavesNoFileWhenOneOfThemCannotBeFinished)
 {
     QProcess process;
@@ -179,7 +179,7 @@ TEST_F(KvsignCapture, ClosesThePadWhenItIsInterrupted)
     process.setWorkingDirectory(file("."));
     process.start(KV_KVSIGN, {"capture", "-t", "0", "x.ink"});
     ASSERT_TRUE(process.waitForStarted());
-    // Once the driver is loaded, it is about to wait.
+    // Right after kvsign has loaded the driver, it waits for the signer.
     const QString maps = QString("/proc/%1/maps").arg(process.processId());
     QElapsedTimer waiting;
     waiting.start();

@@ -1,4 +1,4 @@
-// kvsign doctor and info: what they say of good and of broken installations.
+// kvsign doctor and info: what they say about good and broken installations.
 #include "kvsign.h"
 
 #include <QJsonArray>
@@ -11,7 +11,7 @@ using namespace kvsign;
 class KvsignDoctor : public Place
 {
 protected:
-    /// The finding about a subject in the directory's installation.
+    /// What doctor finds about a subject when the driver is taken from this directory.
     QJsonObject finding(const QString &driverDirectory, const QString &subject,
         const QMap<QString, QString> &environment = {}, int exitCode = 1) const
     {

@@ -1,4 +1,4 @@
-// The help texts, the manual, README and the completion agree with each other and with what the command does.
+// The help texts, the manual, the README and the completion agree with each other and with what kvsign does.
 #include "kvsign.h"
 
 #include <QRegularExpression>
@@ -133,7 +133,7 @@ TEST_F(KvsignDocuments, ReadmesCommandsWork)
     EXPECT_TRUE(result.output.contains("\nstrokes     2\n")) << testing::PrintToString(result);
 }
 
-// Ninja is asked whether it knows what is to be built: nothing is.
+// Nothing is built here; Ninja is only asked whether it knows the targets.
 TEST_F(KvsignDocuments, ReadmeSaysHowTheToolsAreBuilt)
 {
     static const QRegularExpression command("`cmake --build build/release --target ([^`]+)`");
@@ -147,7 +147,7 @@ TEST_F(KvsignDocuments, ReadmeSaysHowTheToolsAreBuilt)
 class KvsignCompletion : public KvsignDocuments
 {
 protected:
-    /// What bash offers for the last word.
+    /// What bash offers to complete the last word.
     QStringList offered(const QStringList &words) const
     {
         const QString script = "source <(" KV_KVSIGN " completion); compopt() { :; }; COMP_WORDS=(\"$@\"); "

@@ -1,12 +1,12 @@
-// W3C InkML in the styles of many programs: samples of different kinds, and what each of the standard's ways to say a
-// point comes to. The expected numbers are worked out by hand from the standard.
+// W3C InkML as many programs write it: samples of different styles, and every way in which the standard lets a file
+// state a point. The expected numbers are worked out by hand from the standard.
 #include "kvsign.h"
 
 namespace {
 
 using namespace kvsign;
 
-constexpr int kPressure = 512; // stands for one that is not told
+constexpr int kPressure = 512; // what kvsign stores for ink that has no pressure
 
 class KvsignInkml : public Place
 {
@@ -35,7 +35,7 @@ QByteArray inkOf(const QByteArray &content)
     return "<ink xmlns=\"http://www.w3.org/2003/InkML\">" + content + "</ink>";
 }
 
-/// Of a format with a channel of this name and these attributes behind X and Y.
+/// Ink whose format has one channel after X and Y; `channel` holds the attributes of that channel.
 QByteArray inkWith(const QByteArray &channel, const QByteArray &trace)
 {
     return inkOf("<traceFormat><channel name='X'/><channel name='Y'/><channel " + channel + "/></traceFormat><trace>"
@@ -51,7 +51,7 @@ TEST_F(KvsignInkml, NeedsNoMoreThanXAndY)
             {130, 155, kPressure, false, 27 * 5, 0}, {131, 149, kPressure, true, 36 * 5, 0}});
 }
 
-// The standard's own example of prefixes, with the positions of its table.
+// The example that the standard itself gives for prefixes; the expected positions are those of its table.
 TEST_F(KvsignInkml, AddsUpFirstAndSecondDifferences)
 {
     const int expected[][2] = {{1125, 18432}, {1148, 18475}, {1178, 18510}, {1211, 18540}, {1251, 18567}, {1297, 18596},
@@ -74,7 +74,8 @@ TEST_F(KvsignInkml, TakesPressureAndTimeFromATabletsService)
             {3050, 1900, 0, true, 2510, 1600000002}});
 }
 
-// Hundredths of a millimetre; Y grows upwards from 4.75 to 5 cm; 7.5 ms are 8.
+// Positions come out in hundredths of a millimetre. The sample's Y runs from 5 down to 4.75 cm and grows upwards, so
+// the expected Y is mirrored within that range. 7.5 ms are rounded to 8.
 TEST_F(KvsignInkml, KnowsUnitsAndDirections)
 {
     areEqual(readSample("millimetres.inkml"),
@@ -103,7 +104,8 @@ TEST_F(KvsignInkml, PassesOverAnnotationsAndViewsOfWhatIsThere)
             {309, 229, kPressure, false, 30, 0}, {309, 229, kPressure, true, 30, 0}});
 }
 
-// Four points in 30 ms from 40 ms on, the first and the last in the air; then a pen that is not lifted.
+// The first trace has four points, 10 ms apart from 40 ms on; the pen is in the air at the first and the last. In the
+// second trace it is never lifted.
 TEST_F(KvsignInkml, ListensToATipSwitch)
 {
     areEqual(readSample("switch.inkml"),
@@ -149,7 +151,7 @@ TEST_F(KvsignInkml, PassesOverWhatIsNotKnown)
     const Points expected = {{1, 2, 7, false, 0, 0}, {3, 4, 7, false, 5, 0}, {3, 4, 7, true, 5, 0}};
     areEqual(readText(inkWith("name='F'", "1 2 7, 3 4 *")), expected);
     areEqual(readText(inkWith("name='F'", "1 2 7, 3 4 *,")), expected);
-    // A point without a place is none; time passes all the same.
+    // A point without a position is left out, but its time still counts.
     areEqual(readText(inkWith("name='F'", "? 9 7, 1 2 7, 3 4 7")),
         {{1, 2, 7, false, 5, 0}, {3, 4, 7, false, 10, 0}, {3, 4, 7, true, 10, 0}});
     areEqual(readText(inkWith("name='W' type='boolean'", "1 2T,3 4F")),
@@ -164,7 +166,7 @@ TEST_F(KvsignInkml, KnowsUnitsOfTime)
         areEqual(readText(inkWith(parts[0], parts[1])),
             {{1, 2, kPressure, false, 1500, 1}, {1, 2, kPressure, true, 1500, 1}});
     }
-    // Before the moment that they are told from.
+    // Times before the zero point are moved so that the first one is 0.
     areEqual(readText(inkWith("name='T'", "1 2 -20, 3 4 -10")),
         {{1, 2, kPressure, false, 0, 0}, {3, 4, kPressure, false, 10, 0}, {3, 4, kPressure, true, 10, 0}});
 }
@@ -185,7 +187,7 @@ TEST_F(KvsignInkml, NeedsNoNamespaceButNoOther)
         {{1, 2, kPressure, false, 0, 0}, {1, 2, kPressure, true, 0, 0}});
 }
 
-// Each of these took minutes, or gigabytes, in a reader that does not look after itself.
+// A reader without limits would take minutes or gigabytes for each of these.
 TEST_F(KvsignInkml, IsNotHeldUpByHostileDocuments)
 {
     const auto fails = [&](const char *why, const QByteArray &content) {

@@ -1,4 +1,4 @@
-// kvsign inspect: numbers of signatures that were counted by hand.
+// kvsign inspect: its numbers for signatures that were counted by hand.
 #include "kvsign.h"
 
 #include <QJsonArray>
@@ -19,7 +19,8 @@ protected:
     }
 };
 
-// A corner of 300 and 400 units, and after a second a line of 500; a gap of 70 ms in the first one.
+// The first stroke is a corner with sides of 300 and 400 units, with a gap of 70 ms in it. The second one begins a
+// second later and is a line of 500 units.
 const Points kTwoStrokes = {{1000, 500, 100, false, 10000, 77}, {1300, 500, 200, false, 10005, 77},
     {1300, 900, 300, false, 10075, 77}, {1300, 900, 999, true, 10080, 77}, {400, 600, 50, false, 11080, 78},
     {700, 1000, 150, false, 11085, 78}, {700, 1000, 150, true, 11090, 78}};
@@ -71,7 +72,7 @@ TEST_F(KvsignInspect, SeesADot)
     EXPECT_EQ(tap["taps"].toInt(), 1);
     EXPECT_TRUE(tap["notes"].toArray().contains("it is only a dot"));
     EXPECT_TRUE(tap["notes"].toArray().contains("it draws no line"));
-    // A hundredth of the width of an S300 is 23 units.
+    // Ink counts as a dot up to a hundredth of the width of an S300, which is 23 units.
     EXPECT_TRUE(inspected({{1500, 900, 1, false, 0, 0}, {1523, 923, 1, true, 5, 0}})["onlyADot"].toBool());
     EXPECT_FALSE(inspected({{1500, 900, 1, false, 0, 0}, {1524, 900, 1, true, 5, 0}})["onlyADot"].toBool());
 }

@@ -1,4 +1,4 @@
-// Ink into CSV, JSON and InkML and back: not a byte is lost, and other programs read the same.
+// Ink converted to CSV, JSON or InkML and back loses not a byte, and other programs read the same points.
 #include "kvsign.h"
 
 #include <limits>
@@ -9,7 +9,7 @@ using namespace kvsign;
 
 const char *const kFormats[] = {"csv", "json", "inkml"};
 
-/// Prints the points of a file as listed() does, read with Python's own readers.
+/// Reads a file with Python's own readers and prints its points as listed() does.
 const char kReader[] = R"(
 import csv, json, sys, xml.etree.ElementTree as tree
 name = sys.argv[1]

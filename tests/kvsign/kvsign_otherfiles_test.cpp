@@ -1,4 +1,4 @@
-// Ink that other programs have written or changed: tables from an office program, sorted JSON, InkML of other pens.
+// Ink that other programs wrote or changed: tables from an office program, sorted JSON, InkML from other pens.
 #include "kvsign.h"
 
 namespace {
@@ -49,7 +49,7 @@ TEST_F(KvsignOtherFiles, ReadsJsonInAnyLayout)
 
 TEST_F(KvsignOtherFiles, ReadsInkmlOfOtherPens)
 {
-    // Without a tip switch and a clock, with a channel of its own, and with differences as the standard has them.
+    // No tip switch and no clock, a channel that only this program has, and differences as the standard writes them.
     const QByteArray begin =
         R"(<?xml version="1.0"?><!-- a pen --><ink xmlns="http://www.w3.org/2003/InkML"><traceFormat>
         <channel name="T"/><channel name="X"/><channel name="OTx"/><channel name="Y"/><channel name="F"/></traceFormat>

@@ -1,4 +1,4 @@
-// Several files are put in their places together: all of them or none, with what was there before.
+// Several output files replace what was there before all together. If one of them fails, everything stays as it was.
 #include "kvsign.h"
 
 #include "failure.h"
@@ -85,7 +85,7 @@ TEST_F(KvsignOutputs, AreAsTheyWereWhenOneCannotBePutInPlace)
     EXPECT_EQ(files(), QStringList({"a", "c"}));
 }
 
-// A new file under one of its names would leave the other one behind.
+// If a new file took one of the names, the other name would still show the old content.
 TEST_F(KvsignOutputs, KeepAllNamesOfAFile)
 {
     write("a", QByteArray(100000, 'o'));
@@ -103,7 +103,7 @@ TEST_F(KvsignOutputs, KeepAllNamesOfAFile)
 TEST_F(KvsignOutputs, KeepOwnerAndGroup)
 {
     if (geteuid() != 0)
-        return; // nobody else has files of another user
+        return; // only root can make files that belong to another user
     write("owned", "old");
     write("grouped", "old");
     ASSERT_EQ(chown(file("owned").toLocal8Bit().constData(), 1, 0), 0);
@@ -165,7 +165,7 @@ TEST_F(KvsignOutputs, GoWhereLinksLead)
     EXPECT_EQ(read("below/none"), "new dangling");
 }
 
-// Each is cut at every place, or has one byte less.
+// Each picture is cut off after every possible length; a PDF and a PNG also lose one byte from the middle.
 TEST_F(KvsignOutputs, KnowsACutPicture)
 {
     struct Kind

@@ -1,4 +1,4 @@
-// Pictures of ink: as the library draws them, in any size, looked at by other programs.
+// Pictures of ink: they look as the library draws them, come in any size, and are checked with other programs.
 #include "countpixels.h"
 #include "kvsign.h"
 
@@ -19,7 +19,7 @@ protected:
         return onWhite(QImage(file(name)));
     }
 
-    /// At most this share of one's ink is elsewhere.
+    /// The pictures differ in at most this share of the first one's ink pixels.
     static void looksAlike(const QImage &one, const QImage &other, double share, const char *what)
     {
         const int ink = inkPixels(one);
@@ -82,14 +82,14 @@ TEST_F(KvsignPictures, AreTheSameInEveryFormat)
     runWell({"convert", "a.ink", "a.svg"});
     outputOf("rsvg-convert", {"-d", "300", "-p", "300", "-b", "white", file("a.svg"), "-o", file("svg.png")});
     looksAlike(png, QImage(file("svg.png")).convertToFormat(QImage::Format_RGB32), 0.2, "SVG");
-    // Thick lines show their ends.
+    // With thick lines, wrong line ends would show.
     runWell({"convert", "-w", "10", "a.ink", "a.svg"});
     outputOf("rsvg-convert", {"-d", "300", "-p", "300", "-b", "white", file("a.svg"), "-o", file("svg.png")});
     looksAlike(drawn({"-w", "10"}), QImage(file("svg.png")).convertToFormat(QImage::Format_RGB32), 0.03, "thick SVG");
     runWell({"convert", "a.ink", "a.pdf"});
     outputOf("pdftoppm", {"-r", "300", "-png", "-singlefile", file("a.pdf"), file("pdf")});
     const QImage page(file("pdf.png"));
-    // A page has whole points of 72 an inch, and so four pixels too many at the most.
+    // A page's size is a whole number of points of 1/72 inch, so the page may be up to four pixels too large.
     EXPECT_GE(page.height(), 452);
     EXPECT_LE(page.height(), 457);
     looksAlike(png, page.copy(0, 0, 800, 452), 0.25, "PDF");

@@ -1,4 +1,4 @@
-// kvsign replay: numbers in time, numbered pictures, and a window.
+// kvsign replay: points printed at their times, numbered pictures, and a window.
 #include "kvsign.h"
 
 #include <QElapsedTimer>
@@ -77,7 +77,7 @@ TEST_F(KvsignReplay, RefusesWhatWouldDoNothing)
 TEST_F(KvsignReplay, WritesNumberedPictures)
 {
     write("a.ink", record(kLine));
-    // 0.6 seconds of 25 pictures, and the last one with everything on it.
+    // 0.6 seconds at 25 pictures a second, and one last picture with everything on it.
     const QJsonObject result = runJson({"replay", "--frames", "film/one", "a.ink"});
     EXPECT_EQ(result["frames"].toInt(), 16);
     const QStringList names = QDir(file("film/one")).entryList(QDir::Files, QDir::Name);
@@ -164,7 +164,7 @@ TEST_F(KvsignReplay, ExplainsWhatAPipeWaitsFor)
 TEST_F(KvsignReplay, EndsWhenItsOutputIsFull)
 {
     Points slow = kLine;
-    slow.back().tick += 3600 * 1000; // it would take an hour
+    slow.back().tick += 3600 * 1000; // the whole replay would take an hour
     write("a.ink", record(slow));
     for (const char *options : {"", "--json"}) {
         const CommandResult result =
@@ -193,7 +193,7 @@ TEST_F(KvsignReplay, SaysThatThereIsNoDisplay)
         EXPECT_TRUE(unknown.errors.contains(QString("Qt has no platform \"%1\"").arg(platform)))
             << testing::PrintToString(unknown);
     }
-    // Known, but its library lacks what it needs; Qt ends a process for that.
+    // Qt knows this platform but cannot start it here, and then ends the process itself.
     const CommandResult broken =
         run({"replay", "--window", "a.ink"}, {{"QT_QPA_PLATFORM", "eglfs"}, {"QT_QPA_EGLFS_INTEGRATION", "none"}});
     EXPECT_NE(broken.exitCode, -1) << testing::PrintToString(broken);

@@ -5,7 +5,7 @@ namespace {
 
 using namespace kvsign;
 
-/// Without a driver in the working directory.
+/// There is no driver in the working directory, so kvsign cannot find one there by chance.
 class KvsignSimulator : public Place
 {
 protected:

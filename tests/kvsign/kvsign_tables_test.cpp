@@ -19,7 +19,7 @@ protected:
     }
 };
 
-/// UTF-16 behind its mark, of plain letters.
+/// ASCII text as UTF-16, with a byte order mark in front.
 QByteArray wide(const QByteArray &text, bool isBigEndian)
 {
     QByteArray bytes = isBigEndian ? "\xfe\xff" : "\xff\xfe";

@@ -1,4 +1,4 @@
-// kvsign capture notices that its pad is gone, says so, and keeps what was written only where it was told to.
+// kvsign capture notices that its pad is gone and says so. It keeps the ink only if it was told where to.
 #include "kvsign.h"
 
 #include <QJsonDocument>
@@ -59,7 +59,8 @@ TEST_F(KvsignUnplugged, LeavesNothingWhereNothingWasWritten)
     EXPECT_EQ(files(), QStringList("pen.kvrec"));
 }
 
-// Some drivers refuse the question from the begin; their pads are there all the same. And one refusal is none yet.
+// Some drivers never answer the question whether the pad is there, although it is, so silence from the start does not
+// count as unplugged.
 TEST_F(KvsignUnplugged, IsNotSaidOfAPadThatOnlyDoesNotAnswer)
 {
     const QByteArray confirmed = "0 612 840 310 0\n5 618 831 355 1\n10 630 835 0 2\n1500 0 0 0 4\n";

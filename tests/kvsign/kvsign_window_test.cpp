@@ -1,4 +1,4 @@
-// The window of kvsign replay: it draws in time, stops for a while, begins again and closes, by its keys.
+// The window of kvsign replay: it draws each line at its time, and its keys pause, restart and close it.
 #include "kvsign.h"
 
 #include "modelrows.h"
@@ -14,7 +14,7 @@ namespace {
 
 using namespace kvsign;
 
-constexpr int kFirstLine = 1500; // milliseconds after the begin
+constexpr int kFirstLine = 1500; // when the first line is complete, in milliseconds from the start
 
 class KvsignWindow : public Place
 {

@@ -1,4 +1,4 @@
-// How a pad that does not answer is told from one that is busy, and when it is not asked at all.
+// How a pad that is gone is told apart from one that is only busy, and when the pad need not be asked at all.
 #include "padpresence.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/// Answers as it is told, and then always.
+/// Gives the answers that it was told to give; after those it always says that it is there.
 struct Pad
 {
     std::deque<bool> told;
@@ -67,7 +67,7 @@ TEST_F(PadPresenceTest, APadThatSendsIsNotAsked)
     for (int points = 1; points < 50; ++points)
         presence.look(points);
     EXPECT_EQ(pad.questions, 0);
-    presence.look(0); // cleared
+    presence.look(0); // a clear removed the points, so nothing new has come
     EXPECT_EQ(pad.questions, 1);
     presence.look(1);
     EXPECT_EQ(pad.questions, 1);

@@ -75,7 +75,7 @@ void SignDeskTest::click(const QString &buttonText) const
 
 void SignDeskTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const
 {
-    window->activateWindow(); // which a dialog may have left without focus
+    window->activateWindow(); // a dialog may have left the window without focus
     EXPECT_TRUE(QTest::qWaitForWindowActive(window.get(), 60000));
     QWidget *focus = window->focusWidget();
     QTest::keyClick(focus == nullptr ? window.get() : focus, key, modifiers);
@@ -204,7 +204,7 @@ QRect boxOf(const QImage &image, const std::function<bool(const QColor &)> &isTa
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
             const QRgb pixel = image.pixel(x, y);
-            if ((pixel & 0xffffff) == 0xffffff || !isTaken(QColor::fromRgba(pixel))) // most of it is paper
+            if ((pixel & 0xffffff) == 0xffffff || !isTaken(QColor::fromRgba(pixel))) // most pixels are white: be quick
                 continue;
             left = std::min(left, x);
             right = std::max(right, x);

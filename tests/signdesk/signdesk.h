@@ -1,5 +1,5 @@
 /// @file
-/// A sign desk's window on the simulated driver, used as a person would: clicks, keys, what stands on the screen.
+/// A sign desk's window on the simulated driver, used as a person would: by clicks, by keys, by reading the screen.
 #ifndef SIGNDESK_H
 #define SIGNDESK_H
 
@@ -22,15 +22,17 @@ protected:
     SignDeskTest();
     ~SignDeskTest() override;
 
-    /// A new, shown window. It takes the simulated driver of a build directory that others may write too.
+    /// Opens and shows a new window. It accepts a driver that others could replace, because a build directory may be
+    /// writable for others.
     void openWindow();
 
-    /// The model as the window calls it: "S300".
+    /// The model's name in the window, such as "S300".
     static QString nameOf(const Family &family);
 
     void choose(const Family &family);
 
-    /// The button, check box or other control with that text, or with a label of that text, without its mnemonic.
+    /// The button or check box with that text; labelled() finds other controls by their label. The text is given
+    /// without its mnemonic.
     QAbstractButton *button(const QString &text) const;
     template <class Widget>
     Widget *labelled(const QString &text) const
@@ -38,39 +40,39 @@ protected:
         return dynamic_cast<Widget *>(buddyOf(text));
     }
 
-    /// Clicks as soon as the button can be clicked.
+    /// Waits until the button is enabled, then clicks it.
     void click(const QString &buttonText) const;
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
 
-    /// The line below the page, and the one beside the light.
+    /// The line below the page; and whether the line beside the light shows this state.
     QString note() const;
     bool showsState(const QString &text) const;
 
-    /// Waits, with the window alive.
+    /// Waits for the condition while the window keeps handling its events.
     static bool until(const std::function<bool()> &condition);
 
-    /// Does something in the next dialog; the caller then does what opens it. `happened` proves that one came.
+    /// Call this before opening a dialog: `work` runs in the next dialog that opens. `happened` tells whether one did.
     void whenDialogComes(const std::function<void(QDialog &)> &work);
     bool happened() const { return m_dialogs == m_awaited; }
 
-    /// As a save or open dialog: that path, then the button that accepts.
+    /// Enters the path in a save or open dialog and accepts it.
     static void giveFile(QDialog &dialog, const QString &path);
 
-    /// Saves the signed page by its button and dialog.
+    /// Saves the signed page through the button and its dialog.
     void save(const QString &path);
 
-    /// Presses one of a message box's buttons, and keeps what the box says.
+    /// Presses a button of a message box. What the box said is then in `said`.
     void answer(QDialog &dialog, const QString &buttonText);
     QString said;
 
     QWidget *signWidget() const;
     signdesk::PageSheet &sheet() const;
 
-    /// The signer writes from one place of the writing area to another, in shares of it.
+    /// Lets the signer write a line; positions are fractions of the writing area's width and height.
     void write(const Family &family, double fromX = 0.2, double fromY = 0.5, double toX = 0.8, double toY = 0.5);
     void tap(int status) { driver.send(1, 1, 0, status); }
 
-    /// Chooses, starts, writes a level line across the middle, and taps the pad's confirm button.
+    /// Chooses the model, starts, writes a level line across the middle, and taps the pad's confirm button.
     void signAndConfirm(const Family &family);
 
     QString file(const QString &name) const { return m_directory.filePath(name); }
@@ -86,20 +88,20 @@ private:
     int m_dialogs = 0;
 };
 
-/// What pdftoppm draws of a page, counted from 1, at 144 dots per inch.
+/// A page, counted from 1, as pdftoppm draws it at 144 dots an inch.
 QImage drawnPdf(const QString &path, int page = 1);
-constexpr double kDrawnScale = 2; ///< dots of it to the point
+constexpr double kDrawnScale = 2; ///< dots of drawnPdf's picture for each point of the page
 
 QRectF inPoints(const QRect &dots);
 
-/// The box around the pixels that the condition takes.
+/// The smallest box around the pixels that meet the condition.
 QRect boxOf(const QImage &image, const std::function<bool(const QColor &)> &isTaken);
 inline bool isInk(const QColor &colour)
 {
     return colour.lightness() < 128;
 }
 
-/// Whether each side of one lies within the tolerance of the other's.
+/// Whether each side of one rectangle is within the tolerance of the same side of the other.
 testing::AssertionResult near(const QRectF &one, const QRectF &other, double tolerance);
 
 #endif

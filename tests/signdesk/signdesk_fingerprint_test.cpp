@@ -1,4 +1,4 @@
-// The fingerprint of an S310X at the sign desk: on the screen, on the saved page, by itself.
+// The fingerprint of an S310X at the sign desk: on the screen, on the saved page, and exported by itself.
 #include "signdesk.h"
 
 #include <QComboBox>
@@ -19,7 +19,7 @@ struct FingerprintAt
 class FingerprintOnPage : public SignDeskTest, public testing::WithParamInterface<FingerprintAt>
 {
 protected:
-    /// A chequerboard, red on the page.
+    /// Sends a chequerboard as the fingerprint; the page shows it in red.
     void layFingerOn()
     {
         std::vector<unsigned char> squares(208 * 288, 255);
@@ -42,7 +42,7 @@ TEST_P(FingerprintOnPage, IsWhereTheWindowShowsIt)
     click("Start signing");
     write(kS310XFamily, 0.1, 0.05, 0.9, 0.05);
     layFingerOn();
-    // Shown on the page after the pad's own screen has it.
+    // The page shows it only after the pad's own screen does.
     const auto shownBox = [&] { return boxOf(sheet().grab().toImage(), isRed); };
     ASSERT_TRUE(until([&] { return !shownBox().isEmpty(); }));
     const QRectF shown = shownBox().translated(-signdesk::PageSheet::kMargin, -signdesk::PageSheet::kMargin);
@@ -84,7 +84,7 @@ TEST_F(FingerprintOnPage, MayBeAllThereIs)
     EXPECT_TRUE(sheet().field().contains(inPoints(boxOf(drawn, isRed))));
 }
 
-/// The states by themselves, without the desk's window: they see the finger, and know what is not kept yet.
+/// Without the desk's window: the signing states alone notice the finger and know whether it still has to be saved.
 TEST_F(FingerprintOnPage, IsASignatureThatIsToBeKept)
 {
     window.reset();

@@ -1,4 +1,4 @@
-// The sign desk's look at a scale factor, which is set from outside: no text is cut, and pictures are kept.
+// The sign desk's look at the scale factor that the environment sets: no text is cut off. Pictures of it are kept.
 #include "signdesk.h"
 
 #include <QCheckBox>
@@ -34,7 +34,7 @@ protected:
         QCoreApplication::removeTranslator(&m_translator);
     }
 
-    /// What a control shows has room in it, and the control has room in what it lies in.
+    /// Checks that every control is large enough for what it shows, and lies entirely inside its parent.
     void expectRoom() const
     {
         settle();
@@ -53,13 +53,13 @@ protected:
             const QWidget *host = widget->parentWidget();
             EXPECT_TRUE(host->rect().contains(widget->geometry())) << describe(*widget);
             if (box != nullptr) {
-                EXPECT_GE(box->width(), box->sizeHint().width()) << describe(*widget); // for its longest choice
+                EXPECT_GE(box->width(), box->sizeHint().width()) << describe(*widget); // its longest choice fits
             }
         }
         EXPECT_GE(looked, 30);
     }
 
-    /// At least its middle: a small window may not have room for all of it.
+    /// Only the middle of the field has to be visible, because a small window may not have room for all of it.
     void expectFieldInSight() const { EXPECT_TRUE(sheet().visibleRegion().contains(sheet().fieldPixels().center())); }
 
     static std::string describe(const QWidget &widget)
@@ -127,7 +127,8 @@ TEST_P(Layout, ThePageIsAsSharpAsTheScreen)
     const double ratio = window->devicePixelRatioF();
     const std::unique_ptr<signdesk::Pages> pages = signdesk::openPages(KV_SIGNDESK_SOURCES "/sample/delivery-note.pdf");
     const int margin = qRound(signdesk::PageSheet::kMargin * ratio);
-    // The dark band at the page's head has its text in the page's own dots, once it is drawn anew in its size.
+    // Once the page has been redrawn at its final size, the text in the dark band at its top matches the rendered page
+    // pixel by pixel. A page that was only scaled up would be blurred.
     const auto isSharp = [&] {
         const QImage shown = sheet().grab().toImage();
         const QImage page = pages->render(0, sheet().scale() * ratio);

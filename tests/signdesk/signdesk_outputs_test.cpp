@@ -1,4 +1,4 @@
-// What leaves the sign desk: signed pages, signatures, fingerprints, paper, read by other programs.
+// What leaves the sign desk, checked with other programs: signed pages, signatures, fingerprints, printed paper.
 #include "signdesk.h"
 
 #include "outsidecommand.h"
@@ -17,13 +17,13 @@
 
 namespace {
 
-/// Where signAndConfirm's line lies on a page, in points.
+/// Where the line that signAndConfirm writes lies on a page, in points.
 QRectF lineOf(const QRectF &field)
 {
     return {field.x() + 0.2 * field.width(), field.center().y(), 0.6 * field.width(), 0};
 }
 
-constexpr double kPenWidth = 6; ///< points that the line may be broad
+constexpr double kPenWidth = 6; ///< the widest that the line may be, in points
 
 class OutputOfEachModel : public SignDeskTest, public testing::WithParamInterface<Family>
 {
@@ -51,7 +51,7 @@ INSTANTIATE_TEST_SUITE_P(Models, OutputOfEachModel, testing::ValuesIn(kFamilies)
 class SignDeskOutput : public SignDeskTest
 {
 protected:
-    /// Three pages of their own sizes, each with its number of black squares at its top left.
+    /// A PDF of three pages of different sizes. Page n has n black squares at its top left.
     QString threePages()
     {
         const QString path = file("three.pdf");
@@ -88,7 +88,7 @@ TEST_F(SignDeskOutput, TheSignedPageIsAPictureToo)
     signAndConfirm(kS300Family);
     save(file("signed.png"));
     const QImage picture(file("signed.png"));
-    EXPECT_EQ(picture.dotsPerMeterX(), 11811); // 300 to the inch
+    EXPECT_EQ(picture.dotsPerMeterX(), 11811); // 300 dots an inch
     EXPECT_EQ(picture.size(), QSize(2479, 3508));
     const QImage drawn = picture.scaled(1190, 1684);
     EXPECT_TRUE(near(inPoints(boxOf(drawn, isInk)), lineOf(sheet().field()), kPenWidth));
@@ -127,7 +127,7 @@ TEST_F(SignDeskOutput, TheSecondOfThreePagesIsSigned)
 
 TEST_F(SignDeskOutput, APictureIsSigned)
 {
-    QImage picture(800, 400, QImage::Format_RGB32); // 96 dots to the inch: 600 by 300 points
+    QImage picture(800, 400, QImage::Format_RGB32); // 600 by 300 points at 96 dots an inch
     picture.setDotsPerMeterX(3780);
     picture.setDotsPerMeterY(3780);
     picture.fill(Qt::white);
@@ -153,7 +153,7 @@ TEST_F(SignDeskOutput, TheSignatureIsExportedInEveryFormat)
     const struct
     {
         const char *name;
-        const char *kind; // as file(1) says
+        const char *kind; // what file(1) calls it
     } kinds[] = {{"a.png", "PNG image data"}, {"a.jpg", "JPEG image data"}, {"a.bmp", "PC bitmap"},
         {"a.pdf", "PDF document"}, {"a.svg", "SVG"}};
     const double canvasWidth = signWidget()->width();
@@ -163,7 +163,7 @@ TEST_F(SignDeskOutput, TheSignatureIsExportedInEveryFormat)
         const CommandResult told = runProgram({"file", "--brief", path}, "/");
         EXPECT_TRUE(told.output.contains(kind.kind)) << kind.name << " is " << told.output.toStdString();
     }
-    // The line, the pen's width of half of 2048 * 2 / 306 pixels at its ends, and margins of 6.
+    // The length of the line, half a pen width of 2048 * 2 / 306 pixels at each end, and a margin of 6 on each side.
     const double cutWidth = 0.6 * canvasWidth + 6.7 + 12;
     EXPECT_NEAR(QImage(file("a.bmp")).width(), cutWidth, 4);
     EXPECT_EQ(QImage(file("a.png")).pixelColor(0, 0).alpha(), 0);
@@ -178,7 +178,7 @@ TEST_F(SignDeskOutput, TheSignatureIsExportedInEveryFormat)
     labelled<QComboBox>("Resolution")->setCurrentIndex(1);
     const QImage whole(exported("whole.bmp"));
     EXPECT_EQ(whole.size(), signWidget()->size());
-    EXPECT_EQ(whole.dotsPerMeterX(), 5905); // 150 to the inch
+    EXPECT_EQ(whole.dotsPerMeterX(), 5905); // 150 dots an inch
     EXPECT_EQ(QFileInfo(exported("without-suffix")).exists(), false);
     EXPECT_TRUE(QFileInfo::exists(file("without-suffix.png")));
 }
@@ -193,7 +193,7 @@ TEST_F(SignDeskOutput, ThePagesArePrinted)
         ASSERT_TRUE(print != nullptr);
         auto *const name = dialog.findChild<QLineEdit *>("filename");
         ASSERT_TRUE(name != nullptr);
-        name->setText(path); // no printer is installed: it prints into a file
+        name->setText(path); // without an installed printer the dialog prints into a file
         QTest::keyClick(name, Qt::Key_Return);
     });
     click("Print...");
@@ -201,7 +201,7 @@ TEST_F(SignDeskOutput, ThePagesArePrinted)
     EXPECT_EQ(note(), "The page is printed.");
     for (int page = 1; page <= 3; ++page)
         EXPECT_FALSE(boxOf(drawnPdf(path, page), isInk).isEmpty()) << "page " << page;
-    // The first page, as large as the paper allows, has its square at the top left and the line at the lower right.
+    // The first page fills the paper: its square is at the top left, and the line reaches into the right half.
     const QImage first = drawnPdf(path);
     const QRect ink = boxOf(first, isInk);
     EXPECT_LT(ink.left(), first.width() / 4);

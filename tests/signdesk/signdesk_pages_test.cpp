@@ -1,4 +1,4 @@
-// Pages that come from anybody: what is no file, what costs too much, and what changes while it is open.
+// Pages from untrusted sources: things that are no files, files that cost too much, files that change while open.
 #include "outsidecommand.h"
 #include "pagepicture.h"
 #include "signdesk.h"
@@ -14,7 +14,7 @@
 
 namespace {
 
-/// A small JPEG of several scans.
+/// A small JPEG with several scans.
 QByteArray progressiveJpeg()
 {
     QImage picture(16, 16, QImage::Format_RGB32);
@@ -28,7 +28,7 @@ QByteArray progressiveJpeg()
     return buffer.data();
 }
 
-/// The same with as many scans; the last one comes again and again.
+/// The JPEG with its last scan repeated until it has the wanted number of scans.
 QByteArray withScans(const QByteArray &jpeg, int wanted)
 {
     const int last = jpeg.lastIndexOf("\xff\xda");
@@ -36,7 +36,7 @@ QByteArray withScans(const QByteArray &jpeg, int wanted)
     return jpeg.left(jpeg.size() - 2) + scan.repeated(wanted - jpeg.count("\xff\xda")) + "\xff\xd9";
 }
 
-/// The same of another size, which its data do not fill.
+/// The JPEG with another size in its header, for which it has too little data.
 QByteArray withSize(QByteArray jpeg, quint16 width, quint16 height)
 {
     const int frame = jpeg.indexOf("\xff\xc0");
@@ -74,7 +74,7 @@ protected:
             said, path + " cannot be opened: " + why + "\nChoose another file; the page shown before is still there.");
     }
 
-    /// A page of 400 by 500 points with a black square at that place.
+    /// A PDF page of 400 by 500 points with a black square `at` points from the left.
     QString pdfWithSquare(const QString &name, int at)
     {
         QPdfWriter writer(file(name));
@@ -110,10 +110,10 @@ TEST_F(SignDeskPage, AJpegOfTooManyScansIsRefused)
     EXPECT_EQ(signdesk::scansOfJpeg(jpeg), jpeg.count("\xff\xda"));
     EXPECT_TRUE(window->openPage(written("100.jpg", withScans(jpeg, 100))));
     openInVain(written("101.jpg", withScans(jpeg, 101)), "it is a JPEG of too many scans.");
-    openInVain(written("5000.png", withScans(jpeg, 5000)), "it is a JPEG of too many scans."); // whatever its name is
+    openInVain(written("5000.png", withScans(jpeg, 5000)), "it is a JPEG of too many scans."); // whatever it is called
 }
 
-/// Restarts now and then, so that a decoder that meets other markers in a scan looks for the next one.
+/// The JPEG with restart markers announced, so that a decoder skips unknown markers within a scan instead of stopping.
 QByteArray withRestarts(QByteArray jpeg)
 {
     return jpeg.insert(jpeg.indexOf("\xff\xda"), QByteArray("\xff\xdd\x00\x04\x00\x01", 6));
@@ -122,7 +122,7 @@ QByteArray withRestarts(QByteArray jpeg)
 TEST_F(SignDeskPage, ScansDoNotHideBehindMarkersThatNobodyKnows)
 {
     const QByteArray jpeg = withRestarts(withScans(progressiveJpeg(), 150));
-    const int data = jpeg.indexOf("\xff\xda") + 14; // of the first scan
+    const int data = jpeg.indexOf("\xff\xda") + 14; // where the first scan's data begin
     for (const QByteArray &cover :
         {QByteArray("\xff\x05\x7f\xfe", 4), QByteArray("\xff\xbf\x7f\xfe", 4), QByteArray("\xff\x02\x7f\x00", 4)}) {
         const QByteArray hidden = jpeg.left(data) + cover + jpeg.mid(data);
@@ -174,7 +174,7 @@ TEST_F(SignDeskPage, APdfThatIsReplacedWhileItIsOpenIsSavedAsItWasOpened)
     ASSERT_TRUE(window->openPage(path));
     signAndConfirm(kS300Family);
     pdfWithSquare("page.pdf", 240);
-    QFile again(path); // also when both are of one size
+    QFile again(path); // the new file has the same size, so only its time tells them apart
     ASSERT_TRUE(again.open(QIODevice::ReadWrite));
     ASSERT_TRUE(again.setFileTime(QDateTime::currentDateTime().addSecs(5), QFileDevice::FileModificationTime));
     again.close();
@@ -190,7 +190,7 @@ TEST_F(SignDeskPage, AFileThatStaysIsNotSaidToHaveChanged)
     signAndConfirm(kS300Family);
     save(file("signed.pdf"));
     EXPECT_EQ(note(), "The page is saved.");
-    ASSERT_TRUE(QFile::remove(path)); // as from a folder for downloads
+    ASSERT_TRUE(QFile::remove(path)); // as happens in a downloads folder
     save(file("again.pdf"));
     EXPECT_EQ(note(), "The page is saved.");
     expectSquareIn(file("again.pdf"), 40);

@@ -1,4 +1,4 @@
-// kv-sign-desk as it is started: options, what it says of wrong ones, a driver elsewhere or nowhere.
+// Starting kv-sign-desk: its options, its answers to wrong ones, and a driver in another place or in none.
 #include "outsidecommand.h"
 #include "padsession.h"
 #include "trouble.h"
@@ -69,7 +69,7 @@ TEST(SignDeskProgram, TakesAPictureAtEachScale)
     QSize first;
     ASSERT_TRUE(QFile::copy(kSample, place.filePath("note.pdf")));
     for (const char *scale : {"1", "1.25", "2"}) {
-        // Paths are those of the directory in which it was started.
+        // The relative paths are meant from the directory in which it was started.
         const CommandResult result = run({"--model", "s310x", "--driver-directory", drivers, "--unsafe-driver",
                                              "--screenshot", "desk.png", "note.pdf"},
             place.path(), scale);
@@ -105,7 +105,7 @@ TEST(SignDeskProgram, IsStartedAsTheReadmeSays)
     EXPECT_EQ(commands[0], "cd build/release/simulator");
     const QTemporaryDir place;
     const QString picture = place.filePath("desk.png");
-    // In this build's own directory, and with an end.
+    // The command runs in this build's directory, and with --screenshot so that the program ends by itself.
     const CommandResult result = runProgram(
         {"sh", "-c", commands[1] + " --unsafe-driver --screenshot " + picture}, QDir::currentPath(), kQuickly);
     EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
@@ -114,7 +114,7 @@ TEST(SignDeskProgram, IsStartedAsTheReadmeSays)
         EXPECT_TRUE(readme.contains(option)) << option;
 }
 
-/// The simulated driver alone in a folder of its own.
+/// A copy of the simulated driver in a folder of its own.
 class DriverElsewhere : public testing::Test
 {
 protected:

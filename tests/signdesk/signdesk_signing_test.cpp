@@ -34,7 +34,7 @@ TEST_P(SignDeskOfEachModel, SignsInTheFieldAndConfirmsOnThePad)
 
     write(family);
     EXPECT_TRUE(until([&] { return showsState("The signer writes"); }));
-    EXPECT_EQ(window->findChild<QLabel *>("points")->text(), "42 points"); // 41 and the stroke's end
+    EXPECT_EQ(window->findChild<QLabel *>("points")->text(), "42 points"); // 41 and one for the end of the stroke
     const QImage canvas = signWidget()->grab().toImage();
     const QRectF drawn = boxOf(canvas, isInk);
     const QSizeF size = canvas.size();
@@ -57,7 +57,7 @@ TEST_P(SignDeskOfEachModel, CancelOnThePadClosesIt)
     EXPECT_FALSE(driver.isOpen());
     settle();
     EXPECT_EQ(signWidget(), nullptr);
-    click("Start signing"); // and again
+    click("Start signing"); // it can be opened again
     EXPECT_TRUE(driver.isOpen());
 }
 
@@ -109,7 +109,7 @@ TEST_F(SignDeskTest, ATapFromBeforeTheClearIsNotTaken)
 {
     click("Start signing");
     write(kS210Family);
-    tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON); // its event waits in the window's queue
+    tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON); // the window has not handled this event yet when Clear is clicked
     click("Clear");
     write(kS210Family);
     EXPECT_TRUE(until([&] { return showsState("The signer writes"); }));
@@ -153,11 +153,11 @@ TEST_F(SignDeskTest, ThePenWritesAsItIsSet)
     write(kS300Family);
     const QRect drawn =
         boxOf(signWidget()->grab().toImage(), [](const QColor &c) { return c.red() > 120 && c.blue() < 60; });
-    EXPECT_NEAR(drawn.height(), 9, 2); // without pressure the level is the width in pixels
+    EXPECT_NEAR(drawn.height(), 9, 2); // without pressure, the width level is the line's width in pixels
     EXPECT_GT(drawn.width(), 100);
 
     width->setFocus();
-    QTest::keyClick(width, Qt::Key_Up); // for what comes from now on
+    QTest::keyClick(width, Qt::Key_Up); // applies to ink from now on
     write(kS300Family, 0.2, 0.8, 0.8, 0.8);
     const int middle = signWidget()->height() * 65 / 100;
     const QImage lower =
@@ -196,7 +196,7 @@ TEST_F(SignDeskTest, TheFieldGoesWhereItIsPut)
     EXPECT_TRUE(near(sheet().fieldPixels(), dragged, 1));
 
     for (int i = 0; i < 60; ++i)
-        press(Qt::Key_Left, Qt::ControlModifier); // never off the page
+        press(Qt::Key_Left, Qt::ControlModifier); // the field stops at the edge of the page
     EXPECT_EQ(sheet().field().x(), 0);
 }
 
@@ -219,7 +219,7 @@ TEST_F(SignDeskTest, InkKeepsItsSizeButMayMove)
     EXPECT_EQ(signWidget()->geometry(), sheet().fieldPixels());
     EXPECT_EQ(signWidget()->grab().toImage(), ink);
 
-    click("Clear"); // then the page is as wide as the window again
+    click("Clear"); // without ink the page may fit the window's width again
     EXPECT_TRUE(until([&] { return signWidget()->width() > size.width(); }));
     EXPECT_EQ(signWidget()->geometry(), sheet().fieldPixels());
 }
@@ -250,8 +250,8 @@ TEST(RateMeter, CountsOverTheLastSecond)
     EXPECT_EQ(meter.perSecond(), 200);
     meter.look(1000, 300);
     meter.look(1500, 300);
-    EXPECT_EQ(meter.perSecond(), 100); // of the second from 500 on
-    meter.look(1600, 0); // cleared
+    EXPECT_EQ(meter.perSecond(), 100); // 100 more since the look at 500
+    meter.look(1600, 0); // the count fell, as after a clear
     EXPECT_EQ(meter.perSecond(), 0);
     meter.look(1600, 50); // no time has passed
     EXPECT_EQ(meter.perSecond(), 0);

@@ -1,4 +1,4 @@
-// What goes wrong at the sign desk is told with its cure, and nothing is lost by it.
+// When something goes wrong, the sign desk says what and how to cure it, and nothing is lost.
 #include "signdesk.h"
 
 #include <QFile>
@@ -75,7 +75,7 @@ TEST_F(SignDeskTroubles, UnreadablePages)
                    "2 0 obj\n<</Type/Pages/Kids[]/Count 0>>\nendobj\ntrailer\n<</Root 1 0 R/Size 3>>\n%%EOF\n"),
         "it has no page.");
     openInVain(written("cut.png", "\x89PNG\r\n\x1a\n"), "it is neither a PDF nor a picture.");
-    EXPECT_TRUE(showsState("Confirmed")); // and the signature is still there
+    EXPECT_TRUE(showsState("Confirmed")); // the signature is still there
     EXPECT_EQ(KVS300_GetTotalInkPointsNumber(KVS300_DEVICE), 42);
     EXPECT_TRUE(window->isWindowModified());
 }
@@ -87,7 +87,7 @@ TEST_F(SignDeskTroubles, UnwritableFiles)
     const QString foreign = file("page.docx");
     const struct
     {
-        Qt::KeyboardModifiers modifiers; // of S: with Shift the signature alone
+        Qt::KeyboardModifiers modifiers; // for the S key: Ctrl saves the page, Ctrl+Shift exports the signature
         QString path;
         QString told;
     } rows[] = {
@@ -99,7 +99,7 @@ TEST_F(SignDeskTroubles, UnwritableFiles)
         {Qt::ControlModifier | Qt::ShiftModifier, missing,
             missing + " was not written: there is no such folder.\nChoose another folder."},
         {Qt::ControlModifier | Qt::ShiftModifier, "/proc/ink.svg",
-            "/proc/ink.svg could not be written."}, // which the library does not notice
+            "/proc/ink.svg could not be written."}, // the library does not notice this, so the desk has to
         {Qt::ControlModifier | Qt::ShiftModifier, foreign,
             "page.docx: a signature is not written in this format.\nLet the name end with .png"},
     };
@@ -116,7 +116,7 @@ TEST_F(SignDeskTroubles, UnwritableFiles)
     }
     EXPECT_FALSE(QFile::exists(foreign));
     whenDialogComes([&](QDialog &dialog) { giveFile(dialog, file("page.pdf")); });
-    press(Qt::Key_S, Qt::ControlModifier); // all of it is still there
+    press(Qt::Key_S, Qt::ControlModifier); // after all those failures the signature can still be saved
     EXPECT_FALSE(boxOf(drawnPdf(file("page.pdf")), isInk).isEmpty());
 }
 
@@ -149,14 +149,14 @@ TEST_F(SignDeskTroubles, InkThatIsNotConfirmedDoesNotGoUnaskedEither)
     EXPECT_FALSE(window->close());
     EXPECT_TRUE(happened());
     EXPECT_EQ(KVS210_GetTotalInkPointsNumber(KVS210_DEVICE), 42);
-    click("Cancel"); // says it all
+    click("Cancel"); // cancelling unconfirmed ink needs no question
     EXPECT_TRUE(window->close());
 }
 
 TEST(SignDeskPages, LargeOnesAreDrawnAsFinelyAsCanBeAfforded)
 {
     EXPECT_EQ(signdesk::affordableDots({595, 842}, 300.0 / 72), 300.0 / 72);
-    const double dots = signdesk::affordableDots({14400, 14400}, 300.0 / 72); // the largest that a PDF should have
+    const double dots = signdesk::affordableDots({14400, 14400}, 300.0 / 72); // the largest page that a PDF may have
     EXPECT_NEAR(14400 * dots, 6325, 1);
 }
 

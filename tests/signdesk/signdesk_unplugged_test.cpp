@@ -1,5 +1,5 @@
-// The pad is pulled out while a customer signs: the desk says so, keeps the ink, and does not take half a signature for
-// a whole one.
+// The pad is unplugged while a customer signs. The desk says so, keeps the ink, and does not mistake half a signature
+// for a whole one.
 #include "signdesk.h"
 
 #include <QMessageBox>
@@ -36,7 +36,7 @@ protected:
         ASSERT_TRUE(until([&] { return showsState("The signer writes"); }));
     }
 
-    /// Confirms by the desk's button, and answers the question that is to come.
+    /// Clicks the desk's Confirm button and answers the question that has to come up.
     void confirmAndAnswer(const QString &buttonText)
     {
         whenDialogComes([=](QDialog &dialog) { answer(dialog, buttonText); });
@@ -55,7 +55,7 @@ TEST_P(UnpluggedModel, HalfASignatureIsNotConfirmedUnasked)
 {
     const Family &family = GetParam();
     startAndWrite(family);
-    pullOut(); // and confirmed before the desk has looked
+    pullOut(); // the desk has not noticed yet when Confirm is clicked
     confirmAndAnswer("Go back");
     EXPECT_TRUE(showsState(kAway));
     EXPECT_EQ(window->state(), signdesk::SigningState::Writing);
@@ -92,7 +92,7 @@ TEST_F(Unplugged, WhoeverSignsOnAfterwardsMayHaveWrittenInBetween)
         note(), "The pad answers again, but strokes may be missing: clear the field and let the signer sign anew.");
     write(kS300Family, 0.3, 0.2, 0.6, 0.8);
     whenDialogComes([&](QDialog &dialog) {
-        tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON); // once more: it is asked already
+        tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON); // the question is open already, so a second tap must not ask again
         settle();
         answer(dialog, "Go back");
     });

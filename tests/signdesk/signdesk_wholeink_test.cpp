@@ -1,4 +1,4 @@
-// Without room for files nothing leaves the sign desk that lacks ink: it comes whole, or the clerk is told.
+// When there is no room for files, the sign desk puts out all of the ink or tells the clerk, but never only a part.
 #include "safefile.h"
 #include "signdesk.h"
 #include "smalldisk.h"
@@ -15,7 +15,7 @@
 
 namespace {
 
-/// While it lives the folder for temporary files is one in which nothing can be made.
+/// While this object exists, temporary files cannot be made: their folder is one that nobody can write to.
 class NoTemporaryFiles
 {
 public:
@@ -46,7 +46,7 @@ protected:
         ASSERT_TRUE(happened());
     }
 
-    /// The dialog's own question comes when there is something of that name.
+    /// Only for new files: if the file exists, the dialog asks a question of its own.
     void printTo(const QString &path)
     {
         whenDialogComes([&, path](QDialog &dialog) {
@@ -101,10 +101,11 @@ TEST_F(WholeInk, PaperAndExportsHaveItWithoutTemporaryFiles)
         EXPECT_FALSE(boxOf(drawnPdf(file(name)), isInk).isEmpty()) << name;
     QFile svg(file("a.svg"));
     ASSERT_TRUE(svg.open(QIODevice::ReadOnly));
-    EXPECT_EQ(svg.readAll().count("<polyline"), 40); // pen down, 40 moves to other places or to the same
+    EXPECT_EQ(svg.readAll().count("<polyline"), 40); // one line for each of the 40 moves after pen down
 }
 
-// The drawing of many strokes is larger than the page with them, so that only the drawing has no room.
+// With many strokes, the drawing of the ink takes more room than the page that shows it. So there is a size of disk at
+// which only the drawing does not fit.
 TEST_F(WholeInk, AnInkThatHasNoRoomIsNotLeftOut)
 {
     choose(kS300Family);
@@ -145,7 +146,7 @@ TEST_F(WholeInk, AnInkThatHasNoRoomIsNotLeftOut)
 TEST_F(WholeInk, APrinterThatIsFullIsNoticed)
 {
     signAndConfirm(kS300Family);
-    // The print dialog asks before it writes to what exists.
+    // The print dialog asks before it overwrites something.
     whenDialogComes([&](QDialog &dialog) {
         auto *const name = dialog.findChild<QLineEdit *>("filename");
         ASSERT_TRUE(name != nullptr);
@@ -162,7 +163,7 @@ TEST_F(WholeInk, APrinterThatIsFullIsNoticed)
     expectNothingKept();
     struct stat status = {};
     EXPECT_EQ(::stat("/dev/full", &status), 0);
-    EXPECT_TRUE(S_ISCHR(status.st_mode)); // and is not replaced
+    EXPECT_TRUE(S_ISCHR(status.st_mode)); // it was not replaced by a file
 }
 
 TEST_F(WholeInk, AFileThatHasNoRoomWhenItIsPrintedIsNoticed)
@@ -219,7 +220,7 @@ TEST(TemporaryRoom, IsTriedOut)
     EXPECT_FALSE(signdesk::hasRoomForTemporary(3000000));
 }
 
-// Every part of a file may be what did not come: its end, its begin, any piece between.
+// Any part of a file may be missing: its end, its beginning or a piece in between.
 TEST(WholeFiles, APieceThatIsMissingIsNoticed)
 {
     const QTemporaryDir place;

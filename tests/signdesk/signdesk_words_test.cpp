@@ -1,4 +1,4 @@
-// The sign desk's words: names for screen readers, keys for every control, and all of it translated.
+// The sign desk's texts: names for screen readers, keys for every control, and translations of everything.
 #include "signdesk.h"
 
 #include "outsidecommand.h"
@@ -34,7 +34,7 @@ QList<QWidget *> controlsOf(QWidget &window)
     return controls;
 }
 
-/// Every text that a person sees or hears.
+/// Every text that a person sees, or hears from a screen reader.
 QMultiMap<QString, QString> textsOf(QWidget &window)
 {
     QMultiMap<QString, QString> texts;
@@ -66,7 +66,7 @@ QMultiMap<QString, QString> textsOf(QWidget &window)
     return texts;
 }
 
-/// A language in which every word is marked.
+/// A language that puts every translated text in quotation marks, so that untranslated ones stand out.
 class MarkedLanguage : public QTranslator
 {
 public:
@@ -90,7 +90,7 @@ public:
     ~German() override { QCoreApplication::removeTranslator(this); }
 };
 
-/// The letter after the mark; null without one.
+/// The letter after the text's `&`; null if it has none.
 QChar mnemonicOf(const QString &text)
 {
     static const QRegularExpression mark("&([^&])");
@@ -98,7 +98,7 @@ QChar mnemonicOf(const QString &text)
     return letter.isEmpty() ? QChar() : letter.at(0).toUpper();
 }
 
-/// Each has a letter, and no letter does two things at once.
+/// Checks that each text has a mnemonic and that no two share one.
 void expectOwnLetters(const QStringList &texts)
 {
     QMap<QChar, QString> owners;
@@ -162,7 +162,7 @@ TEST_F(SignDeskTest, EveryControlHasALetterOfItsOwn)
     expectKeys(*window);
 }
 
-/// From the page on, as often as there are controls: each comes once, in the order in which they stand.
+/// Presses Tab once for every control, starting at the page: this reaches each control once, from top to bottom.
 void expectTabOrder(QMainWindow &window, QWidget &page)
 {
     QList<QWidget *> reachable;
@@ -177,17 +177,17 @@ void expectTabOrder(QMainWindow &window, QWidget &page)
     for (int i = 0; i < reachable.size(); ++i) {
         QWidget *const focused = window.focusWidget();
         reached.insert(focused);
-        const int top = focused == &page ? 0 : focused->mapTo(panel, QPoint(0, 0)).y(); // which scrolls
+        const int top = focused == &page ? 0 : focused->mapTo(panel, QPoint(0, 0)).y(); // even if the panel scrolled
         EXPECT_GE(top + 4, lowest) << "after something below it: " << focused->metaObject()->className();
         lowest = top;
         QTest::keyClick(focused, Qt::Key_Tab);
     }
     for (const QWidget *control : reachable)
         EXPECT_EQ(reached.count(control), 1u) << control->metaObject()->className() << " is not reached";
-    EXPECT_EQ(window.focusWidget(), &page); // and round again
+    EXPECT_EQ(window.focusWidget(), &page); // back at the start
 }
 
-/// Wherever the focus is, also in a text field, which has keys of its own.
+/// A shortcut has to work wherever the focus is, even in a text field, which has keys of its own.
 TEST_F(SignDeskTest, ShortcutsWorkFromEveryControl)
 {
     choose(kS310XFamily);
@@ -196,7 +196,7 @@ TEST_F(SignDeskTest, ShortcutsWorkFromEveryControl)
         const QKeySequence shortcut = action->shortcut();
         if (shortcut.isEmpty())
             continue;
-        action->disconnect(); // only whether it would be done
+        action->disconnect(); // the test needs to see the trigger only, not what the action does
         action->setEnabled(true);
         bool isTriggered = false;
         QObject::connect(action, &QAction::triggered, &context, [&] { isTriggered = true; });

@@ -1,6 +1,6 @@
 /// @file
-/// A driver whose thread is gone: a receiver ended it, or the process is a forked child. Nothing may wait for it; an
-/// alarm kills a test that does.
+/// A driver whose thread is gone, because a receiver ended it or because the process is a forked child. Nothing may
+/// wait for that thread; an alarm kills a test that does.
 #include "forkedchild.h"
 #include "patience.h"
 #include "simulateddriver.h"
@@ -39,11 +39,11 @@ void cancelThread()
 
 TEST_F(DriverThreads, AReceiverMayEndTheThread)
 {
-    setenv("KVSIM_RECORDING", "signature", 1); // which is not begun
+    setenv("KVSIM_RECORDING", "signature", 1); // never starts, because the pad is not cleared
     for (void (*const end)() : {exitThread, cancelThread}) {
         received.whenPacketComes = [=](const KVSIM_PACKET &) { end(); };
         ASSERT_EQ(open(), KVSPDARI_SUCCESS);
-        EXPECT_EQ(driver.SendPackets(&kPacket, 1), 0); // it did not return
+        EXPECT_EQ(driver.SendPackets(&kPacket, 1), 0); // not counted, because the receiver never returned
         EXPECT_EQ(driver.SendPackets(&kPacket, 1), -1);
         EXPECT_EQ(driver.WaitUntilPlayed(60000), -1);
         EXPECT_EQ(driver.OpenDeviceLCD(true), KVSPDARI_SUCCESS);
@@ -65,7 +65,7 @@ TEST_F(DriverThreads, AReceiverMayEndTheThreadBeforeInitialHasReturned)
     driver.SetReadingThreadPackets(nullptr, 0);
 }
 
-/// The status of a forked child that does this, and then ends as programs do.
+/// The exit status of a forked child that does this and then ends normally, with all exit handlers.
 int inChild(const std::function<bool()> &work)
 {
     const pid_t child = fork();
@@ -93,7 +93,7 @@ TEST_F(DriverThreads, AForkedChildHasAPadOfItsOwnThatIsClosed)
             0);
         EXPECT_EQ(inChild([] { return true; }), 0);
         const std::size_t count = received.packetCount();
-        while (received.packetCount() == count) // the parent's pad goes on
+        while (received.packetCount() == count) // until the parent's pad is seen to go on
             std::this_thread::sleep_for(1ms);
     }
     EXPECT_EQ(driver.IsOpen(), 1);

@@ -1,4 +1,4 @@
-// The permission check of the driver's file: what in its place others could write, and how to end that.
+// The permission check of the driver's file: which files and folders others could write to, and the cure for it.
 #include "driverfile.h"
 #include "filewriters.h"
 
@@ -23,7 +23,7 @@ std::string workingDirectory()
     return text;
 }
 
-/// A folder of its own below the temporary files, with a driver in folder `pad`.
+/// A temporary folder with a driver in its subfolder `pad`.
 class DriverFile : public testing::Test
 {
 protected:
@@ -61,7 +61,7 @@ protected:
 
     void mode(const std::string &name, mode_t mode) const { ASSERT_EQ(chmod(at(name).c_str(), mode), 0); }
 
-    /// What is found in a folder; empty for nothing.
+    /// What the check says about the driver in a folder; empty if it finds nothing.
     std::string found(const std::string &directory) const
     {
         const auto weakness = weaknessIn(directory.front() == '/' ? directory : at(directory));
@@ -95,7 +95,7 @@ TEST_F(DriverFile, IsUnsafeWhereEverybodyWritesItsFolder)
 {
     mode("pad", 0757);
     EXPECT_EQ(found("pad"), everybody("pad"));
-    mode("pad", 01777); // others put libraries beside it, which it may load
+    mode("pad", 01777); // others could still add libraries that the driver loads
     EXPECT_EQ(found("pad"), everybody("pad"));
 }
 
@@ -105,7 +105,7 @@ TEST_F(DriverFile, IsUnsafeWhereEverybodyWritesAFolderAbove)
     folder("above/pad");
     file("above/pad/libkvsignpaddrv.so");
     EXPECT_EQ(found("above/pad"), everybody("above"));
-    mode("above", 01777); // only its owner may rename `pad`
+    mode("above", 01777); // the sticky bit lets only the owner rename `pad`
     EXPECT_EQ(found("above/pad"), "");
 }
 
@@ -129,7 +129,7 @@ TEST_F(DriverFile, IsUnsafeWhereTheLinkItselfCanBeReplaced)
     EXPECT_EQ(found("open"), everybody("open"));
     link(at("pad"), "open/way");
     EXPECT_EQ(found("open/way"), everybody("open"));
-    mode("open", 01777); // the link is the own user's
+    mode("open", 01777); // the sticky bit protects the link, which is our own
     EXPECT_EQ(found("open/way"), "");
 }
 
@@ -185,7 +185,7 @@ TEST(FileWriters, AreItsOwnerWhenThatIsNeitherTheUserNorRoot)
 
 TEST(FileWriters, AreAGroupUnlessItIsThePrivateOneOfTheUserOrOfRoot)
 {
-    const Asker asker{1}; // an account that every system has, with a group of its own name
+    const Asker asker{1}; // every system has this account, and a group of the same name
     const gid_t own = getpwuid(1)->pw_gid;
     ASSERT_STREQ(getgrgid(own)->gr_name, getpwuid(1)->pw_name);
     EXPECT_TRUE(writersByMode(asker, ownedBy(1, own, 0664), false).isNobody());
@@ -193,7 +193,7 @@ TEST(FileWriters, AreAGroupUnlessItIsThePrivateOneOfTheUserOrOfRoot)
     EXPECT_TRUE(writersByMode(asker, ownedBy(1, 4711, 0644), false).isNobody());
     EXPECT_EQ(writersByMode(asker, ownedBy(1, 4711, 0664), false).who, "the group 4711");
     EXPECT_EQ(writersByMode(asker, ownedBy(1, 4711, 0664), false).cure, "chmod g-w");
-    const group *const users = getgrnam("users"); // of many accounts, none of them of that name
+    const group *const users = getgrnam("users"); // a group for many accounts, and no account is called that
     ASSERT_NE(users, nullptr);
     EXPECT_EQ(writersByMode(asker, ownedBy(1, users->gr_gid, 0664), false).who, "the group users");
 }

@@ -1,5 +1,5 @@
 /// @file
-/// The other end of the driver's way to a virtual pad: says whatever a test wants it to say, byte by byte.
+/// Stands in for a virtual pad's window and sends the driver exactly the bytes that a test wants.
 #ifndef FAKEWINDOW_H
 #define FAKEWINDOW_H
 
@@ -14,7 +14,7 @@
 #include <thread>
 #include <unistd.h>
 
-/// Serves one program. The greeting is whatever the function does with the connection, on a thread of its own.
+/// Accepts one program. After the program's first line, the test's function sends the greeting on a thread of its own.
 class FakeWindow
 {
 public:
@@ -47,13 +47,13 @@ public:
     FakeWindow(const FakeWindow &) = delete;
     FakeWindow &operator=(const FakeWindow &) = delete;
 
-    /// False when the program does not listen any more.
+    /// Returns false if the program no longer listens.
     bool say(const std::string &text) const
     {
         return send(m_program, text.data(), text.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(text.size());
     }
 
-    /// Till the greeting has been said.
+    /// Waits for the end of the greeting.
     void join() { m_thread.join(); }
 
     void close()

@@ -1,5 +1,5 @@
 /// @file
-/// What the faults of a recording make of the simulated pad: when they set in, what it sends and what it answers.
+/// What the faults in a recording do to the simulated pad: when they begin, what it then sends and answers.
 #include "greyimage.h"
 #include "patience.h"
 #include "simulateddriver.h"
@@ -74,12 +74,12 @@ TEST_F(FaultPlayback, ManyRepetitionsTakeNoMemory)
         return use.ru_maxrss;
     };
     const long before = peakKb();
-    ASSERT_EQ(open(), KVSPDARI_SUCCESS); // all of it is read here
+    ASSERT_EQ(open(), KVSPDARI_SUCCESS); // reads the whole recording
     EXPECT_LT(peakKb() - before, 50000);
     ASSERT_EQ(driver.ClearDeviceContent(), KVSPDARI_SUCCESS);
     while (received.packetCount() < 1000)
         std::this_thread::sleep_for(1ms);
-    EXPECT_EQ(driver.UnInitial(), KVSPDARI_SUCCESS); // in the midst of them
+    EXPECT_EQ(driver.UnInitial(), KVSPDARI_SUCCESS); // while it is still repeating
     EXPECT_LT(received.packetCount(), kMillions * std::size_t{1000000});
 }
 
@@ -89,7 +89,7 @@ TEST_F(FaultPlayback, APipeIsNoRecording)
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     setenv("KVSIM_RECORDING", pipe.c_str(), 1);
     testing::internal::CaptureStderr();
-    EXPECT_EQ(open(), KVSPDARI_FAILED); // nobody will ever write into it
+    EXPECT_EQ(open(), KVSPDARI_FAILED); // nobody writes to the pipe, so reading it would never end
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "kvsignpaddrv: " + pipe + ": is not a regular file\n");
     script("fingerprint 0 " + pipe + " 5\n", "version: 2\nmodel: S310X\n");
     testing::internal::CaptureStderr();
@@ -129,7 +129,7 @@ TEST_F(FaultPlayback, AnAnswerHoldsFromItsTimeOn)
     setenv("KVSIM_SPEED", "1", 1);
     script("200 200 200 5 0\nanswer 200 SetDevicePenStyle -7\n202 200 200 5 2\n600 200 200 5 0\n"
            "answer 600 SetDevicePenStyle 0\n602 200 200 5 2\n");
-    std::map<std::size_t, int> results; // by packets before
+    std::map<std::size_t, int> results; // by the number of packets received so far
     received.whenPacketComes = [&](const KVSIM_PACKET &packet) {
         if (packet.status == KVSPDARI_PS_PEN_UP)
             results[received.packetCount()] = driver.SetDevicePenStyle(false);
@@ -172,13 +172,13 @@ TEST_F(FaultPlayback, EveryOperationAnswersWhatItIsToldTo)
         for (const Asked &other : kAsked)
             EXPECT_EQ(other.call(driver), &other == &asked ? -5 : 0) << asked.operation << " " << other.operation;
     }
-    EXPECT_EQ(driver.ShownPictures(), 8); // not the one that was refused
+    EXPECT_EQ(driver.ShownPictures(), 8); // the refused one does not count
     script("answer 0 UnInitial -3\n");
     driver.UnInitial();
     ASSERT_EQ(open(), KVSPDARI_SUCCESS);
     EXPECT_EQ(driver.UnInitial(), -3);
     EXPECT_EQ(driver.IsOpen(), 0);
-    EXPECT_EQ(driver.UnInitial(), 0); // the recording's reach ends with the pad
+    EXPECT_EQ(driver.UnInitial(), 0); // the recording has no say once the pad is closed
 }
 
 TEST_F(FaultPlayback, InitialAnswersWhatTheRecordingBeginsWith)
@@ -188,12 +188,12 @@ TEST_F(FaultPlayback, InitialAnswersWhatTheRecordingBeginsWith)
         EXPECT_EQ(open(), result);
         EXPECT_EQ(driver.IsOpen(), 0);
     }
-    script("0 200 200 5 0\nanswer 0 Initial -3\n"); // not before everything else
+    script("0 200 200 5 0\nanswer 0 Initial -3\n"); // only an answer that comes first is meant for Initial
     EXPECT_EQ(open(), KVSPDARI_SUCCESS);
     driver.UnInitial();
     script("unplug 0\n");
     EXPECT_EQ(open(), KVSPDARI_LIBUSB_OPEN_DEVICE_FAIL);
-    driver.SetResult("Initial", KVSPDARI_SUCCESS); // what a test asks for goes first, but cannot plug a pad in
+    driver.SetResult("Initial", KVSPDARI_SUCCESS); // overrides a recorded answer, but does not plug a pad in
     EXPECT_EQ(open(), KVSPDARI_LIBUSB_OPEN_DEVICE_FAIL);
     script("answer 0 Initial -3\n");
     EXPECT_EQ(open(), KVSPDARI_SUCCESS);
@@ -209,7 +209,7 @@ TEST_F(FaultPlayback, AnUnpluggedPadIsSilentAndTakesNothing)
     const KVSIM_PACKET packet{1, 2, 3, 0};
     EXPECT_EQ(driver.SendPackets(&packet, 1), 0);
     EXPECT_EQ(driver.UnInitial(), KVSPDARI_SUCCESS);
-    EXPECT_EQ(open(), KVSPDARI_LIBUSB_OPEN_DEVICE_FAIL); // pulled out is pulled out, whatever is to be played
+    EXPECT_EQ(open(), KVSPDARI_LIBUSB_OPEN_DEVICE_FAIL); // it stays unplugged, whichever recording comes next
     setenv("KVSIM_RECORDING", "none", 1);
     EXPECT_EQ(open(), KVSPDARI_LIBUSB_OPEN_DEVICE_FAIL);
     driver.Reset();
@@ -229,11 +229,12 @@ TEST_F(FaultPlayback, APadThatIsPluggedInAgainGoesOn)
     driver.ClearDeviceContent();
     while (driver.SetDevicePenStyle(true) == KVSPDARI_SUCCESS)
         std::this_thread::yield();
-    driver.UnInitial(); // the recording would have plugged it in
+    driver.UnInitial(); // the recording is cut short before it plugs the pad in again
     EXPECT_EQ(open(), KVSPDARI_SUCCESS);
 }
 
-// Others keep the driver busy, so that it is closed before, while and after the recording's fault is taken in.
+// Other threads keep the driver busy, so that over many rounds it is closed before, while and after it handles the
+// recording's fault.
 TEST_F(FaultPlayback, APadThatComesBackCanBeOpenedWheneverItWasClosed)
 {
     script("0 200 200 5 0\nunplug 0\n0 201 200 5 1\nplug 60000\n");
@@ -273,7 +274,7 @@ TEST_F(FaultPlayback, UnpluggingEndsAPicture)
 
 TEST_F(FaultPlayback, ASlowScreenTakesItsTime)
 {
-    setenv("KVSIM_SCREEN_MS", "3600000", 1); // which the recording's own time stands before
+    setenv("KVSIM_SCREEN_MS", "3600000", 1); // the recording's own time overrides this
     script("screen 0 50\n");
     ASSERT_EQ(open(KVS310X_DEVICE), KVSPDARI_SUCCESS);
     const auto begin = Clock::now();
@@ -288,7 +289,7 @@ TEST_F(FaultPlayback, TextsAreTheRecordingsOwn)
     EXPECT_EQ(driver.GetDevicePartsVersion(text, 32), KVSPDARI_SUCCESS);
     EXPECT_STREQ(text, "KVS300 9.9");
     EXPECT_EQ(driver.GetDevicePadID(text, 32), KVSPDARI_SUCCESS);
-    EXPECT_STREQ(text, "KVS300 9.9"); // nothing was written
+    EXPECT_STREQ(text, "KVS300 9.9"); // still the earlier text, because nothing was written
     driver.SetText("GetDevicePartsVersion", "KVS300 0.1");
     driver.GetDevicePartsVersion(text, 32);
     EXPECT_STREQ(text, "KVS300 0.1");
@@ -307,14 +308,14 @@ TEST_F(FaultPlayback, TheRecordedPadsVersionIsAnsweredByItsModel)
         EXPECT_STREQ(text, row.first);
         driver.ClearDeviceContent();
         ASSERT_EQ(driver.WaitUntilPlayed(30000), 1);
-        EXPECT_EQ(received.packets.at(0).pressure, row.second); // half of the range of 1024
+        EXPECT_EQ(received.packets.at(0).pressure, row.second); // 512 is half of the recorded pad's range of 1024
         driver.UnInitial();
     }
 }
 
 TEST_F(FaultPlayback, FingerprintsComeInAnyOrderNullOnesToo)
 {
-    play("fingerprint 0 - 90\nfingerprint 1 /nowhere.pgm 4\n", KVS300_DEVICE); // has no sensor and looks for no file
+    play("fingerprint 0 - 90\nfingerprint 1 /nowhere.pgm 4\n", KVS300_DEVICE); // no sensor, so no file is looked for
     EXPECT_TRUE(received.scores.empty());
     driver.UnInitial();
     std::ofstream finger("/tmp/kv-faultplayback-finger.pgm", std::ios::binary);

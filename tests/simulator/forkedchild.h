@@ -1,6 +1,6 @@
 /// @file
-/// For tests that fork. A child inherits what the parent's threads own, but not the threads, and the sanitizer would
-/// call that a leak. So leaks are checked in the parent only.
+/// For tests that fork. A child inherits the memory that the parent's threads own, but not the threads, and the
+/// sanitizer would call that a leak. So leaks are checked in the parent only.
 #ifndef FORKEDCHILD_H
 #define FORKEDCHILD_H
 

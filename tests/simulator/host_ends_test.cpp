@@ -1,5 +1,5 @@
 /// @file
-/// Hosts that end, or fork, while their pad is read and a receiver is set. All of them end.
+/// Hosts that end while their pad still sends to a receiver. None of them may hang or crash.
 #include "patience.h"
 
 #include <QProcess>
@@ -22,7 +22,7 @@ struct Outcome
 class HostEnds : public testing::Test
 {
 protected:
-    /// A pad on which confirm is tapped as fast as the receiver returns.
+    /// Sets up a pad whose confirm button is tapped again as soon as the receiver returns.
     HostEnds()
     {
         std::ofstream(recording()) << "version: 1\nmodel: S300\n0 300 1600 100 4\n1 300 1600 100 4\n";

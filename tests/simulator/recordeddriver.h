@@ -1,5 +1,5 @@
 /// @file
-/// For the recorder's own tests: the recorder loaded as the driver, the simulator behind it as the real one.
+/// For the recorder's own tests: they load the recorder as the driver, with the simulator behind it as the real driver.
 #ifndef RECORDEDDRIVER_H
 #define RECORDEDDRIVER_H
 
@@ -11,7 +11,7 @@
 #include <filesystem>
 #include <fstream>
 
-/// The simulator, which the recorder loads as well.
+/// The test's own access to the simulator that the recorder uses as the real driver.
 struct RealDriverFace
 {
     explicit RealDriverFace(const std::string &path)
@@ -41,7 +41,7 @@ struct RealDriverFace
     const KVSPDAPI_UnInitial UnInitial = reinterpret_cast<KVSPDAPI_UnInitial>(dlsym(library, "KVSPDAPI_UnInitial"));
 };
 
-/// The working directory is the recorder's while this is there.
+/// Makes the recorder's directory the working directory for as long as this object exists.
 class InRecorderDirectory
 {
 protected:
@@ -55,7 +55,7 @@ protected:
     const std::filesystem::path m_simulator;
 };
 
-/// Each test has the recorder freshly loaded, and records to pen.kvrec in a directory of its own.
+/// Each test loads the recorder anew and records to pen.kvrec in a directory of its own.
 class RecorderTest : public InRecorderDirectory, public SimulatorTest
 {
 protected:
@@ -65,7 +65,7 @@ protected:
         char name[] = "/tmp/kvrec-test-XXXXXX";
         m_directory = mkdtemp(name);
         setenv("KVREC_FILE", path("pen.kvrec").c_str(), 1);
-        setenv("KVREC_TRUST", "1", 1); // whoever may write where this is built
+        setenv("KVREC_TRUST", "1", 1); // a build directory may be writable for others
         useRealDriver("libkvsignpaddrv.so");
         real.SetScreenDelay(0);
     }

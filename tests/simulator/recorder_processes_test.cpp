@@ -1,5 +1,5 @@
 /// @file
-/// The recorder in processes that fork or exit, and real drivers that others could replace.
+/// The recorder in processes that fork or exit, and in front of real drivers that others could replace.
 #include "forkedchild.h"
 #include "recordeddriver.h"
 
@@ -9,7 +9,7 @@
 
 namespace {
 
-/// What the recorder says to a driver at that path; nothing when it loads it.
+/// A real driver in a folder of its own, so that a test can let others write to either.
 class RealDriverOfOthers : public RecorderTest
 {
 protected:
@@ -28,7 +28,8 @@ protected:
         chmod(path("pad/real.so").c_str(), file);
     }
 
-    /// In a process of its own, since a driver that was loaded once stays the recorder's.
+    /// What the recorder says when it refuses the driver; empty when it loads it. This happens in a child process,
+    /// because the recorder keeps a driver once it has loaded it.
     std::string refusal()
     {
         testing::internal::CaptureStderr();
@@ -72,7 +73,7 @@ TEST_F(RealDriverOfOthers, IsRefusedWithoutAFolder)
     EXPECT_NE(said.find("real.so: who may write it is not known without its folder"), std::string::npos) << said;
 }
 
-/// While packets come as fast as they go, with the recording's lock held most of the time.
+/// Packets come as fast as possible, so that most forks happen while another thread holds the recording's lock.
 TEST_F(RecorderTest, AForkedChildRecordsNothingAndWaitsForNobody)
 {
     ASSERT_EQ(open(KVS300_DEVICE), 0);
@@ -102,7 +103,7 @@ TEST_F(RecorderTest, AForkedChildRecordsNothingAndWaitsForNobody)
     EXPECT_FALSE(std::filesystem::exists(path("pen-2.kvrec")));
 }
 
-/// The process ends in the midst of a session.
+/// The process exits without closing the pad.
 TEST_F(RecorderTest, AProcessThatExitsWithThePadOpenLeavesARecording)
 {
     for (const bool hasPackets : {false, true}) {

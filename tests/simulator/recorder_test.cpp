@@ -22,7 +22,7 @@ char text[32];
 struct Command
 {
     const char *operation;
-    const char *call; ///< as the real driver's journal has it
+    const char *call; ///< how the real driver's list of calls shows it
     int (*make)(const SimulatedDriver &);
 };
 
@@ -166,7 +166,7 @@ TEST_F(RecorderTest, ARefusedInitialIsARecordingToo)
     real.SetResult("Initial", -5);
     EXPECT_EQ(open(KVR800_DEVICE), -5);
     real.SetResult("Initial", 0);
-    EXPECT_EQ(open(KVR800_DEVICE), 0); // with its own callbacks and its own file
+    EXPECT_EQ(open(KVR800_DEVICE), 0); // a new session with its own callbacks and its own file
     const KVSIM_PACKET packet{1, 2, 3, 0};
     EXPECT_EQ(real.SendPackets(&packet, 1), 1);
     EXPECT_EQ(received.packetCount(), 1u);
@@ -227,7 +227,7 @@ TEST_F(RecorderTest, WhenTheFileCannotBeWrittenThePadGoesOn)
     EXPECT_EQ(received.packetCount(), 50u);
 }
 
-/// Positions in two scrambled recordings of different shapes.
+/// Two different shapes, once scrambled, have the same positions.
 TEST_F(RecorderTest, ScrambledThereIsNothingLeftOfTheShape)
 {
     setenv("KVREC_SCRAMBLE", "1", 1);
@@ -264,7 +264,7 @@ TEST_F(RecorderTest, ScrambledThereIsNothingLeftOfTheShape)
     EXPECT_EQ(wholeFile("pen.kvrec").find("PadID-0001"), std::string::npos);
 }
 
-/// Everything delivered is in the file when the process is killed while packets come as fast as they go.
+/// The process is killed while packets come as fast as possible. Every packet delivered before is in the file.
 TEST_F(RecorderTest, AKilledProcessLosesNothing)
 {
     auto *const delivered =

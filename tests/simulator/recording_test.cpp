@@ -240,7 +240,7 @@ TEST(Recording, OfSeveralLinesForTheReaderTheLastCounts)
 
 TEST(Recording, AWriterSaysTheOldestVersionThatSuffices)
 {
-    for (const char *text : {"version: 1\nmodel: S300\npad-version: x\n0 1 2 3 0\n", // a key for people in version 1
+    for (const char *text : {"version: 1\nmodel: S300\npad-version: x\n0 1 2 3 0\n", // version 1 gives no meaning to it
              "version: 2\nmodel: S300\npad-version: KVS300 1.0\n0 1 2 3 0\n",
              "version: 2\nmodel: S300\nraw 0 1 2 3 0\nrepeat 0 3\nstall 0.5 20\n",
              "version: 2\nmodel: S310X\nfingerprint 0 - 20\nanswer 1 UnInitial -1\n",
@@ -276,7 +276,7 @@ TEST(Recording, NumbersDoNotFollowTheLocale)
     EXPECT_EQ(written, text);
 }
 
-/// A stream that makes its lines as they are read, so that only the reader could hold them all.
+/// A stream that makes each line only when it is read, so that nothing but the reader could hold them all in memory.
 class EndlessPen : public std::streambuf
 {
 public:
@@ -345,7 +345,7 @@ TEST(Trace, FillsTheWritingAreaButForItsBorder)
     EXPECT_EQ(trace.about[0].second, "drawn by hand in an editor");
     const std::vector<Event> events = fitIntoPad(trace.samples, *modelOfName("S300"), 0.8, 0.8);
     ASSERT_EQ(events.size(), 5u);
-    // 10 by 10 units in 1300 * 0.8 raw units: 104 each; the middle of the area is (1350, 850).
+    // 10 by 10 units fill 1300 * 0.8 raw units, 104 for each unit. The middle of the writing area is (1350, 850).
     const Packet expected[] = {
         {830, 330, 512, 0}, {1870, 330, 1024, 1}, {1870, 1370, 2048, 1}, {830, 1370, 0, 1}, {830, 1370, 0, 2}};
     const std::int64_t times[] = {0, 7500, 15000, 15000, 24000};
@@ -393,7 +393,7 @@ TEST_P(EveryStyle, IsWrittenAsAPadSendsIt)
         touches = sample.state != Sample::Up;
         EXPECT_GE(sample.timeMs, last);
         if (sample.state == Sample::Move) {
-            EXPECT_LT(sample.timeMs - last, 8); // 220 a second, somewhat uneven
+            EXPECT_LT(sample.timeMs - last, 8); // about 220 samples a second, at slightly uneven times
         }
         EXPECT_TRUE(sample.pressure >= 0 && sample.pressure <= 1) << sample.pressure;
         last = sample.timeMs;

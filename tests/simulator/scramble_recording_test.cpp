@@ -1,5 +1,5 @@
 /// @file
-/// kv-scramble-recording: a recording that is there already, made ready to be handed on.
+/// kv-scramble-recording, which makes an existing recording safe to pass on.
 #include "greyimage.h"
 #include "recording.h"
 
@@ -26,7 +26,7 @@ protected:
 
     std::string path(const std::string &name) const { return m_directory + "/" + name; }
 
-    /// The tool's exit code; what it says is in the file "said".
+    /// Runs the tool and returns its exit code. Its messages go to the file "said".
     int run(const std::string &arguments) const
     {
         const int status = std::system((KV_SCRAMBLE " " + arguments + " 2>" + path("said")).c_str());

@@ -1,5 +1,5 @@
 /// @file
-/// For the simulator's own tests: the driver loaded from the working directory, and what its callbacks received.
+/// For the simulator's own tests: loads the driver from the working directory and keeps what its callbacks receive.
 #ifndef SIMULATEDDRIVER_H
 #define SIMULATEDDRIVER_H
 
@@ -19,7 +19,7 @@
 #include <unistd.h>
 #include <vector>
 
-/// What the callbacks got. Callbacks are plain functions, so there is one for all.
+/// What the callbacks received. There is one for all tests, because callbacks are plain functions.
 struct Received
 {
     std::mutex mutex;
@@ -38,7 +38,7 @@ struct Received
     }
 };
 
-/// Never destroyed: a process that was forked off may end while the parent's thread is changing it.
+/// Never destroyed, because a forked child may exit with a copy that the parent's thread was just changing.
 inline Received &received = *new Received;
 
 inline void receivePacket(int x, int y, int pressure, int status)
@@ -62,7 +62,7 @@ inline void receiveFingerprint(unsigned char *data, int length, int score)
     received.threads.insert(std::this_thread::get_id());
 }
 
-/// The loaded library with its operations and its control face.
+/// The loaded library, with the driver's operations and the functions that control the simulator.
 class SimulatedDriver
 {
 public:
@@ -124,7 +124,7 @@ public:
 #undef KV_CONTROL
 };
 
-/// Starts every test with a silent driver and empty hands.
+/// Starts every test with a driver that plays nothing and with nothing received.
 class SimulatorTest : public testing::Test
 {
 protected:

@@ -1,5 +1,5 @@
 /// @file
-/// The simulator as its environment sets it up: recordings, speed, models, pictures.
+/// The simulator as environment variables set it up: recordings, speed, models, pictures.
 #include "patience.h"
 #include "simulateddriver.h"
 
@@ -17,7 +17,7 @@ class PlaybackTest : public SimulatorTest
 protected:
     PlaybackTest() { setenv("KVSIM_RECORDING", KV_TEST_DATA "/recordings/corners.kvrec", 1); }
 
-    /// Opens the pad, clears it and waits for the end of the recording. Answers the time that this took.
+    /// Opens the pad, clears it and waits for the end of the recording. Returns how long the playing took.
     std::chrono::milliseconds play(int deviceType)
     {
         EXPECT_EQ(open(deviceType), KVSPDARI_SUCCESS);
@@ -28,7 +28,8 @@ protected:
     }
 };
 
-/// The recording's packets, made on an S300: corners and middle of its writing area, and places outside of it.
+/// What a model makes of a recording from an S300 that has corners and the middle of the writing area, and a place
+/// outside of it.
 struct Mapped
 {
     const char *name;
@@ -37,7 +38,8 @@ struct Mapped
     std::vector<KVSIM_PACKET> packets;
 };
 
-// A raw unit of the S300 is span/2300 by span/1300 of the other model, counted from the writing area's corner.
+// Positions count from the writing area's corner. A raw unit of the S300 becomes span/2300 by span/1300 units of the
+// other model.
 const Mapped kMapped[] = {
     {"S300", KVS300_DEVICE, "",
         {{200, 200, 0, 0}, {1350, 850, 1024, 1}, {2500, 1500, 2048, 1}, {100, 100, 2049, 1}, {100, 100, 0, 2}}},
@@ -95,12 +97,12 @@ TEST_F(PlaybackTest, KeepsTheRecordingsTimes)
     driver.ClearDeviceContent();
     ASSERT_EQ(driver.WaitUntilPlayed(30000), 1);
     ASSERT_EQ(received.times.size(), 5u);
-    const std::chrono::milliseconds due[] = {60ms, 80ms, 120ms, 220ms, 260ms}; // 0, 20, 60, 160, 200 after the delay
+    const std::chrono::milliseconds due[] = {60ms, 80ms, 120ms, 220ms, 260ms}; // the delay of 60 plus the recorded time
     for (std::size_t i = 0; i < 5; ++i) {
         EXPECT_GE(received.times[i] - begin, due[i]) << i;
         EXPECT_LT(received.times[i] - begin, due[i] + kPatience) << i; // a busy machine is late, never early
     }
-    driver.ClearDeviceContent(); // only the first one starts it
+    driver.ClearDeviceContent(); // only the first clear starts the recording
     std::this_thread::sleep_for(100ms);
     EXPECT_EQ(received.packetCount(), 5u);
 }
@@ -140,7 +142,7 @@ TEST_F(PlaybackTest, EndsWithUnInitial)
     int waited = -2;
     std::thread waiter([&] { waited = driver.WaitUntilPlayed(30000); });
     const KVSIM_PACKET packet{-7, -7, -7, -7};
-    EXPECT_EQ(driver.SendPackets(&packet, 1), 1); // gets its turn meanwhile
+    EXPECT_EQ(driver.SendPackets(&packet, 1), 1); // gets its turn although the recording is playing
     driver.UnInitial();
     const std::size_t count = received.packetCount();
     std::this_thread::sleep_for(30ms);
@@ -154,7 +156,7 @@ TEST_F(PlaybackTest, TheDelayEndsOnRequest)
     setenv("KVSIM_DELAY_MS", "60000", 1);
     EXPECT_EQ(driver.EndDelay(), -1);
     ASSERT_EQ(open(), KVSPDARI_SUCCESS);
-    EXPECT_EQ(driver.EndDelay(), 0); // nothing waits yet, and nothing is started
+    EXPECT_EQ(driver.EndDelay(), 0); // before the pad is cleared there is no delay to end, and nothing starts
     EXPECT_EQ(driver.WaitUntilPlayed(20), 0);
     const auto begin = Clock::now();
     driver.ClearDeviceContent();
@@ -231,7 +233,7 @@ struct BadSetting
 {
     const char *variable;
     const char *value;
-    const char *line; ///< on stderr; begins and ends as given, with the recordings' directory for %
+    const char *line; ///< the line on stderr, with % where the recordings' directory stands
 };
 
 const BadSetting kBadSettings[] = {

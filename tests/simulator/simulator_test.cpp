@@ -1,5 +1,5 @@
 /// @file
-/// The promises that every pad driver makes, kept by the simulated one, and the control face.
+/// The simulated driver keeps what every pad driver promises; and the functions by which tests control it.
 #include "simulateddriver.h"
 
 #include <atomic>
@@ -106,13 +106,13 @@ TEST_F(SimulatorTest, OperationsMayBeCalledFromInsideACallbackAndBesideIt)
     std::atomic<int> done{0};
     received.whenPacketComes = [&](const KVSIM_PACKET &packet) {
         callEveryCommand(driver, done);
-        std::thread([&] { callEveryCommand(driver, done); }).join(); // the callback is under way all the while
+        std::thread([&] { callEveryCommand(driver, done); }).join(); // another thread, during the callback
         EXPECT_EQ(driver.SendPackets(&packet, 1), -1);
         EXPECT_EQ(driver.Initial(KVS300_DEVICE, receivePacket, nullptr), KVSPDARI_LIBUSB_CLAIM_INTERFACE_FAIL);
     };
     driver.SetScreenDelay(0);
     const KVSIM_PACKET packet{1, 2, 3, 0};
-    driver.SetReadingThreadPackets(&packet, 1); // even while Initial has not returned
+    driver.SetReadingThreadPackets(&packet, 1); // this packet comes before Initial has returned
     ASSERT_EQ(open(KVS310X_DEVICE), KVSPDARI_SUCCESS);
     EXPECT_EQ(done, 18);
     EXPECT_EQ(driver.SendPackets(&packet, 1), 1);
@@ -133,7 +133,7 @@ TEST_F(SimulatorTest, UnInitialReturnsAfterTheLastCallback)
     std::thread sender([&] { sent = driver.SendPackets(packets.data(), 1000); });
     while (!inside)
         std::this_thread::yield();
-    std::thread other([&] { // whoever closes second waits as well
+    std::thread other([&] { // the second one to close has to wait as well
         driver.UnInitial();
         EXPECT_TRUE(left);
     });
@@ -251,7 +251,7 @@ TEST_F(SimulatorTest, TextsAreThoseAskedForAndFitTheirBuffer)
     driver.SetText("GetDevicePenID", "0123456789");
     EXPECT_EQ(driver.GetDevicePenID(text, 5), KVSPDARI_SUCCESS);
     EXPECT_STREQ(text, "0123");
-    driver.SetResult("GetDevicePenID", KVSPDARI_LIBUSB_SENT_CMD_FAIL); // the text is written all the same
+    driver.SetResult("GetDevicePenID", KVSPDARI_LIBUSB_SENT_CMD_FAIL); // the text is still written
     EXPECT_EQ(driver.GetDevicePenID(text, sizeof text), KVSPDARI_LIBUSB_SENT_CMD_FAIL);
     EXPECT_STREQ(text, "0123456789");
     driver.SetText("KVSPDAPI_GetDevicePenID", nullptr);
@@ -346,7 +346,7 @@ TEST(SimulatorUnloading, LeavesNothingBehind)
         const KVSIM_PACKET packet{round, 2, 3, 0};
         ASSERT_EQ(driver.SendPackets(&packet, 1), 1);
         if (round % 2 == 0)
-            driver.UnInitial(); // else unloading ends the session
+            driver.UnInitial(); // in the other rounds, unloading the library ends the session
     }
     EXPECT_EQ(threadCount(), threads);
     EXPECT_EQ(wholeFile("/proc/self/maps").find("libkvsignpaddrv"), std::string::npos);

@@ -1,5 +1,5 @@
 /// @file
-/// What the driver makes of what a virtual pad's window says: states that hold as a whole, and nonsense.
+/// How the driver takes what a virtual pad's window sends: states, which it applies as a whole, and nonsense.
 #include "fakewindow.h"
 #include "patience.h"
 #include "simulateddriver.h"
@@ -64,7 +64,7 @@ TEST_F(VirtualLinkTest, TheGreetingHoldsFromTheFirstCommandOn)
     EXPECT_EQ(version(), "KVM450 X");
 }
 
-/// A packet that has come through shows that what was said before it has been read.
+/// Once a packet has arrived, the driver has read everything that was sent before it.
 TEST_F(VirtualLinkTest, AStateIsTakenAsAWhole)
 {
     FakeWindow window([](FakeWindow &pad) { pad.say(std::string(kHeader) + kOpened); });
@@ -145,7 +145,7 @@ TEST_F(VirtualLinkTest, EndlessGreetingsAreGivenUp)
     }
 }
 
-/// What a reader makes of a text: each line that it hands on, a state as one.
+/// What a WindowReader hands on for a text: one line for each hand-over, with the parts of a state joined by " + ".
 std::string readAll(const std::string &text)
 {
     std::istringstream in(text);
