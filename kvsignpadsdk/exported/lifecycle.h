@@ -17,7 +17,9 @@ namespace exported {
 
 /// Ends the open instance: a headless one is deleted at once, a widget later by the event loop. The library is closed
 /// afterwards even if something fails on the way. A forked child does not touch the widget, because its window belongs
-/// to the parent's connection to the display, and two processes cannot share one.
+/// to the parent's connection to the display, and two processes cannot share one. Nor does it delete a headless
+/// instance: a thread of the parent may have been drawing on the canvas at the fork, and Qt then waits for ever in the
+/// warning that it gives of a canvas deleted while it is painted.
 template <class Family>
 void close()
 {
@@ -26,7 +28,13 @@ void close()
         contained::run([object] { object->Shutdown(); });
         g_pSignWidget = nullptr;
         g_bUseSignObj = false;
-        delete object;
+        if (object->m_internals.isOfThisProcess()) {
+            delete object;
+        } else {
+            static typename Family::Obj *left = nullptr; // keeps it known to leak checkers
+            left = object;
+            static_cast<void>(left);
+        }
     } else {
         auto *widget = static_cast<typename Family::Widget *>(g_pSignWidget);
         contained::run([widget] { widget->Shutdown(); });
