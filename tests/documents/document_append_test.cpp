@@ -26,7 +26,7 @@ const Row kRows[] = {{"written-two-pages.pdf", "", ""}, {"written-form.pdf", "",
     {"encrypted-40.pdf", "it is encrypted", "reader"}, {"written-damaged.pdf", "it is damaged", ""},
     {"written-hybrid.pdf", "its cross-references are in two forms at once", ""}};
 
-TEST_F(DocumentAppend, keepsEveryByteAndWord)
+TEST_F(DocumentAppend, KeepsEveryByteAndWord)
 {
     for (const Row &row : kRows) {
         SCOPED_TRACE(row.name);
@@ -53,7 +53,7 @@ TEST_F(DocumentAppend, keepsEveryByteAndWord)
     }
 }
 
-TEST_F(DocumentAppend, addsAgainAndAgain)
+TEST_F(DocumentAppend, AddsAgainAndAgain)
 {
     QString name = given("qpdf-object-streams.pdf");
     for (int i = 1; i <= 4; ++i) {
@@ -69,7 +69,7 @@ TEST_F(DocumentAppend, addsAgainAndAgain)
     EXPECT_NEAR(box.right() - redBox(drawn("mutool", "signed-1.pdf", 300), 300).right(), 45, 0.1);
 }
 
-TEST_F(DocumentAppend, refusesWhatWouldHarm)
+TEST_F(DocumentAppend, RefusesWhatWouldHarm)
 {
     signAs(People::get().anna(), given("cairo.pdf"), "signed.pdf");
     write("signed-damaged.pdf", read("signed.pdf").replace("%PDF-1.", "%moved\n%PDF-1."));

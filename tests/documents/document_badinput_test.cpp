@@ -30,7 +30,7 @@ protected:
     }
 };
 
-TEST_F(DocumentBadInput, saysWhatIsWrong)
+TEST_F(DocumentBadInput, SaysWhatIsWrong)
 {
     write("empty.pdf", "");
     needRefused("empty.pdf", {}, "is no PDF");
@@ -49,7 +49,7 @@ TEST_F(DocumentBadInput, saysWhatIsWrong)
     needRefused("cut.pdf");
 }
 
-TEST_F(DocumentBadInput, endsWithLoopsAndDepths)
+TEST_F(DocumentBadInput, EndsWithLoopsAndDepths)
 {
     writeObjects("loop.pdf",
         "1 0 obj\n<< /Type /Catalog /Pages 2 0 R >>\nendobj\n2 0 obj\n<< /Type /Pages /Kids [2 0 R 2 0 R] >>\nendobj\n");
@@ -65,7 +65,7 @@ TEST_F(DocumentBadInput, endsWithLoopsAndDepths)
     needRefused("nested.pdf");
 }
 
-TEST_F(DocumentBadInput, takesPagesOfNoSize)
+TEST_F(DocumentBadInput, TakesPagesOfNoSize)
 {
     for (const char *box :
         {"", "/MediaBox [0 0 0 0]", "/MediaBox [0 0 1e30 1e30]", "/MediaBox [0 0 (a) 7]", "/MediaBox 5 0 R"}) {
@@ -79,7 +79,7 @@ TEST_F(DocumentBadInput, takesPagesOfNoSize)
 }
 
 // A disk that is too small is a limit on the size of files.
-TEST_F(DocumentBadInput, leavesNothingOnAFullDisk)
+TEST_F(DocumentBadInput, LeavesNothingOnAFullDisk)
 {
     write("out.pdf", "as it was");
     const QStringList before = files();

@@ -9,7 +9,7 @@ class DocumentParts : public Documents
 {
 };
 
-TEST_F(DocumentParts, flattensFieldsAndKeepsWhatTheyShow)
+TEST_F(DocumentParts, FlattensFieldsAndKeepsWhatTheyShow)
 {
     const QJsonObject result =
         signAs(People::get().anna(), given("written-form.pdf"), "flat.pdf", {"--flatten", "--form-field", "driver"});
@@ -29,7 +29,7 @@ TEST_F(DocumentParts, flattensFieldsAndKeepsWhatTheyShow)
     EXPECT_EQ(again.exitCode, 1) << testing::PrintToString(again);
 }
 
-TEST_F(DocumentParts, describeTheInkInATaggedDocument)
+TEST_F(DocumentParts, DescribeTheInkInATaggedDocument)
 {
     signPage(given("libreoffice.pdf"), "one.pdf", {"--name", "Zoë Müller"});
     const QString one = says({"pdfinfo", "-struct-text", "one.pdf"});
@@ -44,7 +44,7 @@ TEST_F(DocumentParts, describeTheInkInATaggedDocument)
     trusted("two.pdf", 0);
 }
 
-TEST_F(DocumentParts, showAFingerprintWhoseWhiteIsTransparent)
+TEST_F(DocumentParts, ShowAFingerprintWhoseWhiteIsTransparent)
 {
     QImage print(60, 90, QImage::Format_Grayscale8);
     print.fill(Qt::white);

@@ -12,7 +12,7 @@ class DocumentPixels : public Documents
 constexpr int kDpi = 300;
 constexpr int kWidth = 800, kHeight = 452; // pixels of an S300's canvas
 
-TEST_F(DocumentPixels, areThoseOfTheCanvas)
+TEST_F(DocumentPixels, AreThoseOfTheCanvas)
 {
     for (const char *recording : {"signature", "initials", "dots-and-dashes"}) {
         SCOPED_TRACE(recording);

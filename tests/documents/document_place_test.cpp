@@ -39,13 +39,13 @@ protected:
     }
 };
 
-TEST_F(DocumentPlace, isRightOnEveryPage)
+TEST_F(DocumentPlace, IsRightOnEveryPage)
 {
     for (const char *rotation : {"0", "90", "180", "270"})
         needPlaced(QString("written-rotated-%1.pdf").arg(rotation), {});
 }
 
-TEST_F(DocumentPlace, isRightInASignatureField)
+TEST_F(DocumentPlace, IsRightInASignatureField)
 {
     for (const char *rotation : {"0", "90", "180", "270"})
         needPlaced(QString("written-rotated-%1.pdf").arg(rotation),
@@ -53,7 +53,7 @@ TEST_F(DocumentPlace, isRightInASignatureField)
 }
 
 // The first page leaves a scale behind, the second closes more than it opened.
-TEST_F(DocumentPlace, doesNotDependOnWhatThePageLeavesOpen)
+TEST_F(DocumentPlace, DoesNotDependOnWhatThePageLeavesOpen)
 {
     for (const char *page : {"1", "2"}) {
         runWell({"sign", "--ink", "frame.ink", "--model", "S300", "--color", "red", "--page", page, "--field",
@@ -65,7 +65,7 @@ TEST_F(DocumentPlace, doesNotDependOnWhatThePageLeavesOpen)
     }
 }
 
-TEST_F(DocumentPlace, mustLieOnThePage)
+TEST_F(DocumentPlace, MustLieOnThePage)
 {
     for (const char *field : {"150,30,92x52", "60,30,92x200", "10,10,0.2x0.2"}) {
         const CommandResult result =

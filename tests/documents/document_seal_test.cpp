@@ -25,7 +25,7 @@ protected:
     }
 };
 
-TEST_F(DocumentSeal, givesTheSameRecordBack)
+TEST_F(DocumentSeal, GivesTheSameRecordBack)
 {
     sealPage(given("pdftex.pdf"), "sealed.pdf", "expert.pem");
     needSound("sealed.pdf");
@@ -39,7 +39,7 @@ TEST_F(DocumentSeal, givesTheSameRecordBack)
     EXPECT_EQ(runWell({"unseal", "ec.pdf", "--key", "ec.key"}).output.toUtf8().trimmed(), read("b.ink").trimmed());
 }
 
-TEST_F(DocumentSeal, opensForNobodyElse)
+TEST_F(DocumentSeal, OpensForNobodyElse)
 {
     sealPage(given("pdftex.pdf"), "sealed.pdf", "expert.pem");
     for (const char *key : {"other.key", "ec.key", "expert.pem", "b.ink", "none"}) {
@@ -56,7 +56,7 @@ TEST_F(DocumentSeal, opensForNobodyElse)
     EXPECT_FALSE(exists("x.pdf"));
 }
 
-TEST_F(DocumentSeal, isKeptForEachSignature)
+TEST_F(DocumentSeal, IsKeptForEachSignature)
 {
     runWell({"sign", "--ink", "b.ink", "--seal", "expert.pem", "--certificate", People::get().anna(), "--password-file",
         People::get().password(), given("pdftex.pdf"), "one.pdf"});

@@ -22,7 +22,7 @@ protected:
     }
 };
 
-TEST_F(DocumentSignature, isValidToOthers)
+TEST_F(DocumentSignature, IsValidToOthers)
 {
     const QJsonObject result = signAs(People::get().anna(), given("pdftex.pdf"), "signed.pdf",
         {"--reason", "goods received", "--location", "Hamburg"});
@@ -41,7 +41,7 @@ TEST_F(DocumentSignature, isValidToOthers)
     EXPECT_TRUE(found["coversWholeFile"].toBool());
 }
 
-TEST_F(DocumentSignature, isAMessageOfCades)
+TEST_F(DocumentSignature, IsAMessageOfCades)
 {
     signAs(People::get().ben(), given("chromium.pdf"), "signed.pdf");
     const QByteArray content = read("signed.pdf");
@@ -63,7 +63,7 @@ TEST_F(DocumentSignature, isAMessageOfCades)
     EXPECT_NE(runProgram(command, file(".")).exitCode, 0);
 }
 
-TEST_F(DocumentSignature, ofSeveralPeopleAreAllValid)
+TEST_F(DocumentSignature, OfSeveralPeopleAreAllValid)
 {
     signAs(People::get().anna(), given("libreoffice.pdf"), "one.pdf", {"--field", "20,50,60x30"});
     signAs(People::get().ben(), "one.pdf", "two.pdf", {"--field", "100,50,60x30"});
@@ -80,7 +80,7 @@ TEST_F(DocumentSignature, ofSeveralPeopleAreAllValid)
     EXPECT_EQ(rows[0].toObject()["changedAfter"], QJsonValue(QJsonArray()));
 }
 
-TEST_F(DocumentSignature, fillsAFieldOfTheForm)
+TEST_F(DocumentSignature, FillsAFieldOfTheForm)
 {
     const QJsonObject result =
         signAs(People::get().anna(), given("written-form.pdf"), "one.pdf", {"--form-field", "driver"});
@@ -99,7 +99,7 @@ TEST_F(DocumentSignature, fillsAFieldOfTheForm)
     EXPECT_FALSE(exists("b.pdf"));
 }
 
-TEST_F(DocumentSignature, findsEveryChangedByte)
+TEST_F(DocumentSignature, FindsEveryChangedByte)
 {
     signAs(People::get().anna(), given("cairo.pdf"), "signed.pdf");
     const QByteArray content = read("signed.pdf");
@@ -119,7 +119,7 @@ TEST_F(DocumentSignature, findsEveryChangedByte)
     EXPECT_EQ(row(trusted("changed.pdf", 1))["problem"].toString(), "the signed bytes were changed");
 }
 
-TEST_F(DocumentSignature, needsTheRightPassword)
+TEST_F(DocumentSignature, NeedsTheRightPassword)
 {
     write("wrong", "another\n");
     const CommandResult result = run({"sign", "--ink", "a.ink", "--certificate", People::get().anna(),
@@ -129,7 +129,7 @@ TEST_F(DocumentSignature, needsTheRightPassword)
     EXPECT_FALSE(exists("b.pdf"));
 }
 
-TEST_F(DocumentSignature, isRefusedWhereACertificationForbidsIt)
+TEST_F(DocumentSignature, IsRefusedWhereACertificationForbidsIt)
 {
     const QByteArray form = contentOf(given("written-form.pdf"));
     for (const char level : {'1', '2', '3'}) {

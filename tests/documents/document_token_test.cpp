@@ -23,7 +23,7 @@ openssl x509 -in "$1/anna.pem" -outform DER -out anna.der
 pkcs11-tool --module "$2" --login --pin 5678 --token-label Desk --write-object anna.der --type cert --label Anna --id a1 \
     > /dev/null 2>&1)";
 
-TEST_F(DocumentToken, signs)
+TEST_F(DocumentToken, Signs)
 {
     const QString module = "/usr/lib/softhsm/libsofthsm2.so";
     const CommandResult made = runProgram({"bash", "-c", kMakeToken, "bash", People::get().folder, module}, file("."));
@@ -94,7 +94,7 @@ printf 'extendedKeyUsage=critical,timeStamping\nkeyUsage=digitalSignature\n' > t
 openssl req -newkey rsa:2048 -nodes -keyout tsa.key -out tsa.csr -subj '/CN=Test Stamps' 2>/dev/null
 openssl x509 -req -in tsa.csr -CA "$1/authority.pem" -CAkey "$1/authority.key" -days 5 -extfile tsa.ext -out tsa.pem 2>/dev/null)";
 
-TEST_F(DocumentToken, isStampedByAServer)
+TEST_F(DocumentToken, IsStampedByAServer)
 {
     const CommandResult made = runProgram({"bash", "-c", kMakeAuthority, "bash", People::get().folder}, file("."));
     ASSERT_EQ(made.exitCode, 0) << testing::PrintToString(made);

@@ -40,7 +40,7 @@ protected:
     }
 };
 
-TEST_F(DocumentVerify, saysWhoIsTrusted)
+TEST_F(DocumentVerify, SaysWhoIsTrusted)
 {
     signAs(People::get().anna(), given("cairo.pdf"), "signed.pdf");
     EXPECT_EQ(row(trusted("signed.pdf", 0))["trust"].toString(), "trusted");
@@ -57,7 +57,7 @@ TEST_F(DocumentVerify, saysWhoIsTrusted)
     EXPECT_TRUE(none.errors.contains("there is no digital signature")) << testing::PrintToString(none);
 }
 
-TEST_F(DocumentVerify, knowsSelfSignedAndExpired)
+TEST_F(DocumentVerify, KnowsSelfSignedAndExpired)
 {
     const CommandResult made =
         runProgram({"bash", "-c",
@@ -82,7 +82,7 @@ TEST_F(DocumentVerify, knowsSelfSignedAndExpired)
     EXPECT_TRUE(refused.errors.contains("expired on")) << testing::PrintToString(refused);
 }
 
-TEST_F(DocumentVerify, findsInkThatCameBehindASignature)
+TEST_F(DocumentVerify, FindsInkThatCameBehindASignature)
 {
     signAs(People::get().anna(), given("written-form.pdf"), "signed.pdf");
     signPage("signed.pdf", "drawn.pdf", {"--field", "10,10,40x20"});
@@ -94,7 +94,7 @@ TEST_F(DocumentVerify, findsInkThatCameBehindASignature)
     EXPECT_TRUE(runProgram({"pdfsig", "-nocert", "drawn.pdf"}, file(".")).output.contains("Signature is Valid"));
 }
 
-TEST_F(DocumentVerify, judgesWhatARevisionChanges)
+TEST_F(DocumentVerify, JudgesWhatARevisionChanges)
 {
     signAs(People::get().anna(), given("written-form.pdf"), "signed.pdf", {"--form-field", "driver"});
     const QByteArray remark =
@@ -144,7 +144,7 @@ TEST_F(DocumentVerify, judgesWhatARevisionChanges)
 }
 
 // A reference to nothing, prepared before the signature and filled in after it.
-TEST_F(DocumentVerify, findsWhatFillsInAReferenceToNothing)
+TEST_F(DocumentVerify, FindsWhatFillsInAReferenceToNothing)
 {
     QByteArray prepared = contentOf(given("written-form.pdf"));
     prepared.replace(

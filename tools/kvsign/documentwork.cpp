@@ -9,15 +9,9 @@ namespace {
 
 constexpr rlim_t kMostMemory = rlim_t{3} << 30; // bytes
 
-/// Sanitizers reserve far more than they use.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+// Sanitizers reserve far more than they use.
+#if defined(KV_ADDRESS_SANITIZED) || defined(KV_THREAD_SANITIZED)
 constexpr bool kCanLimit = false;
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-constexpr bool kCanLimit = false;
-#else
-constexpr bool kCanLimit = true;
-#endif
 #else
 constexpr bool kCanLimit = true;
 #endif

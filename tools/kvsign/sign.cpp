@@ -3,6 +3,7 @@
 #include "documentwork.h"
 #include "headlesspad.h"
 #include "interruption.h"
+#include "keptink.h"
 #include "outputfile.h"
 #include "passwords.h"
 #include "pictureoptions.h"
@@ -187,28 +188,34 @@ void tell(const documents::SigningResult &result, const documents::SigningReques
         say(QString("note: %1").arg(note));
 }
 
-/// Gets the ink, and what of it is sealed.
-void fillIn(const Arguments &arguments, documents::SigningRequest &request, Progress &progress)
+/// Absolute, because the working directory is another one after a capture.
+QString absolute(const Arguments &arguments, const Option &option)
 {
-    std::optional<Captured> captured;
+    return arguments.isSet(option) ? QFileInfo(arguments.value(option)).absoluteFilePath() : QString();
+}
+
+/// Files that are used beside the ink.
+struct Beside
+{
+    QString seal;
+    QString print;
+};
+
+/// Reads the ink, and seals it.
+void fillIn(const Arguments &arguments, const std::optional<Captured> &captured, const Beside &beside,
+    documents::SigningRequest &request, Progress &progress)
+{
     std::optional<CapturedInk> file;
-    const QString seal = arguments.isSet(kSealOption) ? QFileInfo(arguments.value(kSealOption)).absoluteFilePath() : "";
-    const QString print =
-        arguments.isSet(kFingerprintOption) ? QFileInfo(arguments.value(kFingerprintOption)).absoluteFilePath() : "";
-    if (!seal.isEmpty())
-        documents::sealFor(seal, "probe"); // nobody shall sign in vain
-    if (arguments.isSet(kCaptureOption)) {
-        captured = captureRecord(arguments, arguments.choice(kCaptureOption));
+    if (captured.has_value())
         file.emplace(captured->record);
-    }
     InkInput input(file.has_value() ? file->path() : arguments.value(kInkOption),
         file.has_value() ? QString("ink") : arguments.value(kFromOption), progress);
     const QString model = captured.has_value() ? captured->model : arguments.choice(kModelOption);
     request.ink = inkLines(input, inkSettings(arguments, input, model, 1));
-    if (!print.isEmpty())
-        addFingerprint(print, request.ink);
-    if (!seal.isEmpty())
-        request.sealed = documents::sealFor(seal, inkml(input));
+    if (!beside.print.isEmpty())
+        addFingerprint(beside.print, request.ink);
+    if (!beside.seal.isEmpty())
+        request.sealed = documents::sealFor(beside.seal, inkml(input));
     request.time = QDateTime::currentDateTime();
     request.alternativeText = alternativeText(request);
 }
@@ -232,20 +239,33 @@ int sign(const Arguments &arguments)
         request.key = key.get();
     }
     documents::checkRequest(document, request);
-    OutputFile output(arguments.positionals().at(1));
-    fillIn(arguments, request, progress);
-    const documents::SigningResult result =
-        documents::sign(document, request, output.device(), [&](qint64 done, qint64 total) {
-            throwIfInterrupted();
-            progress.show("signing", done, total);
+    const QString name = arguments.positionals().at(1);
+    OutputFile output(name);
+    const Beside beside{absolute(arguments, kSealOption), absolute(arguments, kFingerprintOption)};
+    if (!beside.seal.isEmpty())
+        documents::sealFor(beside.seal, "probe"); // nobody shall sign in vain
+    const auto finish = [&](const std::optional<Captured> &captured) {
+        fillIn(arguments, captured, beside, request, progress);
+        const documents::SigningResult result =
+            documents::sign(document, request, output.device(), [&](qint64 done, qint64 total) {
+                throwIfInterrupted();
+                progress.show("signing", done, total);
+            });
+        progress.clear();
+        OutputFile::commit({&output}, [&] {
+            if (arguments.isSet(kJsonOption))
+                sayJson(summary(result, request, output));
+            else if (name != "-")
+                tell(result, request, output);
         });
-    progress.clear();
-    OutputFile::commit({&output}, [&] {
-        if (arguments.isSet(kJsonOption))
-            sayJson(summary(result, request, output));
-        else if (arguments.positionals().at(1) != "-")
-            tell(result, request, output);
-    });
+    };
+    if (arguments.isSet(kCaptureOption)) {
+        const QString place = QFileInfo(name == "-" ? QString("signature") : name).absoluteFilePath();
+        const Captured captured = captureRecord(arguments, arguments.choice(kCaptureOption));
+        keepingInk(captured.record, place, [&] { finish(captured); });
+    } else {
+        finish(std::nullopt);
+    }
     return kDone;
 }
 
