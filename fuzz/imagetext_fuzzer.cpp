@@ -4,7 +4,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    fuzz::OpenPad &pad = fuzz::keptPad();
+    fuzz::FuzzedPad &pad = fuzz::keptPad();
     fuzz::Bytes bytes(data, size);
     const int choice = bytes.byte();
     const int type = EBITI_BITMAP + choice % 3;

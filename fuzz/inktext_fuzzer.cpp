@@ -36,7 +36,7 @@ std::string decoded(const char *text)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    fuzz::OpenPad &pad = fuzz::keptPad();
+    fuzz::FuzzedPad &pad = fuzz::keptPad();
     const int type = pad.type();
     const QByteArray text(reinterpret_cast<const char *>(data), static_cast<int>(size));
     const int result = pad->Base64Decode(type, EBITI_INK, text.constData(), nullptr);

@@ -19,7 +19,7 @@ void find(void *handle, Function &function, const char *name)
     KV_PROMISE(function != nullptr);
 }
 
-std::unique_ptr<OpenPad> kept;
+std::unique_ptr<FuzzedPad> kept;
 
 } // namespace
 
@@ -45,7 +45,7 @@ const Driver &Driver::instance()
     return driver;
 }
 
-OpenPad::OpenPad(const Family &family, bool headless, int width, int height)
+FuzzedPad::FuzzedPad(const Family &family, bool headless, int width, int height)
     : m_family(family)
 {
     needApplication();
@@ -59,21 +59,21 @@ OpenPad::OpenPad(const Family &family, bool headless, int width, int height)
     settle();
 }
 
-OpenPad::~OpenPad()
+FuzzedPad::~FuzzedPad()
 {
     KV_PROMISE(m_family.UnInitialDevice(type()) == ARI_SUCCESS);
     settle();
 }
 
-QWidget *OpenPad::widget() const
+QWidget *FuzzedPad::widget() const
 {
     return m_window == nullptr ? nullptr : m_window->findChild<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
 }
 
-OpenPad &keptPad()
+FuzzedPad &keptPad()
 {
     if (kept == nullptr)
-        kept = std::make_unique<OpenPad>(kS300Family, true, 20, 10);
+        kept = std::make_unique<FuzzedPad>(kS300Family, true, 20, 10);
     KV_PROMISE(kept->isOpen());
     return *kept;
 }

@@ -33,13 +33,13 @@ private:
 };
 
 /// Opens in the constructor, closes in the destructor. Whether it could be opened is for the caller to look at.
-class OpenPad
+class FuzzedPad
 {
 public:
-    OpenPad(const Family &family, bool headless, int width, int height);
-    ~OpenPad();
-    OpenPad(const OpenPad &) = delete;
-    OpenPad &operator=(const OpenPad &) = delete;
+    FuzzedPad(const Family &family, bool headless, int width, int height);
+    ~FuzzedPad();
+    FuzzedPad(const FuzzedPad &) = delete;
+    FuzzedPad &operator=(const FuzzedPad &) = delete;
 
     const Family *operator->() const { return &m_family; }
     int type() const { return m_family.type; }
@@ -57,7 +57,7 @@ private:
 };
 
 /// A headless S300 that stays open from one input to the next, for what leaves nothing behind in it.
-OpenPad &keptPad();
+FuzzedPad &keptPad();
 
 /// A program has one pad open at a time.
 void closeKeptPad();

@@ -43,7 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const bool logged = bytes.byte() == 1;
     g_bEnableLog = logged;
     {
-        fuzz::OpenPad open(kFamilies[static_cast<size_t>(pad / 2)], pad % 2 == 0, width, height);
+        fuzz::FuzzedPad open(kFamilies[static_cast<size_t>(pad / 2)], pad % 2 == 0, width, height);
         fuzz::PadCalls(open, bytes).run();
     }
     g_bEnableLog = false;

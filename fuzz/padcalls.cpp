@@ -10,7 +10,6 @@ namespace fuzz {
 namespace {
 
 constexpr int kMostSteps = 100;
-constexpr int kSensorWidth = 208, kSensorHeight = 288;
 constexpr int kPoint = 24;
 
 void ignoreTap(int) { }
@@ -34,7 +33,7 @@ std::wstring path(const char *name)
 
 } // namespace
 
-PadCalls::PadCalls(OpenPad &pad, Bytes bytes)
+PadCalls::PadCalls(FuzzedPad &pad, Bytes bytes)
     : m_pad(pad)
     , m_type(pad.type())
     , m_bytes(bytes)
@@ -95,7 +94,7 @@ void PadCalls::fingerprint()
     const int score = static_cast<int8_t>(m_bytes.byte());
     const int period = 1 + m_bytes.byte();
     const int kind = m_bytes.byte();
-    std::vector<unsigned char> image(kSensorWidth * kSensorHeight);
+    std::vector<unsigned char> image(kFingerprintWidth * kFingerprintHeight);
     for (size_t i = 0; i < image.size(); ++i)
         image[i] = static_cast<unsigned char>(static_cast<int>(i) / period % 2 * kind);
     const unsigned char *data = kind == 1 ? nullptr : image.data();

@@ -14,7 +14,7 @@ namespace fuzz {
 class PadCalls
 {
 public:
-    PadCalls(OpenPad &pad, Bytes bytes);
+    PadCalls(FuzzedPad &pad, Bytes bytes);
 
     /// Does what the bytes say to their end, or up to a number of steps that shows everything.
     void run();
@@ -43,7 +43,7 @@ private:
     void send(const KVSIM_PACKET &packet);
     void checkText(char *text, void (*release)(int, char *));
 
-    OpenPad &m_pad;
+    FuzzedPad &m_pad;
     const int m_type;
     Bytes m_bytes;
 };

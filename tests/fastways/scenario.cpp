@@ -79,7 +79,7 @@ std::vector<std::string> Scenario::run()
     fuzz::Driver::instance().reset();
     fuzz::Driver::instance().setScreenDelay(0);
     running = this;
-    fuzz::OpenPad pad(family, headless, 1 + upTo(430), 1 + upTo(300));
+    fuzz::FuzzedPad pad(family, headless, 1 + upTo(430), 1 + upTo(300));
     m_pad = &pad;
     tell(headless ? family.headlessClass : family.widgetClass, pad.isOpen() ? "open" : "closed");
     for (const int steps = 3 + upTo(9); m_step < steps; ++m_step) {

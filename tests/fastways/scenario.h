@@ -44,7 +44,7 @@ private:
     int m_step = 0;
     int m_score = 0;
     bool m_isPushing = false;
-    fuzz::OpenPad *m_pad = nullptr;
+    fuzz::FuzzedPad *m_pad = nullptr;
     QTemporaryDir m_directory;
     std::vector<std::string> m_lines;
 };

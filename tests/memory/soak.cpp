@@ -61,7 +61,7 @@ void check(bool good, const char *what)
         fail(what);
 }
 
-void sign(const fuzz::OpenPad &pad)
+void sign(const fuzz::FuzzedPad &pad)
 {
     std::vector<KVSIM_PACKET> packets;
     for (int i = 0; i < 60; ++i)
@@ -85,7 +85,7 @@ void giveFingerprint()
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
 }
 
-void save(const fuzz::OpenPad &pad, const QTemporaryDir &directory)
+void save(const fuzz::FuzzedPad &pad, const QTemporaryDir &directory)
 {
     static constexpr struct
     {
@@ -111,7 +111,7 @@ void save(const fuzz::OpenPad &pad, const QTemporaryDir &directory)
 
 void cycle(const Family &family, bool headless, const QTemporaryDir &directory)
 {
-    fuzz::OpenPad pad(family, headless, 400, 200);
+    fuzz::FuzzedPad pad(family, headless, 400, 200);
     check(pad.isOpen(), "opening");
     pad->SetSaveClipImageMargin(pad.type(), true, 10, 10);
     sign(pad);
