@@ -51,7 +51,7 @@ QString fromWide(const wchar_t *pImageFilePath)
     return QString::fromUcs4(codes, static_cast<int>(length));
 }
 
-QByteArray encoded(const QString &path)
+QByteArray inLocale(const QString &path)
 {
     if (path.isEmpty() || !path.isValidUtf16() || path.contains(QChar(0)))
         return {};

@@ -13,7 +13,7 @@ QString fromWide(const wchar_t *pImageFilePath);
 
 /// The path for the system's functions: in the locale's encoding, or in UTF-8 when the process never set a locale. Null
 /// when the encoding cannot express it, rather than the name of another file.
-QByteArray encoded(const QString &path);
+QByteArray inLocale(const QString &path);
 
 } // namespace filepaths
 

@@ -47,7 +47,7 @@ bool isFull(int error)
 } // namespace
 
 ReplacedFile::ReplacedFile(const QString &path)
-    : m_path(filepaths::encoded(path))
+    : m_path(filepaths::inLocale(path))
 {
     if (m_path.isEmpty())
         return;
