@@ -30,7 +30,7 @@ DeskWindow::DeskWindow(QWidget *parent)
     , m_outputPanel(new OutputPanel(m_actions))
     , m_status(new DeskStatus(*statusBar()))
 {
-    m_placePanel->setHasFingerprint(true); // so that the side panel gets its final width
+    m_placePanel->setHasFingerprintSensor(true); // so that the side panel gets its final width
     auto *const centre = new QWidget;
     auto *const layout = new QHBoxLayout(centre);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -121,7 +121,7 @@ void DeskWindow::connectSigning()
 void DeskWindow::chooseModel()
 {
     m_view->sheet().setProportions(proportions(m_padPanel->model().row));
-    m_placePanel->setHasFingerprint(m_padPanel->model().row.hasFingerprintSensor);
+    m_placePanel->setHasFingerprintSensor(m_padPanel->model().row.hasFingerprintSensor);
     m_actions.follow(m_signing.state(), m_padPanel->model().row.hasFingerprintSensor);
 }
 

@@ -31,7 +31,7 @@ PlacePanel::PlacePanel(QWidget *parent)
     m_page->setAccessibleDescription(tr("The page that is to bear the signature"));
     setTabOrder(m_width, m_fingerprint);
     setPageCount(1);
-    setHasFingerprint(false);
+    setHasFingerprintSensor(false);
 }
 
 QDoubleSpinBox *PlacePanel::addLength(const QString &label, const QString &description)
@@ -80,7 +80,7 @@ FingerprintPlace PlacePanel::fingerprintPlace() const
     return static_cast<FingerprintPlace>(m_fingerprint->currentIndex());
 }
 
-void PlacePanel::setHasFingerprint(bool has)
+void PlacePanel::setHasFingerprintSensor(bool has)
 {
     m_form->labelForField(m_fingerprint)->setVisible(has);
     m_fingerprint->setVisible(has);

@@ -27,7 +27,7 @@ public:
     void setField(const QRectF &field, const QSizeF &page);
 
     FingerprintPlace fingerprintPlace() const;
-    void setHasFingerprint(bool has);
+    void setHasFingerprintSensor(bool has);
 
     /// While there is a signature the field moves, but stays on its page and keeps its size.
     void setLocked(bool isLocked);
