@@ -22,24 +22,24 @@ enum class MoveLimit
     Fixed2048
 };
 
-/// Which tap marks that the pad has cleared its own screen.
+/// Which tap means that the pad has cleared its own screen.
 enum class TapMark
 {
     Cancel,
     ConfirmOrCancel
 };
 
-/// What only some classes do; the log lines are known to those who read logs, so each class keeps its own.
+/// What only some classes do. Readers of logs know each class's lines, so none may change.
 enum Trait : unsigned
 {
     NoTrait = 0,
-    PushesLive = 1U << 0, ///< the whole signature to a receiver after every pen movement
-    LogsPushReceiver = 1U << 1, ///< its address, when it is set
-    LogsMapping = 1U << 2, ///< of every packet to the canvas
+    PushesLive = 1U << 0, ///< gives the whole signature to a receiver after every pen movement
+    LogsPushReceiver = 1U << 1, ///< logs the receiver's address when it is set
+    LogsMapping = 1U << 2, ///< logs how each packet is mapped to the canvas
     LogsSvgFileClosed = 1U << 3,
-    LogsScreenClear = 1U << 4, ///< before and after the driver's call
-    LogsFingerprintMerge = 1U << 5, ///< before the display thread's
-    ClearsFingerprintPlaceFirst = 1U << 6, ///< at ClearDeviceContent, else last
+    LogsScreenClear = 1U << 4, ///< logs before and after the driver clears the screen
+    LogsFingerprintMerge = 1U << 5, ///< logs before the display thread merges
+    ClearsFingerprintPlaceFirst = 1U << 6, ///< ClearDeviceContent clears the place first instead of last
     CutsTextsToFingerprint = 1U << 7 ///< images of a fingerprint alone show its rectangle alone
 };
 
