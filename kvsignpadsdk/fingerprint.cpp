@@ -43,7 +43,7 @@ void drawPadPicture(unsigned char *picture, const unsigned char *raw, int thresh
 QRectF centred(int canvasWidth, int canvasHeight)
 {
     const double height = canvasHeight * 0.5;
-    const double width = height * 208.0 / 288.0;
+    const double width = height * double{kFingerprintWidth} / double{kFingerprintHeight};
     return {(canvasWidth - width) * 0.5, (canvasHeight - height) * 0.5, width, height};
 }
 

@@ -29,7 +29,8 @@ std::vector<unsigned char> loadFingerprint(const Source &source, const std::stri
 {
     GreyImage image = readPgm(*source.open(name), name);
     if (image.width != kFingerprintWidth || image.height != kFingerprintHeight)
-        throw std::runtime_error(name + ": a fingerprint has 208 by 288 pixels");
+        throw std::runtime_error(name + ": a fingerprint has " + std::to_string(kFingerprintWidth) + " by "
+            + std::to_string(kFingerprintHeight) + " pixels");
     return std::move(image.pixels);
 }
 

@@ -2,6 +2,8 @@
 
 #include "pages.h"
 
+#include <modelrows.h>
+
 #include <algorithm>
 
 namespace signdesk {
@@ -12,7 +14,7 @@ constexpr double kSmallestWidth = 30 * kPointsPerMillimetre;
 constexpr double kUsualWidth = 90 * kPointsPerMillimetre;
 constexpr double kMargin = 15 * kPointsPerMillimetre;
 constexpr double kGap = 5 * kPointsPerMillimetre;
-constexpr double kSensorProportions = 208.0 / 288;
+constexpr double kSensorProportions = double{kFingerprintWidth} / kFingerprintHeight;
 
 /// Moves the field inside the page. One that is too large is aligned with the left and top edge.
 QPointF inside(const QRectF &rectangle, const QSizeF &page)
