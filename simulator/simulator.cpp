@@ -9,46 +9,45 @@
 #include <cstring>
 #include <pthread.h>
 #include <system_error>
+#include <utility>
 
 namespace kvsim {
 
 namespace {
 
-/// The simulator of this process, from the library's being loaded until it is unloaded: a session that is open then
-/// ends and is joined.
-class Current
-{
-public:
-    Current() { pthread_atfork(nullptr, nullptr, startAnew); }
-    ~Current() { delete m_simulator; }
-    Current(const Current &) = delete;
-    Current &operator=(const Current &) = delete;
-
-    Simulator &simulator() const { return *m_simulator; }
-
-private:
-    static void startAnew();
-
-    Simulator *m_simulator = new Simulator;
-    Simulator *m_parents = nullptr;
-};
-
-Current current;
+Simulator *current = new Simulator;
+Simulator *parents = nullptr; ///< in a forked child: what it leaves alone
 
 /// Runs in a forked child. The threads stayed with the parent and the locks that they held stay locked here for ever,
 /// so the old simulator is leaked untouched and a new one takes its place.
-void Current::startAnew()
+void startAnew()
 {
     WindowConnection::leaveToParent();
-    current.m_parents = current.m_simulator;
-    current.m_simulator = new Simulator;
+    parents = current;
+    current = new Simulator;
 }
+
+/// Ends and joins an open session when the driver is unloaded. At the end of a process this comes before the
+/// destructors of static objects and the atexit() functions that are older than the driver. One of these may still
+/// close its pad, so a fresh simulator is left to answer it.
+class Unloading
+{
+public:
+    Unloading() { pthread_atfork(nullptr, nullptr, startAnew); }
+    ~Unloading() { delete std::exchange(current, nullptr); }
+    Unloading(const Unloading &) = delete;
+    Unloading &operator=(const Unloading &) = delete;
+};
+
+const Unloading unloading;
 
 } // namespace
 
 Simulator &Simulator::instance()
 {
-    return current.simulator();
+    if (current == nullptr)
+        current = new Simulator;
+    return *current;
 }
 
 Simulator::~Simulator()

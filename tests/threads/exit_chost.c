@@ -1,0 +1,71 @@
+/* A host that closes its pad in a function that it gave to atexit() before the driver was loaded, as the destructor of
+ * a static object does: the driver's own static objects are destroyed by then. It ends with 0 when each model's child
+ * closed its pad well, in time. */
+#include "kvsignpadsdk_global.h"
+
+#include <malloc.h>
+#include <signal.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+enum
+{
+    PATIENCE_MS = 60000,
+    FREED_BYTE = 0x5a
+};
+
+static int wait_for(pid_t child, const char *model)
+{
+    int status = 0;
+    for (int ms = 0; waitpid(child, &status, WNOHANG) != child; ++ms) {
+        if (ms == PATIENCE_MS) {
+            fprintf(stderr, "%s: the host hangs\n", model);
+            kill(child, SIGKILL);
+            waitpid(child, NULL, 0);
+            return 1;
+        }
+        usleep(1000);
+    }
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
+        fprintf(stderr, "%s: the host ends with %x\n", model, (unsigned)status);
+    return !WIFEXITED(status) || WEXITSTATUS(status) != 0;
+}
+
+/* The host itself is a child, so that one that hangs can be ended. */
+#define DEFINE_TRY(family)                                                                                             \
+    static void close##family(void)                                                                                    \
+    {                                                                                                                  \
+        if (family##_UnInitialDevice(family##_DEVICE) != ARI_SUCCESS)                                                  \
+            _exit(2);                                                                                                  \
+    }                                                                                                                  \
+    static int try##family(void)                                                                                       \
+    {                                                                                                                  \
+        const pid_t child = fork();                                                                                    \
+        if (child == 0) {                                                                                              \
+            mallopt(M_PERTURB, FREED_BYTE);                                                                            \
+            atexit(close##family);                                                                                     \
+            if (!family##_InitialDevice(family##_DEVICE, NULL, 0, 0, 400, 200))                                        \
+                _exit(3);                                                                                              \
+            family##_Clear(family##_DEVICE);                                                                           \
+            while (family##_GetTotalInkPointsNumber(family##_DEVICE) <= 0)                                             \
+                usleep(100);                                                                                           \
+            exit(0);                                                                                                   \
+        }                                                                                                              \
+        return wait_for(child, #family);                                                                               \
+    }
+
+DEFINE_TRY(KVS210)
+DEFINE_TRY(KVR800)
+DEFINE_TRY(KVM450)
+DEFINE_TRY(KVS300)
+DEFINE_TRY(KVS310X)
+
+int main(void)
+{
+    setenv("KVSIM_SPEED", "max", 1);
+    setenv("KVSIM_REPEAT", "0", 1);
+    setenv("KVSIM_DELAY_MS", "0", 1);
+    return tryKVS210() + tryKVR800() + tryKVM450() + tryKVS300() + tryKVS310X();
+}
