@@ -3,6 +3,7 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QLibraryInfo>
 
 namespace {
 
@@ -133,6 +134,24 @@ TEST_F(KvsignDoctor, FindsALibraryOfAnotherVersion)
     findsWrong(finding(kDriverDirectory, "library", {{"LD_LIBRARY_PATH", file("old")}}),
         "libkvsignpadsdk.so.1.0.4.7 is not of kvsign's version 1.0.5.1",
         "apt-get install --reinstall libkvsignpadsdk1");
+}
+
+TEST_F(KvsignDoctor, FindsAnImageFormatThatQtHasNoPluginFor)
+{
+    // Beside a copy of kvsign a file tells Qt to look for its plugins where there is but the one for no screen.
+    ASSERT_TRUE(QFile::copy(KV_KVSIGN, file("kvsign")));
+    write("qt.conf", "[Paths]\nPlugins=plugins\n");
+    ASSERT_TRUE(QDir(file(".")).mkpath("plugins/platforms"));
+    const QString offscreen = "/platforms/libqoffscreen.so";
+    ASSERT_TRUE(
+        QFile::link(QLibraryInfo::location(QLibraryInfo::PluginsPath) + offscreen, file("plugins") + offscreen));
+    const CommandResult result = runProgram({file("kvsign"), "doctor", "--driver", kDriverDirectory}, file("."),
+        {{"LD_LIBRARY_PATH", KV_BUILD_DIRECTORY "/kvsignpadsdk"}});
+    EXPECT_EQ(result.exitCode, 1) << testing::PrintToString(result);
+    EXPECT_TRUE(result.output.contains("WRONG image format jpg: Qt does not read it\n"
+                                       "      cure: apt-get install --reinstall libqt5gui5"))
+        << testing::PrintToString(result);
+    EXPECT_TRUE(result.output.contains("ok    image format png: ")) << testing::PrintToString(result);
 }
 
 TEST_F(KvsignDoctor, FindsAPadOfAnotherModel)

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cerrno>
 #include <unistd.h>
 
 namespace {
@@ -16,6 +17,17 @@ constexpr char kUsbDevices[] = "/dev/bus/usb";
 bool mayWrite(const QString &path)
 {
     return access(QFile::encodeName(path).constData(), R_OK | W_OK) == 0;
+}
+
+void lookAtTmp(Findings &findings)
+{
+    if (mayWrite("/tmp"))
+        findings.push_back(good("/tmp", "can be written to"));
+    else if (errno == EROFS)
+        findings.push_back(bad("/tmp", "is read-only: SVG texts and the log need it",
+            "mount -o remount,rw /tmp; for a container --tmpfs /tmp, for a service PrivateTmp=yes"));
+    else
+        findings.push_back(bad("/tmp", "cannot be written to: SVG texts and the log need it", "chmod 1777 /tmp"));
 }
 
 void lookAtUsb(Findings &findings)
@@ -41,10 +53,7 @@ void lookAtUsb(Findings &findings)
 
 void lookAtPermissions(Findings &findings)
 {
-    if (mayWrite("/tmp"))
-        findings.push_back(good("/tmp", "can be written to"));
-    else
-        findings.push_back(bad("/tmp", "cannot be written to: SVG texts and the log need it", "chmod 1777 /tmp"));
+    lookAtTmp(findings);
     for (const char *path : kSharedFiles) {
         if (QFileInfo::exists(path) && !mayWrite(path))
             findings.push_back(weak(path, "belongs to another user", QString("rm %1, as that user").arg(path)));
