@@ -8,12 +8,15 @@
 #include "outputs.h"
 #include "report.h"
 #include "settings.h"
+#include "simulatorplace.h"
 
 #include <QApplication>
+#include <QCommandLineParser>
+#include <QFile>
 
 #include <cstdio>
-#include <cstring>
 #include <memory>
+#include <optional>
 
 namespace {
 
@@ -116,12 +119,42 @@ void printFindings(const OutputDirectory &output, const Findings &findings)
     std::printf("Everything is in %s\n", output.directory().absolutePath().toLocal8Bit().constData());
 }
 
-int run(bool inWindow, const QString &directory)
+struct Wanted
 {
-    OutputDirectory output(directory);
+    QString output;
+    QString driver; ///< its folder, "simulator", or empty for the working directory
+    bool inWindow;
+};
+
+/// @return nothing when the command line cannot be understood
+std::optional<Wanted> wanted(const QStringList &arguments)
+{
+    const QCommandLineOption window("window"), driver("driver", {}, "FOLDER");
+    QCommandLineParser parser;
+    parser.addOptions({window, driver});
+    if (!parser.parse(arguments) || parser.positionalArguments().size() != 1)
+        return std::nullopt;
+    return Wanted{parser.positionalArguments().first(), parser.value(driver), parser.isSet(window)};
+}
+
+/// The library loads its driver from the working directory.
+void goToDriver(const QString &option)
+{
+    const std::optional<std::string> folder = simulatorplace::folderOf(QFile::encodeName(option).toStdString());
+    if (!folder.has_value())
+        throw Failure{"The pad simulator is not installed.",
+            "Install the package kvsignpad-simulator, or start ./demo, which builds it."};
+    if (!folder->empty() && !QDir::setCurrent(QFile::decodeName(folder->c_str())))
+        throw Failure{QString("There is no directory %1.").arg(option), "Name the one with libkvsignpaddrv.so."};
+}
+
+int run(const Wanted &options)
+{
+    OutputDirectory output(QDir(options.output).absolutePath());
+    goToDriver(options.driver);
     Findings findings;
     try {
-        runAll(inWindow, output, findings);
+        runAll(options.inWindow, output, findings);
     } catch (const Closed &) {
         std::puts("The window was closed; this is what was written before.");
     }
@@ -133,15 +166,20 @@ int run(bool inWindow, const QString &directory)
 
 int main(int argc, char *argv[])
 {
-    const bool inWindow = argc == 3 && std::strcmp(argv[2], "--window") == 0;
-    if (argc != 2 && !inWindow) {
-        std::fputs("usage: kv-demo OUTPUT-DIRECTORY [--window], in a directory with libkvsignpaddrv.so\n", stderr);
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments += QFile::decodeName(argv[i]);
+    const std::optional<Wanted> options = wanted(arguments);
+    if (!options.has_value()) {
+        std::fputs("usage: kv-demo OUTPUT-DIRECTORY [--window] [--driver FOLDER|simulator]\n"
+                   "Without --driver the working directory has libkvsignpaddrv.so.\n",
+            stderr);
         return 2;
     }
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     try {
-        return run(inWindow, argv[1]);
+        return run(*options);
     } catch (const Failure &failure) {
         std::fprintf(stderr, "\nThe demo failed: %s\n%s\n", failure.what.toLocal8Bit().constData(),
             failure.cure.toLocal8Bit().constData());

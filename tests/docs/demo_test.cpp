@@ -183,6 +183,32 @@ TEST_F(Demo, RefusesArgumentsThatItDoesNotKnow)
 {
     EXPECT_EQ(runDemo({}).exitCode, 2);
     EXPECT_EQ(runDemo({m_output.path(), "--windows"}).exitCode, 2);
+    EXPECT_EQ(runDemo({m_output.path(), "another"}).exitCode, 2);
+    EXPECT_EQ(runDemo({m_output.path(), "--driver"}).exitCode, 2);
+}
+
+TEST_F(Demo, TakesTheSimulatorThatWasInstalledWithIt)
+{
+    // A pad is opened, the signer taps cancel, and that is all that is to be seen here.
+    const CommandResult result =
+        runDemo({"output", "--driver", "simulator"}, {{"KVSIM_RECORDING", "tick-and-cross"}}, m_output.path());
+    EXPECT_EQ(result.exitCode, 1) << testing::PrintToString(result);
+    EXPECT_TRUE(result.errors.contains("tapped cancel")) << testing::PrintToString(result);
+    EXPECT_TRUE(QDir(file("output")).exists());
+
+    const QString alone = file("kv-demo");
+    ASSERT_TRUE(QFile::copy(KV_BUILD_DIRECTORY "/examples/demo/kv-demo", alone));
+    const CommandResult missing = runProgram({alone, "output", "--driver", "simulator"}, m_output.path(),
+        {{"LD_LIBRARY_PATH", KV_BUILD_DIRECTORY "/kvsignpadsdk"}});
+    EXPECT_EQ(missing.exitCode, 1) << testing::PrintToString(missing);
+    EXPECT_TRUE(missing.errors.contains("kvsignpad-simulator")) << testing::PrintToString(missing);
+}
+
+TEST_F(Demo, SaysWhichDriverDirectoryThereIsNot)
+{
+    const CommandResult result = runDemo({m_output.path(), "--driver", "/no/such"});
+    EXPECT_EQ(result.exitCode, 1) << testing::PrintToString(result);
+    EXPECT_TRUE(result.errors.contains("There is no directory /no/such")) << testing::PrintToString(result);
 }
 
 } // namespace
