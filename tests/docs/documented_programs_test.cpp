@@ -1,4 +1,4 @@
-// The programs and commands in README.md and docs/hosts.md, done as a reader would do them.
+// The program and the commands in README.md, done as a reader would do them.
 #include "countpixels.h"
 #include "outsidecommand.h"
 
@@ -13,22 +13,8 @@
 
 namespace {
 
-struct Program
-{
-    const char *name;
-    const char *document;
-    const char *section;
-    const char *language;
-    const char *file; ///< under which a reader saves it
-};
-
-const Program kPrograms[] = {
-    {"readme", "README.md", "A program", "cpp", "capture.cpp"},
-    {"c", "docs/hosts.md", "C", "c", "capture.c"},
-};
-
 /// A directory that looks as the repository does to the commands.
-class DocumentedProgram : public testing::TestWithParam<Program>
+class ReadmesProgram : public testing::Test
 {
 protected:
     void SetUp() override
@@ -38,15 +24,12 @@ protected:
         link(KV_SOURCE_DIRECTORY "/kvsignpadsdk", "kvsignpadsdk");
         link(KV_BUILD_DIRECTORY, "build/release");
         link(KV_BUILD_DIRECTORY "/simulator/libkvsignpaddrv.so", "libkvsignpaddrv.so");
-        const QString section = sectionOf(contentOf(path(GetParam().document)), GetParam().section);
-        QFile source(m_place.filePath(GetParam().file));
+        const QString section = sectionOf(contentOf(path("README.md")), "Program with it");
+        QFile source(m_place.filePath("capture.cpp"));
         ASSERT_TRUE(source.open(QIODevice::WriteOnly));
-        source.write(fencedBlock(section, GetParam().language).toUtf8());
+        source.write(fencedBlock(section, "cpp").toUtf8());
         source.close();
         m_commands = indentedBlock(section);
-        // A C program of a system that has the library installed is just started.
-        if (GetParam().language == QString("c"))
-            m_commands += "./capture";
     }
 
     static QString path(const QString &name) { return KV_SOURCE_DIRECTORY "/" + name; }
@@ -68,7 +51,7 @@ private:
     void link(const QString &target, const QString &name) { QFile::link(target, m_place.filePath(name)); }
 };
 
-TEST_P(DocumentedProgram, WritesTheSignatureThatIsConfirmed)
+TEST_F(ReadmesProgram, WritesTheSignatureThatIsConfirmed)
 {
     const CommandResult result = runCommands("signature");
     EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
@@ -83,14 +66,14 @@ TEST_P(DocumentedProgram, WritesTheSignatureThatIsConfirmed)
     EXPECT_LT(inked, 100000);
 }
 
-TEST_P(DocumentedProgram, WritesNothingWhenTheSignerCancels)
+TEST_F(ReadmesProgram, WritesNothingWhenTheSignerCancels)
 {
     const CommandResult result = runCommands("tick-and-cross");
     EXPECT_GT(result.exitCode, 0) << testing::PrintToString(result);
     EXPECT_FALSE(QFile::exists(file("signature.png")));
 }
 
-TEST_P(DocumentedProgram, SaysThatThereIsNoPad)
+TEST_F(ReadmesProgram, SaysThatThereIsNoPad)
 {
     QFile::remove(file("libkvsignpaddrv.so"));
     const CommandResult result = runCommands("signature");
@@ -98,13 +81,9 @@ TEST_P(DocumentedProgram, SaysThatThereIsNoPad)
     EXPECT_TRUE(result.errors.contains("no S300 pad", Qt::CaseInsensitive)) << testing::PrintToString(result);
 }
 
-INSTANTIATE_TEST_SUITE_P(Documents, DocumentedProgram, testing::ValuesIn(kPrograms),
-    [](const auto &row) { return std::string(row.param.name); });
-
-TEST(Readme, CopiesTheSimulatedDriverFromWhereItIsBuilt)
+TEST_F(ReadmesProgram, IsGivenTheSimulatedDriverFromWhereItIsBuilt)
 {
-    const QString section = sectionOf(contentOf(KV_SOURCE_DIRECTORY "/README.md"), "A program");
-    EXPECT_TRUE(indentedBlock(section).contains("cp build/release/simulator/libkvsignpaddrv.so ."));
+    EXPECT_TRUE(m_commands.contains("cp build/release/simulator/libkvsignpaddrv.so ."));
 }
 
 } // namespace

@@ -136,9 +136,13 @@ TEST_F(InstallPackages, SaysWhatIsMissingWhenItCannotBeInstalled)
 TEST(Documents, LinkOnlyToFilesThatExist)
 {
     static const QRegularExpression link("\\]\\(([^)#:]+)\\)");
-    for (const QString &name :
-        {QString("README.md"), QString("docs/hosts.md"), QString("docs/architecture.md"), QString("docs/models.md"),
-            QString("docs/log.md"), QString("simulator/README.md"), QString("CONTRIBUTING.md")}) {
+    QStringList names{"README.md", "CONTRIBUTING.md", "simulator/README.md", "documents/README.md"};
+    for (const char *folder : {"docs", "docs/languages"}) {
+        for (const QString &name : QDir(kSource + "/" + folder).entryList({"*.md"}))
+            names += QString("%1/%2").arg(folder, name);
+    }
+    EXPECT_GT(names.size(), 20);
+    for (const QString &name : names) {
         const QDir place = QFileInfo(kSource + "/" + name).dir();
         QString text = contentOf(kSource + "/" + name);
         text.remove(QRegularExpression("```.*?```", QRegularExpression::DotMatchesEverythingOption));
@@ -148,6 +152,26 @@ TEST(Documents, LinkOnlyToFilesThatExist)
             EXPECT_TRUE(place.exists(target)) << name.toStdString() << " links to " << target.toStdString();
         }
     }
+}
+
+TEST(Changelog, HeadsWhatIsReleasedWithItsVersionAndDate)
+{
+    static const QRegularExpression heading("^## (.*)$", QRegularExpression::MultilineOption);
+    static const QRegularExpression released("^(\\d+\\.\\d+\\.\\d+\\.\\d+) - \\d{4}-\\d\\d-\\d\\d$");
+    static const QRegularExpression project(
+        "^project\\(kvsignpadsdk VERSION (\\S+)", QRegularExpression::MultilineOption);
+    QStringList versions;
+    auto headings = heading.globalMatch(contentOf(kSource + "/CHANGELOG.md"));
+    while (headings.hasNext()) {
+        const QRegularExpressionMatch found = headings.next();
+        const QRegularExpressionMatch version = released.match(found.captured(1));
+        if (found.captured(1) == "To come" && versions.isEmpty())
+            continue;
+        EXPECT_TRUE(version.hasMatch()) << found.captured(1).toStdString();
+        versions += version.captured(1);
+    }
+    ASSERT_FALSE(versions.isEmpty());
+    EXPECT_EQ(versions[0], project.match(contentOf(kSource + "/CMakeLists.txt")).captured(1));
 }
 
 TEST(Architecture, NamesFilesThatExist)

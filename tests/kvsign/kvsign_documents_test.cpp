@@ -1,4 +1,4 @@
-// The help texts, the manual, the README and the completion agree with each other and with what kvsign does.
+// The help texts, the manual, the page about it and the completion agree with each other and with what kvsign does.
 #include "kvsign.h"
 
 #include <QRegularExpression>
@@ -117,10 +117,9 @@ TEST_F(KvsignDocuments, TheManualsExamplesWork)
     EXPECT_TRUE(exists("film/frame-00001.png"));
 }
 
-TEST_F(KvsignDocuments, ReadmesCommandsWork)
+TEST_F(KvsignDocuments, ThePagesCommandsWork)
 {
-    const QStringList commands =
-        indentedBlock(sectionOf(contentOf(KV_SOURCE_DIRECTORY "/README.md"), "At the command line"));
+    const QStringList commands = indentedBlock(contentOf(KV_SOURCE_DIRECTORY "/docs/command-line.md"));
     EXPECT_GE(commands.filter("kvsign").size(), 6);
     QDir(file(".")).mkdir("build");
     QFile::link(KV_BUILD_DIRECTORY, file("build/release"));
@@ -134,10 +133,10 @@ TEST_F(KvsignDocuments, ReadmesCommandsWork)
 }
 
 // Nothing is built here; Ninja is only asked whether it knows the targets.
-TEST_F(KvsignDocuments, ReadmeSaysHowTheToolsAreBuilt)
+TEST_F(KvsignDocuments, ThePageSaysHowTheToolsAreBuilt)
 {
     static const QRegularExpression command("`cmake --build build/release --target ([^`]+)`");
-    const QString targets = command.match(contentOf(KV_SOURCE_DIRECTORY "/README.md")).captured(1);
+    const QString targets = command.match(contentOf(KV_SOURCE_DIRECTORY "/docs/command-line.md")).captured(1);
     EXPECT_EQ(targets, "kvsign kv-sign-desk kv-virtualpad");
     const CommandResult result =
         runProgram(QStringList{"ninja", "-C", KV_BUILD_DIRECTORY, "-t", "query"} + targets.split(' '), file("."));

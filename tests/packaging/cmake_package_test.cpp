@@ -37,7 +37,7 @@ protected:
         QFile source(m_place.filePath("capture.cpp"));
         ASSERT_TRUE(source.open(QIODevice::WriteOnly));
         const QString readme = contentOf(KV_SOURCE_DIRECTORY "/README.md");
-        source.write(fencedBlock(sectionOf(readme, "A program"), "cpp").toUtf8());
+        source.write(fencedBlock(sectionOf(readme, "Program with it"), "cpp").toUtf8());
     }
 
     static QString moved(const QString &path) { return s_root->filePath("moved to here/" + path); }

@@ -97,10 +97,10 @@ TEST(SignDeskProgram, TakesNoPictureOfASignatureThatDidNotComeToBe)
     EXPECT_TRUE(result.errors.contains("kv-sign-desk: no signature was confirmed\n"));
 }
 
-TEST(SignDeskProgram, IsStartedAsTheReadmeSays)
+TEST(SignDeskProgram, IsStartedAsItsPageSays)
 {
-    const QString readme = sectionOf(contentOf(KV_SIGNDESK_SOURCES "/../../README.md"), "At the counter");
-    const QStringList commands = indentedBlock(readme);
+    const QString page = contentOf(KV_SIGNDESK_SOURCES "/../../docs/sign-desk.md");
+    const QStringList commands = indentedBlock(page);
     ASSERT_EQ(commands.size(), 2);
     EXPECT_EQ(commands[0], "cd build/release/simulator");
     const QTemporaryDir place;
@@ -111,7 +111,7 @@ TEST(SignDeskProgram, IsStartedAsTheReadmeSays)
     EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
     EXPECT_FALSE(QImage(picture).isNull());
     for (const char *option : {"--driver-directory", "--unsafe-driver", "--screenshot"})
-        EXPECT_TRUE(readme.contains(option)) << option;
+        EXPECT_TRUE(page.contains(option)) << option;
 }
 
 /// A copy of the simulated driver in a folder of its own.
