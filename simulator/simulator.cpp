@@ -27,26 +27,34 @@ void startAnew()
     current = new Simulator;
 }
 
-/// Ends and joins an open session when the driver is unloaded. At the end of a process this comes before the
-/// destructors of static objects and the atexit() functions that are older than the driver. One of these may still
-/// close its pad, so a fresh simulator is left to answer it.
-class Unloading
+/// At the end of a process this comes before the destructors of static objects and the atexit() functions that are
+/// older than the driver. A session must not call back any more then, but one of these may still close its pad.
+class EndingSession
 {
 public:
-    Unloading() { pthread_atfork(nullptr, nullptr, startAnew); }
-    ~Unloading() { delete std::exchange(current, nullptr); }
-    Unloading(const Unloading &) = delete;
-    Unloading &operator=(const Unloading &) = delete;
+    EndingSession() { pthread_atfork(nullptr, nullptr, startAnew); }
+    ~EndingSession()
+    {
+        if (current != nullptr)
+            current->unInitial();
+    }
+    EndingSession(const EndingSession &) = delete;
+    EndingSession &operator=(const EndingSession &) = delete;
 };
 
-const Unloading unloading;
+const EndingSession endingSession;
+
+/// When the driver is unloaded this comes before the destructors of its static objects; at the end of a process after
+/// those of all objects.
+[[gnu::destructor]] void unload()
+{
+    delete std::exchange(current, nullptr);
+}
 
 } // namespace
 
 Simulator &Simulator::instance()
 {
-    if (current == nullptr)
-        current = new Simulator;
     return *current;
 }
 
