@@ -9,45 +9,59 @@ namespace documents {
 
 namespace {
 
-std::unique_ptr<Document::Inside> opened(const QString &path, const QByteArray &password)
+std::unique_ptr<Document::Inside> opened(Source source, const QByteArray &password)
 {
-    Source source(path);
-    auto inside = std::make_unique<Document::Inside>(Document::Inside{std::move(source), password, nullptr, {}, {}});
+    const QString name = source.name();
+    auto inside = std::make_unique<Document::Inside>(std::move(source), password);
     inside->reader = openReader(inside->source, inside->source.size(), password);
     try {
         inside->pages = pagesOf(inside->reader->pdf);
         inside->fields = fieldsOf(inside->reader->pdf);
     } catch (...) {
-        rethrowAsProblem(path);
+        rethrowAsProblem(name);
     }
     if (inside->pages.empty())
-        throw Problem{Problem::Kind::File, QString("%1: there are no pages in it").arg(path)};
+        throw Problem{Problem::Kind::File, QString("%1: there are no pages in it").arg(name)};
     return inside;
 }
 
 } // namespace
 
-int Document::Inside::pageOf(const QPDFObjectHandle &widget) const
+void Document::Inside::findAnnotations()
 {
-    const QPDFObjGen named = QPDFObjectHandle(widget).getKey("/P").getObjGen();
-    for (size_t i = 0; i < pages.size(); ++i) {
-        if (pages[i].page.getObjGen() == named)
-            return static_cast<int>(i);
-    }
+    m_isFound = true;
     for (size_t i = 0; i < pages.size(); ++i) {
         QPDFObjectHandle annotations = QPDFObjectHandle(pages[i].page).getKey("/Annots");
         if (!annotations.isArray())
             continue;
         for (const QPDFObjectHandle &annotation : annotations.getArrayAsVector()) {
-            if (annotation.isIndirect() && annotation.getObjGen() == widget.getObjGen())
-                return static_cast<int>(i);
+            if (annotation.isIndirect())
+                m_pageOf.emplace(annotation.getObjGen(), static_cast<int>(i));
         }
+    }
+    for (size_t i = 0; i < pages.size(); ++i)
+        m_pageOf[pages[i].page.getObjGen()] = static_cast<int>(i);
+}
+
+int Document::Inside::pageOf(const QPDFObjectHandle &widget)
+{
+    if (!m_isFound)
+        findAnnotations();
+    for (const QPDFObjGen &number : {QPDFObjectHandle(widget).getKey("/P").getObjGen(), widget.getObjGen()}) {
+        const auto found = m_pageOf.find(number);
+        if (found != m_pageOf.end())
+            return found->second;
     }
     return -1;
 }
 
 Document::Document(const QString &path, const QByteArray &password)
-    : m_inside(opened(path, password))
+    : m_inside(opened(Source(path), password))
+{
+}
+
+Document::Document(const Content &content, const QByteArray &password)
+    : m_inside(opened(Source::ofBytes(content.name, content.bytes), password))
 {
 }
 

@@ -28,6 +28,13 @@ struct SignatureFieldFacts
     bool isSigned;
 };
 
+/// The bytes of a document, and what messages call it.
+struct Content
+{
+    QByteArray bytes;
+    QString name;
+};
+
 /// An open document. One thread at a time. What fails throws a Problem.
 class Document
 {
@@ -35,6 +42,9 @@ public:
     /// The file is held open: it may be renamed or removed meanwhile.
     /// @param password of an encrypted document, as its readers have it
     explicit Document(const QString &path, const QByteArray &password = {});
+
+    /// A document in memory.
+    explicit Document(const Content &content, const QByteArray &password = {});
     ~Document();
     Document(const Document &) = delete;
     Document &operator=(const Document &) = delete;

@@ -8,10 +8,18 @@
 #include "pagetree.h"
 #include "reader.h"
 
+#include <map>
+
 namespace documents {
 
 struct Document::Inside
 {
+    Inside(Source opened, const QByteArray &withPassword)
+        : source(std::move(opened))
+        , password(withPassword)
+    {
+    }
+
     Source source;
     QByteArray password;
     std::unique_ptr<Reader> reader;
@@ -20,7 +28,13 @@ struct Document::Inside
     bool isUsed = false; ///< for one signing
 
     /// The page that shows a widget; -1 for none.
-    int pageOf(const QPDFObjectHandle &widget) const;
+    int pageOf(const QPDFObjectHandle &widget);
+
+private:
+    void findAnnotations();
+
+    std::map<QPDFObjGen, int> m_pageOf; ///< pages and their annotations
+    bool m_isFound = false;
 };
 
 } // namespace documents

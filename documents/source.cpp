@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 namespace documents {
@@ -47,14 +48,21 @@ Source::Source(const QString &name, int descriptor)
     : m_name(name)
     , m_descriptor(descriptor)
 {
-    struct stat status = {};
-    const bool isKnown = fstat(descriptor, &status) == 0;
-    if (!isKnown || !S_ISREG(status.st_mode)) {
-        const Problem problem =
-            !isKnown ? systemProblem(name) : Problem{Problem::Kind::File, QString("%1: is no regular file").arg(name)};
+    try {
+        rememberState();
+    } catch (...) {
         close(descriptor);
-        throw problem;
+        throw;
     }
+}
+
+void Source::rememberState()
+{
+    struct stat status = {};
+    if (fstat(m_descriptor, &status) != 0)
+        throw systemProblem(m_name);
+    if (!S_ISREG(status.st_mode))
+        throw Problem{Problem::Kind::File, QString("%1: is no regular file").arg(m_name)};
     m_size = status.st_size;
     m_modified = status.st_mtim;
 }
@@ -67,6 +75,17 @@ Source::Source(const QString &path)
 Source Source::temporary(const QString &name)
 {
     return Source(name, unnamedFile(name));
+}
+
+Source Source::ofBytes(const QString &name, const QByteArray &bytes)
+{
+    const int descriptor = memfd_create("kv-document", MFD_CLOEXEC);
+    if (descriptor < 0)
+        throw systemProblem(name);
+    Source source(name, descriptor);
+    source.write(0, bytes.constData(), bytes.size());
+    source.rememberState();
+    return source;
 }
 
 Source::Source(Source &&other) noexcept

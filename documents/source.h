@@ -20,6 +20,9 @@ public:
     /// A file without a name in the directory for temporary files; `name` is for messages.
     static Source temporary(const QString &name);
 
+    /// A file in memory with these bytes; `name` is for messages.
+    static Source ofBytes(const QString &name, const QByteArray &bytes);
+
     Source(Source &&other) noexcept;
     Source &operator=(Source &&other) = delete;
     ~Source();
@@ -45,6 +48,9 @@ public:
 
 private:
     Source(const QString &name, int descriptor);
+
+    /// Size and time, which needUnchanged() compares. Throws a Problem when it is no regular file.
+    void rememberState();
 
     QString m_name;
     int m_descriptor;
