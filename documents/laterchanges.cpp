@@ -21,6 +21,15 @@ const Keys kOfPage{"/Annots", "/LastModified", "/StructParents", "/Tabs"};
 const Keys kOfFilledField{"/AP", "/AS", "/I", "/M", "/MK", "/RV", "/V"};
 const Keys kOfSignedField{"/AP", "/F", "/M", "/StructParent", "/TU", "/V"};
 
+/// A signature with a lock may make the fields read-only that it locks: nobody sees a difference.
+bool isMadeReadOnly(QPDFObjectHandle before, QPDFObjectHandle after)
+{
+    constexpr long long kReadOnly = 1;
+    QPDFObjectHandle old = before.getKey("/Ff"), now = after.getKey("/Ff");
+    const long long flags = old.isInteger() ? old.getIntValue() : 0;
+    return (old.isNull() || old.isInteger()) && now.isInteger() && now.getIntValue() == (flags | kReadOnly);
+}
+
 bool areAmong(const Keys &keys, const Keys &allowed)
 {
     return std::includes(allowed.begin(), allowed.end(), keys.begin(), keys.end());
@@ -52,6 +61,8 @@ public:
             change("what follows it is damaged");
         if (m_earlier.pdf.getRoot().getObjGen() != m_now.pdf.getRoot().getObjGen())
             change("the document has another catalogue");
+        if (m_earlier.pdf.isEncrypted() != m_now.pdf.isEncrypted())
+            change("the document was encrypted, or is no longer");
         if (!m_differences.removed.empty() || !m_differences.filled.empty())
             change("objects of the document were taken away or filled in behind it");
         lookAtFields();
@@ -77,28 +88,27 @@ private:
     }
 
     /// Whether a new field or widget is that of a signature, which is judged by itself.
-    bool isNewSignature(const QPDFObjectHandle &object) const
-    {
-        return std::any_of(m_nowFields.begin(), m_nowFields.end(), [&](const FormField &field) {
-            const bool isIt = field.field.getObjGen() == object.getObjGen()
-                || std::any_of(field.widgets.begin(), field.widgets.end(),
-                    [&](const QPDFObjectHandle &widget) { return widget.getObjGen() == object.getObjGen(); });
-            QPDFObjectHandle signature = field.signature();
-            return isIt && signature.isDictionary() && signature.hasKey("/ByteRange");
-        });
-    }
+    bool isNewSignature(const QPDFObjectHandle &object) const { return m_ofSignatures.count(object.getObjGen()) > 0; }
 
-    const FormField *earlierField(const std::string &name) const
+    void noteSignature(const FormField &field)
     {
-        const auto found = std::find_if(
-            m_earlierFields.begin(), m_earlierFields.end(), [&](const FormField &field) { return field.name == name; });
-        return found == m_earlierFields.end() ? nullptr : &*found;
+        QPDFObjectHandle signature = field.signature();
+        if (!signature.isDictionary() || !signature.hasKey("/ByteRange"))
+            return;
+        m_ofSignatures.insert(field.field.getObjGen());
+        for (const QPDFObjectHandle &widget : field.widgets)
+            m_ofSignatures.insert(widget.getObjGen());
     }
 
     void lookAtFields()
     {
+        std::map<std::string, const FormField *> earlier;
+        for (const FormField &field : m_earlierFields)
+            earlier.emplace(field.name, &field);
         for (const FormField &field : m_nowFields) {
-            const FormField *const before = earlierField(field.name);
+            noteSignature(field);
+            const auto same = earlier.find(field.name);
+            const FormField *const before = same == earlier.end() ? nullptr : same->second;
             const QString name = QString::fromStdString(field.name);
             if (!field.signature().isNull() && (before == nullptr || before->signature().isNull()))
                 add(QString("a signature in the field \"%1\"").arg(name));
@@ -200,10 +210,17 @@ private:
     {
         const QString name = QString::fromStdString(field.name);
         const bool isDictionary = before.isDictionary() && after.isDictionary();
-        const Keys keys = isDictionary ? differingKeys(before, after) : Keys{"all"};
+        Keys keys = isDictionary ? differingKeys(before, after) : Keys{"all"};
+        if (isDictionary && isMadeReadOnly(before, after) && keys.erase("/Ff") > 0 && keys.empty()) {
+            add(QString("the form field \"%1\" was made read-only").arg(name));
+            return;
+        }
         if (field.isSignature()) {
-            if (!field.signature().isNull() || !areAmong(keys, kOfSignedField))
+            // What an empty field shows is a part of the page: only a signature may change it.
+            if (!field.signature().isNull() || !areAmong(keys, kOfSignedField) || !isNewSignature(before))
                 change(QString("the signature field \"%1\"").arg(name));
+            else if (isLockedBy(m_signature, field.name))
+                change(QString("the signature field \"%1\", which it locks").arg(name));
             return;
         }
         if (!areAmong(keys, kOfFilledField))
@@ -214,7 +231,8 @@ private:
             add(QString("the form field \"%1\" was filled in").arg(name));
     }
 
-    /// What nobody sees on a page: information, structure for readers aloud, what helps to verify.
+    /// What nobody sees on a page: information, structure for readers aloud, what helps to verify. An object that
+    /// something else of the document refers to as well is none of them.
     bool isBeside(const QPDFObjGen &number)
     {
         if (!m_beside.has_value()) {
@@ -225,6 +243,12 @@ private:
             for (const char *key : {"/StructTreeRoot", "/DSS"}) {
                 const std::set<QPDFObjGen> part = reachable(root.getKey(key), {"/Pg", "/Obj", "/Stm", "/AF", "/Ref"});
                 m_beside->insert(part.begin(), part.end());
+            }
+            for (const auto &entry : root.getDictAsMap()) {
+                if (Keys{"/StructTreeRoot", "/DSS", "/Metadata"}.count(entry.first) > 0)
+                    continue;
+                for (const QPDFObjGen &seen : reachable(entry.second, {}))
+                    m_beside->erase(seen);
             }
         }
         return m_beside->count(number) > 0;
@@ -239,6 +263,7 @@ private:
     const Certification m_certification;
     std::map<QPDFObjGen, int> m_pages; ///< numbers from 1
     std::map<QPDFObjGen, const FormField *> m_places; ///< fields and their widgets, as they were
+    std::set<QPDFObjGen> m_ofSignatures; ///< their fields and widgets, as they are now
     std::set<QPDFObjGen> m_lists; ///< judged by what is in them
     std::optional<std::set<QPDFObjGen>> m_beside;
     LaterChanges m_found;

@@ -1,7 +1,6 @@
 #include "messagecheck.h"
 
 #include "timestamps.h"
-#include "trust.h"
 
 #include <openssl/err.h>
 #include <openssl/ess.h>
@@ -14,9 +13,11 @@ struct Message
 {
     CmsOwner content;
     CertificatesOwner certificates;
-    CMS_SignerInfo *signer = nullptr;
+    CMS_SignerInfo *signer = nullptr; ///< the one that is looked at
     X509 *certificate = nullptr;
     const EVP_MD *digest = nullptr;
+
+    STACK_OF(CMS_SignerInfo) * signers() const { return CMS_get0_SignerInfos(content.get()); }
 };
 
 QString opened(Message &message, const QByteArray &bytes)
@@ -25,16 +26,24 @@ QString opened(Message &message, const QByteArray &bytes)
     message.content.reset(d2i_CMS_ContentInfo(nullptr, &place, bytes.size()));
     if (message.content == nullptr)
         return "its message cannot be read";
-    STACK_OF(CMS_SignerInfo) *const signers = CMS_get0_SignerInfos(message.content.get());
-    if (signers == nullptr || sk_CMS_SignerInfo_num(signers) != 1)
-        return "its message is not signed by exactly one";
-    message.signer = sk_CMS_SignerInfo_value(signers, 0);
+    if (message.signers() == nullptr || sk_CMS_SignerInfo_num(message.signers()) < 1)
+        return "its message is signed by nobody";
     message.certificates.reset(CMS_get1_certs(message.content.get()));
     CMS_set1_signers_certs(message.content.get(), nullptr, 0);
+    return {};
+}
+
+/// Some programs sign twice in a message, with other digests. It must be the same person.
+QString lookAt(Message &message, int index)
+{
+    const X509 *const other = message.certificate;
+    message.signer = sk_CMS_SignerInfo_value(message.signers(), index);
     X509_ALGOR *algorithm = nullptr;
     CMS_SignerInfo_get0_algs(message.signer, nullptr, &message.certificate, &algorithm, nullptr);
     if (message.certificate == nullptr)
         return "the signer's certificate is not in it";
+    if (other != nullptr && X509_cmp(other, message.certificate) != 0)
+        return "its message is signed by several people";
     const ASN1_OBJECT *kind = nullptr;
     X509_ALGOR_get0(&kind, nullptr, nullptr, algorithm);
     message.digest = EVP_get_digestbyobj(kind);
@@ -50,8 +59,8 @@ void nameAlgorithm(SignatureReport &report, const Message &message)
     const int digest = EVP_MD_get_type(message.digest);
     const QString digestName = QString(OBJ_nid2sn(digest)).replace("SHA2", "SHA-2").replace("SHA1", "SHA-1");
     report.algorithm = QString("%1 %2, %3").arg(name).arg(bits).arg(digestName);
-    report.isAlgorithmWeak = EVP_MD_get_size(message.digest) < 28 || (kind == EVP_PKEY_RSA && bits < 2048)
-        || (kind == EVP_PKEY_EC && bits < 224);
+    report.isAlgorithmWeak = report.isAlgorithmWeak || EVP_MD_get_size(message.digest) < 28
+        || (kind == EVP_PKEY_RSA && bits < 2048) || (kind == EVP_PKEY_EC && bits < 224);
 }
 
 /// The signed attribute that names the certificate, so that it cannot be exchanged for another one of the same key.
@@ -151,8 +160,9 @@ void checkDocumentStamp(
 } // namespace
 
 void checkMessage(SignatureReport &report, const QByteArray &message, const std::string &subFilter,
-    const DigestBytes &digestOf, X509_STORE *trusted)
+    const DigestBytes &digestOf, const Judges &judges)
 {
+    X509_STORE *const trusted = judges.trusted.get();
     if (subFilter == "/ETSI.RFC3161") {
         checkDocumentStamp(report, message, digestOf, trusted);
         return;
@@ -164,12 +174,21 @@ void checkMessage(SignatureReport &report, const QByteArray &message, const std:
     }
     Message parts;
     report.problem = opened(parts, message);
-    if (report.problem.isEmpty()) {
-        nameAlgorithm(report, parts);
-        report.problem = checked(parts, digestOf, subFilter == "/ETSI.CAdES.detached");
+    const int count = report.problem.isEmpty() ? sk_CMS_SignerInfo_num(parts.signers()) : 0;
+    const bool isCades = subFilter == "/ETSI.CAdES.detached";
+    if (isCades && count > 1)
+        report.problem = "its message is not signed by exactly one";
+    for (int i = 0; i < count && report.problem.isEmpty(); ++i) {
+        report.problem = lookAt(parts, i);
+        if (report.problem.isEmpty()) {
+            nameAlgorithm(report, parts);
+            report.problem = checked(parts, digestOf, isCades);
+        }
+    }
+    if (parts.certificate != nullptr) {
         report.isIntact = report.problem.isEmpty();
         checkStamp(report, parts, trusted);
-        judgeCertificate(report, parts.certificate, parts.certificates.get(), trusted,
+        judgeCertificate(report, parts.certificate, parts.certificates.get(), judges,
             report.isStampTrusted ? report.stampedTime : QDateTime());
     }
     ERR_clear_error();

@@ -4,7 +4,7 @@
 #define DOCUMENTS_MESSAGECHECK_H
 
 #include "openssl_types.h"
-#include "verify.h"
+#include "trust.h"
 
 #include <functional>
 
@@ -16,7 +16,7 @@ using DigestBytes = std::function<QByteArray(const EVP_MD *)>;
 /// Fills in what the message says.
 /// @param subFilter the kind of message, as the signature dictionary names it
 void checkMessage(SignatureReport &report, const QByteArray &message, const std::string &subFilter,
-    const DigestBytes &digestOf, X509_STORE *trusted);
+    const DigestBytes &digestOf, const Judges &judges);
 
 } // namespace documents
 

@@ -29,6 +29,7 @@ struct Release
 using BioOwner = std::unique_ptr<BIO, Release<BIO_free>>;
 using CertificateOwner = std::unique_ptr<X509, Release<X509_free>>;
 using CmsOwner = std::unique_ptr<CMS_ContentInfo, Release<CMS_ContentInfo_free>>;
+using CrlOwner = std::unique_ptr<X509_CRL, Release<X509_CRL_free>>;
 using DigestOwner = std::unique_ptr<EVP_MD_CTX, Release<EVP_MD_CTX_free>>;
 using KeyOwner = std::unique_ptr<EVP_PKEY, Release<EVP_PKEY_free>>;
 using KeyContextOwner = std::unique_ptr<EVP_PKEY_CTX, Release<EVP_PKEY_CTX_free>>;

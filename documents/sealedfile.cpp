@@ -3,6 +3,7 @@
 
 #include "documentinside.h"
 #include "seal.h"
+#include "streambytes.h"
 
 #include <set>
 
@@ -11,6 +12,7 @@ namespace documents {
 namespace {
 
 constexpr char kName[] = "pen-data.inkml.p7m";
+constexpr qint64 kMostSealed = 64 << 20; // bytes; an hour of signing has less
 constexpr char kKind[] = "/application/pkcs7-mime";
 
 /// Finds the sealed files of forms, each once.
@@ -35,11 +37,7 @@ public:
     std::vector<QByteArray> found;
 
 private:
-    void take(QPDFObjectHandle stream)
-    {
-        const std::shared_ptr<Buffer> bytes = stream.getStreamData(qpdf_dl_generalized);
-        found.emplace_back(reinterpret_cast<const char *>(bytes->getBuffer()), static_cast<int>(bytes->getSize()));
-    }
+    void take(QPDFObjectHandle stream) { found.push_back(streamBytes(stream, kMostSealed)); }
 
     std::set<QPDFObjGen> m_seen;
 };

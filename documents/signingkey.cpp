@@ -1,10 +1,9 @@
 #include "signingkey.h"
 
 #include "problem.h"
+#include "trust.h"
 
 #include <QDateTime>
-
-#include <openssl/x509v3.h>
 
 namespace documents {
 
@@ -46,8 +45,7 @@ void needFit(const SigningKey &key)
     if (X509_cmp_current_time(X509_get0_notBefore(certificate)) > 0)
         throw unfit(QString("the certificate of %1 is not valid before %2")
                         .arg(key.owner(), dayOf(X509_get0_notBefore(certificate))));
-    const uint32_t usage = X509_get_key_usage(certificate);
-    if ((usage & (KU_DIGITAL_SIGNATURE | KU_NON_REPUDIATION)) == 0)
+    if (!isForSigning(certificate))
         throw unfit(QString("the certificate of %1 is not meant for signatures").arg(key.owner()));
 }
 

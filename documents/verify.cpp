@@ -6,13 +6,17 @@
 #include "messagecheck.h"
 #include "pageplace.h"
 #include "problem.h"
+#include "streambytes.h"
 #include "trust.h"
 
 #include <algorithm>
+#include <map>
 
 namespace documents {
 
 namespace {
+
+constexpr size_t kMostSignatures = 500; // each has a revision of its own, which is read as a document
 
 /// A field's signature with the bytes that it covers.
 struct Found
@@ -53,6 +57,12 @@ std::vector<Found> signaturesIn(const Document::Inside &inside)
         if (!QPDFObjectHandle(signature).isNull())
             all.push_back({&field, signature, coveredBytes(inside.source, signature)});
     }
+    if (all.size() > kMostSignatures)
+        throw Problem{Problem::Kind::File,
+            QString("%1: has %2 signatures; more than %3 are not looked at")
+                .arg(inside.source.name())
+                .arg(all.size())
+                .arg(kMostSignatures)};
     std::stable_sort(
         all.begin(), all.end(), [](const Found &one, const Found &other) { return one.bytes.end < other.bytes.end; });
     return all;
@@ -74,14 +84,37 @@ bool hasOnlyBlanks(const Source &source, qint64 begin)
     return isBlank;
 }
 
+/// Lists of revoked certificates that somebody put into the document's security store. Their issuers signed them:
+/// whoever put them there cannot make anything of them. One that cannot be read says nothing.
+void addListsIn(QPDF &pdf, RevocationLists &revoked)
+{
+    constexpr int kMostLists = 100;
+    constexpr qint64 kMostBytes = 16 << 20;
+    QPDFObjectHandle store = pdf.getRoot().getKey("/DSS");
+    QPDFObjectHandle lists = store.isDictionary() ? store.getKey("/CRLs") : store;
+    if (!lists.isArray())
+        return;
+    for (int i = 0; i < std::min(lists.getArrayNItems(), kMostLists); ++i) {
+        try {
+            if (lists.getArrayItem(i).isStream())
+                revoked.addDer(streamBytes(lists.getArrayItem(i), kMostBytes));
+        } catch (const std::exception &) {
+        }
+    }
+}
+
 class Verifying
 {
 public:
-    Verifying(Document &document, const QStringList &trusted, const std::function<void(qint64, qint64)> &progress)
+    Verifying(Document &document, const QStringList &trusted, const std::function<void(qint64, qint64)> &progress,
+        const QStringList &revoked)
         : m_inside(document.inside())
-        , m_trusted(trustedStore(trusted))
+        , m_judges{trustedStore(trusted), {}}
         , m_progress(progress)
     {
+        for (const QString &file : revoked)
+            m_judges.revoked.addFile(file);
+        addListsIn(m_inside.reader->pdf, m_judges.revoked);
     }
 
     VerifyReport run()
@@ -115,11 +148,15 @@ private:
         report.problem = found.bytes.problem;
         if (!report.problem.isEmpty())
             return report;
+        std::map<int, QByteArray> digests; // a message may ask for one several times
         const auto digestOf = [&](const EVP_MD *kind) {
-            return found.bytes.digest(
-                m_inside.source, kind, [&](qint64 count) { m_progress(m_done += count, m_total); });
+            QByteArray &digest = digests[EVP_MD_get_type(kind)];
+            if (digest.isEmpty())
+                digest = found.bytes.digest(m_inside.source, kind,
+                    [&](qint64 count) { m_progress(m_done = std::min(m_done + count, m_total), m_total); });
+            return digest;
         };
-        checkMessage(report, found.bytes.message, nameIn(found.signature, "/SubFilter"), digestOf, m_trusted.get());
+        checkMessage(report, found.bytes.message, nameIn(found.signature, "/SubFilter"), digestOf, m_judges);
         if (!report.coversWholeFile)
             lookBehind(report, found);
         return report;
@@ -141,7 +178,7 @@ private:
     }
 
     Document::Inside &m_inside;
-    const StoreOwner m_trusted;
+    Judges m_judges;
     const std::function<void(qint64, qint64)> &m_progress;
     qint64 m_done = 0;
     qint64 m_total = 0;
@@ -155,10 +192,11 @@ bool VerifyReport::isValid() const
         && std::all_of(signatures.begin(), signatures.end(), [](const SignatureReport &row) { return row.isValid(); });
 }
 
-VerifyReport verify(Document &document, const QStringList &trusted, const std::function<void(qint64, qint64)> &progress)
+VerifyReport verify(Document &document, const QStringList &trusted, const std::function<void(qint64, qint64)> &progress,
+    const QStringList &revoked)
 {
     try {
-        return Verifying(document, trusted, progress).run();
+        return Verifying(document, trusted, progress, revoked).run();
     } catch (...) {
         rethrowAsProblem(document.inside().source.name());
     }

@@ -18,7 +18,8 @@ enum class Trust
     SelfSigned, ///< by itself alone, and nobody said that it is trusted
     Unknown, ///< its issuer is not trusted
     Expired, ///< trusted but for its time; no time stamp says that it was valid when it was used
-    NotForSigning
+    NotForSigning,
+    Revoked ///< its issuer, or one above, took it back before it was used
 };
 
 struct SignatureReport
@@ -44,6 +45,7 @@ struct SignatureReport
     bool isAlgorithmWeak = false;
     Trust trust = Trust::Unknown;
     QString trustReason; ///< why it is not trusted, in words
+    bool isRevocationChecked = false; ///< lists of all its issuers say that it was not taken back
     QDate validFrom;
     QDate validUntil;
     bool isExpired = false; ///< today
@@ -65,8 +67,9 @@ struct VerifyReport
 /// Looks at every signature without asking anyone on a network.
 /// @param trusted files with certificates (PEM) that are trusted besides the system's
 /// @param progress is told how many of how many bytes were read; what it throws ends the work
-VerifyReport verify(
-    Document &document, const QStringList &trusted, const std::function<void(qint64, qint64)> &progress);
+/// @param revoked files with lists of revoked certificates (CRL, PEM or DER); those in the document count too
+VerifyReport verify(Document &document, const QStringList &trusted, const std::function<void(qint64, qint64)> &progress,
+    const QStringList &revoked = {});
 
 } // namespace documents
 

@@ -3,41 +3,12 @@
 
 #include <QJsonArray>
 
-#include <algorithm>
-
 namespace {
 
 using namespace signeddocuments;
 
 class DocumentVerify : public Documents
 {
-protected:
-    /// The number behind a key of the last trailer.
-    static int numberBehind(const QByteArray &document, const QByteArray &key)
-    {
-        const int place = document.lastIndexOf(key);
-        EXPECT_GE(place, 0) << key.toStdString();
-        return document.mid(place + key.size(), 12).simplified().split(' ').first().toInt();
-    }
-
-    /// Appends a revision that replaces or adds objects of a document with a cross-reference table.
-    void appendRevision(const QString &from, const QString &to, const QList<QPair<int, QByteArray>> &objects) const
-    {
-        QByteArray after = read(from), table = "xref\n";
-        const QByteArray root = QByteArray::number(numberBehind(after, "/Root "));
-        const QByteArray previous = QByteArray::number(numberBehind(after, "startxref"));
-        int size = numberBehind(after, "/Size ");
-        for (const auto &object : objects) {
-            const QByteArray place = QByteArray::number(after.size()).rightJustified(10, '0');
-            table += QByteArray::number(object.first) + " 1\n" + place + " 00000 n \n";
-            after += QByteArray::number(object.first) + " 0 obj\n" + object.second + "\nendobj\n";
-            size = std::max(size, object.first + 1);
-        }
-        const QByteArray start = QByteArray::number(after.size());
-        after += table + "trailer\n<< /Size " + QByteArray::number(size) + " /Root " + root + " 0 R /Prev " + previous
-            + " >>\nstartxref\n" + start + "\n%%EOF\n";
-        write(to, after);
-    }
 };
 
 TEST_F(DocumentVerify, SaysWhoIsTrusted)
@@ -48,9 +19,9 @@ TEST_F(DocumentVerify, SaysWhoIsTrusted)
     EXPECT_EQ(unknown["trust"].toString(), "self-signed"); // the authority came with the signature
     EXPECT_TRUE(unknown["intact"].toBool());
     const CommandResult words = run({"verify", "signed.pdf", "--trust", People::get().authority()});
-    for (const char *line : {"Signature 1 of 1: field \"Signature1\" on page 1", "  signer       Anna Example",
-             "  covers       the whole file", "  intact       yes", "  certificate  trusted",
-             "issued by Test Authority", "  algorithm    EC 256, SHA-256", "  verdict      valid"})
+    for (const char *line : {"Signature 1 of 1: field \"Signature1\" on page 1", "  signer         Anna Example",
+             "  covers         the whole file", "  intact         yes", "  certificate    trusted",
+             "issued by Test Authority", "  algorithm      EC 256, SHA-256", "  verdict        valid"})
         EXPECT_TRUE(words.output.contains(line)) << line << '\n' << words.output.toStdString();
     const CommandResult none = run({"verify", given("cairo.pdf")});
     EXPECT_EQ(none.exitCode, 1);
@@ -154,6 +125,60 @@ TEST_F(DocumentVerify, FindsWhatFillsInAReferenceToNothing)
     trusted("signed.pdf", 0);
     appendRevision("signed.pdf", "changed.pdf", {{90, "<< /Length 15 >>\nstream\n0 0 400 500 re f\nendstream"}});
     EXPECT_FALSE(row(trusted("changed.pdf", 1))["changedAfter"].toArray().isEmpty());
+}
+
+// An empty signature field shows what nobody signed.
+TEST_F(DocumentVerify, FindsWhatAnEmptyFieldShowsLater)
+{
+    signAs(People::get().anna(), given("written-form.pdf"), "signed.pdf", {"--field", "10,10,40x20", "--page", "1"});
+    const QByteArray form = contentOf(given("written-form.pdf"));
+    const int begin = form.indexOf("\n6 0 obj\n") + 9;
+    QByteArray field = form.mid(begin, form.indexOf("\nendobj", begin) - begin);
+    ASSERT_TRUE(field.contains("/T (customer)")) << field.toStdString();
+    field.chop(2);
+    appendRevision("signed.pdf", "changed.pdf",
+        {{6, field + " /AP << /N 60 0 R >> >>"},
+            {60, "<< /Subtype /Form /BBox [0 0 100 50] /Length 26 >>\nstream\n0 0 m 100 50 l 5 w S      \nendstream"}});
+    EXPECT_EQ(row(trusted("changed.pdf", 1))["changedAfter"].toArray(), QJsonArray{"the signature field \"customer\""});
+}
+
+// What the tags of a document refer to may be written again, but not when the page shows it as well.
+TEST_F(DocumentVerify, FindsContentThatIsDisguisedAsTags)
+{
+    for (const char *disguise : {"/StructTreeRoot << /K 4 0 R >>", "/DSS << /VRI 4 0 R >>", "/Metadata 4 0 R"}) {
+        SCOPED_TRACE(disguise);
+        writeDocument("prepared.pdf",
+            {{1, "<< /Type /Catalog /Pages 2 0 R " + QByteArray(disguise) + " >>"},
+                {2, "<< /Type /Pages /Kids [3 0 R] /Count 1 /MediaBox [0 0 400 500] >>"},
+                {3, "<< /Type /Page /Parent 2 0 R /Contents 4 0 R >>"},
+                {4, "<< /Length 7 >>\nstream\n0 0 m n\nendstream"}});
+        signAs(People::get().anna(), "prepared.pdf", "signed.pdf");
+        trusted("signed.pdf", 0);
+        appendRevision("signed.pdf", "changed.pdf", {{4, "<< /Length 15 >>\nstream\n0 0 400 500 re f\nendstream"}});
+        EXPECT_EQ(row(trusted("changed.pdf", 1))["changedAfter"].toArray(),
+            QJsonArray{"something that it covers (object 4)"});
+    }
+}
+
+TEST_F(DocumentVerify, TrustsNoCertificateOfAWebServer)
+{
+    const CommandResult made = runProgram(
+        {"bash", "-c",
+            "set -e; for use in serverAuth emailProtection 1.3.6.1.5.5.7.3.36; do "
+            "openssl req -x509 -newkey rsa:2048 -nodes -keyout s.key -out $use.pem -days 1 -subj '/CN=www.example' -addext "
+            "extendedKeyUsage=$use 2> /dev/null; openssl pkcs12 -export -inkey s.key -in $use.pem -out $use.p12 -passout "
+            "pass:; done; openssl req -x509 -newkey rsa:2048 -nodes -keyout s.key -out plain.pem -days 1 -subj /CN=x 2> "
+            "/dev/null"},
+        file("."));
+    ASSERT_EQ(made.exitCode, 0) << testing::PrintToString(made);
+    for (const QString &use : {QString("emailProtection"), QString("1.3.6.1.5.5.7.3.36")}) {
+        signPage(given("cairo.pdf"), "signed.pdf", {"--certificate", use + ".p12"});
+        verified("signed.pdf", 0, {"--trust", use + ".pem"});
+    }
+    const CommandResult refused =
+        run({"sign", "--ink", "a.ink", "--certificate", "serverAuth.p12", given("cairo.pdf"), "b.pdf"});
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_TRUE(refused.errors.contains("not meant for signatures")) << testing::PrintToString(refused);
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <algorithm>
+
 namespace signeddocuments {
 
 namespace {
@@ -17,6 +19,30 @@ void makePerson(const QString &folder, const QString &file, const QString &name)
                                .arg(file, name);
     const CommandResult result = runProgram({"bash", "-c", script}, folder);
     EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
+}
+
+/// The number behind a key of the last trailer.
+int numberBehind(const QByteArray &document, const QByteArray &key)
+{
+    const int place = document.lastIndexOf(key);
+    EXPECT_GE(place, 0) << key.toStdString();
+    return document.mid(place + key.size(), 12).simplified().split(' ').first().toInt();
+}
+
+/// Objects with their table and trailer, behind what is there already.
+QByteArray withObjects(
+    QByteArray document, const QList<QPair<int, QByteArray>> &objects, int size, const QByteArray &trailer)
+{
+    QByteArray table = "xref\n";
+    for (const auto &object : objects) {
+        const QByteArray place = QByteArray::number(document.size()).rightJustified(10, '0');
+        table += QByteArray::number(object.first) + " 1\n" + place + " 00000 n \n";
+        document += QByteArray::number(object.first) + " 0 obj\n" + object.second + "\nendobj\n";
+        size = std::max(size, object.first + 1);
+    }
+    const QByteArray start = QByteArray::number(document.size());
+    return document + table + "trailer\n<< /Size " + QByteArray::number(size) + " " + trailer + " >>\nstartxref\n"
+        + start + "\n%%EOF\n";
 }
 
 } // namespace
@@ -66,6 +92,20 @@ QJsonObject Documents::signAs(
 {
     return signPage(
         from, to, QStringList{"--certificate", keyFile, "--password-file", People::get().password()} + options);
+}
+
+void Documents::writeDocument(const QString &name, const Objects &objects) const
+{
+    write(name, withObjects("%PDF-1.7\n", objects, 1, "/Root 1 0 R"));
+}
+
+void Documents::appendRevision(const QString &from, const QString &to, const Objects &objects) const
+{
+    const QByteArray before = read(from);
+    write(to,
+        withObjects(before, objects, numberBehind(before, "/Size "),
+            "/Root " + QByteArray::number(numberBehind(before, "/Root ")) + " 0 R /Prev "
+                + QByteArray::number(numberBehind(before, "startxref"))));
 }
 
 QJsonObject Documents::verified(const QString &name, int exitCode, const QStringList &options) const

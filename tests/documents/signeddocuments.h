@@ -37,6 +37,14 @@ protected:
     QJsonObject signAs(
         const QString &keyFile, const QString &from, const QString &to, const QStringList &options = {}) const;
 
+    using Objects = QList<QPair<int, QByteArray>>; ///< a PDF's, by their numbers
+
+    /// A document of these objects, of which number 1 is the catalogue.
+    void writeDocument(const QString &name, const Objects &objects) const;
+
+    /// Appends a revision that replaces or adds objects of a document with a cross-reference table.
+    void appendRevision(const QString &from, const QString &to, const Objects &objects) const;
+
     /// kvsign verify --json, whatever it answers.
     QJsonObject verified(const QString &name, int exitCode, const QStringList &options = {}) const;
 

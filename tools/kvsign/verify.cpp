@@ -20,7 +20,9 @@ using documents::VerifyReport;
 
 constexpr Option kTrustOption{"trust", "FILE",
     "Trust the certificates in this file (PEM) too, besides the system's. May come several times.", nullptr, nullptr};
-constexpr Option kOptions[] = {kTrustOption, kDocumentPasswordOption, kJsonOption};
+constexpr Option kCrlOption{"crl", "FILE",
+    "A list of revoked certificates (CRL, PEM or DER) of an issuer. May come several times.", nullptr, nullptr};
+constexpr Option kOptions[] = {kTrustOption, kCrlOption, kDocumentPasswordOption, kJsonOption};
 constexpr Positional kPositionals[] = {{"INPUT", "The PDF to verify.", 1, 1}};
 
 struct TrustRow
@@ -34,7 +36,7 @@ constexpr TrustRow kTrustRows[] = {{Trust::Trusted, "trusted", "trusted"},
     {Trust::SelfSigned, "self-signed", "NOT trusted: self-signed, and nobody else vouches for it"},
     {Trust::Unknown, "unknown", "NOT trusted: its issuer is not known here"},
     {Trust::Expired, "expired", "NOT valid now, and no trusted time stamp says that it was when it was used"},
-    {Trust::NotForSigning, "not-for-signing", "NOT meant for signatures"}};
+    {Trust::NotForSigning, "not-for-signing", "NOT meant for signatures"}, {Trust::Revoked, "revoked", "NOT valid"}};
 
 const TrustRow &rowOf(Trust trust)
 {
@@ -66,14 +68,15 @@ QJsonObject shown(const SignatureReport &report)
         {"coversWholeFile", report.coversWholeFile}, {"coveredBytes", report.coveredSize},
         {"revision", report.revision}, {"algorithm", report.algorithm}, {"weakAlgorithm", report.isAlgorithmWeak},
         {"trust", rowOf(report.trust).word}, {"trustReason", report.trustReason},
-        {"validFrom", report.validFrom.toString(Qt::ISODate)}, {"validUntil", report.validUntil.toString(Qt::ISODate)},
-        {"expired", report.isExpired}, {"addedAfter", QJsonArray::fromStringList(report.added)},
+        {"revocationChecked", report.isRevocationChecked}, {"validFrom", report.validFrom.toString(Qt::ISODate)},
+        {"validUntil", report.validUntil.toString(Qt::ISODate)}, {"expired", report.isExpired},
+        {"addedAfter", QJsonArray::fromStringList(report.added)},
         {"changedAfter", QJsonArray::fromStringList(report.changed)}, {"valid", report.isValid()}};
 }
 
 void sayRow(const char *title, const QString &text)
 {
-    say(QString("  %1%2").arg(title, -13).arg(text));
+    say(QString("  %1%2").arg(title, -15).arg(text));
 }
 
 void tellCertificate(const SignatureReport &report)
@@ -82,12 +85,18 @@ void tellCertificate(const SignatureReport &report)
     QString text = row.words;
     if (report.trust == Trust::Unknown && !report.trustReason.isEmpty())
         text = QString("NOT trusted: %1").arg(report.trustReason);
+    if (report.trust == Trust::Revoked)
+        text += ": " + report.trustReason;
     sayRow("certificate", text);
     if (report.validUntil.isValid())
         sayRow("",
             QString("issued by %1, valid from %2 to %3%4")
                 .arg(report.issuer, report.validFrom.toString(Qt::ISODate), report.validUntil.toString(Qt::ISODate),
                     report.isExpired ? ": expired" : ""));
+    if (report.trust == Trust::Trusted)
+        sayRow("revocation",
+            report.isRevocationChecked ? "not revoked, by the lists of its issuers"
+                                       : "not checked; a list of revoked certificates can be given with --crl");
     sayRow("algorithm", report.algorithm + (report.isAlgorithmWeak ? ": too WEAK" : ""));
 }
 
@@ -148,11 +157,13 @@ int verify(const Arguments &arguments)
     Progress progress;
     const QString name = arguments.positionals().at(0);
     documents::Document document(name, documentPassword(arguments));
-    const VerifyReport report =
-        documents::verify(document, arguments.values(kTrustOption), [&](qint64 done, qint64 total) {
+    const VerifyReport report = documents::verify(
+        document, arguments.values(kTrustOption),
+        [&](qint64 done, qint64 total) {
             throwIfInterrupted();
             progress.show("verifying", done, total);
-        });
+        },
+        arguments.values(kCrlOption));
     progress.clear();
     QJsonArray signatures;
     for (const SignatureReport &row : report.signatures)

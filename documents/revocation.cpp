@@ -1,0 +1,119 @@
+#include "revocation.h"
+
+#include "problem.h"
+#include "source.h"
+
+#include <openssl/err.h>
+#include <openssl/pem.h>
+#include <openssl/x509v3.h>
+
+#include <ctime>
+
+namespace documents {
+
+namespace {
+
+constexpr qint64 kMostFile = 64 << 20;
+
+time_t secondsOf(const QDateTime &time)
+{
+    return time.isValid() ? static_cast<time_t>(time.toSecsSinceEpoch()) : std::time(nullptr);
+}
+
+bool isBefore(const ASN1_TIME *one, time_t other)
+{
+    return one != nullptr && X509_cmp_time(one, &other) < 0;
+}
+
+/// A list for some kinds of certificates, or with the changes since another list, does not say who was not taken back.
+bool isWhole(const X509_CRL *list)
+{
+    return X509_CRL_get_ext_by_NID(list, NID_issuing_distribution_point, -1) < 0
+        && X509_CRL_get_ext_by_NID(list, NID_delta_crl, -1) < 0;
+}
+
+/// Made after the certificate was used, or the newest that there is.
+bool isCurrent(const X509_CRL *list, const QDateTime &used)
+{
+    if (used.isValid() && !isBefore(X509_CRL_get0_lastUpdate(list), secondsOf(used)))
+        return true;
+    const ASN1_TIME *const next = X509_CRL_get0_nextUpdate(list);
+    return next != nullptr && !isBefore(next, std::time(nullptr));
+}
+
+bool isOf(X509_CRL *list, const X509 *issuer)
+{
+    return X509_NAME_cmp(X509_CRL_get_issuer(list), X509_get_subject_name(issuer)) == 0
+        && X509_CRL_verify(list, X509_get0_pubkey(issuer)) == 1;
+}
+
+QString dayOf(const ASN1_TIME *time)
+{
+    struct tm parts = {};
+    ASN1_TIME_to_tm(time, &parts);
+    return QDate(parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday).toString(Qt::ISODate);
+}
+
+/// Whose certificate was taken back and when; empty when it was not, or only after it had been used.
+QString revokedBy(X509_CRL *list, X509 *certificate, const QDateTime &used)
+{
+    constexpr int kIsRevoked = 1; // 2 takes a certificate off the list again
+    X509_REVOKED *entry = nullptr;
+    if (X509_CRL_get0_by_cert(list, &entry, certificate) != kIsRevoked)
+        return {};
+    const ASN1_TIME *const day = X509_REVOKED_get0_revocationDate(entry);
+    if (used.isValid() && !isBefore(day, secondsOf(used)))
+        return {};
+    return QString("the certificate of %1 was revoked on %2")
+        .arg(nameOf(X509_get_subject_name(certificate)), dayOf(day));
+}
+
+} // namespace
+
+void RevocationLists::addFile(const QString &path)
+{
+    const Source file(path);
+    if (file.size() > kMostFile)
+        throw Problem{Problem::Kind::Key, QString("%1: is too large for a list of revoked certificates").arg(path)};
+    const QByteArray bytes = file.read(0, file.size());
+    const size_t before = m_lists.size();
+    const BioOwner reader = bioOf(bytes);
+    while (X509_CRL *const list = PEM_read_bio_X509_CRL(reader.get(), nullptr, nullptr, nullptr))
+        m_lists.emplace_back(list);
+    if (m_lists.size() == before)
+        addDer(bytes);
+    ERR_clear_error();
+    if (m_lists.size() == before)
+        throw Problem{
+            Problem::Kind::Key, QString("%1: there is no list of revoked certificates (CRL) in it").arg(path)};
+}
+
+void RevocationLists::addDer(const QByteArray &bytes)
+{
+    CrlOwner list(d2i_X509_CRL_bio(bioOf(bytes).get(), nullptr));
+    ERR_clear_error();
+    if (list != nullptr)
+        m_lists.push_back(std::move(list));
+}
+
+RevocationLists::Answer RevocationLists::look(STACK_OF(X509) * chain, const QDateTime &used) const
+{
+    Answer answer{sk_X509_num(chain) > 1, {}};
+    for (int i = 0; i + 1 < sk_X509_num(chain); ++i) {
+        X509 *const certificate = sk_X509_value(chain, i);
+        const X509 *const issuer = sk_X509_value(chain, i + 1);
+        bool isChecked = false;
+        for (const CrlOwner &list : m_lists) {
+            if (!isOf(list.get(), issuer))
+                continue;
+            isChecked = isChecked || (isWhole(list.get()) && isCurrent(list.get(), used));
+            if (answer.revoked.isEmpty())
+                answer.revoked = revokedBy(list.get(), certificate, used);
+        }
+        answer.isChecked = answer.isChecked && isChecked;
+    }
+    ERR_clear_error();
+    return answer;
+}
+
+} // namespace documents

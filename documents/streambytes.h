@@ -1,0 +1,20 @@
+/// @file
+/// A stream's decoded bytes, with an end to what a few bytes can become.
+#ifndef DOCUMENTS_STREAMBYTES_H
+#define DOCUMENTS_STREAMBYTES_H
+
+#include <QByteArray>
+
+#include <qpdf/QPDFObjectHandle.hh>
+
+namespace documents {
+
+/// Throws a std::runtime_error when they are more than `most` or cannot be decoded.
+QByteArray streamBytes(QPDFObjectHandle stream, qint64 most);
+
+/// The same for all that a page shows.
+QByteArray contentBytes(QPDFObjectHandle page, qint64 most);
+
+} // namespace documents
+
+#endif
