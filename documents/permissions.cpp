@@ -48,7 +48,30 @@ bool isNamed(QPDFObjectHandle list, const std::string &name)
     });
 }
 
+bool isAllowed(QPDF &pdf, OwnersRight right)
+{
+    switch (right) {
+    case OwnersRight::ChangePages:
+        return pdf.allowModifyOther();
+    case OwnersRight::AddFields:
+        return pdf.allowModifyOther() && pdf.allowModifyAnnotation();
+    case OwnersRight::FillFields:
+        break;
+    }
+    return pdf.allowModifyForm() || pdf.allowModifyAnnotation();
+}
+
 } // namespace
+
+QString forbiddenByOwner(QPDF &pdf, OwnersRight right)
+{
+    if (!pdf.isEncrypted() || pdf.ownerPasswordMatched() || isAllowed(pdf, right))
+        return {};
+    const char *const what = right == OwnersRight::ChangePages ? "changes of its pages"
+        : right == OwnersRight::AddFields                      ? "new signature fields"
+                                                               : "signatures";
+    return QString("its owner forbids %1; with the owner's password it can be done").arg(what);
+}
 
 Certification certificationOf(QPDF &pdf, const std::vector<FormField> &fields)
 {

@@ -5,6 +5,8 @@
 
 #include "formfields.h"
 
+#include <QString>
+
 #include <string>
 #include <vector>
 
@@ -17,6 +19,18 @@ enum class Certification
     Forms = 2, ///< forms may be filled and signed
     Annotations = 3 ///< and annotations added
 };
+
+/// What the owner of an encrypted document may keep from whoever has only the password for reading.
+enum class OwnersRight
+{
+    ChangePages,
+    AddFields,
+    FillFields ///< and sign them
+};
+
+/// Why an encrypted document may not be changed so, as a sentence that follows its name; empty where it may, or where
+/// it was opened with its owner's password.
+QString forbiddenByOwner(QPDF &pdf, OwnersRight right);
 
 /// The strictest of all signatures.
 Certification certificationOf(QPDF &pdf, const std::vector<FormField> &fields);

@@ -47,9 +47,9 @@ QPDFObjectHandle lockReference(QPDFObjectHandle lock)
 
 QPDFObjectHandle signatureDictionary(const SignatureWords &words, const std::string &mark, int room)
 {
-    QPDFObjectHandle signature =
-        QPDFObjectHandle::parse("<< /Type /Sig /Filter /Adobe.PPKLite /SubFilter /ETSI.CAdES.detached"
-                                " /ByteRange [0 9999999999 9999999999 9999999999] >>");
+    QPDFObjectHandle signature = QPDFObjectHandle::parse("<< /Type /Sig /Filter /Adobe.PPKLite"
+                                                         " /ByteRange [0 9999999999 9999999999 9999999999] >>");
+    signature.replaceKey("/SubFilter", QPDFObjectHandle::newName(std::string("/") + words.subFilter));
     std::string contents = mark;
     contents.resize(static_cast<size_t>(room), '\0');
     signature.replaceKey("/Contents", QPDFObjectHandle::newString(contents));

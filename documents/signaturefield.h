@@ -19,6 +19,7 @@ struct SignatureWords
     QString reason;
     QString location;
     QDateTime time;
+    const char *subFilter; ///< the kind of its message
 };
 
 /// The dictionary with room for a message of `room` bytes, which begins with `mark` for now: byterange.h fills it.

@@ -10,6 +10,7 @@
 #include "problem.h"
 #include "revision.h"
 #include "sealedfile.h"
+#include "seedvalues.h"
 #include "signaturefield.h"
 #include "signedmessage.h"
 
@@ -103,6 +104,9 @@ private:
                     .arg(m_result.rewriteReason));
         if (isSigned && m_request.flatten)
             throw refused(m_inside, "is signed already; its fields cannot be flattened without breaking that");
+        const QString forbidden = forbiddenByOwner(m_inside.reader->pdf, changeOfRequest());
+        if (!forbidden.isEmpty())
+            throw refused(m_inside, forbidden);
         const Certification certification = certificationOf(m_inside.reader->pdf, m_inside.fields);
         if (certification == Certification::NoChanges)
             throw refused(m_inside, "is certified, and its certification forbids every change");
@@ -113,6 +117,13 @@ private:
         if (isSigned && m_request.key == nullptr)
             m_result.notes += "the document is signed already: ink on its page is a change behind that signature; "
                               "with a certificate it would be a signature too";
+    }
+
+    OwnersRight changeOfRequest() const
+    {
+        if (m_request.key == nullptr || m_request.flatten)
+            return OwnersRight::ChangePages;
+        return m_request.formField.isEmpty() ? OwnersRight::AddFields : OwnersRight::FillFields;
     }
 
     void findPlace()
@@ -153,6 +164,16 @@ private:
                     names.isEmpty() ? QString("there is none that is empty") : "empty are " + names.join(", ")));
     }
 
+    /// The field that the request names; null for a new one.
+    const FormField *namedField() const
+    {
+        for (const FormField &field : m_inside.fields) {
+            if (!m_request.formField.isEmpty() && field.name == m_request.formField.toStdString())
+                return &field;
+        }
+        return nullptr;
+    }
+
     void use(const SignatureFieldFacts &facts)
     {
         if (facts.isSigned)
@@ -161,6 +182,9 @@ private:
             throw unknown(m_inside, QString("the field \"%1\" has no place on a page; name a place").arg(facts.name));
         if (m_request.key != nullptr && isLocked(m_inside.fields, facts.name.toStdString()))
             throw refused(m_inside, QString("an earlier signature forbids to sign the field \"%1\"").arg(facts.name));
+        const QString asked = m_request.key == nullptr ? QString() : SeedValues(namedField()->field).refusal(m_request);
+        if (!asked.isEmpty())
+            throw refused(m_inside, QString("the field \"%1\" %2").arg(facts.name, asked));
         m_result.page = facts.page;
         m_result.place = facts.place;
         if (std::min(facts.place.width(), facts.place.height()) < kSmallest)
@@ -201,17 +225,18 @@ private:
 
     void signField(Revision &revision, const Appearance &appearance)
     {
-        SignatureWords words{m_request.name, m_request.reason, m_request.location, m_request.time};
+        const FormField *const existing = namedField();
+        const QPDFObjectHandle none = QPDFObjectHandle::newDictionary();
+        SignatureWords words{m_request.name, m_request.reason, m_request.location, m_request.time,
+            SeedValues(existing == nullptr ? none : existing->field).subFilter()};
         if (words.name.isEmpty())
             words.name = m_request.key->owner();
         const QPDFObjectHandle dictionary = signatureDictionary(words, m_mark, room());
         SignatureField field(revision, page());
         m_result.field = m_request.formField;
-        for (const FormField &existing : m_inside.fields) {
-            if (!m_request.formField.isEmpty() && existing.name == m_request.formField.toStdString()) {
-                field.fill(existing, appearance.form, alternativeText(), dictionary);
-                return;
-            }
+        if (existing != nullptr) {
+            field.fill(*existing, appearance.form, alternativeText(), dictionary);
+            return;
         }
         m_result.field = freeFieldName(m_inside.fields);
         field.create(m_result.field, m_result.place, appearance.form, alternativeText(), dictionary);
