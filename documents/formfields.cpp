@@ -7,11 +7,14 @@ namespace documents {
 
 namespace {
 
+constexpr int kDeepest = 100; // no form of a person is deeper
+
 struct Node
 {
     QPDFObjectHandle object;
     std::string prefix;
     std::string type;
+    int depth;
 };
 
 bool isField(QPDFObjectHandle kid)
@@ -52,7 +55,7 @@ std::vector<FormField> fieldsOf(QPDF &pdf)
     std::set<QPDFObjGen> seen;
     std::vector<Node> waiting;
     for (const QPDFObjectHandle &object : top.getArrayAsVector())
-        waiting.push_back({object, "", ""});
+        waiting.push_back({object, "", "", 0});
     std::reverse(waiting.begin(), waiting.end());
     while (!waiting.empty()) {
         Node node = waiting.back();
@@ -62,9 +65,9 @@ std::vector<FormField> fieldsOf(QPDF &pdf)
         std::vector<QPDFObjectHandle> kids;
         if (node.object.getKey("/Kids").isArray())
             kids = node.object.getKey("/Kids").getArrayAsVector();
-        if (std::any_of(kids.begin(), kids.end(), isField)) {
+        if (node.depth < kDeepest && std::any_of(kids.begin(), kids.end(), isField)) {
             for (auto kid = kids.rbegin(); kid != kids.rend(); ++kid)
-                waiting.push_back({*kid, nameOf(node), typeOf(node)});
+                waiting.push_back({*kid, nameOf(node), typeOf(node), node.depth + 1});
             continue;
         }
         FormField field{nameOf(node), typeOf(node), node.object, kids};

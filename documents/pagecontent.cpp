@@ -1,6 +1,10 @@
 #include "pagecontent.h"
 
 #include "pageplace.h"
+#include "streambytes.h"
+
+#include <qpdf/BufferInputSource.hh>
+#include <qpdf/QPDFTokenizer.hh>
 
 #include <algorithm>
 
@@ -8,25 +12,44 @@ namespace documents {
 
 namespace {
 
-/// Looks how many graphics states a page leaves open, and how many it closes that it has not opened.
-class StateCounter : public QPDFObjectHandle::ParserCallbacks
+constexpr qint64 kMostContent = 256 << 20; // bytes; what a few bytes can become is more
+
+/// How many graphics states a page's content leaves open, and how many it closes that it has not opened.
+class StateCounter
 {
 public:
-    void handleObject(QPDFObjectHandle object, size_t, size_t) override
+    explicit StateCounter(const QByteArray &content)
     {
-        if (!object.isOperator())
-            return;
-        if (object.getOperatorValue() == "q")
-            ++m_open;
-        else if (object.getOperatorValue() == "Q")
-            m_least = std::min(m_least, --m_open);
+        BufferInputSource input("content", content.toStdString());
+        auto shared = std::shared_ptr<InputSource>(&input, [](InputSource *) {});
+        QPDFTokenizer tokenizer;
+        tokenizer.allowEOF();
+        for (;;) {
+            const QPDFTokenizer::Token token = tokenizer.readToken(shared, "content", true);
+            if (token.getType() == QPDFTokenizer::tt_eof)
+                return;
+            if (token == QPDFTokenizer::Token(QPDFTokenizer::tt_word, "ID"))
+                skipPicture(tokenizer, shared);
+            else if (token == QPDFTokenizer::Token(QPDFTokenizer::tt_word, "q"))
+                ++m_open;
+            else if (token == QPDFTokenizer::Token(QPDFTokenizer::tt_word, "Q"))
+                m_least = std::min(m_least, --m_open);
+        }
     }
-    void handleEOF() override { }
 
     int needed() const { return 1 - m_least; }
     int leftOpen() const { return m_open; }
 
 private:
+    /// The bytes of a picture in the content are no operators.
+    static void skipPicture(QPDFTokenizer &tokenizer, const std::shared_ptr<InputSource> &input)
+    {
+        char blank = 0;
+        input->read(&blank, 1);
+        tokenizer.expectInlineImage(input);
+        tokenizer.readToken(input, "content", true);
+    }
+
     int m_open = 0;
     int m_least = 0;
 };
@@ -92,9 +115,7 @@ void PageContent::append(const std::string &operators)
         contents.appendItem(m_revision.addStream(QPDFObjectHandle::newDictionary(), "q\n" + operators + "Q\n"));
         return;
     }
-    StateCounter states;
-    if (!streams.empty())
-        QPDFObjectHandle::parseContentStream(contents, &states);
+    const StateCounter states(streams.empty() ? QByteArray() : contentBytes(m_page.page, kMostContent));
     const int before = std::min(states.needed(), kMostStates);
     const int after = std::clamp(states.leftOpen() + before, 1, kMostStates);
     QPDFObjectHandle all = QPDFObjectHandle::newArray();

@@ -11,6 +11,9 @@ namespace {
 
 constexpr qint64 kPiece = 1 << 14;
 
+/// What is searched for objects at most, in bytes: nothing that is signed is that large where it is damaged.
+constexpr qint64 kMostSearched = qint64{1} << 28;
+
 bool isEndOfLine(int byte)
 {
     return byte == '\r' || byte == '\n';
@@ -35,10 +38,21 @@ int SourceInput::at(qint64 place)
         m_piece.resize(
             static_cast<size_t>(m_source.readSome(place, m_piece.data(), static_cast<qint64>(m_piece.size()))));
         m_pieceBegin = place;
+        noteSearch(place);
         if (m_piece.empty())
             return -1;
     }
     return static_cast<unsigned char>(m_piece[static_cast<size_t>(place - m_pieceBegin)]);
+}
+
+void SourceInput::noteSearch(qint64 place)
+{
+    const qint64 end = place + static_cast<qint64>(m_piece.size());
+    const bool continues = place <= m_searchEnd && m_searchEnd - place < kPiece;
+    m_searched = continues ? m_searched + std::max<qint64>(0, end - m_searchEnd) : 0;
+    m_searchEnd = end;
+    if (m_searched > kMostSearched)
+        throw std::runtime_error("it is damaged, and too large to be searched for what is left of it");
 }
 
 qpdf_offset_t SourceInput::findAndSkipNextEOL()

@@ -29,10 +29,16 @@ private:
     /// The byte at the place, out of a piece that is kept; -1 at the end.
     int at(qint64 place);
 
+    /// Notes that the piece was read next. Throws when it is one too many without a jump: then qpdf is looking for what
+    /// is left of a damaged file, which may be endless.
+    void noteSearch(qint64 place);
+
     const Source &m_source;
     const qint64 m_end;
     std::string m_name;
     qint64 m_place = 0;
+    qint64 m_searched = 0; ///< bytes in one go
+    qint64 m_searchEnd = 0;
     qint64 m_pieceBegin = 0;
     std::vector<char> m_piece;
 };

@@ -78,19 +78,78 @@ TEST_F(DocumentBadInput, TakesPagesOfNoSize)
     }
 }
 
-// A disk that is too small is a limit on the size of files.
-TEST_F(DocumentBadInput, LeavesNothingOnAFullDisk)
+TEST_F(DocumentBadInput, EndsWithFieldsInLoops)
 {
-    write("out.pdf", "as it was");
-    const QStringList before = files();
-    const CommandResult result =
-        runProgram({"bash", "-c", "trap '' XFSZ; ulimit -f 1; \"$0\" sign --ink a.ink \"$1\" out.pdf", KV_KVSIGN,
-                       given("chromium.pdf")},
-            file("."));
-    EXPECT_EQ(result.exitCode, 1) << testing::PrintToString(result);
-    EXPECT_TRUE(result.errors.contains("out.pdf: ")) << testing::PrintToString(result);
-    EXPECT_EQ(read("out.pdf"), "as it was");
-    EXPECT_EQ(files(), before);
+    const auto form = [&](const QByteArray &fields, const Objects &more) {
+        Objects objects{{1, "<< /Type /Catalog /Pages 2 0 R /AcroForm << /Fields " + fields + " >> >>"},
+            {2, "<< /Type /Pages /Kids [3 0 R] /Count 1 /MediaBox [0 0 400 500] >>"},
+            {3, "<< /Type /Page /Parent 2 0 R >>"}};
+        writeDocument("form.pdf", objects + more);
+        const QJsonObject result = signAs(People::get().anna(), "form.pdf", "signed.pdf", {"--field", "10,10,50x30"});
+        EXPECT_EQ(result["field"].toString(), "Signature1");
+        trusted("signed.pdf", 0);
+    };
+    form("[4 0 R]", {{4, "<< /T (a) /Kids [4 0 R] >>"}});
+    form("[4 0 R]", {{4, "<< /T (a) /Kids [5 0 R] /Parent 5 0 R >>"}, {5, "<< /T (b) /Kids [4 0 R] /Parent 4 0 R >>"}});
+    Objects chain;
+    for (int i = 4; i < 5000; ++i)
+        chain.append({i, "<< /T (a) /FT /Tx /Kids [" + QByteArray::number(i + 1) + " 0 R] >>"});
+    form("[4 0 R]", chain);
+    form("[4 0 R 4 0 R 99 0 R null (x) [ ] << /T (y) >>]", {{4, "[4 0 R]"}});
+    // Flattening walks upwards too.
+    writeDocument("form.pdf",
+        {{1, "<< /Type /Catalog /Pages 2 0 R /AcroForm << /Fields [4 0 R 6 0 R] >> >>"},
+            {2, "<< /Type /Pages /Kids [3 0 R] /Count 1 /MediaBox [0 0 400 500] >>"},
+            {3, "<< /Type /Page /Parent 2 0 R /Annots [4 0 R 6 0 R 3 0 R] >>"},
+            {4, "<< /T (a) /FT /Sig /Parent 5 0 R >>"}, {5, "<< /Parent 4 0 R >>"},
+            {6, "<< /T (b) /FT /Tx /Subtype /Widget /Rect [0 0 9 9] /AP << /N 6 0 R >> >>"}});
+    EXPECT_EQ(signPage("form.pdf", "signed.pdf", {"--flatten", "--page", "1"})["flattened"].toInt(), 1);
+}
+
+// A few thousand bytes that become half a gigabyte: the content twice.
+TEST_F(DocumentBadInput, TakesNoContentWithoutEnd)
+{
+    const QString bomb = "import sys, zlib\n"
+                         "data = zlib.compress(zlib.compress(bytes(1 << 28), 9), 9)\n"
+                         "open(sys.argv[1], 'wb').write(data)\n";
+    kvsign::python(bomb, {file("bomb")});
+    const QByteArray data = read("bomb");
+    EXPECT_LT(data.size(), 10000);
+    writeDocument("bomb.pdf",
+        {{1, "<< /Type /Catalog /Pages 2 0 R >>"},
+            {2, "<< /Type /Pages /Kids [3 0 R] /Count 1 /MediaBox [0 0 400 500] >>"},
+            {3, "<< /Type /Page /Parent 2 0 R /Contents [4 0 R 4 0 R] >>"},
+            {4,
+                "<< /Filter [/FlateDecode /FlateDecode] /Length " + QByteArray::number(data.size()) + " >>\nstream\n"
+                    + data + "\nendstream"}});
+    needRefused("bomb.pdf", {}, "cannot be read as a PDF");
+}
+
+// A file of many gigabytes that takes no place on the disk. Searching it to its end would take minutes.
+TEST_F(DocumentBadInput, SearchesNoFileWithoutEnd)
+{
+    write("endless.pdf", "%PDF-1.7\n1 0 obj\n<< /Type /Catalog >>\nendobj\n");
+    QFile endless(file("endless.pdf"));
+    EXPECT_TRUE(endless.resize(qint64{1} << 40));
+    needRefused("endless.pdf", {}, "too large to be searched");
+}
+
+TEST_F(DocumentBadInput, LooksAtSoManySignaturesOnly)
+{
+    QByteArray fields;
+    Objects objects{{2, "<< /Type /Pages /Kids [3 0 R] /Count 1 /MediaBox [0 0 400 500] >>"},
+        {3, "<< /Type /Page /Parent 2 0 R >>"}};
+    for (int i = 4; i < 1004; ++i) {
+        fields += QByteArray::number(i) + " 0 R ";
+        objects.append({i,
+            "<< /FT /Sig /T (f" + QByteArray::number(i)
+                + ") /V << /Type /Sig /ByteRange [0 100 110 100] /Contents <00> >> >>"});
+    }
+    objects.append({1, "<< /Type /Catalog /Pages 2 0 R /AcroForm << /Fields [" + fields + "] >> >>"});
+    writeDocument("many.pdf", objects);
+    const CommandResult result = run({"verify", "many.pdf"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.errors.toStdString(), "kvsign: many.pdf: has 1000 signatures; more than 500 are not looked at\n");
 }
 
 } // namespace
