@@ -10,6 +10,7 @@
 
 #include <openssl/rand.h>
 
+#include <exception>
 #include <vector>
 
 namespace documents {
@@ -31,6 +32,7 @@ std::string randomBytes(int count)
     return bytes;
 }
 
+/// Takes what QPDFWriter writes. The writer's destructor writes too, where nothing may be thrown: a failure is kept.
 class ToSource : public Pipeline
 {
 public:
@@ -42,9 +44,17 @@ public:
 
     void write(unsigned char const *data, size_t size) override
     {
-        m_target.write(m_target.size(), reinterpret_cast<const char *>(data), static_cast<qint64>(size));
+        if (failure)
+            return;
+        try {
+            m_target.write(m_target.size(), reinterpret_cast<const char *>(data), static_cast<qint64>(size));
+        } catch (...) {
+            failure = std::current_exception();
+        }
     }
     void finish() override { }
+
+    std::exception_ptr failure;
 
 private:
     Source &m_target;
@@ -220,6 +230,8 @@ void Revision::writeAnew(Source &target)
     writer.setDecodeLevel(qpdf_dl_none);
     writer.setCompressStreams(false);
     writer.write();
+    if (pipeline.failure)
+        std::rethrow_exception(pipeline.failure);
 }
 
 } // namespace documents
