@@ -10,7 +10,7 @@ namespace documents {
 namespace {
 
 constexpr int kDecimals = 2; // hundredths of a pixel
-constexpr double kThinnest = 1; // pixels: thinner pens draw lines of one pixel on a canvas
+constexpr double kThinnest = 0.1; // pixels; 0 would be the thinnest line of whatever shows the page
 
 std::string pair(const QPointF &point)
 {
@@ -22,13 +22,19 @@ std::string colourOperator(const QColor &colour)
     return numberText(colour.redF()) + " " + numberText(colour.greenF()) + " " + numberText(colour.blueF()) + " RG\n";
 }
 
+/// As on a canvas: a pen thinner than a pixel leaves a pale line, but one without a width a line of one pixel.
+double widthOf(const InkLine &line)
+{
+    return line.width > 0 ? std::max(line.width, kThinnest) : 1;
+}
+
 /// Lines of one width that follow each other are one path.
 std::string linesOf(const std::vector<InkLine> &lines)
 {
     std::string text, width;
     const InkLine *last = nullptr;
     for (const InkLine &line : lines) {
-        const std::string own = numberText(std::max(line.width, kThinnest), kDecimals);
+        const std::string own = numberText(widthOf(line), kDecimals);
         const bool continues = last != nullptr && own == width && last->to == line.from;
         if (!continues && last != nullptr)
             text += "S\n";
