@@ -78,11 +78,4 @@ std::vector<FormField> fieldsOf(QPDF &pdf)
     return fields;
 }
 
-bool isSigned(QPDF &pdf)
-{
-    const std::vector<FormField> fields = fieldsOf(pdf);
-    return std::any_of(
-        fields.begin(), fields.end(), [](const FormField &field) { return field.signature().isDictionary(); });
-}
-
 } // namespace documents

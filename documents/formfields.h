@@ -27,9 +27,6 @@ struct FormField
 /// In the order of the form. Loops and hostile depths end the walk.
 std::vector<FormField> fieldsOf(QPDF &pdf);
 
-/// Whether any field is signed.
-bool isSigned(QPDF &pdf);
-
 } // namespace documents
 
 #endif

@@ -62,12 +62,12 @@ std::vector<unsigned char> signatureOf(EVP_PKEY *key, const std::string &bytes)
     return signature;
 }
 
-void addTimestamp(CMS_SignerInfo *signer, const QString &url)
+void addTimestamp(CMS_SignerInfo *signer, const QString &url, const std::function<void()> &whileWaiting)
 {
     const ASN1_OCTET_STRING *const signature = CMS_SignerInfo_get0_signature(signer);
     const QByteArray bytes(
         reinterpret_cast<const char *>(ASN1_STRING_get0_data(signature)), ASN1_STRING_length(signature));
-    const QByteArray token = fetchTimestamp(url, bytes);
+    const QByteArray token = fetchTimestamp(url, bytes, whileWaiting);
     need(CMS_unsigned_add1_attr_by_NID(
              signer, NID_id_smime_aa_timeStampToken, V_ASN1_SEQUENCE, token.constData(), token.size())
             == 1,
@@ -88,7 +88,8 @@ QByteArray encoded(CMS_ContentInfo *message)
 
 // CMS_final would add a signing-time, which PAdES forbids in its baseline: the attributes are completed and signed
 // here.
-QByteArray signedMessage(const SigningKey &key, const QByteArray &digest, const QString &timestampUrl)
+QByteArray signedMessage(const SigningKey &key, const QByteArray &digest, const QString &timestampUrl,
+    const std::function<void()> &whileWaiting)
 {
     const CmsOwner message(CMS_sign(nullptr, nullptr, nullptr, nullptr, kFlags));
     need(message != nullptr, "no memory");
@@ -106,7 +107,7 @@ QByteArray signedMessage(const SigningKey &key, const QByteArray &digest, const 
             == 1,
         "no memory");
     if (!timestampUrl.isEmpty())
-        addTimestamp(signer, timestampUrl);
+        addTimestamp(signer, timestampUrl, whileWaiting);
     opensslReason();
     return encoded(message.get());
 }

@@ -81,7 +81,8 @@ public:
         if (m_request.key != nullptr) {
             ByteRange range(assembly, m_mark, room());
             digest = range.digest();
-            range.fill(signedMessage(*m_request.key, digest, m_request.timestampUrl));
+            range.fill(
+                signedMessage(*m_request.key, digest, m_request.timestampUrl, [&] { progress(0, assembly.size()); }));
         }
         m_inside.source.needUnchanged();
         write(assembly, output, progress);

@@ -106,37 +106,79 @@ Address addressOf(const QString &url)
     return address;
 }
 
+/// The time until which is waited, with naps between which the caller may end it.
+class Patience
+{
+public:
+    explicit Patience(const std::function<void()> &whileWaiting)
+        : m_whileWaiting(whileWaiting)
+    {
+    }
+
+    /// Waits until the connection has something, or a nap is over. @return false when the time is over
+    bool wait(BIO *connection) const
+    {
+        constexpr unsigned int kNap = 100; // milliseconds
+        m_whileWaiting();
+        if (std::time(nullptr) > m_end)
+            return false;
+        BIO_wait(connection, std::min(m_end, std::time(nullptr) + 1), kNap);
+        return true;
+    }
+
+private:
+    const std::function<void()> &m_whileWaiting;
+    const time_t m_end = std::time(nullptr) + kSeconds;
+};
+
 /// A connection, or null. OpenSSL's own way tries again and again where nobody listens.
-BioOwner connected(const Address &address)
+BioOwner connected(const Address &address, const Patience &patience)
 {
     BioOwner connection(BIO_new_connect(address.host.c_str()));
     BIO_set_conn_port(connection.get(), address.port.c_str());
     BIO_set_nbio(connection.get(), 1);
-    const time_t end = time(nullptr) + kSeconds;
     while (BIO_do_connect(connection.get()) <= 0) {
-        constexpr unsigned int kNap = 100; // milliseconds
-        if (!BIO_should_retry(connection.get()) || time(nullptr) > end)
+        if (!BIO_should_retry(connection.get()) || !patience.wait(connection.get()))
             return nullptr;
-        BIO_wait(connection.get(), end, kNap);
     }
     return connection;
 }
 
-BioOwner answerOf(const Address &address, BIO *request)
+void endExchange(OSSL_HTTP_REQ_CTX *exchange)
 {
+    OSSL_HTTP_close(exchange, 0);
+}
+
+using ExchangeOwner = std::unique_ptr<OSSL_HTTP_REQ_CTX, Release<endExchange>>;
+
+/// The answer, or null.
+BioOwner answerOf(const Address &address, BIO *request, const std::function<void()> &whileWaiting)
+{
+    const Patience patience(whileWaiting);
     Tls tls{TlsOwner(SSL_CTX_new(TLS_client_method())), address.host};
     SSL_CTX_set_default_verify_paths(tls.context.get());
     SSL_CTX_set_verify(tls.context.get(), SSL_VERIFY_PEER, nullptr);
     const int usesTls = address.isTls ? 1 : 0;
     BioOwner connection;
     if (OSSL_HTTP_adapt_proxy(nullptr, nullptr, address.host.c_str(), usesTls) == nullptr) {
-        connection = connected(address);
+        connection = connected(address, patience);
         if (connection == nullptr)
             return nullptr;
     }
-    return BioOwner(OSSL_HTTP_transfer(nullptr, address.host.c_str(), address.port.c_str(), address.path.c_str(),
-        usesTls, nullptr, nullptr, connection.get(), nullptr, tlsOver, &tls, 0, nullptr, "application/timestamp-query",
-        request, "application/timestamp-reply", 1, kMostAnswer, kSeconds, 0));
+    const ExchangeOwner exchange(OSSL_HTTP_open(address.host.c_str(), address.port.c_str(), nullptr, nullptr, usesTls,
+        connection.get(), nullptr, tlsOver, &tls, 0, kSeconds));
+    if (exchange == nullptr
+        || OSSL_HTTP_set1_request(exchange.get(), address.path.c_str(), nullptr, "application/timestamp-query", request,
+               "application/timestamp-reply", 1, kMostAnswer, kSeconds, 0)
+            != 1)
+        return nullptr;
+    int state = OSSL_HTTP_REQ_CTX_nbio(exchange.get());
+    while (state == -1 && patience.wait(connection.get())) // -1: not done
+        state = OSSL_HTTP_REQ_CTX_nbio(exchange.get());
+    BIO *const answer = state == 1 ? OSSL_HTTP_REQ_CTX_get0_mem_bio(exchange.get()) : nullptr;
+    if (answer != nullptr)
+        BIO_up_ref(answer);
+    return BioOwner(answer);
 }
 
 QByteArray encoded(PKCS7 *token)
@@ -183,14 +225,14 @@ QString authorityOf(PKCS7 *token)
 
 } // namespace
 
-QByteArray fetchTimestamp(const QString &url, const QByteArray &bytes)
+QByteArray fetchTimestamp(const QString &url, const QByteArray &bytes, const std::function<void()> &whileWaiting)
 {
     const Address address = addressOf(url);
     const RequestOwner request = requestFor(bytes);
     const BioOwner body(BIO_new(BIO_s_mem()));
     i2d_TS_REQ_bio(body.get(), request.get());
     opensslReason();
-    const BioOwner answer = answerOf(address, body.get());
+    const BioOwner answer = answerOf(address, body.get(), whileWaiting);
     if (answer == nullptr)
         throw serverProblem(url, "gives no time stamp");
     const ResponseOwner response(d2i_TS_RESP_bio(answer.get(), nullptr));
