@@ -9,7 +9,7 @@ namespace documents {
 
 /// Signs a SHA-256 digest. There is a signing-certificate-v2 attribute and no signing-time: the PDF tells the time.
 /// @param timestampUrl a server of RFC 3161 that is asked for a time stamp over the signature; empty for none
-/// @param whileWaiting is called several times a second while the server is waited for; what it throws ends that
+/// @param whileWaiting is called about once a second while the server is waited for; what it throws ends that
 /// @return DER. Throws a Problem.
 QByteArray signedMessage(const SigningKey &key, const QByteArray &digest, const QString &timestampUrl,
     const std::function<void()> &whileWaiting);

@@ -45,7 +45,7 @@ struct SigningResult
     QStringList notes; ///< what the user should know
 };
 
-/// How many of how many bytes are done; also called several times a second while a server is waited for. What it throws
+/// How many of how many bytes are done; also called about once a second while a server is waited for. What it throws
 /// ends the work, and comes out of it unchanged unless it is a std::exception.
 using ShowProgress = std::function<void(qint64 done, qint64 total)>;
 

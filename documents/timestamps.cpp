@@ -118,7 +118,7 @@ public:
     /// Waits until the connection has something, or a nap is over. @return false when the time is over
     bool wait(BIO *connection) const
     {
-        constexpr unsigned int kNap = 100; // milliseconds
+        constexpr unsigned int kNap = 100; // milliseconds, where there is no socket to wait at
         m_whileWaiting();
         if (std::time(nullptr) > m_end)
             return false;

@@ -12,7 +12,7 @@
 namespace documents {
 
 /// Asks a server (http or https) for a time stamp over these bytes. Waits at most a minute. Throws a Problem.
-/// @param whileWaiting is called several times a second; what it throws ends the wait
+/// @param whileWaiting is called about once a second; what it throws ends the wait
 /// @return the token, a signed message in DER
 QByteArray fetchTimestamp(const QString &url, const QByteArray &bytes, const std::function<void()> &whileWaiting);
 
