@@ -131,7 +131,7 @@ TEST(OutputsInOneThreadOfTheOfficeCanvas, AreMadeAgain)
     }
 }
 
-TEST(OutputsInOneThreadTest, SeesQtAskForThreads)
+TEST(CountedThreads, SeesQtAskForThreads)
 {
     asked = 0;
     QImage image(kWidth, kHeight, QImage::Format_ARGB32);

@@ -171,7 +171,7 @@ TEST_F(KvsignDoctor, LooksForADisplay)
     EXPECT_TRUE(onScreen.output.contains("ok    display: the X display :")) << testing::PrintToString(onScreen);
 }
 
-TEST_F(KvsignDoctor, FindsThatThereIsNoSuchDirectory)
+TEST_F(KvsignDoctor, FindsAMissingDriverDirectory)
 {
     const CommandResult result = run({"doctor", "--driver", "/no/such"});
     EXPECT_EQ(result.exitCode, 1) << testing::PrintToString(result);

@@ -29,14 +29,14 @@ struct Pad
     }
 };
 
-class PadPresenceTest : public testing::Test
+class PresenceOfAPad : public testing::Test
 {
 protected:
     Pad pad;
     PadPresence presence{[this] { return pad.answer(); }};
 };
 
-TEST_F(PadPresenceTest, OneFailureIsAnAnswerOfABusyPad)
+TEST_F(PresenceOfAPad, OneFailureIsAnAnswerOfABusyPad)
 {
     pad.told = {false, true, false, true, false};
     for (int i = 0; i < 6; ++i) {
@@ -46,7 +46,7 @@ TEST_F(PadPresenceTest, OneFailureIsAnAnswerOfABusyPad)
     EXPECT_EQ(pad.questions, 6);
 }
 
-TEST_F(PadPresenceTest, TwoInARowAreAPadThatIsAway)
+TEST_F(PresenceOfAPad, TwoInARowAreAPadThatIsAway)
 {
     pad.told = {false, false, false, true};
     presence.look(7);
@@ -62,7 +62,7 @@ TEST_F(PadPresenceTest, TwoInARowAreAPadThatIsAway)
     EXPECT_FALSE(presence.isAway()) << "it answers again";
 }
 
-TEST_F(PadPresenceTest, APadThatSendsIsNotAsked)
+TEST_F(PresenceOfAPad, APadThatSendsIsNotAsked)
 {
     for (int points = 1; points < 50; ++points)
         presence.look(points);
@@ -73,7 +73,7 @@ TEST_F(PadPresenceTest, APadThatSendsIsNotAsked)
     EXPECT_EQ(pad.questions, 1);
 }
 
-TEST_F(PadPresenceTest, APadThatSendsIsBack)
+TEST_F(PresenceOfAPad, APadThatSendsIsBack)
 {
     pad.told = {false, false, false};
     presence.look(0);
@@ -85,7 +85,7 @@ TEST_F(PadPresenceTest, APadThatSendsIsBack)
     EXPECT_FALSE(presence.isAway()) << "failures from before do not count";
 }
 
-TEST_F(PadPresenceTest, AQuestionAtOnceIsAskedTwice)
+TEST_F(PresenceOfAPad, AQuestionAtOnceIsAskedTwice)
 {
     pad.told = {false, true};
     presence.ask();
@@ -101,7 +101,7 @@ TEST_F(PadPresenceTest, AQuestionAtOnceIsAskedTwice)
     EXPECT_FALSE(presence.isAway());
 }
 
-TEST_F(PadPresenceTest, ASlowPadIsAskedLessOften)
+TEST_F(PresenceOfAPad, ASlowPadIsAskedLessOften)
 {
     pad.slowness = milliseconds(300);
     presence.look(0);

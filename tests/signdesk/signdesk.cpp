@@ -14,32 +14,32 @@
 #include <chrono>
 #include <cstring>
 
-SignDeskTest::SignDeskTest()
+SignDesk::SignDesk()
 {
     openWindow();
     window->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(window.get(), 60000));
 }
 
-SignDeskTest::~SignDeskTest()
+SignDesk::~SignDesk()
 {
     window.reset();
     settle();
 }
 
-void SignDeskTest::openWindow()
+void SignDesk::openWindow()
 {
     window = std::make_unique<signdesk::DeskWindow>();
     window->acceptAnyDriver();
     window->show();
 }
 
-QString SignDeskTest::nameOf(const Family &family)
+QString SignDesk::nameOf(const Family &family)
 {
     return QString::fromLatin1(family.prefix + 2, static_cast<int>(std::strlen(family.prefix)) - 3);
 }
 
-void SignDeskTest::choose(const Family &family)
+void SignDesk::choose(const Family &family)
 {
     auto *const models = labelled<QComboBox>("Model");
     ASSERT_TRUE(models != nullptr);
@@ -50,7 +50,7 @@ void SignDeskTest::choose(const Family &family)
     ASSERT_EQ(models->currentText(), nameOf(family));
 }
 
-QAbstractButton *SignDeskTest::button(const QString &text) const
+QAbstractButton *SignDesk::button(const QString &text) const
 {
     for (QAbstractButton *found : window->findChildren<QAbstractButton *>())
         if (found->isVisible() && found->text().remove('&') == text)
@@ -58,7 +58,7 @@ QAbstractButton *SignDeskTest::button(const QString &text) const
     return nullptr;
 }
 
-QWidget *SignDeskTest::buddyOf(const QString &text) const
+QWidget *SignDesk::buddyOf(const QString &text) const
 {
     for (const QLabel *label : window->findChildren<QLabel *>())
         if (label->buddy() != nullptr && label->text().remove('&') == text)
@@ -66,14 +66,14 @@ QWidget *SignDeskTest::buddyOf(const QString &text) const
     return nullptr;
 }
 
-void SignDeskTest::click(const QString &buttonText) const
+void SignDesk::click(const QString &buttonText) const
 {
     const auto isReady = [&] { return button(buttonText) != nullptr && button(buttonText)->isEnabled(); };
     ASSERT_TRUE(until(isReady)) << buttonText.toStdString();
     QTest::mouseClick(button(buttonText), Qt::LeftButton);
 }
 
-void SignDeskTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const
+void SignDesk::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const
 {
     window->activateWindow(); // a dialog may have left the window without focus
     EXPECT_TRUE(QTest::qWaitForWindowActive(window.get(), 60000));
@@ -81,12 +81,12 @@ void SignDeskTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const
     QTest::keyClick(focus == nullptr ? window.get() : focus, key, modifiers);
 }
 
-QString SignDeskTest::note() const
+QString SignDesk::note() const
 {
     return window->findChild<QLabel *>("note")->text();
 }
 
-bool SignDeskTest::showsState(const QString &text) const
+bool SignDesk::showsState(const QString &text) const
 {
     for (const QLabel *label : window->findChildren<QLabel *>())
         if (label->isVisible() && label->text() == text)
@@ -94,7 +94,7 @@ bool SignDeskTest::showsState(const QString &text) const
     return false;
 }
 
-bool SignDeskTest::until(const std::function<bool()> &condition)
+bool SignDesk::until(const std::function<bool()> &condition)
 {
     const auto end = std::chrono::steady_clock::now() + kPatience;
     while (!condition()) {
@@ -105,7 +105,7 @@ bool SignDeskTest::until(const std::function<bool()> &condition)
     return true;
 }
 
-void SignDeskTest::whenDialogComes(const std::function<void(QDialog &)> &work)
+void SignDesk::whenDialogComes(const std::function<void(QDialog &)> &work)
 {
     ++m_awaited;
     const QPointer<QWidget> before = QApplication::activeModalWidget();
@@ -122,7 +122,7 @@ void SignDeskTest::whenDialogComes(const std::function<void(QDialog &)> &work)
     look->start(10);
 }
 
-void SignDeskTest::giveFile(QDialog &dialog, const QString &path)
+void SignDesk::giveFile(QDialog &dialog, const QString &path)
 {
     ASSERT_TRUE(qobject_cast<QFileDialog *>(&dialog) != nullptr) << dialog.windowTitle().toStdString();
     auto *const name = dialog.findChild<QLineEdit *>("fileNameEdit");
@@ -131,14 +131,14 @@ void SignDeskTest::giveFile(QDialog &dialog, const QString &path)
     QTest::keyClick(name, Qt::Key_Return);
 }
 
-void SignDeskTest::save(const QString &path)
+void SignDesk::save(const QString &path)
 {
     whenDialogComes([&](QDialog &dialog) { giveFile(dialog, path); });
     click("Save page...");
     ASSERT_TRUE(happened());
 }
 
-void SignDeskTest::answer(QDialog &dialog, const QString &buttonText)
+void SignDesk::answer(QDialog &dialog, const QString &buttonText)
 {
     auto *const box = qobject_cast<QMessageBox *>(&dialog);
     ASSERT_TRUE(box != nullptr) << dialog.windowTitle().toStdString();
@@ -150,12 +150,12 @@ void SignDeskTest::answer(QDialog &dialog, const QString &buttonText)
     dialog.reject();
 }
 
-signdesk::PageSheet &SignDeskTest::sheet() const
+signdesk::PageSheet &SignDesk::sheet() const
 {
     return *window->findChild<signdesk::PageSheet *>();
 }
 
-QWidget *SignDeskTest::signWidget() const
+QWidget *SignDesk::signWidget() const
 {
     for (QWidget *child : sheet().findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
         if (child->accessibleName() == "Signature")
@@ -163,7 +163,7 @@ QWidget *SignDeskTest::signWidget() const
     return nullptr;
 }
 
-void SignDeskTest::write(const Family &family, double fromX, double fromY, double toX, double toY)
+void SignDesk::write(const Family &family, double fromX, double fromY, double toX, double toY)
 {
     std::vector<Share> shares;
     for (int i = 0; i <= 40; ++i) {
@@ -173,7 +173,7 @@ void SignDeskTest::write(const Family &family, double fromX, double fromY, doubl
     driver.send(stroke(family.type, shares));
 }
 
-void SignDeskTest::signAndConfirm(const Family &family)
+void SignDesk::signAndConfirm(const Family &family)
 {
     choose(family);
     click("Start signing");

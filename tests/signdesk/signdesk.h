@@ -16,11 +16,11 @@
 #include <functional>
 #include <memory>
 
-class SignDeskTest : public testing::Test
+class SignDesk : public testing::Test
 {
 protected:
-    SignDeskTest();
-    ~SignDeskTest() override;
+    SignDesk();
+    ~SignDesk() override;
 
     /// Opens and shows a new window. It accepts a driver that others could replace, because a build directory may be
     /// writable for others.

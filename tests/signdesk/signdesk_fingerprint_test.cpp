@@ -16,7 +16,7 @@ struct FingerprintAt
     bool isInField;
 };
 
-class FingerprintOnPage : public SignDeskTest, public testing::WithParamInterface<FingerprintAt>
+class FingerprintOnPage : public SignDesk, public testing::WithParamInterface<FingerprintAt>
 {
 protected:
     /// Sends a chequerboard as the fingerprint; the page shows it in red.
@@ -125,7 +125,7 @@ TEST_F(FingerprintOnPage, IsASignatureThatIsToBeKept)
     EXPECT_EQ(changes, 6);
 }
 
-TEST_F(SignDeskTest, WithoutAFingerThereIsNoFingerprint)
+TEST_F(SignDesk, WithoutAFingerThereIsNoFingerprint)
 {
     signAndConfirm(kS310XFamily);
     whenDialogComes([&](QDialog &dialog) { answer(dialog, "OK"); });

@@ -14,7 +14,7 @@
 
 namespace {
 
-class Layout : public SignDeskTest, public testing::WithParamInterface<const char *>
+class Layout : public SignDesk, public testing::WithParamInterface<const char *>
 {
 protected:
     Layout()

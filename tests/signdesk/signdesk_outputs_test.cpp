@@ -25,7 +25,7 @@ QRectF lineOf(const QRectF &field)
 
 constexpr double kPenWidth = 6; ///< the widest that the line may be, in points
 
-class OutputOfEachModel : public SignDeskTest, public testing::WithParamInterface<Family>
+class OutputOfEachModel : public SignDesk, public testing::WithParamInterface<Family>
 {
 };
 
@@ -48,7 +48,7 @@ TEST_P(OutputOfEachModel, TheSignedPageHasTheInkAtItsPlace)
 INSTANTIATE_TEST_SUITE_P(Models, OutputOfEachModel, testing::ValuesIn(kFamilies),
     [](const auto &row) { return std::string(row.param.prefix, std::strlen(row.param.prefix) - 1); });
 
-class SignDeskOutput : public SignDeskTest
+class SignDeskOutput : public SignDesk
 {
 protected:
     /// A PDF of three pages of different sizes. Page n has n black squares at its top left.

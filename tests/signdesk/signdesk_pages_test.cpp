@@ -54,7 +54,7 @@ QByteArray plainJpeg()
     return buffer.data();
 }
 
-class SignDeskPage : public SignDeskTest
+class SignDeskPage : public SignDesk
 {
 protected:
     QString written(const QString &name, const QByteArray &content)

@@ -13,7 +13,7 @@ namespace {
 
 constexpr double kMillimetre = 72 / 25.4;
 
-class SignDeskOfEachModel : public SignDeskTest, public testing::WithParamInterface<Family>
+class SignDeskOfEachModel : public SignDesk, public testing::WithParamInterface<Family>
 {
 };
 
@@ -64,7 +64,7 @@ TEST_P(SignDeskOfEachModel, CancelOnThePadClosesIt)
 INSTANTIATE_TEST_SUITE_P(Models, SignDeskOfEachModel, testing::ValuesIn(kFamilies),
     [](const auto &row) { return std::string(row.param.prefix, std::strlen(row.param.prefix) - 1); });
 
-TEST_F(SignDeskTest, NothingToConfirm)
+TEST_F(SignDesk, NothingToConfirm)
 {
     click("Start signing");
     tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON);
@@ -72,7 +72,7 @@ TEST_F(SignDeskTest, NothingToConfirm)
     EXPECT_TRUE(showsState("The signer may write"));
 }
 
-TEST_F(SignDeskTest, TheKeyboardAloneSigns)
+TEST_F(SignDesk, TheKeyboardAloneSigns)
 {
     choose(kR800Family);
     press(Qt::Key_F2);
@@ -95,7 +95,7 @@ TEST_F(SignDeskTest, TheKeyboardAloneSigns)
     EXPECT_FALSE(driver.isOpen());
 }
 
-TEST_F(SignDeskTest, ClearBeforeConfirmingAsksNothing)
+TEST_F(SignDesk, ClearBeforeConfirmingAsksNothing)
 {
     click("Start signing");
     write(kS210Family);
@@ -105,7 +105,7 @@ TEST_F(SignDeskTest, ClearBeforeConfirmingAsksNothing)
     EXPECT_EQ(boxOf(signWidget()->grab().toImage(), isInk), QRect());
 }
 
-TEST_F(SignDeskTest, ATapFromBeforeTheClearIsNotTaken)
+TEST_F(SignDesk, ATapFromBeforeTheClearIsNotTaken)
 {
     click("Start signing");
     write(kS210Family);
@@ -117,7 +117,7 @@ TEST_F(SignDeskTest, ATapFromBeforeTheClearIsNotTaken)
     EXPECT_TRUE(showsState("The signer writes"));
 }
 
-TEST_F(SignDeskTest, InkAfterTheConfirmationIsNotConfirmed)
+TEST_F(SignDesk, InkAfterTheConfirmationIsNotConfirmed)
 {
     signAndConfirm(kS300Family);
     write(kS300Family, 0.2, 0.7, 0.8, 0.7);
@@ -128,7 +128,7 @@ TEST_F(SignDeskTest, InkAfterTheConfirmationIsNotConfirmed)
     EXPECT_TRUE(button("Save page...")->isEnabled());
 }
 
-TEST_F(SignDeskTest, CancelOnThePadKeepsWhatIsConfirmed)
+TEST_F(SignDesk, CancelOnThePadKeepsWhatIsConfirmed)
 {
     signAndConfirm(kM450Family);
     tap(KVSPDARI_PS_PEN_DOWN_ON_CANCEL_BUTTON);
@@ -137,7 +137,7 @@ TEST_F(SignDeskTest, CancelOnThePadKeepsWhatIsConfirmed)
     EXPECT_FALSE(boxOf(signWidget()->grab().toImage(), isInk).isEmpty());
 }
 
-TEST_F(SignDeskTest, ThePenWritesAsItIsSet)
+TEST_F(SignDesk, ThePenWritesAsItIsSet)
 {
     choose(kS300Family);
     auto *const width = labelled<QSpinBox>("Width");
@@ -165,7 +165,7 @@ TEST_F(SignDeskTest, ThePenWritesAsItIsSet)
     EXPECT_NEAR(boxOf(lower, [](const QColor &c) { return c.red() > 120 && c.blue() < 60; }).height(), 10, 2);
 }
 
-TEST_F(SignDeskTest, TheFieldGoesWhereItIsPut)
+TEST_F(SignDesk, TheFieldGoesWhereItIsPut)
 {
     choose(kS300Family);
     auto *const left = labelled<QDoubleSpinBox>("Left");
@@ -200,7 +200,7 @@ TEST_F(SignDeskTest, TheFieldGoesWhereItIsPut)
     EXPECT_EQ(sheet().field().x(), 0);
 }
 
-TEST_F(SignDeskTest, InkKeepsItsSizeButMayMove)
+TEST_F(SignDesk, InkKeepsItsSizeButMayMove)
 {
     choose(kS300Family);
     click("Start signing");
@@ -224,7 +224,7 @@ TEST_F(SignDeskTest, InkKeepsItsSizeButMayMove)
     EXPECT_EQ(signWidget()->geometry(), sheet().fieldPixels());
 }
 
-TEST_F(SignDeskTest, TheLastLineTellsTheRates)
+TEST_F(SignDesk, TheLastLineTellsTheRates)
 {
     click("Start signing");
     const auto rate = [&](const char *name) {

@@ -5,7 +5,7 @@
 
 namespace {
 
-class SignDeskTroubles : public SignDeskTest
+class SignDeskTroubles : public SignDesk
 {
 protected:
     void startInVain()

@@ -10,7 +10,7 @@ namespace {
 
 const QString kAway = "The pad does not answer";
 
-class Unplugged : public SignDeskTest
+class Unplugged : public SignDesk
 {
 protected:
     void pullOut() { driver.setResult("GetDevicePartsVersion", KVSPDARI_LIBUSB_SENT_CMD_FAIL); }

@@ -36,7 +36,7 @@ private:
     QByteArray m_before;
 };
 
-class WholeInk : public SignDeskTest
+class WholeInk : public SignDesk
 {
 protected:
     void exportTo(const QString &path)

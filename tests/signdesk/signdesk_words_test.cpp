@@ -135,7 +135,7 @@ void expectKeys(QMainWindow &window)
     expectOwnLetters(shown);
 }
 
-TEST_F(SignDeskTest, EveryControlHasANameForScreenReaders)
+TEST_F(SignDesk, EveryControlHasANameForScreenReaders)
 {
     choose(kS310XFamily);
     click("Start signing");
@@ -151,7 +151,7 @@ TEST_F(SignDeskTest, EveryControlHasANameForScreenReaders)
     EXPECT_EQ(signWidget()->accessibleDescription(), "Grows while the signer writes on the pad");
 }
 
-TEST_F(SignDeskTest, EveryControlHasALetterOfItsOwn)
+TEST_F(SignDesk, EveryControlHasALetterOfItsOwn)
 {
     choose(kS310XFamily);
     expectKeys(*window);
@@ -188,7 +188,7 @@ void expectTabOrder(QMainWindow &window, QWidget &page)
 }
 
 /// A shortcut has to work wherever the focus is, even in a text field, which has keys of its own.
-TEST_F(SignDeskTest, ShortcutsWorkFromEveryControl)
+TEST_F(SignDesk, ShortcutsWorkFromEveryControl)
 {
     choose(kS310XFamily);
     QObject context;
@@ -213,7 +213,7 @@ TEST_F(SignDeskTest, ShortcutsWorkFromEveryControl)
     }
 }
 
-TEST_F(SignDeskTest, TabReachesEveryControlFromTheTopDown)
+TEST_F(SignDesk, TabReachesEveryControlFromTheTopDown)
 {
     choose(kS310XFamily);
     expectTabOrder(*window, sheet());
@@ -225,7 +225,7 @@ TEST_F(SignDeskTest, TabReachesEveryControlFromTheTopDown)
     expectTabOrder(*window, sheet());
 }
 
-TEST_F(SignDeskTest, EveryWordPassesTheTranslator)
+TEST_F(SignDesk, EveryWordPassesTheTranslator)
 {
     window.reset();
     const MarkedLanguage marked;

@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-class DriverThreads : public SimulatorTest
+class DriverThreads : public SimulatorAlone
 {
 protected:
     DriverThreads()

@@ -15,7 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-class FaultPlayback : public SimulatorTest
+class FaultPlayback : public SimulatorAlone
 {
 protected:
     FaultPlayback() { setenv("KVSIM_SPEED", "max", 1); }
@@ -144,23 +144,23 @@ TEST_F(FaultPlayback, AnAnswerHoldsFromItsTimeOn)
 struct Asked
 {
     const char *operation;
-    int (*call)(const SimulatedDriver &);
+    int (*call)(const LoadedDriver &);
 };
 
 unsigned char picture[8];
 char text[32];
 
 const Asked kAsked[] = {
-    {"OpenDeviceLCD", [](const SimulatedDriver &driver) { return driver.OpenDeviceLCD(true); }},
-    {"ClearDeviceContent", [](const SimulatedDriver &driver) { return driver.ClearDeviceContent(); }},
-    {"GetDevicePenID", [](const SimulatedDriver &driver) { return driver.GetDevicePenID(text, 32); }},
-    {"GetDevicePadID", [](const SimulatedDriver &driver) { return driver.GetDevicePadID(text, 32); }},
-    {"GetDeviceSecureID", [](const SimulatedDriver &driver) { return driver.GetDeviceSecureID(text, 32); }},
-    {"GetDevicePartsVersion", [](const SimulatedDriver &driver) { return driver.GetDevicePartsVersion(text, 32); }},
-    {"ShowVersionInfoOnDevice", [](const SimulatedDriver &driver) { return driver.ShowVersionInfoOnDevice(true); }},
-    {"SetDevicePenStyle", [](const SimulatedDriver &driver) { return driver.SetDevicePenStyle(true); }},
+    {"OpenDeviceLCD", [](const LoadedDriver &driver) { return driver.OpenDeviceLCD(true); }},
+    {"ClearDeviceContent", [](const LoadedDriver &driver) { return driver.ClearDeviceContent(); }},
+    {"GetDevicePenID", [](const LoadedDriver &driver) { return driver.GetDevicePenID(text, 32); }},
+    {"GetDevicePadID", [](const LoadedDriver &driver) { return driver.GetDevicePadID(text, 32); }},
+    {"GetDeviceSecureID", [](const LoadedDriver &driver) { return driver.GetDeviceSecureID(text, 32); }},
+    {"GetDevicePartsVersion", [](const LoadedDriver &driver) { return driver.GetDevicePartsVersion(text, 32); }},
+    {"ShowVersionInfoOnDevice", [](const LoadedDriver &driver) { return driver.ShowVersionInfoOnDevice(true); }},
+    {"SetDevicePenStyle", [](const LoadedDriver &driver) { return driver.SetDevicePenStyle(true); }},
     {"ShowFPImageOnDevice",
-        [](const SimulatedDriver &driver) { return driver.ShowFPImageOnDevice(picture, 8, 2, 2, nullptr); }},
+        [](const LoadedDriver &driver) { return driver.ShowFPImageOnDevice(picture, 8, 2, 2, nullptr); }},
 };
 
 TEST_F(FaultPlayback, EveryOperationAnswersWhatItIsToldTo)

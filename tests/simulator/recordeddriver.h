@@ -56,10 +56,10 @@ protected:
 };
 
 /// Each test loads the recorder anew and records to pen.kvrec in a directory of its own.
-class RecorderTest : public InRecorderDirectory, public SimulatorTest
+class RecorderAlone : public InRecorderDirectory, public SimulatorAlone
 {
 protected:
-    RecorderTest()
+    RecorderAlone()
         : real((m_simulator / "libkvsignpaddrv.so").string())
     {
         char name[] = "/tmp/kvrec-test-XXXXXX";
@@ -69,7 +69,7 @@ protected:
         useRealDriver("libkvsignpaddrv.so");
         real.SetScreenDelay(0);
     }
-    ~RecorderTest() override
+    ~RecorderAlone() override
     {
         std::filesystem::remove_all(m_directory);
         for (const char *variable : {"KVREC_FILE", "KVREC_DRIVER", "KVREC_SCRAMBLE", "KVREC_TRUST"})

@@ -10,7 +10,7 @@
 namespace {
 
 /// A real driver in a folder of its own, so that a test can let others write to either.
-class RealDriverOfOthers : public RecorderTest
+class RealDriverOfOthers : public RecorderAlone
 {
 protected:
     RealDriverOfOthers()
@@ -74,7 +74,7 @@ TEST_F(RealDriverOfOthers, IsRefusedWithoutAFolder)
 }
 
 /// Packets come as fast as possible, so that most forks happen while another thread holds the recording's lock.
-TEST_F(RecorderTest, AForkedChildRecordsNothingAndWaitsForNobody)
+TEST_F(RecorderAlone, AForkedChildRecordsNothingAndWaitsForNobody)
 {
     ASSERT_EQ(open(KVS300_DEVICE), 0);
     std::atomic<bool> isOver{false};
@@ -104,7 +104,7 @@ TEST_F(RecorderTest, AForkedChildRecordsNothingAndWaitsForNobody)
 }
 
 /// The process exits without closing the pad.
-TEST_F(RecorderTest, AProcessThatExitsWithThePadOpenLeavesARecording)
+TEST_F(RecorderAlone, AProcessThatExitsWithThePadOpenLeavesARecording)
 {
     for (const bool hasPackets : {false, true}) {
         const pid_t child = fork();

@@ -23,7 +23,7 @@ struct Command
 {
     const char *operation;
     const char *call; ///< how the real driver's list of calls shows it
-    int (*make)(const SimulatedDriver &);
+    int (*make)(const LoadedDriver &);
 };
 
 const Command kCommands[] = {
@@ -43,7 +43,7 @@ const Command kCommands[] = {
     {"UnInitial", "UnInitial", [](const auto &driver) { return driver.UnInitial(); }},
 };
 
-TEST_F(RecorderTest, EveryOperationReachesTheRealDriverAndItsResultComesBack)
+TEST_F(RecorderAlone, EveryOperationReachesTheRealDriverAndItsResultComesBack)
 {
     for (const Command &command : kCommands) {
         ASSERT_EQ(open(KVS310X_DEVICE), KVSPDARI_SUCCESS);
@@ -72,7 +72,7 @@ TEST_F(RecorderTest, EveryOperationReachesTheRealDriverAndItsResultComesBack)
     EXPECT_EQ(driver.Initial(KVS300_DEVICE, nullptr, nullptr), KVSPDART_INVALID_PARAMETERS);
 }
 
-TEST_F(RecorderTest, PacketsAreDeliveredAndWrittenDown)
+TEST_F(RecorderAlone, PacketsAreDeliveredAndWrittenDown)
 {
     const std::vector<KVSIM_PACKET> packets{
         {1, 2, 3, 0}, {2147483647, -2147483647 - 1, -5, 1}, {7, 8, 99999, -3}, {1, 1, 1, 4}};
@@ -96,7 +96,7 @@ TEST_F(RecorderTest, PacketsAreDeliveredAndWrittenDown)
     EXPECT_EQ(modeOf("pen.kvrec"), 0600u);
 }
 
-TEST_F(RecorderTest, TheFirstClearIsTimeZero)
+TEST_F(RecorderAlone, TheFirstClearIsTimeZero)
 {
     ASSERT_EQ(open(KVS300_DEVICE), KVSPDARI_SUCCESS);
     std::this_thread::sleep_for(20ms);
@@ -113,7 +113,7 @@ TEST_F(RecorderTest, TheFirstClearIsTimeZero)
     EXPECT_GE(recording.events[1].timeUs, 20000);
 }
 
-TEST_F(RecorderTest, FingerprintsAreStoredBesideIt)
+TEST_F(RecorderAlone, FingerprintsAreStoredBesideIt)
 {
     std::vector<unsigned char> finger(59904);
     for (std::size_t i = 0; i < finger.size(); ++i)
@@ -139,7 +139,7 @@ TEST_F(RecorderTest, FingerprintsAreStoredBesideIt)
     EXPECT_EQ(modeOf("pen-finger-1.pgm"), 0600u);
 }
 
-TEST_F(RecorderTest, AnswersAndTextsAreEventsWhenTheyChange)
+TEST_F(RecorderAlone, AnswersAndTextsAreEventsWhenTheyChange)
 {
     ASSERT_EQ(open(KVS300_DEVICE), KVSPDARI_SUCCESS);
     driver.GetDevicePadID(text, 32);
@@ -161,7 +161,7 @@ TEST_F(RecorderTest, AnswersAndTextsAreEventsWhenTheyChange)
     EXPECT_EQ(recording.events[3].text, "two?lines");
 }
 
-TEST_F(RecorderTest, ARefusedInitialIsARecordingToo)
+TEST_F(RecorderAlone, ARefusedInitialIsARecordingToo)
 {
     real.SetResult("Initial", -5);
     EXPECT_EQ(open(KVR800_DEVICE), -5);
@@ -179,7 +179,7 @@ TEST_F(RecorderTest, ARefusedInitialIsARecordingToo)
     EXPECT_EQ(recorded("pen-2.kvrec").events.size(), 1u);
 }
 
-TEST_F(RecorderTest, NoFileIsEverOverwritten)
+TEST_F(RecorderAlone, NoFileIsEverOverwritten)
 {
     std::ofstream(path("pen.kvrec")) << "mine";
     std::ofstream(path("pen-2.kvrec")) << "mine too";
@@ -190,7 +190,7 @@ TEST_F(RecorderTest, NoFileIsEverOverwritten)
     EXPECT_EQ(recorded("pen-3.kvrec").model, "S300");
 }
 
-TEST_F(RecorderTest, WithoutAFileItOnlyPassesOn)
+TEST_F(RecorderAlone, WithoutAFileItOnlyPassesOn)
 {
     unsetenv("KVREC_FILE");
     ASSERT_EQ(open(KVS300_DEVICE), 0);
@@ -201,7 +201,7 @@ TEST_F(RecorderTest, WithoutAFileItOnlyPassesOn)
     EXPECT_FALSE(std::ifstream(path("pen.kvrec")));
 }
 
-TEST_F(RecorderTest, WhenTheFileCannotBeWrittenThePadGoesOn)
+TEST_F(RecorderAlone, WhenTheFileCannotBeWrittenThePadGoesOn)
 {
     setenv("KVREC_FILE", path("no/pen.kvrec").c_str(), 1);
     testing::internal::CaptureStderr();
@@ -228,7 +228,7 @@ TEST_F(RecorderTest, WhenTheFileCannotBeWrittenThePadGoesOn)
 }
 
 /// Two different shapes, once scrambled, have the same positions.
-TEST_F(RecorderTest, ScrambledThereIsNothingLeftOfTheShape)
+TEST_F(RecorderAlone, ScrambledThereIsNothingLeftOfTheShape)
 {
     setenv("KVREC_SCRAMBLE", "1", 1);
     std::vector<unsigned char> finger(59904, 17);
@@ -265,7 +265,7 @@ TEST_F(RecorderTest, ScrambledThereIsNothingLeftOfTheShape)
 }
 
 /// The process is killed while packets come as fast as possible. Every packet delivered before is in the file.
-TEST_F(RecorderTest, AKilledProcessLosesNothing)
+TEST_F(RecorderAlone, AKilledProcessLosesNothing)
 {
     auto *const delivered =
         static_cast<std::atomic<int> *>(mmap(nullptr, 4096, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
@@ -292,7 +292,7 @@ TEST_F(RecorderTest, AKilledProcessLosesNothing)
     munmap(delivered, 4096);
 }
 
-TEST_F(RecorderTest, AnOperationThatTheRealDriverLacksAnswersMinusOne)
+TEST_F(RecorderAlone, AnOperationThatTheRealDriverLacksAnswersMinusOne)
 {
     useRealDriver("without/GetDevicePadID/libkvsignpaddrv.so");
     ASSERT_EQ(open(KVS300_DEVICE), 0);
@@ -301,7 +301,7 @@ TEST_F(RecorderTest, AnOperationThatTheRealDriverLacksAnswersMinusOne)
     driver.UnInitial();
 }
 
-TEST_F(RecorderTest, ADriverThatCannotBeHadIsNamed)
+TEST_F(RecorderAlone, ADriverThatCannotBeHadIsNamed)
 {
     const std::pair<const char *, const char *> drivers[] = {{"nowhere.so", "cannot open shared object file"},
         {"recorder/libkvsignpaddrv.so", "is the recorder itself"}, {"broken/libkvsignpaddrv.so", "file too short"}};

@@ -63,18 +63,18 @@ inline void receiveFingerprint(unsigned char *data, int length, int score)
 }
 
 /// The loaded library, with the driver's operations and the functions that control the simulator.
-class SimulatedDriver
+class LoadedDriver
 {
 public:
-    SimulatedDriver()
+    LoadedDriver()
         : m_library(dlopen((workingDirectory() + "/libkvsignpaddrv.so").c_str(), RTLD_NOW | RTLD_LOCAL))
     {
         if (!m_library)
             throw std::runtime_error(dlerror());
     }
-    ~SimulatedDriver() { dlclose(m_library); }
-    SimulatedDriver(const SimulatedDriver &) = delete;
-    SimulatedDriver &operator=(const SimulatedDriver &) = delete;
+    ~LoadedDriver() { dlclose(m_library); }
+    LoadedDriver(const LoadedDriver &) = delete;
+    LoadedDriver &operator=(const LoadedDriver &) = delete;
 
     static std::string workingDirectory()
     {
@@ -125,10 +125,10 @@ public:
 };
 
 /// Starts every test with a driver that plays nothing and with nothing received.
-class SimulatorTest : public testing::Test
+class SimulatorAlone : public testing::Test
 {
 protected:
-    SimulatorTest()
+    SimulatorAlone()
     {
         for (const char *name : kSettings)
             unsetenv(name);
@@ -140,7 +140,7 @@ protected:
         received.scores.clear();
         received.threads.clear();
     }
-    ~SimulatorTest() override
+    ~SimulatorAlone() override
     {
         for (const char *name : kSettings)
             unsetenv(name);
@@ -156,7 +156,7 @@ protected:
         return text;
     }
 
-    SimulatedDriver driver;
+    LoadedDriver driver;
 
 private:
     static constexpr const char *kSettings[] = {"KVSIM_RECORDING", "KVSIM_SPEED", "KVSIM_DELAY_MS", "KVSIM_REPEAT",

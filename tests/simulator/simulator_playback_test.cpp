@@ -12,10 +12,10 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-class PlaybackTest : public SimulatorTest
+class Playback : public SimulatorAlone
 {
 protected:
-    PlaybackTest() { setenv("KVSIM_RECORDING", KV_TEST_DATA "/recordings/corners.kvrec", 1); }
+    Playback() { setenv("KVSIM_RECORDING", KV_TEST_DATA "/recordings/corners.kvrec", 1); }
 
     /// Opens the pad, clears it and waits for the end of the recording. Returns how long the playing took.
     std::chrono::milliseconds play(int deviceType)
@@ -57,7 +57,7 @@ const Mapped kMapped[] = {
             {-749, -1368, 0, 2}}},
 };
 
-class MappedPlayback : public PlaybackTest, public testing::WithParamInterface<Mapped>
+class MappedPlayback : public Playback, public testing::WithParamInterface<Mapped>
 {
 };
 
@@ -78,7 +78,7 @@ TEST_P(MappedPlayback, FillsTheSamePlacesOfTheModelsWritingArea)
 INSTANTIATE_TEST_SUITE_P(
     Models, MappedPlayback, testing::ValuesIn(kMapped), [](const auto &row) { return row.param.name; });
 
-TEST_F(PlaybackTest, PressureFollowsAVersionTextThatATestSet)
+TEST_F(Playback, PressureFollowsAVersionTextThatATestSet)
 {
     setenv("KVSIM_SPEED", "max", 1);
     driver.SetText("GetDevicePartsVersion", "KVT120 1.0");
@@ -87,7 +87,7 @@ TEST_F(PlaybackTest, PressureFollowsAVersionTextThatATestSet)
     EXPECT_EQ(received.packets[2].pressure, 1024);
 }
 
-TEST_F(PlaybackTest, KeepsTheRecordingsTimes)
+TEST_F(Playback, KeepsTheRecordingsTimes)
 {
     setenv("KVSIM_DELAY_MS", "60", 1);
     ASSERT_EQ(open(), KVSPDARI_SUCCESS);
@@ -107,7 +107,7 @@ TEST_F(PlaybackTest, KeepsTheRecordingsTimes)
     EXPECT_EQ(received.packetCount(), 5u);
 }
 
-TEST_F(PlaybackTest, SpeedIsAFactor)
+TEST_F(Playback, SpeedIsAFactor)
 {
     setenv("KVSIM_SPEED", "0.5", 1);
     EXPECT_GE(play(KVS300_DEVICE), 400ms);
@@ -122,7 +122,7 @@ TEST_F(PlaybackTest, SpeedIsAFactor)
     }
 }
 
-TEST_F(PlaybackTest, IsRepeatedAsOftenAsAskedFor)
+TEST_F(Playback, IsRepeatedAsOftenAsAskedFor)
 {
     setenv("KVSIM_SPEED", "max", 1);
     setenv("KVSIM_REPEAT", "3", 1);
@@ -131,7 +131,7 @@ TEST_F(PlaybackTest, IsRepeatedAsOftenAsAskedFor)
     EXPECT_EQ(received.packetCount(), 15u);
 }
 
-TEST_F(PlaybackTest, EndsWithUnInitial)
+TEST_F(Playback, EndsWithUnInitial)
 {
     setenv("KVSIM_SPEED", "max", 1);
     setenv("KVSIM_REPEAT", "0", 1);
@@ -151,7 +151,7 @@ TEST_F(PlaybackTest, EndsWithUnInitial)
     EXPECT_EQ(waited, -1);
 }
 
-TEST_F(PlaybackTest, TheDelayEndsOnRequest)
+TEST_F(Playback, TheDelayEndsOnRequest)
 {
     setenv("KVSIM_DELAY_MS", "60000", 1);
     EXPECT_EQ(driver.EndDelay(), -1);
@@ -167,7 +167,7 @@ TEST_F(PlaybackTest, TheDelayEndsOnRequest)
     EXPECT_EQ(received.packetCount(), 5u);
 }
 
-TEST_F(PlaybackTest, WaitingEndsWithItsTime)
+TEST_F(Playback, WaitingEndsWithItsTime)
 {
     setenv("KVSIM_DELAY_MS", "60000", 1);
     ASSERT_EQ(open(), KVSPDARI_SUCCESS);
@@ -196,7 +196,7 @@ const Bundled kBundled[] = {
     {"signature-finger", 4, {28, 55, 55, 55, 86, 86}},
 };
 
-class BundledPlayback : public SimulatorTest, public testing::WithParamInterface<Bundled>
+class BundledPlayback : public SimulatorAlone, public testing::WithParamInterface<Bundled>
 {
 };
 
@@ -254,7 +254,7 @@ const BadSetting kBadSettings[] = {
     {"KVSIM_RECORDING", "%smallfinger.kvrec", "small.pgm: a fingerprint has 208 by 288 pixels"},
 };
 
-class BadSettingTest : public SimulatorTest, public testing::WithParamInterface<BadSetting>
+class RefusedSetting : public SimulatorAlone, public testing::WithParamInterface<BadSetting>
 {
 protected:
     static std::string resolved(std::string text)
@@ -265,7 +265,7 @@ protected:
     }
 };
 
-TEST_P(BadSettingTest, IsNamedAndThePadDoesNotOpen)
+TEST_P(RefusedSetting, IsNamedAndThePadDoesNotOpen)
 {
     setenv(GetParam().variable, resolved(GetParam().value).c_str(), 1);
     testing::internal::CaptureStderr();
@@ -277,9 +277,9 @@ TEST_P(BadSettingTest, IsNamedAndThePadDoesNotOpen)
     EXPECT_EQ(open(KVS310X_DEVICE), KVSPDARI_SUCCESS);
 }
 
-INSTANTIATE_TEST_SUITE_P(Settings, BadSettingTest, testing::ValuesIn(kBadSettings));
+INSTANTIATE_TEST_SUITE_P(Settings, RefusedSetting, testing::ValuesIn(kBadSettings));
 
-TEST_F(SimulatorTest, ShownPicturesAreStored)
+TEST_F(SimulatorAlone, ShownPicturesAreStored)
 {
     char directory[] = "/tmp/kvsim-pictures-XXXXXX";
     ASSERT_NE(mkdtemp(directory), nullptr);

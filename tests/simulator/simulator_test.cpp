@@ -10,7 +10,7 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-TEST_F(SimulatorTest, AnswersAsTheModelThatItIsOpenedAs)
+TEST_F(SimulatorAlone, AnswersAsTheModelThatItIsOpenedAs)
 {
     const std::pair<int, const char *> models[] = {{KVS210_DEVICE, "KVS210 "}, {KVR800_DEVICE, "KVR800 "},
         {KVM450_DEVICE, "KVM450 "}, {KVS300_DEVICE, "KVS300 "}, {KVS310X_DEVICE, "KVS310X "}};
@@ -23,7 +23,7 @@ TEST_F(SimulatorTest, AnswersAsTheModelThatItIsOpenedAs)
     }
 }
 
-TEST_F(SimulatorTest, RefusesWhatIsNoPad)
+TEST_F(SimulatorAlone, RefusesWhatIsNoPad)
 {
     for (const int type : {-1, 0, 1, 6, 8, 100})
         EXPECT_EQ(open(type), KVSPDART_INVALID_PARAMETERS) << type;
@@ -31,7 +31,7 @@ TEST_F(SimulatorTest, RefusesWhatIsNoPad)
     EXPECT_EQ(driver.IsOpen(), 0);
 }
 
-TEST_F(SimulatorTest, APadHasOneUser)
+TEST_F(SimulatorAlone, APadHasOneUser)
 {
     EXPECT_EQ(open(), KVSPDARI_SUCCESS);
     EXPECT_EQ(open(), KVSPDARI_LIBUSB_CLAIM_INTERFACE_FAIL);
@@ -39,7 +39,7 @@ TEST_F(SimulatorTest, APadHasOneUser)
     EXPECT_EQ(open(), KVSPDARI_SUCCESS);
 }
 
-TEST_F(SimulatorTest, AClosedPadTakesNoCommands)
+TEST_F(SimulatorAlone, AClosedPadTakesNoCommands)
 {
     char text[32] = "untouched";
     EXPECT_EQ(driver.OpenDeviceLCD(true), KVSPDARI_FAILED);
@@ -53,7 +53,7 @@ TEST_F(SimulatorTest, AClosedPadTakesNoCommands)
     EXPECT_EQ(driver.WaitUntilPlayed(0), -1);
 }
 
-TEST_F(SimulatorTest, PacketsComeInOrderOnOneThreadOfTheDriversOwn)
+TEST_F(SimulatorAlone, PacketsComeInOrderOnOneThreadOfTheDriversOwn)
 {
     std::vector<KVSIM_PACKET> sent;
     for (int i = 0; i < 10000; ++i)
@@ -74,7 +74,7 @@ TEST_F(SimulatorTest, PacketsComeInOrderOnOneThreadOfTheDriversOwn)
     EXPECT_EQ(driver.SendPackets(sent.data(), -5), 0);
 }
 
-TEST_F(SimulatorTest, FirstPacketsComeBeforeInitialReturns)
+TEST_F(SimulatorAlone, FirstPacketsComeBeforeInitialReturns)
 {
     const KVSIM_PACKET packets[] = {{1, 2, 3, 0}, {4, 5, 6, 1}};
     driver.SetReadingThreadPackets(packets, 2);
@@ -87,7 +87,7 @@ TEST_F(SimulatorTest, FirstPacketsComeBeforeInitialReturns)
     EXPECT_EQ(received.packetCount(), 2u);
 }
 
-void callEveryCommand(const SimulatedDriver &driver, std::atomic<int> &done)
+void callEveryCommand(const LoadedDriver &driver, std::atomic<int> &done)
 {
     char text[32];
     unsigned char picture[8] = {};
@@ -101,7 +101,7 @@ void callEveryCommand(const SimulatedDriver &driver, std::atomic<int> &done)
         done += result == KVSPDARI_SUCCESS;
 }
 
-TEST_F(SimulatorTest, OperationsMayBeCalledFromInsideACallbackAndBesideIt)
+TEST_F(SimulatorAlone, OperationsMayBeCalledFromInsideACallbackAndBesideIt)
 {
     std::atomic<int> done{0};
     received.whenPacketComes = [&](const KVSIM_PACKET &packet) {
@@ -119,7 +119,7 @@ TEST_F(SimulatorTest, OperationsMayBeCalledFromInsideACallbackAndBesideIt)
     EXPECT_EQ(done, 36);
 }
 
-TEST_F(SimulatorTest, UnInitialReturnsAfterTheLastCallback)
+TEST_F(SimulatorAlone, UnInitialReturnsAfterTheLastCallback)
 {
     std::atomic<bool> inside{false}, left{false};
     received.whenPacketComes = [&](const KVSIM_PACKET &) {
@@ -147,7 +147,7 @@ TEST_F(SimulatorTest, UnInitialReturnsAfterTheLastCallback)
     EXPECT_LT(count, 1000u);
 }
 
-TEST_F(SimulatorTest, UnInitialFromInsideACallbackMakesItTheLast)
+TEST_F(SimulatorAlone, UnInitialFromInsideACallbackMakesItTheLast)
 {
     received.whenPacketComes = [&](const KVSIM_PACKET &) { EXPECT_EQ(driver.UnInitial(), KVSPDARI_SUCCESS); };
     const std::vector<KVSIM_PACKET> packets(10, {1, 2, 3, 1});
@@ -163,7 +163,7 @@ TEST_F(SimulatorTest, UnInitialFromInsideACallbackMakesItTheLast)
     EXPECT_EQ(driver.IsOpen(), 0);
 }
 
-TEST_F(SimulatorTest, APadMayBeReopenedFromInsideACallback)
+TEST_F(SimulatorAlone, APadMayBeReopenedFromInsideACallback)
 {
     received.whenPacketComes = [&](const KVSIM_PACKET &packet) {
         if (packet.status != KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON)
@@ -179,7 +179,7 @@ TEST_F(SimulatorTest, APadMayBeReopenedFromInsideACallback)
     EXPECT_EQ(received.packetCount(), 2u);
 }
 
-TEST_F(SimulatorTest, FingerprintsAreDeliveredByTheirModelOnly)
+TEST_F(SimulatorAlone, FingerprintsAreDeliveredByTheirModelOnly)
 {
     const unsigned char image[] = {1, 2, 3};
     for (const int type : {KVS210_DEVICE, KVR800_DEVICE, KVM450_DEVICE, KVS300_DEVICE}) {
@@ -200,7 +200,7 @@ TEST_F(SimulatorTest, FingerprintsAreDeliveredByTheirModelOnly)
     EXPECT_EQ(received.scores, (std::vector<int>{40, -5}));
 }
 
-TEST_F(SimulatorTest, EveryCallIsNoted)
+TEST_F(SimulatorAlone, EveryCallIsNoted)
 {
     char text[32];
     unsigned char picture[8] = {};
@@ -226,7 +226,7 @@ TEST_F(SimulatorTest, EveryCallIsNoted)
     EXPECT_EQ(calls(), "");
 }
 
-TEST_F(SimulatorTest, ResultsAreThoseAskedForUntilReset)
+TEST_F(SimulatorAlone, ResultsAreThoseAskedForUntilReset)
 {
     driver.SetResult("KVSPDAPI_Initial", KVSPDARI_LIBUSB_OPEN_DEVICE_FAIL);
     EXPECT_EQ(open(), KVSPDARI_LIBUSB_OPEN_DEVICE_FAIL);
@@ -244,7 +244,7 @@ TEST_F(SimulatorTest, ResultsAreThoseAskedForUntilReset)
     EXPECT_EQ(driver.ClearDeviceContent(), KVSPDARI_SUCCESS);
 }
 
-TEST_F(SimulatorTest, TextsAreThoseAskedForAndFitTheirBuffer)
+TEST_F(SimulatorAlone, TextsAreThoseAskedForAndFitTheirBuffer)
 {
     ASSERT_EQ(open(), KVSPDARI_SUCCESS);
     char text[16] = "untouched";
@@ -264,7 +264,7 @@ TEST_F(SimulatorTest, TextsAreThoseAskedForAndFitTheirBuffer)
     EXPECT_STREQ(text, "");
 }
 
-TEST_F(SimulatorTest, ScreenIsOnFromItsCommandToTheEnd)
+TEST_F(SimulatorAlone, ScreenIsOnFromItsCommandToTheEnd)
 {
     ASSERT_EQ(open(), KVSPDARI_SUCCESS);
     EXPECT_EQ(driver.IsScreenOn(), 0);
@@ -277,7 +277,7 @@ TEST_F(SimulatorTest, ScreenIsOnFromItsCommandToTheEnd)
     EXPECT_EQ(driver.IsScreenOn(), 0);
 }
 
-TEST_F(SimulatorTest, APictureTakesItsTimeAndIsKept)
+TEST_F(SimulatorAlone, APictureTakesItsTimeAndIsKept)
 {
     unsigned char picture[12] = {248, 0, 255, 255, 1, 2, 3, 4, 5, 6, 7, 8};
     bool abort = false;
@@ -298,7 +298,7 @@ TEST_F(SimulatorTest, APictureTakesItsTimeAndIsKept)
     EXPECT_EQ(driver.ShowFPImageOnDevice(picture, 12, 2, 3, &abort), KVSPDARI_LIBUSB_SENT_CMD_FAIL);
 }
 
-TEST_F(SimulatorTest, ASlowPictureIsGivenUpOnRequestAndOnClosing)
+TEST_F(SimulatorAlone, ASlowPictureIsGivenUpOnRequestAndOnClosing)
 {
     unsigned char picture[8] = {};
     bool abort = false;
@@ -341,7 +341,7 @@ TEST(SimulatorUnloading, LeavesNothingBehind)
     setenv("KVSIM_RECORDING", "none", 1);
     const int threads = threadCount();
     for (int round = 0; round < 100; ++round) {
-        const SimulatedDriver driver;
+        const LoadedDriver driver;
         ASSERT_EQ(driver.Initial(KVS300_DEVICE, receivePacket, nullptr), KVSPDARI_SUCCESS);
         const KVSIM_PACKET packet{round, 2, 3, 0};
         ASSERT_EQ(driver.SendPackets(&packet, 1), 1);

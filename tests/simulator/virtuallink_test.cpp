@@ -16,17 +16,17 @@ using namespace std::chrono_literals;
 constexpr const char *kHeader = "version: 2\nmodel: S300\n";
 constexpr const char *kOpened = "answer 0 Initial 0\n";
 
-class VirtualLinkTest : public SimulatorTest
+class LinkedSimulator : public SimulatorAlone
 {
 protected:
-    VirtualLinkTest()
+    LinkedSimulator()
     {
         char name[] = "/tmp/kv-virtuallink-XXXXXX";
         m_directory = mkdtemp(name);
         setenv("XDG_RUNTIME_DIR", m_directory.c_str(), 1);
         setenv("KVSIM_RECORDING", "virtual", 1);
     }
-    ~VirtualLinkTest() override
+    ~LinkedSimulator() override
     {
         driver.UnInitial();
         std::filesystem::remove_all(m_directory);
@@ -51,7 +51,7 @@ private:
     std::string m_directory;
 };
 
-TEST_F(VirtualLinkTest, TheGreetingHoldsFromTheFirstCommandOn)
+TEST_F(LinkedSimulator, TheGreetingHoldsFromTheFirstCommandOn)
 {
     FakeWindow window([](FakeWindow &pad) {
         pad.say(std::string(kHeader) + "text 0 GetDevicePartsVersion KVM450 X\nanswer 0.1 OpenDeviceLCD -7\n"
@@ -65,7 +65,7 @@ TEST_F(VirtualLinkTest, TheGreetingHoldsFromTheFirstCommandOn)
 }
 
 /// Once a packet has arrived, the driver has read everything that was sent before it.
-TEST_F(VirtualLinkTest, AStateIsTakenAsAWhole)
+TEST_F(LinkedSimulator, AStateIsTakenAsAWhole)
 {
     FakeWindow window([](FakeWindow &pad) { pad.say(std::string(kHeader) + kOpened); });
     ASSERT_EQ(open(), KVSPDARI_SUCCESS);
@@ -83,7 +83,7 @@ TEST_F(VirtualLinkTest, AStateIsTakenAsAWhole)
     EXPECT_EQ(version(), "other");
 }
 
-TEST_F(VirtualLinkTest, AnUnpluggedPadIsSilentUntilItsStateSaysOtherwise)
+TEST_F(LinkedSimulator, AnUnpluggedPadIsSilentUntilItsStateSaysOtherwise)
 {
     FakeWindow window([](FakeWindow &pad) { pad.say(std::string(kHeader) + kOpened); });
     ASSERT_EQ(open(), KVSPDARI_SUCCESS);
@@ -96,7 +96,7 @@ TEST_F(VirtualLinkTest, AnUnpluggedPadIsSilentUntilItsStateSaysOtherwise)
     EXPECT_EQ(driver.OpenDeviceLCD(true), 0);
 }
 
-TEST_F(VirtualLinkTest, APacketOfAFarTimeDoesNotHideThatTheWindowIsClosed)
+TEST_F(LinkedSimulator, APacketOfAFarTimeDoesNotHideThatTheWindowIsClosed)
 {
     FakeWindow window([](FakeWindow &pad) { pad.say(std::string(kHeader) + kOpened); });
     ASSERT_EQ(open(), KVSPDARI_SUCCESS);
@@ -106,7 +106,7 @@ TEST_F(VirtualLinkTest, APacketOfAFarTimeDoesNotHideThatTheWindowIsClosed)
     EXPECT_TRUE(until([&] { return driver.OpenDeviceLCD(true) == KVSPDARI_LIBUSB_SENT_CMD_FAIL; }));
 }
 
-TEST_F(VirtualLinkTest, AGreetingThatDripsIsGivenUp)
+TEST_F(LinkedSimulator, AGreetingThatDripsIsGivenUp)
 {
     std::atomic<bool> isAnswered{false}, isDrippedAway{false};
     FakeWindow window([&](FakeWindow &pad) {
@@ -123,7 +123,7 @@ TEST_F(VirtualLinkTest, AGreetingThatDripsIsGivenUp)
     EXPECT_FALSE(isDrippedAway);
 }
 
-TEST_F(VirtualLinkTest, EndlessGreetingsAreGivenUp)
+TEST_F(LinkedSimulator, EndlessGreetingsAreGivenUp)
 {
     const std::pair<const char *, std::string> endless[] = {{"", "x"}, {"", "note: x\n"}, {"version: 2\n", "x"},
         {"version: 2\nmodel: S300\n", "answer 0 UnInitial 0\n"},

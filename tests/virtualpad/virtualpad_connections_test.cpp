@@ -57,7 +57,7 @@ private:
     int m_descriptor;
 };
 
-class VirtualPadConnections : public VirtualPadTest
+class VirtualPadConnections : public VirtualPad
 {
 protected:
     /// What a program is told till the answer to Initial has come.

@@ -12,7 +12,7 @@
 
 namespace {
 
-class VirtualPadOfEachModel : public VirtualPadTest, public testing::WithParamInterface<Family>
+class VirtualPadOfEachModel : public VirtualPad, public testing::WithParamInterface<Family>
 {
 };
 
@@ -91,7 +91,7 @@ TEST_P(VirtualPadOfEachModel, ItsButtonsConfirmAndCancel)
 INSTANTIATE_TEST_SUITE_P(Models, VirtualPadOfEachModel, testing::ValuesIn(kFamilies),
     [](const auto &row) { return std::string(row.param.prefix, std::strlen(row.param.prefix) - 1); });
 
-TEST_F(VirtualPadTest, CancellingClearsThePadsOwnScreen)
+TEST_F(VirtualPad, CancellingClearsThePadsOwnScreen)
 {
     openWindow();
     ASSERT_TRUE(open(kS300Family));
@@ -104,7 +104,7 @@ TEST_F(VirtualPadTest, CancellingClearsThePadsOwnScreen)
     EXPECT_TRUE(until([&] { return !face()->hasInk(); }));
 }
 
-TEST_F(VirtualPadTest, TheScreenShowsWhatItIsTold)
+TEST_F(VirtualPad, TheScreenShowsWhatItIsTold)
 {
     openWindow();
     ASSERT_TRUE(open(kS210Family));
@@ -118,7 +118,7 @@ TEST_F(VirtualPadTest, TheScreenShowsWhatItIsTold)
     EXPECT_TRUE(until([&] { return face()->display().isScreenOn; }));
 }
 
-TEST_F(VirtualPadTest, AStylusGivesItsOwnPressure)
+TEST_F(VirtualPad, AStylusGivesItsOwnPressure)
 {
     openWindow();
     ASSERT_TRUE(open(kR800Family));
@@ -145,7 +145,7 @@ TEST_F(VirtualPadTest, AStylusGivesItsOwnPressure)
     EXPECT_NEAR(most, 0.7 * 8192, 2);
 }
 
-TEST_F(VirtualPadTest, AFingerWrites)
+TEST_F(VirtualPad, AFingerWrites)
 {
     openWindow();
     ASSERT_TRUE(open(kM450Family));
@@ -172,7 +172,7 @@ int redPixels(const QImage &image)
     return count;
 }
 
-TEST_F(VirtualPadTest, AFingerOnTheSensorIsShownOnThePadAndInTheSignature)
+TEST_F(VirtualPad, AFingerOnTheSensorIsShownOnThePadAndInTheSignature)
 {
     openWindow();
     ASSERT_TRUE(open(kS310XFamily));
@@ -213,7 +213,7 @@ TEST_F(VirtualPadTest, AFingerOnTheSensorIsShownOnThePadAndInTheSignature)
     EXPECT_TRUE(until([&] { return face()->display().picture.isNull(); }));
 }
 
-TEST_F(VirtualPadTest, OnlyThePadWithASensorHasFingers)
+TEST_F(VirtualPad, OnlyThePadWithASensorHasFingers)
 {
     openWindow("S310X");
     auto *const touch = window->findChild<QPushButton *>();

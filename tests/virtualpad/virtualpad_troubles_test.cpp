@@ -15,14 +15,14 @@
 
 namespace {
 
-TEST_F(VirtualPadTest, WithoutAWindowThereIsNoPad)
+TEST_F(VirtualPad, WithoutAWindowThereIsNoPad)
 {
     EXPECT_FALSE(open(kS300Family));
     openWindow();
     EXPECT_TRUE(open(kS300Family));
 }
 
-TEST_F(VirtualPadTest, RefusesCommandsWhenItIsToldTo)
+TEST_F(VirtualPad, RefusesCommandsWhenItIsToldTo)
 {
     openWindow();
     ASSERT_TRUE(open(kS300Family));
@@ -38,7 +38,7 @@ TEST_F(VirtualPadTest, RefusesCommandsWhenItIsToldTo)
     EXPECT_EQ(kS300Family.SetPenStyle(KVS300_DEVICE, true), ARI_DRIVER_SENT_CMD_FAIL);
 }
 
-TEST_F(VirtualPadTest, UnpluggedItIsSilentAndCannotBeOpened)
+TEST_F(VirtualPad, UnpluggedItIsSilentAndCannotBeOpened)
 {
     openWindow();
     ASSERT_TRUE(open(kS300Family));
@@ -60,7 +60,7 @@ TEST_F(VirtualPadTest, UnpluggedItIsSilentAndCannotBeOpened)
     EXPECT_TRUE(until([&] { return lastStrokeEnded(); }));
 }
 
-TEST_F(VirtualPadTest, PluggedInAgainItGoesOn)
+TEST_F(VirtualPad, PluggedInAgainItGoesOn)
 {
     openWindow();
     ASSERT_TRUE(open(kS300Family));
@@ -81,7 +81,7 @@ int pixelsOf(const QColor &colour, const QImage &image)
     return count;
 }
 
-TEST_F(VirtualPadTest, UnpluggedItsLightAndItsScreenGoOut)
+TEST_F(VirtualPad, UnpluggedItsLightAndItsScreenGoOut)
 {
     const QColor light("#58d26b");
     const auto look = [&] { return face()->grab().toImage(); };
@@ -102,7 +102,7 @@ TEST_F(VirtualPadTest, UnpluggedItsLightAndItsScreenGoOut)
     EXPECT_EQ(look(), lit);
 }
 
-TEST_F(VirtualPadTest, AnotherModelIsRefused)
+TEST_F(VirtualPad, AnotherModelIsRefused)
 {
     openWindow();
     toggle("Wrong model");
@@ -112,7 +112,7 @@ TEST_F(VirtualPadTest, AnotherModelIsRefused)
     EXPECT_TRUE(open(kS300Family));
 }
 
-TEST_F(VirtualPadTest, SomePressuresAreInvalidWhenItIsToldSo)
+TEST_F(VirtualPad, SomePressuresAreInvalidWhenItIsToldSo)
 {
     openWindow();
     toggle("Invalid pressures");
@@ -132,7 +132,7 @@ TEST_F(VirtualPadTest, SomePressuresAreInvalidWhenItIsToldSo)
         EXPECT_LE(point.nPressureValue, 2048);
 }
 
-TEST_F(VirtualPadTest, ASlowScreenTakesThreeSeconds)
+TEST_F(VirtualPad, ASlowScreenTakesThreeSeconds)
 {
     openWindow();
     ASSERT_TRUE(open(kS310XFamily));
@@ -144,7 +144,7 @@ TEST_F(VirtualPadTest, ASlowScreenTakesThreeSeconds)
     EXPECT_GE(time.elapsed(), 3000);
 }
 
-TEST_F(VirtualPadTest, AWindowThatIsClosedAndOpenedAgainIsFound)
+TEST_F(VirtualPad, AWindowThatIsClosedAndOpenedAgainIsFound)
 {
     openWindow();
     ASSERT_TRUE(open(kS300Family));
@@ -163,14 +163,14 @@ TEST_F(VirtualPadTest, AWindowThatIsClosedAndOpenedAgainIsFound)
     }
 }
 
-TEST_F(VirtualPadTest, ThereIsOneWindow)
+TEST_F(VirtualPad, ThereIsOneWindow)
 {
     openWindow();
     EXPECT_THROW(virtualpad::PadWindow(*modelOfName("S300")), std::runtime_error);
     ASSERT_TRUE(open(kS300Family)); // the first one still listens
 }
 
-TEST_F(VirtualPadTest, AWindowThatWasKilledLeavesNoLock)
+TEST_F(VirtualPad, AWindowThatWasKilledLeavesNoLock)
 {
     {
         QLocalServer killed;
@@ -181,7 +181,7 @@ TEST_F(VirtualPadTest, AWindowThatWasKilledLeavesNoLock)
     EXPECT_TRUE(open(kS300Family));
 }
 
-TEST_F(VirtualPadTest, ThePadHasOneProgram)
+TEST_F(VirtualPad, ThePadHasOneProgram)
 {
     openWindow();
     ASSERT_TRUE(open(kS300Family));
@@ -195,7 +195,7 @@ TEST_F(VirtualPadTest, ThePadHasOneProgram)
     EXPECT_TRUE(window->windowTitle().startsWith("S300"));
 }
 
-TEST_F(VirtualPadTest, NonsenseOnTheSocketHarmsNothing)
+TEST_F(VirtualPad, NonsenseOnTheSocketHarmsNothing)
 {
     openWindow();
     for (const char *nonsense :
@@ -219,7 +219,7 @@ mode_t modeOf(const std::string &path)
     return lstat(path.c_str(), &info) == 0 ? info.st_mode & 07777 : 0;
 }
 
-TEST_F(VirtualPadTest, OnlyItsUserMayMeetIt)
+TEST_F(VirtualPad, OnlyItsUserMayMeetIt)
 {
     const std::string ownDirectory = std::getenv("XDG_RUNTIME_DIR");
     openWindow();
@@ -245,7 +245,7 @@ TEST_F(VirtualPadTest, OnlyItsUserMayMeetIt)
 }
 
 /// The window as a program of its own, and a signing widget.
-TEST_F(VirtualPadTest, ServesAnotherProcess)
+TEST_F(VirtualPad, ServesAnotherProcess)
 {
     QWidget host;
     QProcess process;

@@ -21,16 +21,16 @@
 #include <thread>
 #include <utility>
 
-class VirtualPadTest : public testing::Test
+class VirtualPad : public testing::Test
 {
 protected:
-    VirtualPadTest()
+    VirtualPad()
     {
         setenv("KVSIM_RECORDING", "virtual", 1);
         setenv("XDG_RUNTIME_DIR", qPrintable(m_runtimeDirectory.path()), 1);
         takeEvents();
     }
-    ~VirtualPadTest() override
+    ~VirtualPad() override
     {
         if (m_isOpen)
             close();
