@@ -7,8 +7,8 @@
 
 #include <optional>
 
-// So far the pads with a screen, and no others, have all of the following. Each is asked by its own name, so that a
-// model that has only some of it can be told apart here.
+// So far all of this follows from whether the pad has a screen. Each is asked by its own name, so that a model that has
+// only some of it can be told apart here.
 
 /// A pen identifier and a secure identifier, besides the pad's own.
 constexpr bool hasIdentifiers(const ModelRow &model)
@@ -26,6 +26,12 @@ constexpr bool showsVersion(const ModelRow &model)
 constexpr bool drawsInk(const ModelRow &model)
 {
     return model.hasScreen;
+}
+
+/// Clears its own picture of the ink when the pen confirms, and not only when it cancels.
+constexpr bool clearsAtConfirm(const ModelRow &model)
+{
+    return !model.hasScreen;
 }
 
 /// Largest pressure of the pad that gave this version text; nothing when it is the text of another model.

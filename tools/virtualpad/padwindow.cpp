@@ -184,10 +184,10 @@ void PadWindow::sendPacket(std::chrono::steady_clock::time_point time, const Pen
     ++m_packets;
     m_last = packetOf(point, status);
     m_server.sendPacket(time, m_last);
-    const bool isTap = status == KVSPDARI_PS_PEN_DOWN_ON_CANCEL_BUTTON
-        || (status == KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON && !m_server.model().hasScreen);
-    if (isTap)
-        m_face->clearInk(); // as the pad itself does
+    const bool padClears = status == KVSPDARI_PS_PEN_DOWN_ON_CANCEL_BUTTON
+        || (status == KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON && clearsAtConfirm(m_server.model()));
+    if (padClears)
+        m_face->clearInk();
     showStatus();
 }
 

@@ -358,7 +358,7 @@ class Pad:
         return picture
 
     def _has_fingerprint(self) -> bool:
-        return self.model == "S310X" and bool(self._encoded("Base64Encode", EncodedImageType.PNG))
+        return self._offers("GetFPImageBase64Data") and bool(self._encoded("Base64Encode", EncodedImageType.PNG))
 
     # --- Calls ---
 
@@ -368,13 +368,19 @@ class Pad:
         if self._closed:
             raise PadClosed("the pad is closed: open a new one with Pad(...)")
 
+    def _offers(self, operation: str) -> bool:
+        return self._prefix in lowlevel.OPERATIONS[operation].families
+
+    def _check_offered(self, operation: str) -> None:
+        if not self._offers(operation):
+            raise NotSupported(f"the {self.model} has no {operation}")
+
     def _raw(self, operation: str, *arguments: Any) -> Any:
         return getattr(self._library, f"{self._prefix}_{operation}")(self._device, *arguments)
 
     def _call(self, operation: str, *arguments: Any) -> Any:
         self._check_open()
-        if self._prefix not in lowlevel.OPERATIONS[operation].families:
-            raise NotSupported(f"the {self.model} has no {operation}")
+        self._check_offered(operation)
         result: Any = self._thread.run(functools.partial(self._alive, operation, *arguments))
         return result
 
@@ -395,8 +401,7 @@ class Pad:
     def _encoded(self, operation: str, *arguments: Any) -> bytes | None:
         """What a text of the library says, decoded; the text is given back at once."""
         self._check_open()
-        if self._prefix not in lowlevel.OPERATIONS[operation].families:
-            raise NotSupported(f"the {self.model} has no {operation}")
+        self._check_offered(operation)
 
         def take() -> bytes | None:
             address = self._alive(operation, *arguments)
