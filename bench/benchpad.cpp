@@ -132,8 +132,8 @@ std::string sizeName(const QSize &size)
 std::vector<unsigned char> ridges()
 {
     std::vector<unsigned char> image;
-    for (int y = 0; y < 288; ++y) {
-        for (int x = 0; x < 208; ++x)
+    for (int y = 0; y < kFingerprintHeight; ++y) {
+        for (int x = 0; x < kFingerprintWidth; ++x)
             image.push_back(static_cast<unsigned char>(128 + 100 * std::sin(std::hypot(x - 100, y - 150) * 0.7)));
     }
     return image;

@@ -38,12 +38,12 @@ void packetWithFingerprint(benchmark::State &state, const QSize &size)
     QImage canvas = whiteCanvas(size);
     QImage layer = whiteCanvas(size);
     const std::vector<unsigned char> image = ridges();
-    for (int y = 0; y < std::min(288, size.height()); ++y) {
-        for (int x = 0; x < 208; ++x)
-            layer.setPixel(x, y, image[static_cast<size_t>(y * 208 + x)] < 128 ? 0xffff0000 : 0xffffffff);
+    for (int y = 0; y < std::min(kFingerprintHeight, size.height()); ++y) {
+        for (int x = 0; x < kFingerprintWidth; ++x)
+            layer.setPixel(x, y, image[static_cast<size_t>(y * kFingerprintWidth + x)] < 128 ? 0xffff0000 : 0xffffffff);
     }
     const double height = size.height() * 0.5;
-    const double width = height * 208 / 288;
+    const double width = height * kFingerprintWidth / kFingerprintHeight;
     const QRectF target((size.width() - width) * 0.5, (size.height() - height) * 0.5, width, height);
     constexpr size_t kSegments = 200; // few, because the plain way is slow
     const auto library = [&] {

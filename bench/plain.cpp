@@ -1,5 +1,7 @@
 #include "plain.h"
 
+#include "modelrows.h"
+
 #include <QBuffer>
 #include <QFile>
 #include <QPainter>
@@ -50,13 +52,13 @@ void drawSegment(QImage &canvas, const Segment &segment, const QColor &colour)
 
 void merge(QImage &canvas, const QImage &ink, const QImage &fingerprintLayer, const QRectF &target)
 {
-    QImage work(208, 288, QImage::Format_ARGB32);
+    QImage work(kFingerprintWidth, kFingerprintHeight, QImage::Format_ARGB32);
     work.fill(Qt::white);
     work = fingerprintLayer;
     canvas = ink.copy();
     QPainter painter(&canvas);
     painter.setCompositionMode(QPainter::RasterOp_SourceAndDestination);
-    painter.drawImage(target, work, QRectF(0, 0, 208, 288));
+    painter.drawImage(target, work, QRectF(0, 0, kFingerprintWidth, kFingerprintHeight));
 }
 
 void paint(QWidget &widget, const QImage &canvas)

@@ -3,6 +3,7 @@
 #include "capture.h"
 #include "captureview.h"
 #include "failure.h"
+#include "modelrows.h"
 #include "report.h"
 
 #include <functional>
@@ -11,6 +12,7 @@ namespace {
 
 constexpr int kMergeTime = 10000; ///< milliseconds that the fingerprint may take to appear, on a busy machine
 
+const QRect kFullSize(16, 21, kFingerprintWidth, kFingerprintHeight); ///< not scaled, on a canvas of its own
 const QRect kBeside(645, 220, 130, 180); ///< in the signing widget, in the proportions of the sensor
 
 bool hasFingerprint(const QImage &image)
@@ -64,7 +66,8 @@ void captureCanvas(OutputDirectory &output)
 {
     const OpenedPad pad(kS310XPad, nullptr);
     const QSize canvas(240, 330);
-    if (KVS310X_SetDisplayedFPImageAt(pad->type, nullptr, canvas.width(), canvas.height(), 16, 21, 208, 288)
+    if (KVS310X_SetDisplayedFPImageAt(pad->type, nullptr, canvas.width(), canvas.height(), kFullSize.left(),
+            kFullSize.top(), kFullSize.width(), kFullSize.height())
         != ARI_SUCCESS)
         throw notPlaced("on a canvas");
     waitForConfirm(pad);
@@ -89,10 +92,8 @@ void showFingerprints(SimulatorSettings &settings, OutputDirectory &output)
     separate.setWindowTitle("S310X - the fingerprint in another window");
     separate.setFixedSize(240, 330);
     separate.show();
-    captureWidget(
-        output, "s310x-finger-window.png", "the fingerprint in another window", &separate, [&](CaptureView &) {
-            placeAt(&separate, {16, 21, 208, 288}, "in another window");
-        });
+    captureWidget(output, "s310x-finger-window.png", "the fingerprint in another window", &separate,
+        [&](CaptureView &) { placeAt(&separate, kFullSize, "in another window"); });
 
     captureCanvas(output);
 }
