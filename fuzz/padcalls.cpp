@@ -243,9 +243,9 @@ void PadCalls::livePush()
 void PadCalls::place()
 {
     const auto small = [this] { return static_cast<int8_t>(m_bytes.byte()) * 3; };
-    QWidget *host = m_bytes.byte() % 3 == 0 ? m_pad.widget() : m_pad.window();
+    QWidget *parent = m_bytes.byte() % 3 == 0 ? m_pad.widget() : m_pad.window();
     KV_PROMISE(
-        isResult(KVS310X_SetDisplayedFPImageAt(m_type, host, small(), small(), small(), small(), small(), small())));
+        isResult(KVS310X_SetDisplayedFPImageAt(m_type, parent, small(), small(), small(), small(), small(), small())));
 }
 
 void PadCalls::fingerprintText()

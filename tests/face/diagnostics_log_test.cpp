@@ -1,4 +1,4 @@
-// The diagnostics log as a host application sees it: when it writes, where, and in which form.
+// The diagnostics log as a program sees it: when it writes, where, and in which form.
 #include "LogFileUtil.h"
 #include "logfile.h"
 #include "openpad.h"

@@ -223,9 +223,9 @@ void Scenario::ofTheModel()
 
 void Scenario::place()
 {
-    QWidget *host = oneIn(2) ? m_pad->window() : m_pad->widget();
+    QWidget *parent = oneIn(2) ? m_pad->window() : m_pad->widget();
     const int result = KVS310X_SetDisplayedFPImageAt(
-        KVS310X_DEVICE, host, 300, 250, upTo(100), upTo(100), 1 + upTo(120), 1 + upTo(150));
+        KVS310X_DEVICE, parent, 300, 250, upTo(100), upTo(100), 1 + upTo(120), 1 + upTo(150));
     tell("place", QByteArray::number(result));
 }
 

@@ -67,9 +67,9 @@ void sendSignature(OpenPad &pad)
 }
 
 /// The rectangle of the places of their own.
-QRect some(const QSize &host)
+QRect some(const QSize &canvas)
 {
-    return {host.width() / 5, host.height() / 6, host.width() / 3, host.height() / 2};
+    return {canvas.width() / 5, canvas.height() / 6, canvas.width() / 3, canvas.height() / 2};
 }
 
 int place(QWidget *parent, const QSize &canvas, const QRect &target)

@@ -213,13 +213,13 @@ TEST_P(FingerprintOutput, ItsTextShowsTheWholePlaceOrTheFingerprintAlone)
     int score = 0;
     for (QWidget *parent : parents) {
         ++score;
-        const QSize host = parent == &other ? other.size() : kSize;
+        const QSize whole = parent == &other ? other.size() : kSize;
         ASSERT_EQ(KVS310X_SetDisplayedFPImageAt(kDevice, parent, kSize.width(), kSize.height(), kPlace.left(),
                       kPlace.top(), kPlace.width(), kPlace.height()),
             ARI_SUCCESS);
         pad.driver.sendFingerprint(ridges(score), score);
         const QSize layerSize = headless ? kSize : QSize(kGreyWidth, kGreyHeight);
-        const QImage placed = printed(layerOf(ridges(score), layerSize), kPlace, host);
+        const QImage placed = printed(layerOf(ridges(score), layerSize), kPlace, whole);
         expectBecomes([&] { return fingerprintImage(pad); }, placed);
         const QImage cut = placed.copy(kPlace);
         EXPECT_EQ(fingerprintText(pad, EBITI_BITMAP, true).bytes(), fileOf(cut, "BMP"));

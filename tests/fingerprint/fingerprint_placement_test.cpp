@@ -11,7 +11,7 @@ constexpr int kDevice = KVS310X_DEVICE;
 const PadCase kWidgetPad{&kS310XFamily, false};
 const PadCase kHeadlessPad{&kS310XFamily, true};
 
-/// A rectangle on a host of 300 by 200 pixels.
+/// A rectangle on a canvas of 300 by 200 pixels.
 struct Placed
 {
     const char *name;

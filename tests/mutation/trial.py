@@ -17,7 +17,7 @@ from typing import Any
 from tree import LIBRARIES, Tree, said
 
 # Tests of programs around the library see little of a line of it; those of the plain ways compile the library anew.
-OTHER_PROGRAMS = {"simulator_tests", "host_ends_test", "documents_tests", "plain_ways_test", "memory_tests"}
+OTHER_PROGRAMS = {"simulator_tests", "program_ends_test", "documents_tests", "plain_ways_test", "memory_tests"}
 MEMORY = 8 << 30  # bytes that a test may have, and write into a file
 
 

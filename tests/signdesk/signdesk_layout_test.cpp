@@ -50,8 +50,8 @@ protected:
             EXPECT_GE(widget->width(), wish.width()) << describe(*widget);
             EXPECT_GE(widget->height(), std::max(wish.height(), widget->heightForWidth(widget->width())))
                 << describe(*widget);
-            const QWidget *host = widget->parentWidget();
-            EXPECT_TRUE(host->rect().contains(widget->geometry())) << describe(*widget);
+            const QWidget *parent = widget->parentWidget();
+            EXPECT_TRUE(parent->rect().contains(widget->geometry())) << describe(*widget);
             if (box != nullptr) {
                 EXPECT_GE(box->width(), box->sizeHint().width()) << describe(*widget); // its longest choice fits
             }

@@ -247,14 +247,14 @@ TEST_F(VirtualPad, OnlyItsUserMayMeetIt)
 /// The window as a program of its own, and a signing widget.
 TEST_F(VirtualPad, ServesAnotherProcess)
 {
-    QWidget host;
+    QWidget parent;
     QProcess process;
     const auto start = [&] {
         process.start(KV_VIRTUALPAD, {"--model", "S300"});
         return until([] { return std::filesystem::exists(kvsim::virtualPadSocket()); });
     };
     ASSERT_TRUE(start());
-    ASSERT_TRUE(until([&] { return kS310XFamily.InitialDevice(KVS310X_DEVICE, &host, 0, 0, 300, 150); }));
+    ASSERT_TRUE(until([&] { return kS310XFamily.InitialDevice(KVS310X_DEVICE, &parent, 0, 0, 300, 150); }));
     EXPECT_EQ(kS310XFamily.OpenLCD(KVS310X_DEVICE, true), 0);
     process.kill();
     process.waitForFinished();

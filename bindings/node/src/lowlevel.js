@@ -374,12 +374,12 @@ const FUNCTIONS = [
     'void KVS210_WPSBase64EncodeFree(int nDeviceType, void *pEncodedData)',
     // Places the fingerprint. Widget instance: in a rectangle of the signing widget when pParentWidget is its parent,
     // else in a new widget that covers pParentWidget. Headless: on a canvas of nCanvasWidth by nCanvasHeight pixels.
-    // The rectangle is in pixels and lies wholly inside its host. A new place takes over from the former one. A widget
-    // that was replaced stays in its window with its last picture, also after UnInitialDevice; the newest one is
-    // hidden and deleted by UnInitialDevice. A refused rectangle takes over too, and later fingerprints are painted
-    // into what of it lies inside its host: on the signing widget in place of the former rectangle, in another window
-    // on a new empty widget that is not shown, headless on a new white canvas of 640 by 480 pixels. Only which kind of
-    // place was accepted last does not change. Place the fingerprint once more then.
+    // The rectangle is in pixels and lies wholly inside that widget or canvas. A new place takes over from the former
+    // one. A widget that was replaced stays in its window with its last picture, also after UnInitialDevice; the
+    // newest one is hidden and deleted by UnInitialDevice. A refused rectangle takes over too. Later fingerprints are
+    // painted into the part of it that lies inside the widget or canvas: on the signing widget in place of the former
+    // rectangle, in another window on a new empty widget that is not shown, headless on a new white canvas of 640 by
+    // 480 pixels. Only which kind of place was accepted last does not change. Place the fingerprint once more then.
     'int KVS310X_SetDisplayedFPImageAt(int nDeviceType, void *pParentWidget, int nCanvasWidth, int nCanvasHeight, int nFPLeft, int nFPTop, int nFPWidth, int nFPHeight)',
     // The picture that carries the fingerprint, as Base64 text of EBITI_BITMAP, EBITI_JPEG or EBITI_PNG (white
     // transparent); bFPImageOnly cuts it to the fingerprint's rectangle.

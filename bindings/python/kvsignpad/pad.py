@@ -15,7 +15,7 @@ from typing import Any, AsyncIterator, Callable, Iterator, Optional, TypeVar
 
 from . import lowlevel, opening, receivers, sdk, settings
 from .errors import CommandFailed, NoInk, NotSaved, NotSupported, PadClosed, PadError, PadLost
-from .host import widget_address
+from .widgetaddress import widget_address
 from .info import PadInfo, device_info, device_text
 from .ink import Ink
 from .lowlevel import EncodedImageType, ReturnCode

@@ -1,4 +1,4 @@
-"""The address of a host application's widget, for a pad that shows its canvas inside it."""
+"""The address of the program's widget in which a pad shows its canvas."""
 
 from __future__ import annotations
 
@@ -9,7 +9,7 @@ from typing import Any
 def widget_address(parent: Any) -> int:
     """The QWidget's address: of a widget of PyQt5 or PySide2, or a number that already is one.
 
-    The host's Qt must be the system's Qt 5, the one that the library uses.
+    The program's Qt must be the system's Qt 5, the one that the library uses.
     """
     if isinstance(parent, int):
         return parent

@@ -1,5 +1,8 @@
-"""A host that ends with a pad open and a receiver set: ending_host.py LIBRARY. The interpreter ends the thread that it
-finds in the receiver when it shuts down, and the process ends all the same."""
+"""A program that ends with a pad open and a receiver set: ending_program.py LIBRARY.
+
+When the interpreter shuts down, it ends the thread that it finds in the receiver. The process must end all the same.
+"""
+
 import ctypes
 import sys
 import threading

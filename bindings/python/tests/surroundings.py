@@ -1,6 +1,6 @@
 """Python's bindings inside other programs: asyncio, a notebook, numpy, a window of PyQt5, a forked child.
 
-    python3 hosts.py DRIVER
+    python3 surroundings.py DRIVER
 """
 
 from __future__ import annotations
@@ -266,18 +266,18 @@ class Window(unittest.TestCase):
     def setUp(self) -> None:
         self.application = QApplication.instance() or QApplication([])
 
-    def test_canvas_in_the_host(self) -> None:
-        host = QWidget()
-        host.resize(500, 300)
-        host.show()
-        with Pad("S300", size=(400, 226), driver=DRIVER, parent=host, position=(20, 30)) as pad:
+    def test_canvas_in_the_window(self) -> None:
+        window = QWidget()
+        window.resize(500, 300)
+        window.show()
+        with Pad("S300", size=(400, 226), driver=DRIVER, parent=window, position=(20, 30)) as pad:
             tap = None
             while tap is None:
                 self.application.processEvents()
                 tap = pad.wait(timeout=0.01)
             self.assertIs(tap, Tap.CONFIRM)
             self.application.processEvents()
-            shown = host.grab().toImage()
+            shown = window.grab().toImage()
             inside = [(x, y) for x in range(20, 420) for y in range(30, 256) if shown.pixel(x, y) == 0xFF000000]
             self.assertGreater(len(inside), 200)
             raised: list[type[BaseException]] = []

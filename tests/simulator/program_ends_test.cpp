@@ -1,5 +1,5 @@
 /// @file
-/// Hosts that end while their pad still sends to a receiver. None of them may hang or crash.
+/// Programs that end while their pad still sends to a receiver. None of them may hang or crash.
 #include "patience.h"
 
 #include <QProcess>
@@ -19,11 +19,11 @@ struct Outcome
     std::string errors;
 };
 
-class HostEnds : public testing::Test
+class ProgramEnds : public testing::Test
 {
 protected:
     /// Sets up a pad whose confirm button is tapped again as soon as the receiver returns.
-    HostEnds()
+    ProgramEnds()
     {
         std::ofstream(recording()) << "version: 1\nmodel: S300\n0 300 1600 100 4\n1 300 1600 100 4\n";
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -38,26 +38,26 @@ protected:
 
     Outcome run(const QString &program, const QStringList &arguments) const
     {
-        QProcess host;
-        host.setProcessEnvironment(m_environment);
-        host.start(program, arguments);
-        if (!host.waitForFinished(static_cast<int>(std::chrono::milliseconds(kPatience).count()))) {
-            host.kill();
-            host.waitForFinished();
+        QProcess process;
+        process.setProcessEnvironment(m_environment);
+        process.start(program, arguments);
+        if (!process.waitForFinished(static_cast<int>(std::chrono::milliseconds(kPatience).count()))) {
+            process.kill();
+            process.waitForFinished();
             return {-1, "hangs"};
         }
-        const std::string errors = host.readAllStandardError().toStdString();
-        return {host.exitStatus() == QProcess::NormalExit ? host.exitCode() : -1, errors};
+        const std::string errors = process.readAllStandardError().toStdString();
+        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1, errors};
     }
 
     QProcessEnvironment m_environment;
     QTemporaryDir m_directory;
 };
 
-TEST_F(HostEnds, APythonHostEndsWithItsPadOpen)
+TEST_F(ProgramEnds, APythonProgramEndsWithItsPadOpen)
 {
     for (int i = 0; i < 8; ++i) {
-        const Outcome outcome = run("python3", {KV_ENDING_HOST, KV_LIBRARY});
+        const Outcome outcome = run("python3", {KV_ENDING_PROGRAM, KV_LIBRARY});
         ASSERT_EQ(outcome.exitCode, 0) << outcome.errors;
     }
 }
