@@ -1,6 +1,6 @@
-/* A host that closes its pad in a function that it gave to atexit() before the driver was loaded, as the destructor of
- * a static object does: the driver's own static objects are destroyed by then. It ends with 0 when each model's child
- * closed its pad well, in time. */
+/* A program that closes its pad in a function that it gave to atexit() before the driver was loaded, as the destructor
+ * of a static object does: the driver's own static objects are destroyed by then. It ends with 0 when each model's
+ * child closed its pad well, in time. */
 #include "kvsignpadsdk_global.h"
 
 #include <malloc.h>
@@ -21,7 +21,7 @@ static int wait_for(pid_t child, const char *model)
     int status = 0;
     for (int ms = 0; waitpid(child, &status, WNOHANG) != child; ++ms) {
         if (ms == PATIENCE_MS) {
-            fprintf(stderr, "%s: the host hangs\n", model);
+            fprintf(stderr, "%s: the program hangs\n", model);
             kill(child, SIGKILL);
             waitpid(child, NULL, 0);
             return 1;
@@ -29,11 +29,11 @@ static int wait_for(pid_t child, const char *model)
         usleep(1000);
     }
     if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
-        fprintf(stderr, "%s: the host ends with %x\n", model, (unsigned)status);
+        fprintf(stderr, "%s: the program ends with %x\n", model, (unsigned)status);
     return !WIFEXITED(status) || WEXITSTATUS(status) != 0;
 }
 
-/* The host itself is a child, so that one that hangs can be ended. */
+/* The program itself is a child, so that it can be ended when it hangs. */
 #define DEFINE_TRY(family)                                                                                             \
     static void close##family(void)                                                                                    \
     {                                                                                                                  \

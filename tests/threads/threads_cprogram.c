@@ -1,5 +1,5 @@
-/* A host without Qt and without C++: a C program that only has the public header and the shared library. It calls every
- * headless function of every model, with the simulated driver of the working directory, and ends with 0 when all
+/* A program without Qt and without C++: a C program that only has the public header and the shared library. It calls
+ * every headless function of every model, with the simulated driver of the working directory, and ends with 0 when all
  * answered as they should. */
 #include "kvsignpadsdk_global.h"
 
@@ -208,7 +208,7 @@ static void removeDirectory(const char *directory)
 
 int main(void)
 {
-    char name[] = "/tmp/kvsignpadsdk-chost.XXXXXX";
+    char name[] = "/tmp/kvsignpadsdk-cprogram.XXXXXX";
     const char *directory = mkdtemp(name);
     setenv("KVSIM_SPEED", "max", 1);
     setenv("KVSIM_DELAY_MS", "20", 1);

@@ -1,5 +1,6 @@
-/* A host that forks while its pad is read: each child has the parent's memory, but not the threads that work on it. The
- * children of even number close the pad first, all end as programs do. It ends with 0 when every child did, in time. */
+/* A program that forks while its pad is read: each child has the parent's memory, but not the threads that work on it.
+ * The children of even number close the pad first, all end as programs do. It ends with 0 when every child did, in
+ * time. */
 #include "kvsignpadsdk_global.h"
 
 #include <signal.h>
