@@ -1,146 +1,118 @@
 // Arguments out of range are refused by the exported functions, in order, before any instance is asked.
-#include "logfile.h"
+#include "exportedcalls_table.h"
 #include "openpad.h"
 
 #include <climits>
-#include <functional>
+#include <vector>
 
 namespace {
-
-struct BadCall
-{
-    std::string function;
-    std::function<long(const Family &)> call;
-    long result;
-    std::string leave;
-};
 
 char textBuffer[] = "VGV4dA==";
 char infoBuffer[64];
 wchar_t pathBuffer[] = L"/nowhere/at/all.png";
+
+void receiver(char *) { }
 
 long asNumber(const char *pointer)
 {
     return reinterpret_cast<intptr_t>(pointer);
 }
 
-constexpr char kTextTypeCondition[] =
-    "(nImageTypeID < EBITI_BITMAP) || ((nImageTypeID > EBITI_PNG) && (nImageTypeID != EBITI_INK)) !";
-
-void addTextTypes(std::vector<BadCall> &bad)
+/// What is passed: a number, or a pair of numbers.
+struct Values
 {
-    const std::string pointerLeave = std::string("leave with nullptr due to ") + kTextTypeCondition;
-    const std::string intLeave = std::string("leave with ARI_INVALID_PARAMETERS due to ") + kTextTypeCondition;
-    for (int id : {INT_MIN, -1, 0, 4, 5, 7, INT_MAX}) {
-        bad.push_back(
-            {"Base64Encode", [id](const Family &f) { return asNumber(f.Base64Encode(f.type, id)); }, 0, pointerLeave});
-        bad.push_back({"Base64EncodeEx",
-            [id](const Family &f) { return asNumber(f.Base64EncodeEx(f.type, id, false)); }, 0, pointerLeave});
-        bad.push_back({"Base64Decode",
-            [id](const Family &f) -> long { return f.Base64Decode(f.type, id, textBuffer, pathBuffer); }, -2,
-            intLeave});
-        bad.push_back({"Base64Decode",
-            [id](const Family &f) -> long { return f.Base64Decode(f.type, id, nullptr, pathBuffer); }, -2, intLeave});
-    }
-    for (int id : {1, 2, 3, 6}) {
-        for (const char *text : {static_cast<const char *>(nullptr), ""}) {
-            bad.push_back(
-                {"Base64Decode", [=](const Family &f) -> long { return f.Base64Decode(f.type, id, text, pathBuffer); },
-                    -2, "leave with nullptr due to (pEncodedData : null or empty) !"});
-        }
-    }
-}
+    int a;
+    int b = 0;
+};
 
-void addFileTypesAndMargins(std::vector<BadCall> &bad)
+/// Refused with every pair of values, always with the same result and leave line.
+struct BadCall
 {
-    for (int id : {INT_MIN, -1, 0, 4, 5, 6, 9, INT_MAX}) {
-        bad.push_back({"SaveDrawingImage",
-            [id](const Family &f) -> long { return f.SaveDrawingImage(f.type, id, pathBuffer, 0); }, -2,
-            "leave with ARI_INVALID_PARAMETERS due to nImageTypeID out of range !"});
-    }
-    const std::pair<int, int> margins[] = {{-1, 0}, {0, -1}, {-1, -1}, {INT_MIN, 5}, {5, INT_MIN}};
-    for (const auto &[x, y] : margins) {
-        bad.push_back({"SetSaveClipImageMargin",
-            [x = x, y = y](const Family &f) -> long { return f.SetSaveClipImageMargin(f.type, true, x, y); }, -2,
-            "leave with ARI_INVALID_PARAMETERS due to (nClipMarginX < 0) || (nClipMarginY < 0) !"});
-    }
-}
+    bool (*exists)(const Family &);
+    const char *function;
+    long (*call)(const Family &f, int a, int b);
+    std::vector<Values> values;
+    long result;
+    const char *leave;
+};
 
-void addSelectors(std::vector<BadCall> &bad)
+#define KV_CALL(...) [](const Family &f [[maybe_unused]], int a, int b [[maybe_unused]]) -> long { return __VA_ARGS__; }
+#define KV_TEXT(...) KV_CALL(asNumber(__VA_ARGS__))
+
+const std::vector<Values> kTextTypes{{1}, {2}, {3}, {6}};
+const std::vector<Values> kNoTextTypes{{INT_MIN}, {-1}, {0}, {4}, {5}, {7}, {INT_MAX}};
+const std::vector<Values> kNoFileTypes{{INT_MIN}, {-1}, {0}, {4}, {5}, {6}, {9}, {INT_MAX}};
+const std::vector<Values> kNoPushTypes{{INT_MIN}, {-1}, {0}, {1}, {4}, {6}, {INT_MAX}};
+
+const BadCall kBadCalls[] = {
+    {onAll, "Base64Encode", KV_TEXT(f.Base64Encode(f.type, a)), kNoTextTypes, 0,
+        "leave with nullptr due to (nImageTypeID < EBITI_BITMAP) || ((nImageTypeID > EBITI_PNG) && "
+        "(nImageTypeID != EBITI_INK)) !"},
+    {onAll, "Base64EncodeEx", KV_TEXT(f.Base64EncodeEx(f.type, a, false)), kNoTextTypes, 0,
+        "leave with nullptr due to (nImageTypeID < EBITI_BITMAP) || ((nImageTypeID > EBITI_PNG) && "
+        "(nImageTypeID != EBITI_INK)) !"},
+    {onAll, "Base64Decode", KV_CALL(f.Base64Decode(f.type, a, textBuffer, pathBuffer)), kNoTextTypes, -2,
+        "leave with ARI_INVALID_PARAMETERS due to (nImageTypeID < EBITI_BITMAP) || ((nImageTypeID > EBITI_PNG) && "
+        "(nImageTypeID != EBITI_INK)) !"},
+    {onAll, "Base64Decode", KV_CALL(f.Base64Decode(f.type, a, nullptr, pathBuffer)), kNoTextTypes, -2,
+        "leave with ARI_INVALID_PARAMETERS due to (nImageTypeID < EBITI_BITMAP) || ((nImageTypeID > EBITI_PNG) && "
+        "(nImageTypeID != EBITI_INK)) !"},
+    {onAll, "Base64Decode", KV_CALL(f.Base64Decode(f.type, a, nullptr, pathBuffer)), kTextTypes, -2,
+        "leave with nullptr due to (pEncodedData : null or empty) !"},
+    {onAll, "Base64Decode", KV_CALL(f.Base64Decode(f.type, a, "", pathBuffer)), kTextTypes, -2,
+        "leave with nullptr due to (pEncodedData : null or empty) !"},
+    {onAll, "SaveDrawingImage", KV_CALL(f.SaveDrawingImage(f.type, a, pathBuffer, 0)), kNoFileTypes, -2,
+        "leave with ARI_INVALID_PARAMETERS due to nImageTypeID out of range !"},
+    {onAll, "SetSaveClipImageMargin", KV_CALL(f.SetSaveClipImageMargin(f.type, true, a, b)),
+        {{-1, 0}, {0, -1}, {-1, -1}, {INT_MIN, 5}, {5, INT_MIN}}, -2,
+        "leave with ARI_INVALID_PARAMETERS due to (nClipMarginX < 0) || (nClipMarginY < 0) !"},
+    {onAll, "GetDeviceInfo", KV_CALL(f.GetDeviceInfo(f.type, a, infoBuffer)), {{0}, {8}, {-1}, {INT_MIN}, {INT_MAX}},
+        -2,
+        "leave with ARI_INVALID_PARAMETERS due to (nIndex < DIID_GET_STATUS) || (nIndex > DIID_GET_DRV_VER) || "
+        "(pOutput == nullptr) !"},
+    {onAll, "GetDeviceInfo", KV_CALL(f.GetDeviceInfo(f.type, a, nullptr)), {{1}, {7}, {0}}, -2,
+        "leave with ARI_INVALID_PARAMETERS due to (nIndex < DIID_GET_STATUS) || (nIndex > DIID_GET_DRV_VER) || "
+        "(pOutput == nullptr) !"},
+    {onAll, "GetDecodeInkPointData", KV_CALL(f.GetDecodeInkPointData(f.type, 0, a)),
+        {{INT_MIN}, {-1}, {0}, {4}, {INT_MAX}}, -2,
+        "leave with ARI_INVALID_PARAMETERS due to (nTypeID < INKDATATYPE_X) || (nTypeID > INKDATATYPE_STROKEEND) !"},
+
+    {onS210, "SetRealTimeSignBase64DataCallback", KV_CALL(KVS210_SetRealTimeSignBase64DataCallback(f.type, a, nullptr)),
+        {{0}, {1}, {2}, {3}, {6}}, 0,
+        "leave false due to (nDeviceType != KVS210_DEVICE) || (pfnSignBase64DataCallback == nullptr) !"},
+    {onS210, "SetRealTimeSignBase64DataCallback",
+        KV_CALL(KVS210_SetRealTimeSignBase64DataCallback(f.type, a, receiver)), kNoPushTypes, 0,
+        "leave false due to (nType != EBITI_JPEG) && (nImageTypeID != EBITI_PNG) !"},
+    {onS210, "WPSBase64Encode", KV_TEXT(KVS210_WPSBase64Encode(f.type, a)), kNoPushTypes, 0,
+        "leave nullptr due to (nType != EBITI_JPEG) && (nImageTypeID != EBITI_PNG) !"},
+    {onS210, "InitialWPSSignCanvas", KV_CALL(KVS210_InitialWPSSignCanvas(f.type, a, b)),
+        {{0, 5}, {5, 0}, {0, 0}, {0, -3}}, 0, "leave false due to (nWidth == 0) || (nHeight == 0) !"},
+
+    {onS310X, "GetFPImageBase64Data", KV_TEXT(KVS310X_GetFPImageBase64Data(f.type, a, true)),
+        {{INT_MIN}, {-1}, {0}, {4}, {6}, {INT_MAX}}, 0,
+        "leave with nullptr due to (nImageTypeID < EBITI_BITMAP) || (nImageTypeID > EBITI_PNG) !"},
+};
+
+void expectRefusal(const Family &family, const BadCall &bad, const Values &values)
 {
-    const std::pair<int, void *> info[] = {{0, infoBuffer}, {8, infoBuffer}, {-1, infoBuffer}, {INT_MIN, infoBuffer},
-        {INT_MAX, infoBuffer}, {1, nullptr}, {7, nullptr}, {0, nullptr}};
-    for (const auto &[index, output] : info) {
-        bad.push_back({"GetDeviceInfo",
-            [index = index, output = output](
-                const Family &f) -> long { return f.GetDeviceInfo(f.type, index, output); },
-            -2,
-            "leave with ARI_INVALID_PARAMETERS due to (nIndex < DIID_GET_STATUS) || (nIndex > DIID_GET_DRV_VER) || "
-            "(pOutput == nullptr) !"});
-    }
-    for (int id : {INT_MIN, -1, 0, 4, INT_MAX}) {
-        bad.push_back({"GetDecodeInkPointData",
-            [id](const Family &f) -> long { return f.GetDecodeInkPointData(f.type, 0, id); }, -2,
-            "leave with ARI_INVALID_PARAMETERS due to (nTypeID < INKDATATYPE_X) || (nTypeID > INKDATATYPE_STROKEEND) !"});
-    }
-}
-
-void receiver(char *) { }
-
-void addLivePush(std::vector<BadCall> &bad)
-{
-    for (int id : {0, 1, 2, 3, 6}) {
-        bad.push_back({"SetRealTimeSignBase64DataCallback",
-            [id](const Family &f) -> long { return KVS210_SetRealTimeSignBase64DataCallback(f.type, id, nullptr); }, 0,
-            "leave false due to (nDeviceType != KVS210_DEVICE) || (pfnSignBase64DataCallback == nullptr) !"});
-    }
-    for (int id : {INT_MIN, -1, 0, 1, 4, 6, INT_MAX}) {
-        bad.push_back({"SetRealTimeSignBase64DataCallback",
-            [id](const Family &f) -> long { return KVS210_SetRealTimeSignBase64DataCallback(f.type, id, receiver); }, 0,
-            "leave false due to (nType != EBITI_JPEG) && (nImageTypeID != EBITI_PNG) !"});
-        bad.push_back(
-            {"WPSBase64Encode", [id](const Family &f) { return asNumber(KVS210_WPSBase64Encode(f.type, id)); }, 0,
-                "leave nullptr due to (nType != EBITI_JPEG) && (nImageTypeID != EBITI_PNG) !"});
-    }
-    const std::pair<int, int> sizes[] = {{0, 5}, {5, 0}, {0, 0}, {0, -3}};
-    for (const auto &[width, height] : sizes) {
-        bad.push_back({"InitialWPSSignCanvas",
-            [width = width, height = height](
-                const Family &f) -> long { return KVS210_InitialWPSSignCanvas(f.type, width, height); },
-            0, "leave false due to (nWidth == 0) || (nHeight == 0) !"});
-    }
-}
-
-std::vector<BadCall> badCalls(const Family &family)
-{
-    std::vector<BadCall> bad;
-    addTextTypes(bad);
-    addFileTypesAndMargins(bad);
-    addSelectors(bad);
-    if (family.type == KVS210_DEVICE)
-        addLivePush(bad);
-    if (family.type == KVS310X_DEVICE) {
-        for (int id : {INT_MIN, -1, 0, 4, 6, INT_MAX}) {
-            bad.push_back({"GetFPImageBase64Data",
-                [id](const Family &f) { return asNumber(KVS310X_GetFPImageBase64Data(f.type, id, true)); }, 0,
-                "leave with nullptr due to (nImageTypeID < EBITI_BITMAP) || (nImageTypeID > EBITI_PNG) !"});
-        }
-    }
-    return bad;
+    SCOPED_TRACE(family.prefix + std::string(bad.function));
+    const LogTail log;
+    const LogOn on;
+    EXPECT_EQ(bad.call(family, values.a, values.b), bad.result) << values.a << ", " << values.b;
+    const std::string key = family.prefix + std::string(bad.function) + "()";
+    const std::vector<LogEntry> entries = log.entries();
+    ASSERT_EQ(entries.size(), 2u);
+    EXPECT_EQ(entries[0].key, key);
+    EXPECT_EQ(entries[1], (LogEntry{key, bad.leave}));
 }
 
 void expectRefusals(const Family &family)
 {
-    for (const BadCall &bad : badCalls(family)) {
-        SCOPED_TRACE(family.prefix + bad.function);
-        const LogTail log;
-        const LogOn on;
-        EXPECT_EQ(bad.call(family), bad.result);
-        const std::string key = family.prefix + bad.function + "()";
-        const std::vector<LogEntry> entries = log.entries();
-        ASSERT_EQ(entries.size(), 2u);
-        EXPECT_EQ(entries[0].key, key);
-        EXPECT_EQ(entries[1], (LogEntry{key, bad.leave}));
+    for (const BadCall &bad : kBadCalls) {
+        if (!bad.exists(family))
+            continue;
+        for (const Values &values : bad.values)
+            expectRefusal(family, bad, values);
     }
 }
 

@@ -18,11 +18,6 @@ struct Forward
 void receiver(char *) { }
 void eventReceiver(int) { }
 
-std::string pathText()
-{
-    return hex(static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(callBuffers.path)));
-}
-
 std::vector<Forward> forwards(const PadCase &pad)
 {
     const std::string text = hex(callBuffers.text);
@@ -41,11 +36,11 @@ std::vector<Forward> forwards(const PadCase &pad)
         {"GetInkPointDataTimeInfo", "GetInkPointDataTimeInfo()", "enter, nIndex=5"},
         {"SetSaveClipImageMargin", "SetSaveClipImageMargin()", "Enter, bClipImage=1, nClipMarginX=3, nClipMarginY=4"},
         {"SaveDrawingImage", "SaveDrawingImage()",
-            "enter, nImageTypeID=3, pImageFilePath=" + pathText() + ", nDPI=300"},
+            "enter, nImageTypeID=3, pImageFilePath=" + pathAsLogged() + ", nDPI=300"},
         {"Base64Encode", "Base64Encode()", "enter, nImageTypeID=6"},
         {"Base64EncodeEx", "Base64EncodeEx()", "enter, nImageTypeID=2, bEnableTransparentBackground=1"},
         {"GetSVGImageBase64Data", "GetSVGImageBase64Data()", "enter, nInkCount=-8"},
-        {"Base64Decode", "Base64Decode()", "enter, nImageTypeID=6, pImageFilePath=" + pathText()},
+        {"Base64Decode", "Base64Decode()", "enter, nImageTypeID=6, pImageFilePath=" + pathAsLogged()},
         {"GetTotalDecodeInkPointsNumber", "GetTotalDecodeInkPointsNumber()", "enter..."},
         {"GetDecodeInkPointData", "GetDecodeInkPointData()", "enter, nIndex=2, nTypeID=1"},
         {"UnInitialDevice", "Shutdown()", "Enter..."},
@@ -122,7 +117,7 @@ TEST_P(Forwarding, TurnsTheDpiLevelInto150Or300)
         pad->SaveDrawingImage(pad.type(), 7, callBuffers.path, level);
         LogOn::set(false);
         const LogEntry wanted = {std::string(GetParam().className()) + "::SaveDrawingImage()",
-            "enter, nImageTypeID=7, pImageFilePath=" + pathText() + ", nDPI=" + (level == 0 ? "150" : "300")};
+            "enter, nImageTypeID=7, pImageFilePath=" + pathAsLogged() + ", nDPI=" + (level == 0 ? "150" : "300")};
         const std::vector<LogEntry> entries = log.entries();
         EXPECT_EQ(std::count(entries.begin(), entries.end(), wanted), 1) << level;
     }

@@ -27,9 +27,9 @@ void expectRefusals(const ExportedCall &row)
         const LogTail log;
         const LogOn on;
         callBuffers = freshCallBuffers();
-        EXPECT_EQ(row.call(type), row.wrongTypeResult());
+        EXPECT_EQ(row.call(type), row.wrongTypeResult);
         EXPECT_TRUE(sameBuffers(callBuffers, freshCallBuffers()));
-        const std::vector<LogEntry> expected = {{row.key(), row.enterText(type)}, {row.key(), row.wrongTypeText()}};
+        const std::vector<LogEntry> expected = {{row.key(), row.enterText(type)}, {row.key(), row.wrongTypeLeave}};
         EXPECT_EQ(log.entries(), expected);
     }
 }

@@ -156,7 +156,7 @@ void refuseOnAll(std::set<Failure> &reached)
         {
             const FaultRun open(pad, kStroke);
             callAll(
-                pad, open.wrong(), [](const ExportedCall &row) { return row.wrongTypeResult(); }, kType, reached);
+                pad, open.wrong(), [](const ExportedCall &row) { return row.wrongTypeResult; }, kType, reached);
         }
         const FaultRun closed(pad, kClosed);
         callAll(

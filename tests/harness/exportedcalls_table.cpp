@@ -4,6 +4,8 @@
 #include <cctype>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
+#include <optional>
 
 CallBuffers callBuffers = freshCallBuffers();
 
@@ -38,19 +40,9 @@ bool matches(const std::string &text, const std::string &pattern)
     return std::all_of(middle.begin(), middle.end(), [](unsigned char c) { return std::isalnum(c) != 0 || c == '_'; });
 }
 
-std::string ExportedCall::enterText(int deviceType) const
+std::string pathAsLogged()
 {
-    std::string text = enter;
-    return text.replace(text.find('#'), 1, std::to_string(deviceType));
-}
-
-std::string ExportedCall::wrongTypeText() const
-{
-    if (!wrongTypeLeave.empty())
-        return wrongTypeLeave;
-    static const char *const results[] = {" with false", " with ARI_INVALID_PARAMETERS", " with nullptr", ""};
-    return std::string("leave") + results[static_cast<int>(kind)] + " due to (nDeviceType != " + family->deviceName
-        + ") !";
+    return hex(static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(callBuffers.path)));
 }
 
 namespace {
@@ -63,158 +55,197 @@ long asNumber(const char *pointer)
     return static_cast<long>(reinterpret_cast<std::intptr_t>(pointer));
 }
 
-struct Rows
+/// With the family's own type the function writes a text, so only a refused call gets the watched buffer.
+void getAboutInfo(const Family &family, int type)
 {
-    const Family &family;
-    std::vector<ExportedCall> rows;
+    char own[128];
+    family.GetAboutInfo(type, type == family.type ? own : callBuffers.text);
+}
 
-    template <class Call>
-    void add(const char *function, Kind kind, Call call, const std::string &enter, long without,
-        const std::string &leaveWithout, const std::string &wrongTypeLeave = "")
-    {
-        rows.push_back({&family, function, kind, call, enter, without, leaveWithout, wrongTypeLeave});
-    }
-    template <class Call>
-    void addInt(const char *function, Call call, const std::string &arguments = "")
-    {
-        add(function, Kind::Int, call, "Enter, nDeviceType=#" + arguments, -1, "leave with nResult=-1 !");
-    }
-    template <class Free>
-    void addFree(const char *function, const char *argument, Free free)
-    {
-        const auto call = [free](int type) {
-            free(type, callBuffers.text);
-            return 0L;
-        };
-        add(function, Kind::Void, call, std::string("Enter, nDeviceType=#, ") + argument + "=" + hex(callBuffers.text),
-            0, "leave !");
-    }
+// The functions of one family alone.
+const auto SetRealTimeSignBase64DataCallback = KVS210_SetRealTimeSignBase64DataCallback;
+const auto InitialWPSSignCanvas = KVS210_InitialWPSSignCanvas;
+const auto WPSBase64Encode = KVS210_WPSBase64Encode;
+const auto WPSBase64EncodeFree = KVS210_WPSBase64EncodeFree;
+const auto SetDisplayedFPImageAt = KVS310X_SetDisplayedFPImageAt;
+const auto GetFPImageBase64Data = KVS310X_GetFPImageBase64Data;
+const auto FreeFPImageBase64Data = KVS310X_FreeFPImageBase64Data;
+
+struct Answer
+{
+    long result;
+    const char *leave;
 };
 
-#define KV_CALL(...) [&family = rows.family](int type) -> long { return __VA_ARGS__; }
-
-void addLifecycle(Rows &rows)
+/// Kind of result. It says how a function answers when it refuses.
+enum class Kind
 {
-    rows.add("InitialDevice", Kind::Bool, KV_CALL(family.InitialDevice(type, nullptr, 1, 2, 30, 40)),
-        "Enter, nDeviceType=#, pParentWidget=0, nX=1, nY=2, nWidth=30, nHeight=40", 1, "leave with bRet=1 !");
-    rows.add("UnInitialDevice", Kind::Int, KV_CALL(family.UnInitialDevice(type)), "Enter, nDeviceType=#", 0,
-        "leave with ARI_SUCCESS...");
-}
+    Bool,
+    Int,
+    Pointer,
+    Void
+};
 
-void addDevice(Rows &rows)
+struct Row
 {
-    const std::string text = hex(callBuffers.text);
-    if (rows.family.hasScreen) {
-        rows.addInt("OpenLCD", KV_CALL(family.OpenLCD(type, true)), ", bOn=1");
-        rows.addInt(
-            "GetHWPenID", KV_CALL(family.GetHWPenID(type, callBuffers.text, 9)), ", pPenID=" + text + ", nMaxCount=9");
-        rows.addInt("DisplayHWVersion", KV_CALL(family.DisplayHWVersion(type, true)), ", bOn=1");
+    bool (*exists)(const Family &);
+    const char *function;
+    Kind kind;
+    long (*call)(const Family &f, int type);
+    const char *enter; ///< # for the device type; {text}, {path}, {event}, {push} for the addresses of what is passed
+    std::optional<Answer> withoutInstance = std::nullopt; ///< nothing: the kind's
+    const char *wrongTypeLeave = nullptr; ///< null: the kind's
+};
+
+#define KV_CALL(...) [](const Family &f [[maybe_unused]], int type) -> long { return __VA_ARGS__; }
+#define KV_TEXT(...) [](const Family &f [[maybe_unused]], int type) -> long { return asNumber(__VA_ARGS__); }
+#define KV_VOID(...)                                                                                                   \
+    [](const Family &f [[maybe_unused]], int type) -> long {                                                           \
+        __VA_ARGS__;                                                                                                   \
+        return 0;                                                                                                      \
     }
-    rows.addInt("Clear", KV_CALL(family.Clear(type)));
-    rows.addInt(
-        "GetHWPadID", KV_CALL(family.GetHWPadID(type, callBuffers.text, 9)), ", pPadID=" + text + ", nMaxCount=9");
-    rows.addInt("GetHWVersion", KV_CALL(family.GetHWVersion(type, callBuffers.text, 9)),
-        ", pVersion=" + text + ", nMaxCount=9");
-    rows.addInt(
-        "GetDeviceInfo", KV_CALL(family.GetDeviceInfo(type, 4, callBuffers.text)), ", nIndex=4, pOutput=" + text);
-    rows.addInt("SetPenStyle", KV_CALL(family.SetPenStyle(type, false)), ", bPressureOn=0");
-    rows.addInt("SetPenWidth", KV_CALL(family.SetPenWidth(type, 8)), ", nPenWidth=8");
-    rows.addInt("SetPenColor", KV_CALL(family.SetPenColor(type, 10, 20, 30)), ", nR=10, nG=20, nB=30");
-    rows.addInt("SignPadEventCallback", KV_CALL(family.SignPadEventCallback(type, eventReceiver)),
-        ", pfnSignPadEventCallback=" + hex(reinterpret_cast<void *>(eventReceiver)));
-    rows.addInt("GetDeviceConfirmOrCancelKeyStatus", KV_CALL(family.GetDeviceConfirmOrCancelKeyStatus(type)));
+
+const Row kRows[] = {
+    {onAll, "InitialDevice", Kind::Bool, KV_CALL(f.InitialDevice(type, nullptr, 1, 2, 30, 40)),
+        "Enter, nDeviceType=#, pParentWidget=0, nX=1, nY=2, nWidth=30, nHeight=40", Answer{1, "leave with bRet=1 !"}},
+    {onAll, "UnInitialDevice", Kind::Int, KV_CALL(f.UnInitialDevice(type)), "Enter, nDeviceType=#",
+        Answer{0, "leave with ARI_SUCCESS..."}},
+
+    {onScreens, "OpenLCD", Kind::Int, KV_CALL(f.OpenLCD(type, true)), "Enter, nDeviceType=#, bOn=1"},
+    {onScreens, "GetHWPenID", Kind::Int, KV_CALL(f.GetHWPenID(type, callBuffers.text, 9)),
+        "Enter, nDeviceType=#, pPenID={text}, nMaxCount=9"},
+    {onScreens, "DisplayHWVersion", Kind::Int, KV_CALL(f.DisplayHWVersion(type, true)), "Enter, nDeviceType=#, bOn=1"},
+    {onAll, "Clear", Kind::Int, KV_CALL(f.Clear(type)), "Enter, nDeviceType=#"},
+    {onAll, "GetHWPadID", Kind::Int, KV_CALL(f.GetHWPadID(type, callBuffers.text, 9)),
+        "Enter, nDeviceType=#, pPadID={text}, nMaxCount=9"},
+    {onAll, "GetHWVersion", Kind::Int, KV_CALL(f.GetHWVersion(type, callBuffers.text, 9)),
+        "Enter, nDeviceType=#, pVersion={text}, nMaxCount=9"},
+    {onAll, "GetDeviceInfo", Kind::Int, KV_CALL(f.GetDeviceInfo(type, 4, callBuffers.text)),
+        "Enter, nDeviceType=#, nIndex=4, pOutput={text}"},
+    {onAll, "SetPenStyle", Kind::Int, KV_CALL(f.SetPenStyle(type, false)), "Enter, nDeviceType=#, bPressureOn=0"},
+    {onAll, "SetPenWidth", Kind::Int, KV_CALL(f.SetPenWidth(type, 8)), "Enter, nDeviceType=#, nPenWidth=8"},
+    {onAll, "SetPenColor", Kind::Int, KV_CALL(f.SetPenColor(type, 10, 20, 30)),
+        "Enter, nDeviceType=#, nR=10, nG=20, nB=30"},
+    {onAll, "SignPadEventCallback", Kind::Int, KV_CALL(f.SignPadEventCallback(type, eventReceiver)),
+        "Enter, nDeviceType=#, pfnSignPadEventCallback={event}"},
+    {onAll, "GetDeviceConfirmOrCancelKeyStatus", Kind::Int, KV_CALL(f.GetDeviceConfirmOrCancelKeyStatus(type)),
+        "Enter, nDeviceType=#"},
+
+    {onAll, "GetTotalInkPointsNumber", Kind::Int, KV_CALL(f.GetTotalInkPointsNumber(type)), "Enter, nDeviceType=#",
+        Answer{-8, "leave with nInkCount=-8 !"}},
+    {onAll, "GetInkPointData", Kind::Int, KV_CALL(f.GetInkPointData(type, callBuffers.point)),
+        "Enter, nDeviceType=#, currentInkPoint.nIndex=7"},
+    {onAll, "GetInkPointDataTimeInfo", Kind::Pointer, KV_TEXT(f.GetInkPointDataTimeInfo(type, 5)),
+        "Enter, nDeviceType=#, nIndex=5"},
+    {onAll, "FreeInkPointDataTimeInfo", Kind::Void, KV_VOID(f.FreeInkPointDataTimeInfo(type, callBuffers.text)),
+        "Enter, nDeviceType=#, pInkPointDataTimeInfo={text}"},
+    {onAll, "SetSaveClipImageMargin", Kind::Int, KV_CALL(f.SetSaveClipImageMargin(type, true, 3, 4)),
+        "Enter, nDeviceType=#, bClipImage=1, nClipMarginX=3, nClipMarginY=4"},
+
+    {onAll, "SaveDrawingImage", Kind::Int, KV_CALL(f.SaveDrawingImage(type, 3, callBuffers.path, 1)),
+        "Enter, nDeviceType=#, nImageTypeID=3, pImageFilePath={path}, nDPILevel=1"},
+    {onAll, "Base64Encode", Kind::Pointer, KV_TEXT(f.Base64Encode(type, 6)), "Enter, nDeviceType=#, nImageTypeID=6",
+        Answer{0, "leave with pEncodeBase64Image=0 !"}},
+    {onAll, "Base64EncodeFree", Kind::Void, KV_VOID(f.Base64EncodeFree(type, callBuffers.text)),
+        "Enter, nDeviceType=#, pEncodedData={text}"},
+    {onAll, "Base64EncodeEx", Kind::Pointer, KV_TEXT(f.Base64EncodeEx(type, 2, true)),
+        "Enter, nDeviceType=#, nImageTypeID=2, bEnableTransparentBackground=1",
+        Answer{0, "leave with pEncodeBase64Image=0 !"}},
+    {onAll, "Base64EncodeExFree", Kind::Void, KV_VOID(f.Base64EncodeExFree(type, callBuffers.text)),
+        "Enter, nDeviceType=#, pEncodedData={text}"},
+    {onAll, "GetSVGImageBase64Data", Kind::Pointer, KV_TEXT(f.GetSVGImageBase64Data(type)), "Enter, nDeviceType=#"},
+    {onAll, "FreeSVGImageBase64Data", Kind::Void, KV_VOID(f.FreeSVGImageBase64Data(type, callBuffers.text)),
+        "Enter, nDeviceType=#, pEncodedData={text}"},
+    {onAll, "Base64Decode", Kind::Int, KV_CALL(f.Base64Decode(type, 6, callBuffers.text, callBuffers.path)),
+        "Enter, nDeviceType=#, nImageTypeID=6, pEncodedData={text}, pImageFilePath={path}"},
+    {onAll, "GetTotalDecodeInkPointsNumber", Kind::Int, KV_CALL(f.GetTotalDecodeInkPointsNumber(type)),
+        "Enter, nDeviceType=#", Answer{-8, "leave with *=-8 !"}},
+    {onAll, "GetDecodeInkPointData", Kind::Int, KV_CALL(f.GetDecodeInkPointData(type, 2, 1)),
+        "Enter, nDeviceType=#, nIndex=2, nTypeID=1"},
+
+    {onAll, "GetAboutInfo", Kind::Void, KV_VOID(getAboutInfo(f, type)), "enter, nDeviceType=#"},
+
+    {onS210, "SetRealTimeSignBase64DataCallback", Kind::Bool,
+        KV_CALL(SetRealTimeSignBase64DataCallback(type, 2, pushReceiver)),
+        "Enter, nDeviceType=#, nType=2, pfnSignBase64DataCallback={push}", std::nullopt,
+        "leave false due to (nDeviceType != KVS210_DEVICE) || (pfnSignBase64DataCallback == nullptr) !"},
+    {onS210, "InitialWPSSignCanvas", Kind::Bool, KV_CALL(InitialWPSSignCanvas(type, 30, 10)),
+        "Enter, nDeviceType=#, nWidth=30, nHeight=10", std::nullopt,
+        "leave false due to (nDeviceType != KVS210_DEVICE) !"},
+    {onS210, "WPSBase64Encode", Kind::Pointer, KV_TEXT(WPSBase64Encode(type, 3)),
+        "Enter, nDeviceType=#, nImageTypeID=3"},
+    {onS210, "WPSBase64EncodeFree", Kind::Void, KV_VOID(WPSBase64EncodeFree(type, callBuffers.text)),
+        "Enter, nDeviceType=#, pEncodedData={text}"},
+
+    {onS310X, "SetDisplayedFPImageAt", Kind::Int, KV_CALL(SetDisplayedFPImageAt(type, nullptr, 100, 90, 1, 2, 30, 40)),
+        "Enter, nDeviceType=#, pParentWidget=0, nCanvasWidth=100, nCanvasHeight=90, nFPLeft=1, nFPTop=2, nFPWidth=30, "
+        "nFPHeight=40"},
+    {onS310X, "GetFPImageBase64Data", Kind::Pointer, KV_TEXT(GetFPImageBase64Data(type, 3, true)),
+        "Enter, nDeviceType=#, nImageTypeID=3, bFPImageOnly=1"},
+    {onS310X, "FreeFPImageBase64Data", Kind::Void, KV_VOID(FreeFPImageBase64Data(type, callBuffers.text)),
+        "Enter, nDeviceType=#, pFPImageBase64Data={text}"},
+};
+
+/// What the functions of a kind answer where their row says nothing else.
+struct KindRow
+{
+    Kind kind;
+    Answer withoutInstance;
+    long wrongTypeResult;
+    const char *wrongTypeLeave; ///< followed by the reason
+};
+
+const KindRow kKinds[] = {
+    {Kind::Bool, {0, "leave with *=0 !"}, 0, "leave with false"},
+    {Kind::Int, {-1, "leave with nResult=-1 !"}, -2, "leave with ARI_INVALID_PARAMETERS"},
+    {Kind::Pointer, {0, "leave with *=0 !"}, 0, "leave with nullptr"},
+    {Kind::Void, {0, "leave !"}, 0, "leave"},
+};
+
+const KindRow &rowOf(Kind kind)
+{
+    return *std::find_if(std::begin(kKinds), std::end(kKinds), [kind](const KindRow &row) { return row.kind == kind; });
 }
 
-void addPoints(Rows &rows)
+void replace(std::string &text, const char *name, const std::string &value)
 {
-    rows.add("GetTotalInkPointsNumber", Kind::Int, KV_CALL(family.GetTotalInkPointsNumber(type)),
-        "Enter, nDeviceType=#", -8, "leave with nInkCount=-8 !");
-    rows.addInt(
-        "GetInkPointData", KV_CALL(family.GetInkPointData(type, callBuffers.point)), ", currentInkPoint.nIndex=7");
-    rows.add("GetInkPointDataTimeInfo", Kind::Pointer, KV_CALL(asNumber(family.GetInkPointDataTimeInfo(type, 5))),
-        "Enter, nDeviceType=#, nIndex=5", 0, "leave with *=0 !");
-    rows.addFree("FreeInkPointDataTimeInfo", "pInkPointDataTimeInfo", rows.family.FreeInkPointDataTimeInfo);
-    rows.addInt("SetSaveClipImageMargin", KV_CALL(family.SetSaveClipImageMargin(type, true, 3, 4)),
-        ", bClipImage=1, nClipMarginX=3, nClipMarginY=4");
+    if (const size_t at = text.find(name); at != std::string::npos)
+        text.replace(at, std::strlen(name), value);
 }
 
-void addOutputs(Rows &rows)
+std::string withAddresses(std::string enter)
 {
-    // Paths are printed as "%x", in 32 bits.
-    const std::string path = hex(static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(callBuffers.path)));
-    rows.addInt("SaveDrawingImage", KV_CALL(family.SaveDrawingImage(type, 3, callBuffers.path, 1)),
-        ", nImageTypeID=3, pImageFilePath=" + path + ", nDPILevel=1");
-    rows.add("Base64Encode", Kind::Pointer, KV_CALL(asNumber(family.Base64Encode(type, 6))),
-        "Enter, nDeviceType=#, nImageTypeID=6", 0, "leave with pEncodeBase64Image=0 !");
-    rows.addFree("Base64EncodeFree", "pEncodedData", rows.family.Base64EncodeFree);
-    rows.add("Base64EncodeEx", Kind::Pointer, KV_CALL(asNumber(family.Base64EncodeEx(type, 2, true))),
-        "Enter, nDeviceType=#, nImageTypeID=2, bEnableTransparentBackground=1", 0, "leave with pEncodeBase64Image=0 !");
-    rows.addFree("Base64EncodeExFree", "pEncodedData", rows.family.Base64EncodeExFree);
-    rows.add("GetSVGImageBase64Data", Kind::Pointer, KV_CALL(asNumber(family.GetSVGImageBase64Data(type))),
-        "Enter, nDeviceType=#", 0, "leave with *=0 !");
-    rows.addFree("FreeSVGImageBase64Data", "pEncodedData", rows.family.FreeSVGImageBase64Data);
-    rows.addInt("Base64Decode", KV_CALL(family.Base64Decode(type, 6, callBuffers.text, callBuffers.path)),
-        ", nImageTypeID=6, pEncodedData=" + hex(callBuffers.text) + ", pImageFilePath=" + path);
-    rows.add("GetTotalDecodeInkPointsNumber", Kind::Int, KV_CALL(family.GetTotalDecodeInkPointsNumber(type)),
-        "Enter, nDeviceType=#", -8, "leave with *=-8 !");
-    rows.addInt("GetDecodeInkPointData", KV_CALL(family.GetDecodeInkPointData(type, 2, 1)), ", nIndex=2, nTypeID=1");
+    replace(enter, "{text}", hex(callBuffers.text));
+    replace(enter, "{path}", pathAsLogged());
+    replace(enter, "{event}", hex(reinterpret_cast<void *>(eventReceiver)));
+    replace(enter, "{push}", hex(reinterpret_cast<void *>(pushReceiver)));
+    return enter;
 }
 
-void addAbout(Rows &rows)
+ExportedCall callOf(const Family &family, const Row &row)
 {
-    const auto call = [&family = rows.family](int type) {
-        // With the family's own type this writes a text, so only refused calls get the watched buffer.
-        char own[128];
-        family.GetAboutInfo(type, type == family.type ? own : callBuffers.text);
-        return 0L;
-    };
-    rows.add("GetAboutInfo", Kind::Void, call, "enter, nDeviceType=#", 0, "leave !");
-}
-
-void addLivePush(Rows &rows)
-{
-    rows.add(
-        "SetRealTimeSignBase64DataCallback", Kind::Bool,
-        [](int type) -> long { return KVS210_SetRealTimeSignBase64DataCallback(type, 2, pushReceiver); },
-        "Enter, nDeviceType=#, nType=2, pfnSignBase64DataCallback=" + hex(reinterpret_cast<void *>(pushReceiver)), 0,
-        "leave with *=0 !",
-        "leave false due to (nDeviceType != KVS210_DEVICE) || (pfnSignBase64DataCallback == nullptr) !");
-    rows.add(
-        "InitialWPSSignCanvas", Kind::Bool, [](int type) -> long { return KVS210_InitialWPSSignCanvas(type, 30, 10); },
-        "Enter, nDeviceType=#, nWidth=30, nHeight=10", 0, "leave with *=0 !",
-        "leave false due to (nDeviceType != KVS210_DEVICE) !");
-    rows.add(
-        "WPSBase64Encode", Kind::Pointer, [](int type) { return asNumber(KVS210_WPSBase64Encode(type, 3)); },
-        "Enter, nDeviceType=#, nImageTypeID=3", 0, "leave with *=0 !");
-    rows.addFree("WPSBase64EncodeFree", "pEncodedData", KVS210_WPSBase64EncodeFree);
-}
-
-void addFingerprint(Rows &rows)
-{
-    rows.addInt(
-        "SetDisplayedFPImageAt",
-        [](int type) -> long { return KVS310X_SetDisplayedFPImageAt(type, nullptr, 100, 90, 1, 2, 30, 40); },
-        ", pParentWidget=0, nCanvasWidth=100, nCanvasHeight=90, nFPLeft=1, nFPTop=2, nFPWidth=30, nFPHeight=40");
-    rows.add(
-        "GetFPImageBase64Data", Kind::Pointer,
-        [](int type) { return asNumber(KVS310X_GetFPImageBase64Data(type, 3, true)); },
-        "Enter, nDeviceType=#, nImageTypeID=3, bFPImageOnly=1", 0, "leave with *=0 !");
-    rows.addFree("FreeFPImageBase64Data", "pFPImageBase64Data", KVS310X_FreeFPImageBase64Data);
+    const KindRow &kind = rowOf(row.kind);
+    const Answer without = row.withoutInstance.value_or(kind.withoutInstance);
+    const std::string reason = std::string(" due to (nDeviceType != ") + family.deviceName + ") !";
+    return {&family, row.function, row.call, withAddresses(row.enter), without.result, without.leave,
+        kind.wrongTypeResult, row.wrongTypeLeave != nullptr ? row.wrongTypeLeave : kind.wrongTypeLeave + reason};
 }
 
 } // namespace
 
+std::string ExportedCall::enterText(int deviceType) const
+{
+    std::string text = enter;
+    replace(text, "#", std::to_string(deviceType));
+    return text;
+}
+
 std::vector<ExportedCall> exportedCalls(const Family &family)
 {
-    Rows rows{family, {}};
-    addLifecycle(rows);
-    addDevice(rows);
-    addPoints(rows);
-    addOutputs(rows);
-    addAbout(rows);
-    if (family.type == KVS210_DEVICE)
-        addLivePush(rows);
-    if (family.type == KVS310X_DEVICE)
-        addFingerprint(rows);
-    return rows.rows;
+    std::vector<ExportedCall> calls;
+    for (const Row &row : kRows) {
+        if (row.exists(family))
+            calls.push_back(callOf(family, row));
+    }
+    return calls;
 }

@@ -7,35 +7,43 @@
 #include "families.h"
 #include "logfile.h"
 
-#include <functional>
 #include <string>
 #include <vector>
 
-/// Kind of result. It determines the answer to a wrong device type.
-enum class Kind
+// Which families have a function.
+inline bool onAll(const Family &)
 {
-    Bool,
-    Int,
-    Pointer,
-    Void
-};
+    return true;
+}
+inline bool onScreens(const Family &family)
+{
+    return family.hasScreen;
+}
+inline bool onS210(const Family &family)
+{
+    return family.type == KVS210_DEVICE;
+}
+inline bool onS310X(const Family &family)
+{
+    return family.type == KVS310X_DEVICE;
+}
 
 struct ExportedCall
 {
     const Family *family;
     std::string function; ///< without the family's prefix
-    Kind kind;
-    std::function<long(int deviceType)> call; ///< pointers and bools as numbers, void as 0
+    long (*withValidArguments)(const Family &, int deviceType);
     std::string enter; ///< with # for the device type
     long withoutInstance;
     std::string leaveWithout; ///< leave line; "*" stands for a result's name that is not prescribed
-    std::string wrongTypeLeave; ///< empty: the one of its kind
+    long wrongTypeResult;
+    std::string wrongTypeLeave;
 
+    /// Pointers and bools as numbers, void as 0.
+    long call(int deviceType) const { return withValidArguments(*family, deviceType); }
     std::string name() const { return family->prefix + function; }
     std::string key() const { return name() + "()"; }
     std::string enterText(int deviceType) const;
-    std::string wrongTypeText() const;
-    long wrongTypeResult() const { return kind == Kind::Int ? ARI_INVALID_PARAMETERS : 0; }
 };
 
 /// All functions of a family but AboutBox. InitialDevice and UnInitialDevice come first.
@@ -54,6 +62,9 @@ struct CallBuffers
 };
 extern CallBuffers callBuffers;
 CallBuffers freshCallBuffers();
+
+/// The path's address as the log shows it: printed with "%x", in 32 bits.
+std::string pathAsLogged();
 
 /// Whether the texts are equal, if "*" in the pattern stands for one identifier.
 bool matches(const std::string &text, const std::string &pattern);
