@@ -121,7 +121,7 @@ TEST_F(KvsignBroken, IsNamedWithItsPlaceAndLeavesNothing)
     for (const Broken &broken : kBroken) {
         write(broken.name, broken.content);
         for (const char *output : {"out.csv", "out.png"}) {
-            const CommandResult result = run({"convert", broken.name, output, "--model", "S300"});
+            const CommandResult result = run({"convert", broken.name, output});
             EXPECT_EQ(result.exitCode, 1) << broken.name;
             EXPECT_TRUE(result.errors.contains(broken.message)) << broken.name << ": " << result.errors.toStdString();
             EXPECT_EQ(files(), QStringList(broken.name)) << broken.name;

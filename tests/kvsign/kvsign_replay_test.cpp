@@ -45,35 +45,6 @@ TEST_F(KvsignReplay, TakesTheSignersTimeOrAnother)
         EXPECT_EQ(run({"replay", "--speed", speed, "a.ink"}).exitCode, 2) << speed;
 }
 
-TEST_F(KvsignReplay, RefusesWhatWouldDoNothing)
-{
-    write("a.ink", record(kLine));
-    struct Row
-    {
-        QStringList options;
-        QString message;
-    };
-    const Row rows[] = {{{"--fps", "10"}, "--fps does nothing without --frames"},
-        {{"--fps", "10", "--window"}, "--fps does nothing without --frames"},
-        {{"--close"}, "--close does nothing without --window"},
-        {{"--close", "--frames", "film"}, "--close does nothing without --window"},
-        {{"--json", "--window"}, "--json does nothing beside --window"},
-        {{"--model", "S300"}, "--model does nothing without --window or --frames"},
-        {{"--scale", "2"}, "--scale does nothing without --window or --frames"},
-        {{"--pen-width", "2"}, "--pen-width does nothing without --window or --frames"},
-        {{"--no-pressure"}, "--no-pressure does nothing without --window or --frames"},
-        {{"--color", "red"}, "--color does nothing without --window or --frames"},
-        {{"--background", "red"}, "--background does nothing without --window or --frames"},
-        {{"--clip", "5"}, "--clip does nothing without --window or --frames"}};
-    for (const Row &row : rows) {
-        const CommandResult result =
-            run(QStringList{"replay", "a.ink"} + row.options, {{"QT_QPA_PLATFORM", "offscreen"}});
-        EXPECT_EQ(result.exitCode, 2) << row.message.toStdString();
-        EXPECT_TRUE(result.errors.startsWith("kvsign: " + row.message + "\n")) << result.errors.toStdString();
-        EXPECT_FALSE(exists("film"));
-    }
-}
-
 TEST_F(KvsignReplay, WritesNumberedPictures)
 {
     write("a.ink", record(kLine));

@@ -18,7 +18,7 @@ QCommandLineOption parserOption(const Option &row)
     if (row.preset != nullptr)
         text += QString(" Default: %1.").arg(row.preset);
     QStringList names = namesOf(row);
-    std::reverse(names.begin(), names.end()); // as help texts have it: the short one first
+    std::reverse(names.begin(), names.end()); // help texts show the short name first
     QCommandLineOption option(names, text, row.value);
     if (row.preset != nullptr)
         option.setDefaultValue(row.preset);
@@ -83,6 +83,14 @@ void Arguments::check() const
 bool Arguments::isSet(const Option &option) const
 {
     return m_parser.isSet(namesOf(option).first());
+}
+
+void Arguments::refuseIdle(Rows<Option> options, const char *because) const
+{
+    for (const Option &option : options) {
+        if (isSet(option))
+            throw misused(QString("--%1 does nothing %2").arg(namesOf(option).first(), because));
+    }
 }
 
 QString Arguments::value(const Option &option) const

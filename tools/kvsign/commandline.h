@@ -12,10 +12,10 @@
 struct Option
 {
     const char *names; ///< "model m": the long name first
-    const char *value; ///< what it takes; null for a switch
+    const char *value; ///< name of its value in the help; null for a switch
     const char *text; ///< for the help; @MODELS@ stands for the names of all models
-    const char *preset; ///< without the option; null for nothing
-    const char *choices; ///< for the shell: words, @MODELS@ among them, or kDirectories; null for nothing
+    const char *preset; ///< its value when it is not given; null for none
+    const char *choices; ///< for completion: words, @MODELS@ among them, or kDirectories; null for none
 };
 
 QStringList namesOf(const Option &option);
@@ -59,7 +59,7 @@ struct Positional
 
 class Arguments;
 
-/// What a subcommand runs with: a plain application object, one that can draw texts, or one that shows windows.
+/// The application object that a subcommand needs: a plain one, one that can draw texts, or one that shows windows.
 enum class ApplicationKind
 {
     Plain,
@@ -88,6 +88,10 @@ public:
 
     QString help() const { return m_parser.helpText(); }
     bool isSet(const Option &option) const;
+
+    /// Throws when one of the options is given: the caller would wait for its effect in vain. `because` completes the
+    /// message: without what, or beside what, the options do nothing.
+    void refuseIdle(Rows<Option> options, const char *because) const;
     QString value(const Option &option) const;
     QStringList values(const Option &option) const { return m_parser.values(namesOf(option).first()); }
     int wholeNumber(const Option &option, int least, int most) const;

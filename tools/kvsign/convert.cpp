@@ -19,6 +19,8 @@ constexpr Option kToOption{"to t", "FORMAT",
 constexpr Option kDpiOption{"dpi", "DPI", "Dots per inch of pictures in print, 1 to 9600.", "300", "150 300 600"};
 constexpr Option kOptions[] = {kFromOption, kToOption, kModelOption, kScaleOption, kPenWidthOption, kNoPressureOption,
     kColourOption, kBackgroundOption, kClipOption, kDpiOption, kJsonOption};
+constexpr Option kPictureOptions[] = {kModelOption, kScaleOption, kPenWidthOption, kNoPressureOption, kColourOption,
+    kBackgroundOption, kClipOption, kDpiOption};
 constexpr Positional kPositionals[] = {
     {"INPUT", "What to read; - is standard input.", 1, 1}, {"OUTPUT", "What to write; - is standard output.", 1, 1}};
 
@@ -73,12 +75,14 @@ int runConvert(const Arguments &arguments)
     const InkFormat &format = outputFormat(arguments, path);
     const int dpi = arguments.wholeNumber(kDpiOption, 1, 9600);
     checkPictureOptions(arguments);
+    if (format.draw == nullptr)
+        arguments.refuseIdle(kPictureOptions, "when no picture is drawn");
     if (arguments.isSet(kJsonOption) && path == "-")
         throw misused("--json and an output on standard output do not go together");
     Progress progress;
     InkInput input(arguments.positionals().at(0), arguments.value(kFromOption), progress);
-    std::optional<PictureSettings>
-        settings; // only for pictures: they may read all ink first, and may need a line to cut to
+    // Only for pictures: finding the model or the cut can take reading all ink first, and fails where there is no line.
+    std::optional<PictureSettings> settings;
     if (format.draw != nullptr) {
         settings = pictureSettings(arguments, input);
         settings->dpi = dpi;

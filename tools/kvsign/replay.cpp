@@ -1,4 +1,4 @@
-// kvsign replay: a signature as it was written.
+// kvsign replay: shows a signature as it was written.
 #include "replay/replay.h"
 #include "display.h"
 #include "failure.h"
@@ -28,17 +28,6 @@ double speed(const Arguments &arguments)
     return arguments.value(kSpeedOption) == "max" ? 0 : arguments.number(kSpeedOption, 0.001, 1000000);
 }
 
-/// Throws when one of the options is given. `because` completes the message: without what, or beside what, it does
-/// nothing.
-void refuse(const Arguments &arguments, Rows<Option> options, const char *because)
-{
-    for (const Option &option : options) {
-        if (arguments.isSet(option))
-            throw misused(QString("--%1 does nothing %2").arg(namesOf(option).first(), because));
-    }
-}
-
-/// An option without an effect is a mistake of the caller, who would wait for its effect in vain.
 void refuseWhatDoesNothing(const Arguments &arguments)
 {
     static constexpr Option kOfWindow[] = {kCloseOption};
@@ -50,16 +39,16 @@ void refuseWhatDoesNothing(const Arguments &arguments)
     if (inWindow && asFrames)
         throw misused("--window and --frames do not go together");
     if (!inWindow)
-        refuse(arguments, kOfWindow, "without --window");
+        arguments.refuseIdle(kOfWindow, "without --window");
     if (!asFrames)
-        refuse(arguments, kOfFrames, "without --frames");
+        arguments.refuseIdle(kOfFrames, "without --frames");
     if (inWindow)
-        refuse(arguments, kOfText, "beside --window");
+        arguments.refuseIdle(kOfText, "beside --window");
     if (!inWindow && !asFrames)
-        refuse(arguments, kOfPictures, "without --window or --frames");
+        arguments.refuseIdle(kOfPictures, "without --window or --frames");
 }
 
-/// Comes before the display is opened, so that a wrong option is reported even where there is no display.
+/// Called before the display is opened, so that a wrong option is reported even where there is no display.
 void checkOptions(const Arguments &arguments)
 {
     speed(arguments);

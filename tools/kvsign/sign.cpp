@@ -59,6 +59,8 @@ constexpr Option kOptions[] = {kPageOption, kFieldOption, kFormFieldOption, kInk
     kTimeoutOption, kModelOption, kPenWidthOption, kNoPressureOption, kColourOption, kClipOption, kFingerprintOption,
     kCertificateOption, kPasswordFileOption, kNameOption, kReasonOption, kLocationOption, kTimestampOption, kSealOption,
     kFlattenOption, kDocumentPasswordOption, kDriverOption, kUnsafeDriverOption, kJsonOption};
+constexpr Option kInkFileOptions[] = {kFromOption, kModelOption};
+constexpr Option kPadOptions[] = {kTimeoutOption, kDriverOption, kUnsafeDriverOption};
 constexpr Positional kPositionals[] = {
     {"INPUT", "The PDF to sign.", 1, 1}, {"OUTPUT", "The signed PDF; - is standard output.", 1, 1}};
 
@@ -78,6 +80,10 @@ void checkOptions(const Arguments &arguments)
 {
     if (arguments.isSet(kInkOption) == arguments.isSet(kCaptureOption))
         throw misused("one of --ink and --capture says where the ink comes from");
+    if (arguments.isSet(kCaptureOption))
+        arguments.refuseIdle(kInkFileOptions, "without --ink");
+    else
+        arguments.refuseIdle(kPadOptions, "without --capture");
     if (arguments.isSet(kFormFieldOption) && (arguments.isSet(kFieldOption) || arguments.isSet(kPageOption)))
         throw misused("--form-field has a place of its own; it does not go with --page and --field");
     for (const Option *option : {&kPasswordFileOption, &kTimestampOption, &kReasonOption, &kLocationOption}) {
@@ -98,7 +104,7 @@ void checkOptions(const Arguments &arguments)
     penWidth(arguments, *kModelRows[0]);
 }
 
-/// The only field that waits for a signature.
+/// The only empty signature field; an empty name when there are several or none.
 QString onlyEmptyField(const documents::Document &document)
 {
     QStringList names;
@@ -141,7 +147,7 @@ QString alternativeText(const documents::SigningRequest &request)
     return name.isEmpty() ? QString("Signature, %1").arg(day) : QString("Signature of %1, %2").arg(name, day);
 }
 
-/// Beside the ink, in the right third of the canvas.
+/// Puts the picture beside the ink, in the right third of the canvas.
 void addFingerprint(const QString &path, documents::Ink &ink)
 {
     QImageReader reader(path);
@@ -188,20 +194,20 @@ void tell(const documents::SigningResult &result, const documents::SigningReques
         say(QString("note: %1").arg(note));
 }
 
-/// Absolute, because the working directory is another one after a capture.
+/// Makes an option's path absolute, because a capture changes the working directory.
 QString absolute(const Arguments &arguments, const Option &option)
 {
     return arguments.isSet(option) ? QFileInfo(arguments.value(option)).absoluteFilePath() : QString();
 }
 
-/// Files that are used beside the ink.
+/// The files that are used besides the ink.
 struct Beside
 {
     QString seal;
     QString print;
 };
 
-/// Reads the ink, and seals it.
+/// Adds the ink to the request, and the fingerprint and the sealed pen data if they are wanted.
 void fillIn(const Arguments &arguments, const std::optional<Captured> &captured, const Beside &beside,
     documents::SigningRequest &request, Progress &progress)
 {
@@ -243,7 +249,7 @@ int sign(const Arguments &arguments)
     OutputFile output(name);
     const Beside beside{absolute(arguments, kSealOption), absolute(arguments, kFingerprintOption)};
     if (!beside.seal.isEmpty())
-        documents::sealFor(beside.seal, "probe"); // nobody shall sign in vain
+        documents::sealFor(beside.seal, "probe"); // fails now rather than after somebody has signed
     const auto finish = [&](const std::optional<Captured> &captured) {
         fillIn(arguments, captured, beside, request, progress);
         const documents::SigningResult result =

@@ -10,7 +10,7 @@
 
 #include <memory>
 
-/// Ink that was captured, as a file without a name in memory that is read as any other.
+/// Captured ink as a nameless file in memory, so that it can be read like any other file.
 class CapturedInk
 {
 public:
@@ -25,7 +25,7 @@ private:
 /// The lines that the library draws of the points, in pixels of its canvas.
 documents::Ink inkLines(InkInput &input, const PictureSettings &settings);
 
-/// The points with everything that a record holds.
+/// The points as InkML, with everything that a record holds.
 QByteArray inkml(InkInput &input);
 
 #endif

@@ -1,5 +1,5 @@
 /// @file
-/// A signature in the time in which it was written: as numbers, as pictures, or in a window.
+/// Replays a signature in the time in which it was written: as numbers, as pictures, or in a window.
 #ifndef REPLAY_H
 #define REPLAY_H
 
@@ -33,7 +33,7 @@ public:
     double written() const { return m_written; }
 
 private:
-    static constexpr double kLongest = 1e15; // milliseconds; a broken clock's years must still fit into an integer
+    static constexpr double kLongest = 1e15; // milliseconds; fits into a 64-bit integer even with a broken clock
 
     double m_speed;
     bool m_begun = false;

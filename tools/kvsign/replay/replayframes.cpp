@@ -89,7 +89,7 @@ private:
     QByteArray earlier(int number) const { return m_staging.path() + "/earlier-" + nameOf(number); }
     QByteArray target(int number) const { return QFile::encodeName(m_directory.absolutePath()) + '/' + nameOf(number); }
 
-    /// Keeps an earlier picture of that name aside until all are in place.
+    /// Exchanges names with an earlier picture, which is kept until all are in place.
     bool exchange(int number) const
     {
         struct stat status = {};
@@ -117,7 +117,7 @@ private:
     bool m_kept = false;
 };
 
-/// Counts the pictures before writing any: a broken clock in the record can make a replay of years.
+/// Counts the pictures before writing any, because a broken clock in the record can make a replay last years.
 void checkNumber(InkInput &input, double speed, double step)
 {
     ReplayTimes times(speed);

@@ -51,7 +51,7 @@ void replayAsNumbers(PointSource &points, double speed, bool asJson)
     while (points.next(point)) {
         waitUntil(times.dueAt(point), running);
         (asJson ? printJson : print)(point, times.written());
-        if (std::ferror(stdout) != 0) // nobody reads it any more, or the disk is full
+        if (std::ferror(stdout) != 0) // the reader has gone, or the disk is full
             flushOutput();
     }
 }
