@@ -1,4 +1,4 @@
-# Qt's widgets, precompiled once for all programs: target_precompile_headers(<target> REUSE_FROM kv_desktop_headers)
+# Precompiles Qt's widgets once for all programs: target_precompile_headers(<target> REUSE_FROM kv_desktop_headers)
 
 file(GENERATE OUTPUT ${CMAKE_BINARY_DIR}/desktopheaders.cpp CONTENT "")
 add_library(kv_desktop_headers OBJECT ${CMAKE_BINARY_DIR}/desktopheaders.cpp)

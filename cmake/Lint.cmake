@@ -1,6 +1,7 @@
-# kv_lint: clang-tidy over the library, the simulator, the recorder, the examples and the tools, as .clang-tidy says,
-# several sources at once. They are looked at again only when one of their objects was built anew, for the compiler knows
-# best what it includes. It takes a build of single sources (KV_UNITY=OFF), as the clang preset is.
+# kv_lint: runs clang-tidy, with the checks of .clang-tidy, over all that is built outside the tests.
+# Sources are checked in groups, because most of the time goes to the headers that they share. A group is checked again when
+# one of its objects was rebuilt: the compiler already tracks what each source includes. That takes one object a source,
+# hence KV_UNITY=OFF, as in the clang preset.
 
 find_program(KV_CLANG_TIDY NAMES clang-tidy-14 clang-tidy)
 find_program(KV_PYTHON python3)
@@ -12,7 +13,8 @@ set(KV_LINT_DIRECTORY ${CMAKE_BINARY_DIR}/lint)
 file(MAKE_DIRECTORY ${KV_LINT_DIRECTORY})
 add_custom_target(kv_lint)
 
-# kv_lint_together(<target>...): checks the sources of targets that have the same compiler options, ten at a time
+# kv_lint_together(<target>...): checks the sources of these targets in groups of ten. The targets must have the same
+# compiler options, because a group is checked as one source.
 function(kv_lint_together first)
   set(all "")
   foreach(target IN LISTS first ARGN)

@@ -8,19 +8,20 @@ set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_AUTOMOC OFF)
 
-# What is shipped is hardened: checked copies, a guarded stack, and linker tables that are filled at the start and then
-# read-only. Programs can be loaded at any address.
+# Hardens what is shipped: checked copies, stack guards, and linker tables that become read-only once they are filled at the
+# start. Position-independent programs can be loaded at random addresses.
 include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX)
 set(KV_HARDENED "-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -fstack-protector-strong -Wformat -Werror=format-security")
 add_link_options($<$<CONFIG:Release>:LINKER:-z,relro,-z,now>)
 
-# The loops over pixels are only vectorised at -O3 by the compilers that Debian ships. The debug information has all types,
-# from which the library's binary interface is known, and does not say which other options there were.
+# -O3: Debian's compilers vectorise the loops over pixels at no lower level. -g: the comparison of binary interfaces reads
+# the types from the debug information. -gno-record-gcc-switches: the options of the building machine are kept out of it.
 set(CMAKE_CXX_FLAGS_RELEASE "-O3 -DNDEBUG -g -gno-record-gcc-switches ${KV_HARDENED}")
 set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g1 -fno-omit-frame-pointer")
 
-# Builds in different places give the same bytes, because no folder name of the building machine gets into them.
+# Keeps the names of the building machine's folders out of what is built, so that builds in different places give the same
+# bytes.
 if(CMAKE_BUILD_TYPE STREQUAL "Release")
   add_compile_options(-ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${CMAKE_BINARY_DIR}=./build)
 endif()
@@ -30,7 +31,7 @@ set(KV_SANITIZE "" CACHE STRING "Sanitizers for every target, as the compiler's 
 if(KV_SANITIZE)
   add_compile_options(-fsanitize=${KV_SANITIZE} -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${KV_SANITIZE})
-  # For what must be told to one of them, or does not hold with it. Each compiler has its own way to say so.
+  # For code that must know which sanitizer it runs under. The compilers' own macros for it differ.
   foreach(sanitizer address thread undefined)
     if(KV_SANITIZE MATCHES ${sanitizer})
       string(TOUPPER KV_${sanitizer}_SANITIZED definition)
@@ -49,11 +50,11 @@ if(KV_CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${KV_CCACHE})
 endif()
 
-# Most of the time to compile a source goes to its headers, above all Qt's, so several sources are compiled as one.
-option(KV_UNITY "Compile several sources as one; OFF shows that each compiles alone, as clang-tidy takes them" ON)
+# Most of the time to compile a source goes to its headers, above all Qt's; sources that are compiled as one share it.
+option(KV_UNITY "Compile several sources as one. OFF proves that each compiles alone; clang-tidy needs that too" ON)
 set(CMAKE_UNITY_BUILD ${KV_UNITY})
 set(CMAKE_UNITY_BUILD_BATCH_SIZE 12)
 
-# Warnings are errors for our own code; Qt's headers come in as system headers.
+# Warnings are errors in our own code. Qt's headers are system headers, which give none.
 add_library(kv_warnings INTERFACE)
 target_compile_options(kv_warnings INTERFACE -Wall -Wextra -Wconversion -Wshadow -Wundef -Werror)

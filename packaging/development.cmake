@@ -1,5 +1,5 @@
-# What compiles against the library finds it by: the headers, KvSignpad::sdk for CMake, kvsignpadsdk.pc for the rest.
-# Nothing in it names the folder it was installed to: the tree may be moved, and the build tree is found too.
+# What programs are compiled with: the headers, KvSignpad::sdk for CMake, and kvsignpadsdk.pc for everything else.
+# No file names the folder it was installed to, so the tree may be moved, and the build tree can be used too.
 
 include(CMakePackageConfigHelpers)
 set(KV_CMAKE_INSTALL ${CMAKE_INSTALL_LIBDIR}/cmake/KvSignpad)
@@ -13,7 +13,7 @@ install(FILES kvsignpadsdk/kvsignpadsdk.h kvsignpadsdk/kvsignpadsdk_global.h
 install(EXPORT KvSignpadTargets NAMESPACE KvSignpad:: DESTINATION ${KV_CMAKE_INSTALL})
 export(EXPORT KvSignpadTargets NAMESPACE KvSignpad:: FILE ${CMAKE_BINARY_DIR}/packaging/KvSignpadTargets.cmake)
 
-# In the build tree, for -DKvSignpad_DIR=build/release/packaging, the simulator is elsewhere than beside the library.
+# The build tree can be used with -DKvSignpad_DIR=build/release/packaging. There the simulator is not beside the library.
 set(KV_SIMULATOR_OF_CONFIG ${CMAKE_BINARY_DIR}/simulator)
 configure_package_config_file(packaging/KvSignpadConfig.cmake.in ${CMAKE_BINARY_DIR}/packaging/KvSignpadConfig.cmake
   INSTALL_DESTINATION ${CMAKE_BINARY_DIR}/packaging INSTALL_PREFIX ${CMAKE_BINARY_DIR}

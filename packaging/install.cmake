@@ -1,11 +1,11 @@
-# What `cmake --install` puts where. debian/*.install says which package each file goes to.
+# Where `cmake --install` puts each file. debian/*.install says which package each file goes to.
 # `cmake --build ... --target kv_installed` builds all of it, and nothing else.
 
 set(KV_SIMULATOR_INSTALL ${CMAKE_INSTALL_LIBDIR}/kvsignpadsdk/simulator)
 set(KV_RECORDER_INSTALL ${CMAKE_INSTALL_LIBDIR}/kvsignpadsdk/recorder)
 add_custom_target(kv_installed)
 
-# kv_install_programs(<target>...): each with its manual page, which lies beside its sources or at MANUALS
+# kv_install_programs(<target>...): installs each with its manual page, which is beside its sources or in MANUALS
 function(kv_install_programs)
   cmake_parse_arguments(arg "" "MANUALS" "" ${ARGN})
   foreach(program IN LISTS arg_UNPARSED_ARGUMENTS)

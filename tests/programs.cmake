@@ -1,10 +1,10 @@
 # How test programs are made, and how ctest runs them.
 
-# Tests are built often and run shortly: compiled without optimisation, which takes less than half the time, and without
-# the checked copies that need it.
+# Tests are built often and run briefly, so they are not optimised: that halves the time to compile them. The checked copies
+# work only in optimised code.
 set(KV_TEST_OPTIONS -O0 -g1 -U_FORTIFY_SOURCE)
 if(KV_SANITIZE)
-  list(APPEND KV_TEST_OPTIONS -fno-sanitize=undefined) # of the tests themselves
+  list(APPEND KV_TEST_OPTIONS -fno-sanitize=undefined) # not in the tests' own code
 endif()
 if(KV_FUZZ)
   list(APPEND KV_TEST_OPTIONS -fno-sanitize=fuzzer-no-link)
@@ -14,7 +14,7 @@ if(KV_GOLD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   set(KV_TEST_LINK_OPTIONS -fuse-ld=gold)
 endif()
 
-# For all test programs: where the repository and the build are, and what is in them.
+# For all test programs: where to find the repository, the build and what is in them.
 add_library(kv_test_settings INTERFACE)
 target_include_directories(kv_test_settings INTERFACE
   ${CMAKE_CURRENT_SOURCE_DIR}/harness ${PROJECT_SOURCE_DIR}/simulator ${PROJECT_SOURCE_DIR}/kvsignpadsdk)
@@ -28,8 +28,8 @@ endif()
 target_compile_options(kv_test_settings INTERFACE ${KV_TEST_OPTIONS})
 target_link_libraries(kv_test_settings INTERFACE GTest::gtest kv_warnings)
 
-# What tests share, and what most include, compiled once: pads opened on the simulated driver, pictures to compare with,
-# other programs run. It goes with the library or with its inside.
+# The harness, compiled once: opens pads on the simulated driver, draws the pictures to compare with, runs other programs. It
+# is linked to the shared library or to the one with everything visible.
 add_library(kv_harness STATIC
   harness/everycall.cpp harness/exportedcalls_table.cpp harness/fingerprints.cpp harness/inkpicture.cpp
   harness/openpad.cpp harness/outsidecommand.cpp harness/readsvg.cpp)
@@ -37,14 +37,15 @@ target_link_libraries(kv_harness
   PUBLIC Qt5::Core Qt5::Gui Qt5::Widgets Qt5::Svg Threads::Threads ${CMAKE_DL_LIBS} PRIVATE kv_test_settings)
 target_precompile_headers(kv_harness PRIVATE harness/testheaders.h)
 
-# The entries of the programs: with a QApplication and without.
+# main(), with a QApplication and without.
 add_library(kv_test_main STATIC harness/qtmain.cpp harness/testsoffile.cpp)
 add_library(kv_test_plain_main STATIC harness/plainmain.cpp harness/testsoffile.cpp)
 target_link_libraries(kv_test_main PRIVATE Qt5::Widgets kv_test_settings)
 target_link_libraries(kv_test_plain_main PRIVATE kv_test_settings)
 
-# Tests share the library's log files and its SVG file in /tmp. Side by side each has a /tmp of its own, where the system
-# lets it; elsewhere those that share one of these files, which these words in their sources tell, wait for each other.
+# The library's log files and its SVG file are in /tmp, so tests that use them must not run side by side. Each test gets a
+# private /tmp where the system allows it. Elsewhere the tests that use one of these files run one after another; these words
+# in a source give them away.
 set(KV_APART ${CMAKE_CURRENT_SOURCE_DIR}/apart ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} --)
 execute_process(COMMAND ${KV_APART} true RESULT_VARIABLE KV_NOT_APART OUTPUT_QUIET ERROR_QUIET)
 if(KV_NOT_APART)
@@ -58,7 +59,7 @@ set(KV_TEST_ENVIRONMENT
   "TSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/tsan.supp halt_on_error=1"
   "LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/lsan.supp")
 
-# kv_run_test(<name> <source> <command>...): one test of ctest's, for which the source tells what it shares
+# kv_run_test(<name> <source> <command>...): adds one test to ctest. The source is searched for the shared files.
 function(kv_run_test name source)
   add_test(NAME ${name} COMMAND ${KV_APART} ${ARGN} WORKING_DIRECTORY ${KV_DRIVER_DIRECTORY})
   set_tests_properties(${name} PROPERTIES TIMEOUT 600 ENVIRONMENT "${KV_TEST_ENVIRONMENT}")
@@ -68,7 +69,8 @@ function(kv_run_test name source)
   endif()
 endfunction()
 
-# kv_environment(<test> <variable>=<value>...), kv_label(<label> <test>...): more about tests, where the build has them
+# kv_environment(<test> <variable>=<value>...), kv_label(<label> <test>...): for tests that were added. kv_label passes over
+# those that this build lacks.
 function(kv_environment test)
   set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT ${ARGN})
 endfunction()
@@ -87,7 +89,7 @@ if(KV_SANITIZE MATCHES thread)
 endif()
 
 set(KV_UNIT ${CMAKE_CURRENT_SOURCE_DIR}/unit.cmake)
-# kv_units(<variable> <program> <source>...): sources that hold up to six of the tests each, see unit.cmake
+# kv_units(<variable> <program> <source>...): joins the tests into sources of up to six tests each, see unit.cmake
 function(kv_units variable program)
   set(units "")
   list(LENGTH ARGN left)
@@ -114,13 +116,14 @@ endfunction()
 
 # kv_add_tests(<program> <name>_test.cpp... [THREADS <name>_test.cpp...] [UNSANITIZED <name>_test.cpp...]
 #   [PADS | INSIDE] [NO_APPLICATION] [SOURCES ...] [LIBRARIES ...] [DEFINES ...] [RUNS ...])
-# A program; ctest runs each <name>_test.cpp as <name>_test, in a process of its own. What replaces functions of the
-# system or of Qt needs a program of its own.
+# Makes one program; ctest runs each <name>_test.cpp as <name>_test, in its own process. A test that replaces functions of the
+# system or of Qt needs its own program.
 # THREADS: run under ThreadSanitizer too; a build with it leaves the others out.
 # UNSANITIZED: built, but not run, under the other sanitizers.
-# PADS: with the harness above, on the shared library's exported functions, and with a QApplication.
-# INSIDE: the same with the library's inside. Without either the tests bring what they need and have no application.
-# NO_APPLICATION: PADS, without the QApplication.
+# PADS: with the harness, the shared library and a QApplication. The tests can call only the exported functions.
+# INSIDE: the same with the library that has everything visible. Without PADS or INSIDE there is neither harness, library nor
+#   application.
+# NO_APPLICATION: with PADS, leaves out the QApplication.
 # SOURCES: further sources. RUNS: targets that the tests run or load.
 function(kv_add_tests program)
   cmake_parse_arguments(arg "PADS;INSIDE;NO_APPLICATION" "" "THREADS;UNSANITIZED;SOURCES;LIBRARIES;DEFINES;RUNS" ${ARGN})

@@ -1,7 +1,7 @@
 # Writes a source that holds several tests: cmake -DOUTPUT=... -DSOURCES=a_test.cpp|b_test.cpp -P unit.cmake
-# Half of a test's compilation is what it includes, and what it takes of templates: six at once cost as much as two or
-# three. Each is in a namespace of its own, so that they may use the same names, and unseen from outside like a source of its
-# own; all that they include comes before.
+# Half of the time to compile a test goes to its headers and templates: six at once take as long as two or three. Each test is
+# put into a namespace inside an unnamed one, so that tests may use the same names and export nothing. Their includes are
+# moved to the front.
 
 string(REPLACE "|" ";" SOURCES "${SOURCES}")
 set(includes "")
