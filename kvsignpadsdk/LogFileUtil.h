@@ -27,7 +27,7 @@ uint64_t GetTickCount();
 /// Appends "[key]:value, tail" to "/tmp/kvsignpadsdk.log". Does nothing when the file cannot be opened or is not ours.
 void MyDebug(const char *key, const char *value, const char *tail);
 
-/// The same for wide texts, each converted by the process's locale and cut to what 256 bytes hold.
+/// The same for wide texts. Each is converted by the process's locale and cut to 255 bytes.
 void MyDebug(const wchar_t *key, const wchar_t *value, const wchar_t *tail);
 
 /// The same into "/tmp/kvsignpadsdk_inthread.log", for paint handlers and fingerprint display threads.

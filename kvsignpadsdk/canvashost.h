@@ -29,8 +29,8 @@ QImage grown(const QImage &old, int width, int height);
 /// `opaque` the canvas is copied instead of blended, which is faster.
 void show(QWidget &widget, const QImage &canvas, bool opaque = false);
 
-/// Tells Qt whether the canvas covers the whole widget, so that Qt need not paint what is behind it. Repaints when that
-/// starts to show through.
+/// Tells Qt whether the canvas covers the whole widget; Qt then leaves out what is behind it. Repaints the widget when
+/// it stops covering.
 void coverWhatIsBehind(QWidget &widget, bool covers);
 
 template <class Pad>

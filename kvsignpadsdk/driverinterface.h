@@ -2,7 +2,7 @@
 /// The pad driver's operations as types. The driver is a shared library of its own, loaded while the program runs.
 ///
 /// Each operation returns a KVSPDAPI_RETURN_ID. Callbacks run on the driver's own thread, in the pad's order, and
-/// never after KVSPDAPI_UnInitial has returned; while one runs the driver holds no lock that an operation needs.
+/// never after KVSPDAPI_UnInitial has returned. Callbacks may call operations: the driver holds no lock then.
 #ifndef DRIVERINTERFACE_H
 #define DRIVERINTERFACE_H
 

@@ -9,8 +9,8 @@ namespace earlierfile {
 
 namespace {
 
-// Whether the file has access lists or other attributes that a new file would lack. "security." ones do not count: the
-// kernel gives them to new files by its own rules.
+// Whether the file has access lists or other attributes that a new file would lack. Those that begin with "security."
+// do not count, because the kernel gives them to new files by its own rules.
 bool hasRightsBeyondItsMode(int file)
 {
     char names[4096];

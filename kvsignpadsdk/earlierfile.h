@@ -1,5 +1,5 @@
 /// @file
-/// What an earlier file is beyond its content, and whether a new one under its name can be the same.
+/// Whether a new file can replace an existing one without anybody noticing: same owner, group, mode and names.
 #ifndef EARLIERFILE_H
 #define EARLIERFILE_H
 
@@ -7,13 +7,13 @@
 
 namespace earlierfile {
 
-/// Whether a new file can take over what this one is: a regular file of the user as whom the process runs, with one
-/// name and no access rights beyond its mode.
-/// @param file open, in whatever mode
-/// @param status what the file is at the moment
+/// True for a regular file that belongs to the process's effective user, has a single name, and no access lists or
+/// attributes beyond its mode.
+/// @param file an open descriptor of it, for reading or writing
+/// @param status filled with the file's status
 bool mayBeReplaced(int file, struct stat &status);
 
-/// Gives a new file the group and the mode of the earlier one; false when it cannot have them.
+/// Gives a new file the group and the mode of the earlier one. Returns false when the system refuses.
 bool takeOver(int file, const struct stat &earlier);
 
 } // namespace earlierfile

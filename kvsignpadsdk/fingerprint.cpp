@@ -49,7 +49,7 @@ QRectF centred(int canvasWidth, int canvasHeight)
 
 QRectF targetOf(const QRect &rectangle)
 {
-    // In doubles: a rectangle that was refused is stored all the same, and its size may overflow an int.
+    // In doubles, because a refused rectangle is stored too, and its size may overflow an int.
     return {1.0 * rectangle.left(), 1.0 * rectangle.top(), 1.0 * rectangle.right() - rectangle.left() + 1,
         1.0 * rectangle.bottom() - rectangle.top() + 1};
 }

@@ -117,7 +117,7 @@ void showPicture(Pad &pad)
     }
 }
 
-/// Where the merge draws the fingerprint. Without `print` it draws none.
+/// Where the merge draws the fingerprint. When `print` is null it draws none.
 struct Placement
 {
     const QImage *print = nullptr;

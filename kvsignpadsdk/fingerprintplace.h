@@ -50,7 +50,7 @@ struct FingerprintCanvas
 
 namespace fingerprintplace {
 
-/// Both pictures of a new place, white; the canvas in the size given.
+/// Makes both pictures of a new place white, and the canvas this size.
 template <class Place>
 void begin(Place &place, const QSize &size)
 {

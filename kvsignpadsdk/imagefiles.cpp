@@ -16,7 +16,8 @@ namespace imagefiles {
 
 namespace {
 
-// For Qt's writers: that of JPEG converts row by row. Others convert the whole image at once, with Qt's thread pool.
+// Converts for Qt's writers, which would convert the whole image with Qt's thread pool. Only the JPEG writer does not:
+// it converts row by row.
 void prepare(QImage &image, const QByteArray &format)
 {
     if (format == "png")
@@ -35,8 +36,8 @@ bool encodedByQt(QImage image, WhiteIs white, const QByteArray &format, QByteArr
 }
 
 constexpr char kNoStream[] =
-    "stream\n\nendstream"; // what Qt writes when it had no memory to compress a picture or page
-constexpr int kAcross = sizeof kNoStream - 2; // how much of it may be at the end of the piece before
+    "stream\n\nendstream"; // Qt writes this when it has no memory to compress a picture or page
+constexpr int kAcross = sizeof kNoStream - 2; // at most this much of it ends the previous piece
 
 /// Notices when Qt leaves something out for lack of memory. Qt itself only prints a warning.
 class PdfFile : public ReplacedFile
@@ -57,7 +58,7 @@ protected:
     }
 
 private:
-    QByteArray m_end; ///< of what has been written
+    QByteArray m_end; ///< the last bytes written
     bool m_whole = true;
 };
 

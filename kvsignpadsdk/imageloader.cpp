@@ -19,8 +19,8 @@ namespace {
 
 constexpr int kMostScans = 100;
 
-// Complete pictures have far more bytes than this, even blank ones: a JPEG of a blank canvas one byte for 64 pixels, a
-// BMP at least one for 8.
+// Even a blank picture has far more bytes than this when it is complete: a JPEG one byte for 64 pixels, a BMP at least
+// one for 8.
 constexpr qint64 kPixelsForAByte = 1024;
 constexpr qint64 kPixelsForNothing = qint64{1} << 24;
 
@@ -82,8 +82,8 @@ private:
     QImageReader m_reader;
 };
 
-// Qt reads a BMP into the given image if size and format fit, and leaves alone what a file that is cut off lacks. So
-// black shows there, not old memory.
+// Qt reads a BMP into the given image if size and format fit, and does not write the pixels that a cut-off file lacks.
+// They stay black then, instead of showing old memory.
 bool readIntoBlack(const QByteArray &bytes, const QSize &size, QImage::Format format, QImage &image)
 {
     image = QImage(std::abs(size.width()), std::abs(size.height()), format);

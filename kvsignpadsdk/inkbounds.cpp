@@ -87,7 +87,7 @@ QImage checked(const QImage &copy, const QImage &original)
     return copy;
 }
 
-// The mask that setAlphaChannel() would make of createMaskFromColor()'s, without the thread pool it would use for that.
+// The mask that setAlphaChannel() makes from the one of createMaskFromColor(), but made without Qt's thread pool.
 QImage maskOfWhite(const QImage &image)
 {
     constexpr QRgb kOpaqueWhite = 0xffffffff;
@@ -155,7 +155,7 @@ QRect withMargins(const Box &box, int width, int height, int marginX, int margin
 
 QImage partInside(const QImage &canvas, const QRect &rectangle)
 {
-    // In 64 bits: a rectangle that was refused is stored all the same, with any corners.
+    // In 64 bits, because a refused rectangle is stored too, and its corners may be any ints.
     const qint64 width = qint64{rectangle.right()} - rectangle.left() + 1;
     const qint64 height = qint64{rectangle.bottom()} - rectangle.top() + 1;
     if (canvas.isNull() || (width == 0 && height == 0))

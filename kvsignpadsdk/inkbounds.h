@@ -26,7 +26,7 @@ struct Box
 /// The box of all pixels that are not white, whatever their alpha. Takes 32-bit images.
 Box scan(const QImage &canvas);
 
-/// The two ways to it: pixel by pixel with a log line for each change, or fast without any.
+/// The two ways of scan(): with a log line for each change while the log is on, else fast and without lines.
 Box scanLogged(const QImage &canvas);
 Box scanQuietly(const QImage &canvas);
 
@@ -63,7 +63,7 @@ QSize canvasSize(Pad &pad)
     return pad.m_canvas.size();
 }
 
-/// The clip rectangle of a canvas by the instance's margins, with the log lines of the scan.
+/// The clip rectangle of a canvas, with the instance's margins. Writes the log lines of the scan.
 template <class Pad>
 QRect clipRect(Pad &pad, const QImage &canvas)
 {

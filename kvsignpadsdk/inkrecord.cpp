@@ -17,8 +17,8 @@ bool isAlphabet(char c)
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '+' || c == '/';
 }
 
-// QByteArray cannot hold the longest texts, so those are decoded in pieces. Characters outside the alphabet are dropped
-// first: a piece must hold whole groups of four.
+// QByteArray cannot hold the longest texts, so they are decoded in pieces. Each piece must hold whole groups of four
+// characters, so characters outside the alphabet are dropped first.
 template <class TakeBytes>
 void decodeInPieces(const char *text, TakeBytes take)
 {

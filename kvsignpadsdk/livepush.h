@@ -35,8 +35,8 @@ void push(Pad &pad)
         if (char *text = pad.EncodeBase64SignImage(shared::get(pad.m_nRealTimeSignBase64Data_ImageTypeID))) {
             contained::run([&] { receiver(text); });
             pad.Base64EncodeFree(text);
-            pad.m_internals.repaint
-                .letPaint(); // else a large canvas is encoded again at once, and the paint handler waits
+            // Else this thread takes the canvas lock again at once, and a large canvas is never painted.
+            pad.m_internals.repaint.letPaint();
         }
     }
     KV_LOG(key, "<%ld>-leave !");

@@ -9,8 +9,8 @@
 #include <sanitizer/tsan_interface.h>
 #endif
 
-/// A QMutexLocker that ThreadSanitizer understands. Qt is not instrumented, so the sanitizer is told of each lock here;
-/// it then checks the order of locks too.
+/// A QMutexLocker that ThreadSanitizer understands. Qt is not instrumented, so this tells the sanitizer of each lock,
+/// which lets it check the order of locks too.
 class MutexLock
 {
 public:

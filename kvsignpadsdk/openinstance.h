@@ -29,7 +29,7 @@ void destroyed(Pad &pad)
         contained::run([&pad] { pad.Shutdown(); });
     if (g_pSignWidget == &pad) {
         g_pSignWidget = nullptr;
-        g_bUseSignObj = false; // may be set for a widget too: InitialDevice() without a parent sets it
+        g_bUseSignObj = false; // InitialDevice() without a parent sets it even while a widget is open
     }
 }
 

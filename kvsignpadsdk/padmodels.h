@@ -1,8 +1,8 @@
 /// @file
-/// What differs between the instance classes, a row each; what differs between models is in modelrows.h, and members
-/// that only one class has (place and image of a fingerprint, the office canvas) are in its own source. Behaviour asks
-/// for a difference by its name, never for a class or a model. `host` is asked only for what being a widget means:
-/// repaints, events, Qt's ownership, other parameters of a member.
+/// What differs between the instance classes, one row for each. What differs between models is in modelrows.h, and a
+/// member that only one class has (place and image of a fingerprint, the office canvas) is in that class's source. Code
+/// asks for a difference by its name, never for a class or a model. It asks for `host` only where being a widget is the
+/// reason: repaints, events, Qt's ownership, other parameters of a member.
 #ifndef PADMODELS_H
 #define PADMODELS_H
 

@@ -23,7 +23,7 @@ enum class Action
     Confirm
 };
 
-/// What a packet asks for. A pure function: no pad, no lock, no log.
+/// What to do about a packet. A pure function: no pad, no lock, no log.
 Action actionFor(const PadRow &row, bool inStroke, int maxPressure, int pressure, int status);
 
 struct Position

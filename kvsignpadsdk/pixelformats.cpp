@@ -10,8 +10,8 @@ namespace pixelformats {
 
 namespace {
 
-// QImage::convertToFormat() uses one thread for each whole 64 kB, so none but the caller's below two of them, and never
-// more threads than rows.
+// QImage::convertToFormat() uses a thread for each whole 64 kB, but never more threads than rows. A single row, or fewer
+// than 128 kB, it converts in the calling thread.
 constexpr int kPieceBytes = (1 << 16) - 1;
 
 QImage rowsOf(const QImage &image, int first, int count)
@@ -25,11 +25,11 @@ void convert(QImage &image, QImage::Format format)
 {
     if (image.isNull() || image.format() == format)
         return;
-    if (image.depth() != 32) { // a view of some rows would lack the colour table
+    if (image.depth() != 32) { // rowsOf() does not pass on a colour table
         image = image.convertToFormat(format);
         return;
     }
-    if (image.bits() == nullptr) // which makes the image its own
+    if (image.bits() == nullptr) // bits() detaches the image, and gives null when there is no memory for the copy
         throw std::bad_alloc();
     const int rows = std::max(1, kPieceBytes / image.bytesPerLine());
     for (int y = 0; y < image.height(); y += rows) {

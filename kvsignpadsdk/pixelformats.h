@@ -8,16 +8,16 @@
 
 namespace pixelformats {
 
-/// Gives the image another format, pixel by pixel as QImage::convertToFormat does. An image that shares its pixels with
-/// no other one is converted where it is. A null image stays null. Only images of 32 bits a pixel stay in the thread.
-/// @throws std::bad_alloc and leaves part of the pixels in either format
+/// Converts the image with the result of QImage::convertToFormat(), in place unless it shares its pixels with another
+/// image. A null image stays null. An image with other than 32 bits a pixel may still be converted in Qt's threads.
+/// @throws std::bad_alloc, and the image is useless then: its pixels are in two formats
 void convert(QImage &image, QImage::Format format);
 
-/// The same of a copy.
+/// Returns a converted copy.
 QImage converted(QImage image, QImage::Format format);
 
-/// Gives the image a format that Qt's PNG writer takes as it is, so that it makes the same file. Of others it converts
-/// row by row, and does not see when it got none.
+/// Call it before Qt's PNG writer, which converts premultiplied images row by row and does not notice when there is no
+/// memory for a row. Converted here, the image gives the same file.
 /// @throws std::bad_alloc
 void prepareForPng(QImage &image);
 

@@ -22,10 +22,10 @@ bool isOursOrFree(const QByteArray &path)
 
 } // namespace
 
-// A device of our own, because QFile does not report a short write to what writes through it.
+// Not QFile: a QPainter or QSvgGenerator that writes through it would not learn of a short write.
 qint64 PrivateFile::Device::writeData(const char *bytes, qint64 size)
 {
-    const Uncancelled whole; // called by destructors of painters, which must not be cancelled
+    const Uncancelled whole; // destructors of painters call this, and a cancellation in a destructor ends the process
     for (qint64 done = 0; done < size && !failed;) {
         const ssize_t now = ::write(descriptor, bytes + done, static_cast<size_t>(size - done));
         if (now > 0) {
@@ -43,7 +43,7 @@ PrivateFile::PrivateFile(const char *path)
 {
     if (!isOursOrFree(m_path))
         return;
-    const Uncancelled begun; // cancelled in here, nobody would remove the file: the destructor does not run
+    const Uncancelled begun; // no destructor runs for a cancelled constructor, so the file would stay
     QByteArray ownPath = m_path + ".XXXXXX";
     m_device.descriptor = ::mkostemp(ownPath.data(), O_CLOEXEC); // mode 0600
     if (m_device.descriptor < 0)

@@ -29,7 +29,7 @@ bool writeAll(int file, const char *data, size_t size)
     return true;
 }
 
-// Random, so that nobody can have planted a file under this name.
+// Random, so that nobody can plant a file under this name beforehand.
 QByteArray unpredictableName()
 {
     unsigned char random[12];
@@ -52,7 +52,7 @@ ReplacedFile::ReplacedFile(const QString &path)
     if (m_path.isEmpty())
         return;
     const Beside beside = [this] {
-        const Uncancelled begun; // cancelled in here, nobody would remove the file: the destructor does not run
+        const Uncancelled begun; // no destructor runs for a cancelled constructor, so the new file would stay
         return beginBeside();
     }();
     if (beside == Beside::Impossible)
@@ -121,11 +121,11 @@ ReplacedFile::Beside ReplacedFile::createBeside(bool replaces, const struct stat
 void ReplacedFile::openInPlace()
 {
     {
-        const Uncancelled created; // a file that is there is known to be
+        const Uncancelled created; // between open() and m_created a cancellation would leave the file behind
         m_file = ::open(m_path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         m_created = m_file >= 0;
     }
-    if (!m_created) // a pipe waits for its reader, who may never come
+    if (!m_created) // may be cancelled: for a pipe, open() waits until somebody reads it
         m_file = ::open(m_path.constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
 }
 
@@ -136,7 +136,7 @@ qint64 ReplacedFile::readData(char *, qint64)
 
 qint64 ReplacedFile::writeData(const char *data, qint64 size)
 {
-    const Uncancelled written; // called by destructors of painters, which must not be cancelled
+    const Uncancelled written; // destructors of painters call this, and a cancellation in a destructor ends the process
     const auto bytes = static_cast<size_t>(size);
     if (m_besideName.isEmpty() || m_waiting.size() + bytes < kPiece) {
         m_waiting.insert(m_waiting.end(), data, data + size);
@@ -155,7 +155,7 @@ bool ReplacedFile::flush()
 
 bool ReplacedFile::commit()
 {
-    const Uncancelled written; // nobody gets a part for the whole
+    const Uncancelled written; // a cancelled thread must not leave half a file behind
     if (m_file < 0 || m_failed)
         return false;
     setOpenMode(QIODevice::NotOpen);

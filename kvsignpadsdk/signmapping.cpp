@@ -8,7 +8,7 @@ namespace signmapping {
 
 namespace {
 
-// In 64 bits: a raw value may be any int.
+// In 64 bits, because a raw value may be any int.
 double place(int raw, const int32_t &offset, int span, const double &ratio)
 {
     const int64_t distance = std::clamp<int64_t>(int64_t{raw} - shared::get(offset), 0, span - 1);

@@ -48,7 +48,7 @@ public:
         m_family->SignPadEventCallback(m_family->type, &detail::onEvent);
     }
 
-    /// As the constructor, but answers nothing and sets the error where that would throw a PadError.
+    /// Like the constructor, but returns nothing and sets the error where that would throw a PadError.
     static std::optional<Pad> open(
         Model model, Size size, std::error_code &error, const std::filesystem::path &driver = {})
     {
@@ -69,8 +69,8 @@ public:
     Pad &operator=(Pad &&) = delete;
     ~Pad() { close(); }
 
-    /// Ends the work with the pad; what was written and not taken is gone. Closing twice does nothing. Not from inside
-    /// a receiver of live images.
+    /// Closes the pad. Ink that was not taken is lost. Closing twice does nothing. Do not call it from inside a
+    /// receiver of live images.
     void close() noexcept
     {
         if (std::exchange(m_open, false)) {
@@ -83,14 +83,14 @@ public:
 
     // --- The pen ---
 
-    /// 1 to 10; 3 at first. For strokes to come.
+    /// 1 to 10; a new pad has 3. Counts for the next strokes.
     void setPenWidth(int level)
     {
         detail::check(level >= 1 && level <= 10, "a pen's width is 1 to 10");
         command(m_family->SetPenWidth, level);
     }
 
-    /// 0 to 255 each; black at first. For strokes to come.
+    /// 0 to 255 each; a new pad's pen is black. Counts for the next strokes.
     void setPenColor(Color color)
     {
         for (const int part : {color.red, color.green, color.blue})
@@ -98,13 +98,13 @@ public:
         command(m_family->SetPenColor, color.red, color.green, color.blue);
     }
 
-    /// Whether the width of strokes to come follows the pressure; it does at first.
+    /// Whether the width of the next strokes follows the pressure. A new pad's does.
     void setPenPressure(bool on) { command(m_family->SetPenStyle, on); }
 
-    /// Empties the canvas, the ink and the pad's own screen, and ends clip.
+    /// Empties the canvas, the ink and the pad's own screen, and ends clip().
     void clear() { command(m_family->Clear); }
 
-    /// Models with a screen; off also empties the canvas, not the ink.
+    /// Models with a screen. Switching it off empties the canvas too, but keeps the ink.
     void setScreen(bool on) { command(m_family->OpenLCD, on); }
 
     /// Models with a screen.
@@ -129,7 +129,7 @@ public:
         constexpr std::chrono::milliseconds kAskEvery(500);
         checkOpen();
         error.clear();
-        // milliseconds::max() is no moment of the clock: a century waits as long.
+        // Adding milliseconds::max() to the clock would overflow; a century is as good.
         const auto most = std::min<std::chrono::milliseconds>(timeout, std::chrono::hours(24 * 36500));
         const auto end = std::chrono::steady_clock::now() + most;
         for (int failures = 0;;) {
@@ -185,14 +185,14 @@ public:
 
     // --- Pictures ---
 
-    /// Cuts pictures to come to the ink and these margins in pixels; two of 0: the whole canvas.
+    /// Cuts the next pictures to the ink with these margins in pixels. Two margins of 0 show the whole canvas again.
     void clip(int across, int down)
     {
         detail::check(across >= 0 && down >= 0, "a margin is 0 pixels or more");
         command(m_family->SetSaveClipImageMargin, true, across, down);
     }
 
-    /// The signature; transparent, for PNG: white is see-through.
+    /// The signature. `transparent` counts for PNG: white becomes see-through.
     Bytes picture(ImageKind kind, bool transparent = true) const
     {
         return taken(
@@ -206,8 +206,8 @@ public:
         return {document.begin(), document.end()};
     }
 
-    /// Writes the signature at 150 or 300 dots per inch; the name's ending says how: .png .jpg .bmp .pdf .svg. When it
-    /// fails an earlier file is as it was.
+    /// Writes the signature at 150 or 300 dots per inch, in the format of the name's ending: .png .jpg .bmp .pdf .svg.
+    /// When it fails, an earlier file stays as it was.
     void save(const std::filesystem::path &file, int dpi = 300) const
     {
         if (const std::error_code error = trySave(file, dpi))
@@ -262,7 +262,7 @@ public:
         verify(result);
     }
 
-    /// The fingerprint's picture; only: cut to its rectangle (S310X). Errc::NotSupported before it has a place.
+    /// The fingerprint's picture (S310X), with `only` cut to its rectangle. Errc::NotSupported before it has a place.
     Bytes fingerprint(ImageKind kind = ImageKind::Png, bool only = true) const
     {
         require(m_family->GetFPImageBase64Data);
@@ -332,7 +332,7 @@ private:
         return value;
     }
 
-    /// What a text of the library says, which gets it back at once; nothing when there is none.
+    /// A copy of a text of the library, which is given back at once; nothing when there is none.
     template <class Function, class Free, class... Values>
     std::optional<Bytes> decoded(Function function, Free giveBack, Values... values) const
     {

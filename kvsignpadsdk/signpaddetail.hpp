@@ -148,13 +148,13 @@ class Receiver
 public:
     static Receiver &instance()
     {
-        static Receiver *const forEver = new Receiver; // a driver's thread may outlast the statics of a program
+        static Receiver *const forEver = new Receiver; // never destroyed: a driver's thread may run at the very end
         return *forEver;
     }
 
     bool open() const { return m_open; }
 
-    /// A pad that is still open when the program ends is closed by this.
+    /// `close` is called at exit if the pad is still open.
     void begin(int (*close)(int), int type)
     {
         static const int once = std::atexit([] { instance().closeForgotten(); });
@@ -248,7 +248,7 @@ inline void onLiveImage(char *text)
     Receiver::instance().live(text);
 }
 
-/// The library loads the driver from the working directory: changes it, and puts it back.
+/// Changes the working directory, from which the library loads the driver, and changes it back.
 class WorkingDirectory
 {
 public:
@@ -268,7 +268,7 @@ public:
 
 private:
 #ifdef O_PATH
-    static constexpr int kEntered = O_PATH; // a directory that may be entered, and perhaps not be listed
+    static constexpr int kEntered = O_PATH; // works for a directory that may be entered but not listed
 #else
     static constexpr int kEntered = O_RDONLY;
 #endif
@@ -285,7 +285,7 @@ private:
     int m_before = -1;
 };
 
-/// What most likely kept a pad from being opened.
+/// The likeliest reason why a pad could not be opened.
 inline Errc whyNot(const std::filesystem::path &directory)
 {
     std::error_code ignored;
@@ -293,8 +293,8 @@ inline Errc whyNot(const std::filesystem::path &directory)
     return there ? Errc::PadNotFound : Errc::DriverNotFound;
 }
 
-/// A file's name, which is UTF-8, one code point in each wchar_t. std::filesystem would go by the program's locale,
-/// which knows no letters but ASCII's until somebody sets it.
+/// A UTF-8 file name with one code point in each wchar_t. std::filesystem would convert by the program's locale, which
+/// knows only ASCII until the program sets it.
 inline std::wstring wide(const std::string &name)
 {
     std::wstring points;
@@ -334,7 +334,7 @@ inline int typeOf(const std::filesystem::path &file)
     throw std::invalid_argument("a file's name ends in .png, .jpg, .bmp, .pdf or .svg");
 }
 
-/// The library does not notice an SVG that could not be written: whether a file was, and to its end.
+/// Looks whether an SVG file was written, and to its end. The library reports success even when the disk is full.
 class FileState
 {
 public:

@@ -10,7 +10,7 @@ QImage asPixmapHolds(const QImage &image)
 {
     QImage pixels = pixelformats::converted(image, QImage::Format_ARGB32_Premultiplied);
     if (!opaquepixels::isOpaque(pixels))
-        return pixelformats::converted(pixels, QImage::Format_ARGB32); // the PDF writer would do it, in the thread pool
+        return pixelformats::converted(pixels, QImage::Format_ARGB32); // else the PDF writer does it, in Qt's threads
     // QPixmap::fromImage() drops the alpha channel when no pixel uses it.
     pixels.reinterpretAsFormat(QImage::Format_RGB32);
     return pixels;

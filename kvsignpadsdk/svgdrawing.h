@@ -15,7 +15,7 @@
 
 namespace svgdrawing {
 
-/// The image that QPixmap::fromImage() would hold. Pixmaps themselves need a QApplication.
+/// The image that a QPixmap made from this one would hold. Not a QPixmap, because that needs a QApplication.
 QImage asPixmapHolds(const QImage &image);
 
 /// Draws the fingerprint layer centred.
@@ -74,8 +74,8 @@ private:
     QPointF m_here;
 };
 
-/// Writes the whole drawing to the device. If the device is not open nothing is written, but the points are still
-/// mapped: one class logs each mapping, and its log must be the same.
+/// Writes the whole drawing to the device. If the device is not open nothing is written, but the points are mapped all
+/// the same, because one class logs each mapping.
 template <class Pad>
 void draw(Pad &pad, QIODevice &device, const QSize &size, int nDPI, const QPoint &origin)
 {

@@ -1,6 +1,6 @@
 /// @file
-/// What the sanitizers must be told about the end of a thread. ThreadSanitizer does not see QThread::wait(), and so not
-/// that everything the thread did happened before it returns.
+/// Tells the sanitizers about the end of a thread. ThreadSanitizer does not see QThread::wait(), so it does not know
+/// that everything the thread did happened before wait() returns.
 #ifndef THREADEND_H
 #define THREADEND_H
 

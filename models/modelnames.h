@@ -1,5 +1,5 @@
 /// @file
-/// The models' names as a program says them.
+/// The models' names in a row, for messages.
 #ifndef MODELNAMES_H
 #define MODELNAMES_H
 

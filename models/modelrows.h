@@ -1,6 +1,7 @@
 /// @file
-/// The pad models, one row each: what holds for a pad whatever program uses it. Read by the library, the simulator, the
-/// tools, the examples and the measurements; the tests have their own copy, so that a slip here does not go unnoticed.
+/// The pad models, one row each: everything about a pad that does not depend on the program that uses it. The library,
+/// the simulator, the tools, the examples and the measurements read these rows. The tests have their own copy, so that
+/// a slip here is noticed.
 #ifndef MODELROWS_H
 #define MODELROWS_H
 
@@ -36,9 +37,9 @@ struct ModelRow
     int rawSpanY;
     int maxPressure; ///< until the version text says otherwise
     WidthRule widthRule;
-    bool hasScreen; ///< that can be switched; modelrules.h says what else such pads have
+    bool hasScreen; ///< one that can be switched on and off; modelrules.h says what else such pads have
     bool hasFingerprintSensor;
-    VersionPrefix versions[8]; ///< in the order of testing, ended by a null text
+    VersionPrefix versions[8]; ///< tried in this order, ended by a null text
 };
 
 inline constexpr ModelRow kS210{KVS210_DEVICE, "S210", 160, 220, 2360, 1430, 2048, WidthRule::FixedDivisor, true, false,

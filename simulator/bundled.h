@@ -1,5 +1,5 @@
 /// @file
-/// The recordings and fingerprints that are built into the driver, because it is only ever found by its own file.
+/// The recordings and fingerprints that are built into the driver, so that it can be copied anywhere as one file.
 #ifndef BUNDLED_H
 #define BUNDLED_H
 

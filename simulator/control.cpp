@@ -1,5 +1,5 @@
 /// @file
-/// The control face: what simulatorcontrol.h promises, forwarded to the simulator.
+/// The control functions of simulatorcontrol.h; the simulator does their work.
 #include "simulatorcontrol.h"
 
 #include "simulator.h"

@@ -26,7 +26,7 @@ int headerNumber(std::istream &in)
     int value = 0;
     for (; std::isdigit(c) && value <= kLargestSide; c = in.get())
         value = value * 10 + (c - '0');
-    return value <= kLargestSide ? value : -1; // the one blank after the number is eaten
+    return value <= kLargestSide ? value : -1; // the one blank after the number is read too
 }
 
 } // namespace
@@ -41,7 +41,7 @@ GreyImage readPgm(std::istream &in, const std::string &name)
     if (image.width < 1 || image.height < 1 || headerNumber(in) != 255)
         throw std::runtime_error(name + ": not a PGM header with 255 grey levels");
     std::vector<char> row(static_cast<std::size_t>(image.width));
-    for (int y = 0; y < image.height; ++y) { // so that no more is asked for than the file has
+    for (int y = 0; y < image.height; ++y) { // row by row, so that a wrong header cannot ask for endless memory
         if (!in.read(row.data(), image.width))
             throw std::runtime_error(name + ": shorter than its header says");
         image.pixels.insert(image.pixels.end(), row.begin(), row.end());

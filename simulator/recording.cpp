@@ -77,7 +77,7 @@ void RecordingReader::readHeader()
         takePadVersion();
 }
 
-/// Notes may stand above the version line. Only now is it known which keys that version takes for events.
+/// Called after the header: notes may come before the version line, which says which keys are events.
 void RecordingReader::checkNotes()
 {
     for (std::size_t i = 0; i < m_notes.size(); ++i)
@@ -119,7 +119,7 @@ void RecordingReader::takeVersion(std::string_view value)
     m_version = version;
 }
 
-/// Not in version 1, where this key was a note like any other. As with the other keys, the last line counts.
+/// In version 1 this key is a note like any other. The last line counts, as with the other keys.
 void RecordingReader::takePadVersion()
 {
     const auto isPadVersion = [](const auto &line) { return line.first == kPadVersionKey; };

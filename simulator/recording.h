@@ -26,7 +26,7 @@ struct Recording
     std::string model;
     std::vector<std::pair<std::string, std::string>> notes; ///< header lines meant for people
     std::vector<Event> events;
-    std::string padVersion{}; ///< what GetDevicePartsVersion of the recorded pad wrote; empty: not known
+    std::string padVersion{}; ///< the recorded pad's text of GetDevicePartsVersion; empty: not known
 };
 
 /// what() is "file:line: reason".
@@ -67,7 +67,7 @@ private:
     std::string m_line; ///< the line in hand, without comment lines, blanks around it and line end
     int m_lineNumber = 0;
     bool m_lineWaits = false; ///< the line in hand is the first event, met while reading the header
-    int m_version = 0; ///< 0 until the header has said it
+    int m_version = 0; ///< 0 until its header line is read
     bool m_hadPacket = false;
     std::int64_t m_lastTimeUs = 0;
     std::string m_model;
@@ -78,8 +78,8 @@ private:
 
 Recording readRecording(std::istream &in, const std::string &name);
 
-/// Says the oldest version that the recording can be read with. A note that this version would take for something else
-/// is written as a comment.
+/// The version line names the oldest version with all events of the recording. A note that this version would take for
+/// something else is written as a comment.
 void writeRecording(std::ostream &out, const Recording &recording);
 
 } // namespace kvsim

@@ -38,7 +38,7 @@ struct Event
     int score = 0; ///< Fingerprint
     std::string operation{}; ///< Answer, Text: without KVSPDAPI_
     int value = 0; ///< Answer: the result; Repeat: how often; Stall, Screen: milliseconds
-    std::optional<std::string> text{}; ///< Text; none: the query writes nothing
+    std::optional<std::string> text{}; ///< Text; without one the query writes nothing
 };
 
 /// Whether a line that begins with this field is an event, in a recording of that version.

@@ -66,7 +66,7 @@ std::unique_ptr<std::istream> Source::open(const std::string &name) const
     }
     const std::string path = isAbsolute ? name : directory + name;
     if (struct stat info{}; stat(path.c_str(), &info) == 0 && !S_ISREG(info.st_mode))
-        throw std::runtime_error(path + ": is not a regular file"); // a pipe may never say anything
+        throw std::runtime_error(path + ": is not a regular file"); // reading a pipe could wait for ever
     auto stream = std::make_unique<std::ifstream>(path, std::ios::binary);
     if (!*stream)
         throw std::runtime_error(path + ": " + std::strerror(errno));

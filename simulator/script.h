@@ -37,7 +37,7 @@ struct Script
     std::vector<Delivery> deliveries{};
 };
 
-/// A packet of one pad as another would have sent it: the same place in the writing area, the same share of pressure.
+/// Converts a packet of one pad to another: the same place in the writing area, the same share of the pressure.
 Packet mapPacket(
     const Packet &packet, const ModelRow &from, int fromMaxPressure, const ModelRow &to, int toMaxPressure);
 

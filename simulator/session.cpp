@@ -20,7 +20,7 @@ Session::~Session()
 {
     stop();
     if (onOwnThread())
-        m_thread.detach(); // the process exits from inside a callback
+        m_thread.detach(); // a callback has called exit(), so this is the thread itself
     else
         m_thread.join();
 }
@@ -67,7 +67,7 @@ void Session::playUntilStopped()
     }
 }
 
-/// No lock is held over a callback: it may call any operation.
+/// Holds no lock during a callback, which may call any operation.
 int Session::deliverPackets(const Packet *packets, int count)
 {
     int delivered = 0;
@@ -107,8 +107,8 @@ void Session::deliver(const Delivery &delivery)
     }
 }
 
-/// The batch stays in the queue until its work is done: when a callback ends the thread in the midst of it, end() still
-/// finds it there and wakes its sender.
+/// The batch stays in the queue until its work is done. If a callback ends the thread halfway, end() finds it there and
+/// wakes the sender.
 void Session::serveNextBatch(std::unique_lock<std::mutex> &lock)
 {
     Batch &batch = *m_batches.front();

@@ -51,8 +51,8 @@ public:
     /// Ends the delay: the recording starts now.
     void endDelay();
 
-    /// Queues something that the pad does besides the recording, in the order of the calls and each not before its
-    /// time. False when the queue is full, unless it must be taken.
+    /// Queues something that the pad does besides the recording. The queue keeps the order of the calls and delivers
+    /// nothing before its time. Returns false when it is full, except with mustBe.
     bool append(Delivery delivery, std::chrono::steady_clock::time_point due, bool mustBe = false);
 
     /// 1: played, 0: not within the time, -1: stopped.
@@ -69,7 +69,7 @@ public:
     bool isStopping() const { return m_stopping; }
     bool hasEnded() const { return m_ended; }
 
-    /// The pad was unplugged: it sends nothing and takes no commands.
+    /// Whether the pad is unplugged. It then sends nothing and takes no commands.
     bool isGone() const { return m_gone; }
 
     /// Whether the rest of the recording plugs the pad in again.

@@ -98,7 +98,7 @@ int Simulator::initial(int deviceType, NOTIFY_HWSIGNDATA penPacket, NOTIFY_FPDAT
     if (!pad || !penPacket)
         return KVSPDART_INVALID_PARAMETERS;
     if (openSession())
-        return KVSPDARI_LIBUSB_CLAIM_INTERFACE_FAIL; // the pad has one user
+        return KVSPDARI_LIBUSB_CLAIM_INTERFACE_FAIL; // it is open already
     releaseEndedSessions();
     try {
         return openPad(*pad,
@@ -155,7 +155,7 @@ int Simulator::startSession(OpenPad pad, const Receivers &receivers, std::option
     return KVSPDARI_SUCCESS;
 }
 
-/// The result that the recording or the window wants from Initial; 0 lets it open.
+/// The result that the recording or the window gives Initial; 0 lets the pad open.
 int Simulator::refusal(const OpenPad &pad) const
 {
     if (pad.faults.gone || (m_unplugged && !pad.link))
@@ -165,7 +165,7 @@ int Simulator::refusal(const OpenPad &pad) const
     return asked == pad.faults.results.end() || isOverruled ? KVSPDARI_SUCCESS : asked->second;
 }
 
-/// The text that a test or the recording wants from a query. Null: nobody asked; an empty optional: write nothing.
+/// The text that a test or the recording has set for a query. Null: none was set; an empty optional: write nothing.
 const std::optional<std::string> *Simulator::askedText(const OpenPad &pad, const std::string &query) const
 {
     for (const auto *texts : {&m_wishes.texts, &pad.faults.texts})
@@ -185,7 +185,7 @@ std::string Simulator::versionText(const OpenPad &pad) const
     return "KV" + std::string(pad.model->name) + " SIM 1.0";
 }
 
-/// On the session's thread.
+/// Runs on the session's thread.
 void Simulator::takeFaults(const std::vector<Event> &faults)
 {
     const std::lock_guard lock(m_mutex);
@@ -206,10 +206,10 @@ void Simulator::tellWindow(const std::string &line)
         link->tell(line);
 }
 
-/// Joins sessions that were closed from inside a callback. Their own thread could not do that then.
+/// Joins the threads of sessions that were closed from inside a callback: a thread cannot join itself.
 void Simulator::releaseEndedSessions()
 {
-    std::vector<SessionPtr> ended; // joined after the lock is gone
+    std::vector<SessionPtr> ended; // destroyed, and so joined, after the lock is released
     const std::lock_guard lock(m_mutex);
     const auto firstEnded = std::partition(
         m_retired.begin(), m_retired.end(), [](const SessionPtr &session) { return !session->hasEnded(); });
@@ -228,7 +228,7 @@ int Simulator::unInitial()
         closed = std::move(m_session);
         if (closed)
             m_retired.push_back(closed);
-        sessions = m_retired; // whoever calls second waits for the last callback as well
+        sessions = m_retired; // a second caller at the same time must wait for the last callback too
         link = std::move(m_pad.link);
         m_pad.faults = {};
         m_pad.screenOn = false;
@@ -240,7 +240,7 @@ int Simulator::unInitial()
     if (closed && closed->comesBack()) {
         const std::lock_guard lock(m_mutex);
         if (!m_session)
-            m_unplugged = false; // and not before: till now the closed session may have pulled it out
+            m_unplugged = false; // only now: until stop() returned, the session could still unplug the pad
     }
     closed.reset();
     sessions.clear();
@@ -319,7 +319,7 @@ int Simulator::showPicture(const unsigned char *image, int length, int width, in
     {
         const std::lock_guard lock(m_mutex);
         if (!m_pad.model->hasFingerprintSensor)
-            return KVSPDARI_LIBUSB_SENT_CMD_FAIL; // its screen has no place for a picture
+            return KVSPDARI_LIBUSB_SENT_CMD_FAIL; // this model shows no pictures
         for (const int asked : {m_pad.settings.screenMs, m_pad.faults.screenMs, m_wishes.screenDelayMs})
             delayMs = asked >= 0 ? asked : delayMs;
     }
@@ -329,7 +329,7 @@ int Simulator::showPicture(const unsigned char *image, int length, int width, in
     return keepPicture(image, length, width, height);
 }
 
-/// Polls the flag: the caller sets it from another thread and has no means to wake this one.
+/// Polls the flag, because the caller sets it from another thread and cannot wake this one.
 bool Simulator::transferPicture(const Session &session, int delayMs, const bool *abort) const
 {
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(delayMs);

@@ -1,5 +1,5 @@
 /// @file
-/// The one simulated driver of a process: its opened pad, what tests asked of it, and what was asked of it.
+/// The one simulated driver of a process: its open pad, the answers that tests have set, and the journal of calls.
 #ifndef SIMULATOR_H
 #define SIMULATOR_H
 
@@ -34,7 +34,7 @@ public:
     int writeText(const char *operation, char *buffer, int size);
     int showPicture(const unsigned char *image, int length, int width, int height, const bool *abort);
 
-    // The control face.
+    // The control functions.
     int sendPackets(const Packet *packets, int count);
     int sendFingerprint(const unsigned char *data, int length, int score);
     int endDelay();
@@ -54,7 +54,7 @@ public:
 private:
     using SessionPtr = std::shared_ptr<Session>;
 
-    /// What a test asked for. It stays when the pad is closed.
+    /// What a test has set. It stays when the pad is closed.
     struct Wishes
     {
         std::map<std::string, int> results{};

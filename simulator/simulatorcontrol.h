@@ -1,10 +1,10 @@
 /// @file
-/// The simulator's control face: what a test or a tool may ask of it besides the driver's eleven operations.
+/// The simulator's control functions: what a test or a tool can do with it besides the driver's eleven operations.
 ///
 /// The functions are exported by libkvsignpaddrv.so. A program that loads the driver at run time finds them with dlsym;
-/// decltype(&KVSIM_SendPackets) is the matching pointer type. What is set here stays until KVSIM_Reset or until the
-/// library is unloaded, so a test that sets something before the driver is loaded by another part of the program holds
-/// a dlopen handle of its own. Every function may be called from any thread.
+/// decltype(&KVSIM_SendPackets) is the matching pointer type. Settings last until KVSIM_Reset or until the library is
+/// unloaded. A test that makes settings before another part of the program loads the driver must therefore hold a
+/// dlopen handle itself. Every function may be called from any thread.
 #ifndef SIMULATORCONTROL_H
 #define SIMULATORCONTROL_H
 
@@ -40,7 +40,7 @@ void KVSIM_SetReadingThreadPackets(const struct KVSIM_PACKET *packets, int count
 /// still closes. This takes precedence over the recording.
 void KVSIM_SetResult(const char *operation, int result);
 
-/// Sets what a text query (GetDevicePartsVersion...) writes. Null: it writes nothing and answers its result.
+/// Sets the text that a query (GetDevicePartsVersion...) writes. With null it writes nothing, but answers as usual.
 void KVSIM_SetText(const char *operation, const char *text);
 
 /// How long ShowFPImageOnDevice takes, in milliseconds; negative: as KVSIM_SCREEN_MS says.
@@ -64,8 +64,8 @@ int KVSIM_IsScreenOn(void);
 /// Answers 0, or -1 when the driver is not open.
 int KVSIM_EndDelay(void);
 
-/// Waits for the recording to have been played to its end. 1: it has, or there is none; 0: not within the time;
-/// -1: the driver is not open, or was closed meanwhile.
+/// Waits until the recording has been played to its end. Answers 1 when it has or there is none, 0 when the time is
+/// over, and -1 when the driver is not open or was closed meanwhile.
 int KVSIM_WaitUntilPlayed(int timeoutMs);
 
 /// Forgets results, texts, reading-thread packets, screen delay, calls and pictures. An open pad stays open.

@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char *kSocketName = "/kv-virtualpad.sock";
 
-/// Links are not followed: whoever may plant one may also exchange it.
+/// Does not follow links: whoever can plant one can exchange it later.
 bool belongsToUsAlone(const std::string &directory)
 {
     struct stat info
@@ -36,7 +36,7 @@ std::string virtualPadSocket()
         runtime && *runtime && fits(std::string(runtime) + kSocketName) && belongsToUsAlone(runtime))
         return std::string(runtime) + kSocketName;
     const std::string own = "/tmp/kv-virtualpad-" + std::to_string(geteuid());
-    mkdir(own.c_str(), S_IRWXU); // it may be there already
+    mkdir(own.c_str(), S_IRWXU); // may exist already; what exists is checked next
     if (!belongsToUsAlone(own))
         throw std::runtime_error(own + ": not a directory of this user alone");
     return own + kSocketName;

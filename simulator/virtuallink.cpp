@@ -74,7 +74,7 @@ void VirtualLink::tell(const std::string &line)
     if (operationOf(line) == "ClearDeviceContent")
         m_told.erase("ShowFPImageOnDevice");
     if (m_connection && !m_connection->send(line))
-        m_connection->close(); // it does not read: as good as closed
+        m_connection->close(); // a window that does not read is treated as closed
 }
 
 void VirtualLink::run()
@@ -93,7 +93,7 @@ void VirtualLink::run()
     }
 }
 
-/// Hands on what the window sends until the connection is closed.
+/// Passes on what the window sends until the connection is closed.
 void VirtualLink::playConnection()
 {
     const auto connection = m_connection;
@@ -139,7 +139,7 @@ bool VirtualLink::reconnect()
     return true;
 }
 
-/// Queued after everything that the window has sent, even when the queue is full.
+/// Queues the faults after everything that the window has sent, even when the queue is full.
 void VirtualLink::setIn(std::vector<Event> faults)
 {
     m_session->append({0, std::make_shared<const std::vector<Event>>(std::move(faults))}, Clock::now(), true);

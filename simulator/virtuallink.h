@@ -1,12 +1,14 @@
 /// @file
 /// The driver's end of a virtual pad: a window that plays the pad, on the other side of a local socket.
 ///
-/// The window sends a recording that never ends: a header, its state, and then events as they happen; the state again
-/// whenever it changes. windowreader.h says what a state is: what holds from now on, whole, with the answer to Initial
-/// as its last line. So a program that opens a faulty pad meets its faults from the first command on. The driver sends
-/// a line for each operation that succeeded, as the journal of calls has it, and `ShowFPImageOnDevice WIDTH HEIGHT HEX`
-/// for a picture. It begins with `Initial TYPE`; the window ends connections whose lines are longer than that or a
-/// picture.
+/// The window sends a recording that never ends: a header, its state, then events as they happen, and its state again
+/// whenever that changes. A state (see windowreader.h) lists everything that holds from now on and ends with the answer
+/// to Initial. It comes before anything else, so a program that opens a faulty pad meets the faults from its first
+/// command on.
+///
+/// The driver begins with `Initial TYPE`. It then sends a line for each operation that succeeded, in the words of the
+/// journal of calls, and `ShowFPImageOnDevice WIDTH HEIGHT HEX` for a picture. The window ends a connection that sends
+/// a longer line than these.
 #ifndef VIRTUALLINK_H
 #define VIRTUALLINK_H
 
@@ -41,15 +43,15 @@ public:
     VirtualLink(const VirtualLink &) = delete;
     VirtualLink &operator=(const VirtualLink &) = delete;
 
-    /// The faults that the window asked for, its answer to Initial included.
+    /// The faults that the window asked for, including its answer to Initial.
     const std::vector<Event> &opening() const { return m_opening; }
 
-    /// From now on the session gets what the window sends. A window that is closed is an unplugged pad; when one is
-    /// open again it is told how things stand, and the pad is back.
+    /// Passes what the window sends to the session from now on. Closing the window unplugs the pad. When one is opened
+    /// again, it is told the last operations, and the pad is plugged in.
     void start(std::shared_ptr<Session> session, int maxPressure);
     void stop();
 
-    /// Tells the window of an operation. A line replaces the last one of the same operation for a window to come.
+    /// Tells the window of an operation. The last line of each operation is kept for a window that is opened later.
     void tell(const std::string &line);
 
     static std::string pictureLine(const unsigned char *image, int width, int height);
@@ -72,7 +74,7 @@ private:
     std::shared_ptr<WindowConnection> m_connection; ///< null: the window is closed
     std::map<std::string, std::string> m_told; ///< last line by operation
     bool m_stopping = false;
-    std::thread m_thread; ///< last: it uses all of the above
+    std::thread m_thread; ///< the last member, because it uses all others
 };
 
 } // namespace kvsim

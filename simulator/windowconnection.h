@@ -55,14 +55,15 @@ public:
     /// The moment from which the window counts its times.
     Clock::time_point begin() const { return m_begin; }
 
-    /// False at the end, also when another thread called close(). Throws std::runtime_error for what is malformed.
+    /// Returns false at the end, also when another thread called close(). Throws std::runtime_error for malformed
+    /// lines.
     bool next(std::vector<Event> &events) { return m_reader->next(events); }
 
-    /// For a forked child: closes its copy of the socket. Otherwise the window would not notice that the parent has
-    /// ended.
+    /// For a forked child: closes its copy of the socket. While that is open the window does not notice that the parent
+    /// has ended.
     static void leaveToParent();
 
-    /// Does not wait: false when the socket's buffer is full or the window is gone.
+    /// Does not wait. Returns false when the socket's buffer is full or the window is gone.
     bool send(const std::string &line);
     void close();
 

@@ -30,8 +30,8 @@ public:
     /// What Initial is to answer.
     int answer() const { return m_opening.back().value; }
 
-    /// What comes next: one thing that the pad sends, or a state. False at the end. Throws std::runtime_error for what
-    /// is malformed.
+    /// The next event that the pad sends, or the next state. Returns false at the end. Throws std::runtime_error for
+    /// malformed lines.
     bool next(std::vector<Event> &events);
 
 private:

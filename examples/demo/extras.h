@@ -1,5 +1,5 @@
 /// @file
-/// What single models can do besides: shown quickly after the captures.
+/// What only some models can do. Shown quickly, after the captures.
 #ifndef EXTRAS_H
 #define EXTRAS_H
 

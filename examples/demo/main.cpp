@@ -20,7 +20,7 @@
 
 namespace {
 
-/// What is collected on the way for the tables at the end.
+/// Collected during the run for the tables at the end.
 struct Findings
 {
     std::vector<QStringList> devices;

@@ -13,15 +13,15 @@
 
 struct Failure;
 
-/// One written file, as it was found on the disk afterwards.
+/// A written file, as it was read back from the disk.
 struct WrittenFile
 {
     QString name;
     QString type;
     QSize pixels;
-    int dpi = 0; ///< 0: the file does not say
+    int dpi = 0; ///< 0: the file has none
     qint64 bytes = 0;
-    int inkPoints = 0; ///< 0: the file is no signature
+    int inkPoints = 0; ///< 0: the file is not a signature
 
     QStringList row() const;
     static QStringList titles();

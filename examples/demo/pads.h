@@ -6,7 +6,7 @@
 #include "modelrules.h"
 #include "padfamilies.h"
 
-inline constexpr int kCanvasWidth = 800; ///< pixels; as high as the writing area's proportions make it
+inline constexpr int kCanvasWidth = 800; ///< pixels; the height follows from the writing area's proportions
 
 inline constexpr const PadFamily &kS310XPad = *familyOfName("S310X");
 inline constexpr const PadFamily &kS210Pad = *familyOfName("S210");

@@ -10,7 +10,7 @@
 
 #include <vector>
 
-/// One line on the terminal, rewritten in place; where the output is no terminal only its last state is printed.
+/// One line on the terminal, rewritten in place. If the output is not a terminal, only its last state is printed.
 class ProgressLine
 {
 public:

@@ -99,7 +99,7 @@ Result forward(Result without, Result failed, Call call)
     });
 }
 
-/// The same for functions that return one value in both cases.
+/// The same for functions that return one value without an instance and after a failure.
 template <class Family, class Result, class Call>
 Result forward(Result otherwise, Call call)
 {

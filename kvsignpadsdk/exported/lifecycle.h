@@ -16,10 +16,11 @@
 namespace exported {
 
 /// Ends the open instance: a headless one is deleted at once, a widget later by the event loop. The library is closed
-/// afterwards even if something fails on the way. A forked child does not touch the widget, because its window belongs
-/// to the parent's connection to the display, and two processes cannot share one. Nor does it delete a headless
-/// instance: a thread of the parent may have been drawing on the canvas at the fork, and Qt then waits for ever in the
-/// warning that it gives of a canvas deleted while it is painted.
+/// afterwards even if something fails on the way.
+///
+/// A forked child leaves both alone. The widget's window belongs to the parent's connection to the display, which two
+/// processes cannot share. And if a thread of the parent was drawing on a headless canvas at the fork, Qt would warn of
+/// a canvas that is deleted while it is painted, and the child would never return from that warning.
 template <class Family>
 void close()
 {

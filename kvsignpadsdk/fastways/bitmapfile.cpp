@@ -55,7 +55,7 @@ void writeRow(char *to, const QRgb *pixels, int width)
     }
 }
 
-// 24 bits a pixel without alpha, rows padded to four bytes: what QBmpHandler writes for 32-bit images.
+// QBmpHandler writes 32-bit images with 24 bits a pixel, without alpha, and pads rows to four bytes.
 QByteArray written(const QImage &image)
 {
     const int64_t bytesPerRow = (int64_t{image.width()} * 3 + 3) / 4 * 4;

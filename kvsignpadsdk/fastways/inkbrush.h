@@ -38,8 +38,8 @@ private:
     void setPen(double width, const QColor &colour);
 
     std::unique_ptr<Kept> m_kept;
-    // QPen is copy-on-write and the painter holds a copy of the pen it was given last, so changing that one would
-    // allocate. The other one is ours alone.
+    // Two pens, used in turn. QPen is copy-on-write, and the painter holds a copy of the pen that it was given last:
+    // changing that pen would allocate, changing the other one does not.
     QPen m_pens[2];
     int m_nextPen = 0;
 };

@@ -17,9 +17,9 @@ const QRgb *row(const QImage &image, int y)
     return reinterpret_cast<const QRgb *>(image.constScanLine(y));
 }
 
-// Whether all pixels have these bits. width() stays outside the loop: called for each pixel it keeps the compiler from
-// vectorising, and costs five times as much as everything else. ANDing a whole row before comparing has the same
-// reason.
+// Whether all pixels have these bits. Two things let the compiler vectorise the inner loop: width() is called before it
+// (called for each pixel it costs five times as much as everything else), and a row is ANDed whole before it is
+// compared.
 bool hasEverywhere(const QImage &image, QRgb bits)
 {
     const int width = image.width();

@@ -26,9 +26,9 @@ QImage whiteTransparent(const QImage &image);
 /// A second QImage over the image's memory that ignores its alpha. Do not use it once the original changes or is gone.
 QImage viewWithoutAlpha(const QImage &image);
 
-/// Remembers whether an image is opaque, and looks again only when its cacheKey() or its memory is another. InkBrush
-/// and MergeCache write without changing the key; they may, because opaque pixels stay opaque under what they do. See
-/// "What a cache key tells" in docs/architecture.md.
+/// Remembers whether an image is opaque, and looks again only when its cacheKey() or its memory has changed. InkBrush
+/// and MergeCache write without changing the key. That is safe here, because neither makes an opaque pixel translucent.
+/// See "What a cache key tells" in docs/architecture.md.
 class Memo
 {
 public:

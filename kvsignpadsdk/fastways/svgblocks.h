@@ -1,5 +1,5 @@
 /// @file
-/// What QSvgGenerator writes for one line, as a text with places for numbers.
+/// What QSvgGenerator writes for one line: a text with gaps for the numbers.
 #ifndef SVGBLOCKS_H
 #define SVGBLOCKS_H
 
@@ -44,7 +44,7 @@ public:
 
     void append(QByteArray &text, const svglines::Line &line) const;
 
-    /// What stands behind the last line.
+    /// The text after the last line.
     const QByteArray &end() const { return m_end; }
 
 private:

@@ -34,7 +34,7 @@ struct Drawing
     QSize size; ///< drawing area and view box
     int dpi;
     QColor colour;
-    std::function<void(QPainter &)> below; ///< draws what stands under the lines; may be empty
+    std::function<void(QPainter &)> below; ///< draws what is below the lines; may be empty
     Source next;
     size_t atMost; ///< upper limit of the lines that `next` hands out
 };

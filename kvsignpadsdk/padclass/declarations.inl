@@ -1,4 +1,4 @@
-// The members that every instance class has. Each group is headed by the names of the files that do its work.
+// The members that every instance class has. The comment above each group names the files that do its work.
 
 // driverbinding
 bool LoadKVSignPadDriver();

@@ -16,7 +16,7 @@ struct PadInternals
     /// False in a forked child: fork does not copy the threads that deliver packets and show fingerprints.
     bool isOfThisProcess() const { return m_process == ::getpid(); }
 
-    /// For readers of a canvas that must not take m_mutexUpdateCanvas: every write to a canvas holds this lock as well.
+    /// Every write to a canvas holds this lock too, for readers that must not take m_mutexUpdateCanvas.
     std::mutex pixelsLock;
     /// Guards m_pPointDataList, m_pDecodedPointDataList and the lists they point to.
     std::mutex inkLock;

@@ -15,7 +15,7 @@ void *libraryOf(const void *address)
     return dladdr(address, &info) != 0 ? info.dli_fbase : nullptr;
 }
 
-/// Refuses a driver that others could have replaced: it runs with all rights of the program that signs.
+/// Refuses a driver that other users could have replaced: it would run with all rights of the program that signs.
 void refuseWhatOthersMayWrite(const std::string &path)
 {
     const std::string consequence = "; it is not loaded (KVREC_TRUST=1 loads it all the same)";

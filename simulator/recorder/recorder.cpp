@@ -15,7 +15,7 @@ std::string setting(const char *name, const char *otherwise)
     return value && *value ? value : otherwise;
 }
 
-/// 0, or nothing, is no.
+/// Whether an environment variable is set to anything but 0 or nothing.
 bool isSet(const char *name)
 {
     return setting(name, "0") != "0";
@@ -28,7 +28,7 @@ int forward(const Operation operation, Arguments... arguments)
     return operation ? operation(arguments...) : KVSPDARI_FAILED;
 }
 
-/// The recorder of this process, from the library's being loaded until it is unloaded.
+/// The recorder of this process. It lives as long as the library is loaded.
 class Current
 {
 public:
@@ -63,15 +63,15 @@ Recorder &Recorder::instance()
     return current.recorder();
 }
 
-/// The process exits with the pad open, maybe: the real driver delivers packets until it is unloaded, and they are
-/// written until then.
+/// If the process exits with the pad open, the real driver delivers packets until it is unloaded. Unload it first, so
+/// that they are still written.
 Recorder::~Recorder()
 {
     m_driver = nullptr;
     m_packetFile = nullptr;
 }
 
-/// Loaded at the first call. Null, which is said on stderr, when it cannot be.
+/// Loads the driver at the first call. Returns null, with a line on stderr, when it cannot be loaded.
 const RealDriver *Recorder::driver()
 {
     const std::lock_guard lock(m_mutex);
@@ -106,7 +106,7 @@ Recorder::FilePtr Recorder::file()
     return m_file;
 }
 
-/// Written before it is handed on, so that nothing was delivered that is not in the file.
+/// Writes the packet before passing it on, so that nothing is delivered that is missing in the file.
 void Recorder::receivePacket(int x, int y, int pressure, int status)
 {
     Recorder &recorder = instance();
@@ -140,7 +140,7 @@ int Recorder::initial(int deviceType, NOTIFY_HWSIGNDATA penPacket, NOTIFY_FPDATA
     return result;
 }
 
-/// False while a session is open: the driver will refuse another one, which must not change this one.
+/// Returns false while a session is open: the driver will refuse another one, and the open one must stay as it is.
 bool Recorder::begin(int deviceType, NOTIFY_HWSIGNDATA penPacket, NOTIFY_FPDATA fingerprint)
 {
     const std::lock_guard lock(m_mutex);
@@ -164,7 +164,7 @@ void Recorder::end()
     m_file = nullptr;
 }
 
-/// No callback runs any more when the real driver has returned.
+/// When the real driver's UnInitial has returned, no callback runs any more.
 int Recorder::unInitial()
 {
     const RealDriver *real = driver();

@@ -1,6 +1,6 @@
 /// @file
-/// The one recorder of a process: it forwards everything to the real driver and writes down what went through. A forked
-/// child has one of its own, which writes nothing of its parent's session.
+/// The one recorder of a process: it forwards everything to the real driver and writes down what passes. A forked child
+/// has its own recorder, which writes nothing of the parent's session.
 #ifndef RECORDER_H
 #define RECORDER_H
 

@@ -10,8 +10,8 @@
 
 namespace kvsim {
 
-/// Puts the packets of a recording on one fixed curve: the place of a packet follows from how many there were before it
-/// and from nothing else. Pressure and status stay.
+/// Moves the packets of a recording onto one fixed curve. A packet's place depends only on how many packets came before
+/// it. Pressure and status stay.
 class Scrambler
 {
 public:
@@ -27,7 +27,7 @@ private:
     unsigned m_count = 0;
 };
 
-/// The picture in place of every fingerprint: stripes, 208 by 288 grey bytes.
+/// The picture that replaces every fingerprint: stripes, as grey bytes of the sensor's size.
 std::vector<unsigned char> scrambledFingerprint();
 
 } // namespace kvsim

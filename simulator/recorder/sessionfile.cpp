@@ -163,8 +163,8 @@ void SessionFile::fingerprint(const unsigned char *data, int length, int score)
         writeEvent(std::move(event));
 }
 
-/// A picture's name in the recording, which has no blanks; empty when there is no file of it. A sensor that sends the
-/// same picture again gets the same file.
+/// Stores a picture and returns the name of its file, which has no blanks; empty when it could not be stored. A picture
+/// that the sensor sends again keeps its file.
 std::string SessionFile::storeImage(const unsigned char *data, int length)
 {
     constexpr std::size_t kSize = std::size_t{kFingerprintWidth} * kFingerprintHeight;
@@ -212,7 +212,7 @@ void SessionFile::text(const char *query, const std::string &text)
     const std::lock_guard lock(m_mutex);
     const bool isVersion = std::string_view(query) == "GetDevicePartsVersion";
     if (m_scrambler && !isVersion)
-        return; // identifiers may lead to the signer
+        return; // an identifier could lead to the signer
     const std::string line = std::string(kvsim::trimmed(onOneLine(text)));
     if (const auto last = m_texts.find(query); last != m_texts.end() && last->second == line)
         return;

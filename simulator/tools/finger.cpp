@@ -34,7 +34,7 @@ double ridgeAngle(double x, double y)
     return 0.5 * (std::atan2(y - kCoreY, x - kCoreX) - std::atan2(y - kDeltaY, x - kDeltaX));
 }
 
-/// Answers to waves of the ridges' period that run across a direction; its sum is zero, so even grey stays even.
+/// A filter for waves of the ridges' period across a direction. Its sum is zero, so plain grey stays plain.
 using Kernel = std::array<double, kSide * kSide>;
 
 Kernel gaborKernel(double angle)
@@ -74,7 +74,7 @@ double filtered(const Field &field, int x, int y, const Kernel &kernel)
     return sum;
 }
 
-/// Filtering again and again lets ridges, and the places where they end and fork, grow out of noise.
+/// Filters noise again and again, until ridges have grown out of it, with places where they end and fork.
 Field growRidges(unsigned seed)
 {
     std::vector<Kernel> kernels;

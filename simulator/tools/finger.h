@@ -15,7 +15,7 @@ struct Contact
     double noise; ///< 0 to 1
 };
 
-/// Quality 0 to 100: the better, the larger and darker the contact and the less noise.
+/// Quality 0 to 100. With it the contact gets larger and darker, and the noise less.
 Contact contactOfQuality(int quality);
 
 /// The same seed gives the same finger at any quality.

@@ -76,7 +76,7 @@ Target leaning(const Target &target, const Manner &manner)
     return {x, target.y - x * std::tan(manner.rise * kRadians), target.bend};
 }
 
-/// Lays the strokes out in time, each beginning while the last is still under way.
+/// Lays the strokes out in time. Each begins while the one before is still going on.
 class Planner
 {
 public:
@@ -96,7 +96,7 @@ public:
             const double from = m_clock + 0.01;
             for (std::size_t i = 1; i < path.size(); ++i)
                 addStroke(path[i], strokeSeconds(path[i]));
-            if (path.size() == 1) // a dot: the pen gives way a little
+            if (path.size() == 1) // a dot: the pen slips a little
                 addStroke({path[0].x + 0.03, path[0].y + 0.05}, 0.04);
             m_movement.contacts.push_back({from, m_clock + 0.05});
         }
@@ -104,7 +104,7 @@ public:
     }
 
 private:
-    /// Longer strokes are faster: their time grows only with a root of their length.
+    /// Longer strokes are faster: the time grows with a root of the length only.
     double strokeSeconds(const Target &target)
     {
         const Target to = leaning(target, m_manner);

@@ -15,7 +15,7 @@ struct Target
     double bend = 0;
 };
 
-/// What is written without lifting the pen; the first target is where the pen comes down.
+/// What is written without lifting the pen. The first target is where the pen is put down.
 using PenPath = std::vector<Target>;
 
 /// How somebody writes.

@@ -184,8 +184,7 @@ void tell(const HeadlessPad &pad, const CaptureState &state, const CaptureOutput
         say(QString("%1  %2 bytes").arg(file.name, grouped(file.bytes)));
 }
 
-/// What a signer has written without confirming is only kept under a name of its own. Adds to the failure what came of
-/// it.
+/// Writes unconfirmed ink to the file of --unconfirmed, never to the outputs, and says so in the failure.
 void keepUnconfirmed(const HeadlessPad &pad, CaptureOutputs *unconfirmedInk, Failure &failure)
 {
     const bool isMeant = failure.code == kUnplugged || failure.code == kTimedOut;

@@ -1,5 +1,5 @@
 /// @file
-/// A signature that is written on a pad now.
+/// Captures a signature from a pad.
 #ifndef CAPTURED_H
 #define CAPTURED_H
 
@@ -16,8 +16,9 @@ struct Captured
     QByteArray record; ///< the library's text of the ink
 };
 
-/// Waits for confirm on a pad; everything else throws. Reads the options of the driver and the timeout.
-/// @param model one of the five, or auto
+/// Opens the pad and waits until the signer confirms; throws a Failure when anything else happens. Uses the options for
+/// the driver and the timeout.
+/// @param model a name in modelrows.h, or auto
 Captured captureRecord(const Arguments &arguments, const QString &model);
 
 #endif

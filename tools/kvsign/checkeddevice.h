@@ -1,6 +1,5 @@
 /// @file
-/// A device that remembers the first write error. Qt's PDF and SVG writers ignore errors, so they must be asked for
-/// later.
+/// A device that remembers the first write error for later, because Qt's PDF and SVG writers ignore errors.
 #ifndef CHECKEDDEVICE_H
 #define CHECKEDDEVICE_H
 

@@ -33,7 +33,7 @@ bool copy(int from, int to)
         if (size < 0 && errno == EINTR)
             continue;
         if (size == 0)
-            return ftruncate(to, place) == 0; // last: what the earlier content had of the disk is needed to put it back
+            return ftruncate(to, place) == 0; // last, so that a full disk still has room to put the old content back
         if (size < 0 || !writeAt(to, piece, size, place))
             return false;
         place += size;

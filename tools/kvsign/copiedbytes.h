@@ -1,12 +1,13 @@
 /// @file
-/// A file's content into another one's place.
+/// Copies a file's content over another file's.
 #ifndef COPIEDBYTES_H
 #define COPIEDBYTES_H
 
 namespace copiedbytes {
 
-/// Writes a file over with all of another one's bytes, and ends it there; false when it has not taken them, with errno
-/// set. It only makes system calls, as a signal handler must. Where either file stands does not matter and stays.
+/// Overwrites a file with all bytes of another one and cuts off the rest. Returns false, with errno set, when they
+/// could not be written. Safe in signal handlers: it makes system calls only. The file positions do not matter and
+/// stay.
 bool copy(int from, int to);
 
 } // namespace copiedbytes

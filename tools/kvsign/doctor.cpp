@@ -1,4 +1,4 @@
-// kvsign doctor: looks at everything that signing needs, and says how to mend it.
+// kvsign doctor: checks everything that signing needs, and says how to mend it.
 #include "doctor/findings.h"
 #include "failure.h"
 #include "headlesspad.h"

@@ -1,5 +1,5 @@
 /// @file
-/// What the subcommands that work on PDFs share.
+/// Shared by the subcommands that work on PDFs.
 #ifndef DOCUMENTWORK_H
 #define DOCUMENTWORK_H
 
@@ -7,8 +7,8 @@
 
 #include <functional>
 
-/// Runs something of the documents library; what goes wrong there is thrown as a Failure. A hostile document ends with
-/// too little memory, and not with none left for others.
+/// Runs work of the documents library and throws its problems as a Failure. Limits the process's memory, so that a
+/// hostile document cannot take it from other programs.
 int withDocuments(const std::function<int()> &work);
 
 #endif

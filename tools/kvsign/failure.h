@@ -12,7 +12,7 @@ struct Failure
 {
     ExitCode code;
     QString message;
-    QJsonObject details = {}; ///< what the answer in JSON says besides
+    QJsonObject details = {}; ///< further members of the answer in JSON
 };
 
 inline Failure failed(const QString &message)

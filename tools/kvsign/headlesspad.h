@@ -17,7 +17,8 @@ inline constexpr Option kUnsafeDriverOption{"unsafe-driver", nullptr,
     "Use the driver although others may change its file or a folder on the way to it.", nullptr, nullptr};
 
 /// Makes the driver's directory the working directory, because the library looks for the driver there. Make relative
-/// file names absolute before. Throws when there is no such directory, or the simulator is meant and is not installed.
+/// file names absolute before. Throws when there is no such directory, or when the simulator is asked for and is not
+/// installed.
 void enterDriverDirectory(const Arguments &arguments);
 
 /// Throws when others could replace the driver, unless the arguments allow that. Call it in the driver's directory,

@@ -19,7 +19,7 @@ struct InkGap
 class InkStatistics
 {
 public:
-    /// More milliseconds than this between two points of a stroke count as a gap.
+    /// @param gapMilliseconds a longer time between two points of a stroke counts as a gap
     explicit InkStatistics(int gapMilliseconds)
         : m_gapMilliseconds(gapMilliseconds)
     {
@@ -37,7 +37,7 @@ public:
     qint64 firstTime = 0; ///< seconds since the epoch
     double length = 0; ///< of all lines, in raw units
     InkExtent extent;
-    int leastPressure = 32767; ///< pressures without those of closing points
+    int leastPressure = 32767; ///< both pressures without those of closing points
     int mostPressure = -32768;
     double meanPressure = 0;
     qint64 gaps = 0; ///< inside strokes
@@ -46,9 +46,9 @@ public:
     std::vector<InkGap> longestGaps; ///< the longest first, ten at most
     InkGap longestPause = {0, 0};
     qint64 backwards = 0; ///< points whose tick is before that of the point before
-    bool isClosed = true; ///< the last stroke has its closing point
+    bool isClosed = true; ///< whether the last stroke has its closing point
 
-    /// All ink lies within a hundredth of the pad's width.
+    /// Whether all ink lies within a hundredth of the pad's width.
     bool isOnlyADot() const;
 
 private:

@@ -7,7 +7,8 @@
 
 namespace {
 
-// Sent by people or the system to end a program. Noted here, and noticed between two steps of work.
+// Sent by people or the system to end a program. The handler only notes them; throwIfInterrupted() looks between two
+// steps of work.
 constexpr int kNoticed[] = {SIGINT, SIGTERM, SIGHUP};
 
 // These end the program at once, after cleaning up: a quit from the keyboard, timers, crashes. SIGKILL cannot be
@@ -15,7 +16,7 @@ constexpr int kNoticed[] = {SIGINT, SIGTERM, SIGHUP};
 constexpr int kDeadly[] = {SIGQUIT, SIGILL, SIGTRAP, SIGABRT, SIGBUS, SIGFPE, SIGSEGV, SIGUSR1, SIGUSR2, SIGALRM,
     SIGSTKFLT, SIGXCPU, SIGVTALRM, SIGPROF, SIGIO, SIGPWR, SIGSYS};
 
-// Ignored: write() then fails with EPIPE or EFBIG, which takes the usual way of closing and removing everything.
+// Ignored, because write() then fails with EPIPE or EFBIG, and everything is closed and removed as after any error.
 constexpr int kSaidByWriting[] = {SIGPIPE, SIGXFSZ};
 
 volatile std::sig_atomic_t g_interrupted = 0;
@@ -29,7 +30,7 @@ void endAtOnce(int signal)
 
 void remember(int signal)
 {
-    // A second signal ends the process, in case a step hangs.
+    // The second signal ends the process at once, in case a step hangs.
     if (g_interrupted != 0)
         endAtOnce(signal);
     g_interrupted = 1;

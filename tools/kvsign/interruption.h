@@ -1,6 +1,6 @@
 /// @file
-/// Ctrl-C and the like are noticed between two steps of work, so that all files are closed and removed properly. A
-/// second one, and any other signal that ends a process, removes temporary files and ends it at once.
+/// Ctrl-C and the like take effect between two steps of work, so that all files are closed and removed properly. A
+/// second one, and any other deadly signal, removes temporary files and ends the process at once.
 #ifndef INTERRUPTION_H
 #define INTERRUPTION_H
 

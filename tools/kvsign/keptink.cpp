@@ -29,7 +29,7 @@ plainio::Descriptor newFile(const QString &base, QString &name)
     return {};
 }
 
-/// What the message says of the ink.
+/// Writes the ink, and says for the message where it is.
 QString kept(const QByteArray &record, const QString &output)
 {
     QString name;

@@ -1,5 +1,6 @@
 /// @file
-/// An earlier file that no new one can stand for, say, one with two names or another user's: it is written over.
+/// An existing file that must be overwritten, because a new file could not replace it: one with two names, for example,
+/// or one of another user.
 #ifndef KEPTPLACE_H
 #define KEPTPLACE_H
 
@@ -13,12 +14,13 @@
 class KeptPlace
 {
 public:
-    /// Opens the file, and writes nothing. Throws a Failure when it cannot be written, or not be read to be kept.
+    /// Opens the file without writing. Throws a Failure when it cannot be written, or when its content cannot be read
+    /// to be kept.
     /// @param name for messages
     KeptPlace(const QByteArray &path, const QString &name);
 
-    /// Gives the file another one's content, which the disk has then. Throws a Failure when it does not take it. Until
-    /// release() the earlier content comes back when this object is destroyed, and also by a signal.
+    /// Copies the content into the file and syncs it to the disk. Throws a Failure when that fails. Until release(),
+    /// the earlier content is put back when this object is destroyed or a signal ends the process.
     void write(int content);
 
     void release();
@@ -26,7 +28,7 @@ public:
 private:
     const QString m_name;
     plainio::Descriptor m_file;
-    plainio::Descriptor m_earlier; ///< what it held
+    plainio::Descriptor m_earlier; ///< its earlier content
     std::unique_ptr<Leftover> m_guard; ///< null before write()
 };
 

@@ -28,7 +28,7 @@ struct DirectoryEntry
     char name[1];
 };
 
-/// Removes the files of a folder once. Returns whether there were any.
+/// Goes once through a folder and removes its files. Returns whether there were any.
 bool removeEntries(int folder)
 {
     alignas(DirectoryEntry) char entries[4096];
@@ -44,7 +44,7 @@ bool removeEntries(int folder)
     return removed;
 }
 
-/// Without readdir(), which allocates: this runs in signal handlers.
+/// Runs in signal handlers, so it cannot use readdir(), which allocates.
 void removeFolder(const char *path)
 {
     const int folder = open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);

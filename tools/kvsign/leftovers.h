@@ -1,7 +1,6 @@
 /// @file
-/// Files that kvsign must not leave behind when it ends early, and content that it must not leave changed. Their guard
-/// removes them, or puts back what was there, when it is destroyed; so does the handler of a signal that ends the
-/// process.
+/// Files that kvsign must not leave behind when it ends early, and files whose content it must then put back. A
+/// Leftover does that when it is destroyed, and a signal handler does it when a signal ends the process.
 #ifndef LEFTOVERS_H
 #define LEFTOVERS_H
 
@@ -14,17 +13,17 @@ public:
     {
         File, ///< is removed
         Folder, ///< is removed with the files in it
-        Earlier, ///< gets back its name, `to`, which has been given to another file meanwhile
-        Content ///< of a file that has been written over
+        Earlier, ///< gets its old name `to` back, which another file has meanwhile
+        Content ///< gets its old content back after it was overwritten
     };
 
-    /// Registers a name, best before the file is made: a missing file is no error. Throws a Failure when there are too
-    /// many.
-    /// @param path absolute, as the file system has it
+    /// Registers a name. Do so before the file is made: a missing file is not an error. Throws a Failure when too many
+    /// are registered.
+    /// @param path absolute, in the file system's encoding
     Leftover(Kind kind, const QByteArray &path, const QByteArray &to = {});
 
-    /// Of Kind::Content. Both descriptors stay open as long as this object.
-    /// @param earlier what the file held
+    /// Makes one of Kind::Content. Both descriptors must stay open as long as this object.
+    /// @param earlier a file with the old content
     Leftover(int earlier, int file);
     ~Leftover();
     Leftover(const Leftover &) = delete;

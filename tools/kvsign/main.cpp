@@ -89,7 +89,7 @@ int runWords(const QStringList &words)
     return run(*subcommand, words.mid(1));
 }
 
-/// Whether JSON is asked for, even when the rest of the command line is wrong.
+/// Whether JSON is asked for. Works even when the rest of the command line is wrong.
 bool wantsJson(const QStringList &words)
 {
     const Subcommand *const subcommand = subcommandOf(words.value(1));

@@ -88,7 +88,7 @@ void OutputFile::stage(const QString &path)
     m_device.setFile(plainio::unnamedFile(QDir::tempPath()));
 }
 
-/// False when no new file can be had in the folder, or none that is what the earlier one is.
+/// Returns false when the folder accepts no new file, or none with the earlier file's owner and mode.
 bool OutputFile::stageBeside(const QString &path, const struct stat *earlier)
 {
     if (earlier != nullptr && !mayBeReplaced(m_target))
@@ -97,7 +97,7 @@ bool OutputFile::stageBeside(const QString &path, const struct stat *earlier)
     plainio::Descriptor file;
     if (access("/proc/self/fd", X_OK) == 0)
         file = plainio::Descriptor(open(folder.constData(), O_WRONLY | O_TMPFILE | O_CLOEXEC, 0666));
-    if (!file.isOpen()) { // not every file system has files without a name
+    if (!file.isOpen()) { // some file systems have no files without a name
         m_staged = std::make_unique<Leftover>(Leftover::Kind::File, nameBeside(m_target));
         file = plainio::Descriptor(open(m_staged->path().constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
     }

@@ -18,9 +18,9 @@
 class OutputFile
 {
 public:
-    /// "-" is standard output. An earlier file is replaced by one with its mode and group; one that a new file cannot
-    /// stand for, say, with two names or another user's, is written over. Throws a Failure when nothing can be written
-    /// there.
+    /// "-" is standard output. An earlier file is replaced by a new one with its mode and group. If a new file could
+    /// not replace it (it has two names, for example, or another owner), it is overwritten. Throws a Failure when
+    /// nothing can be written there.
     explicit OutputFile(const QString &path);
 
     /// A file that was put in place but not committed is removed again, and an earlier file of that name is put back.
@@ -29,7 +29,7 @@ public:
     OutputFile(const OutputFile &) = delete;
     OutputFile &operator=(const OutputFile &) = delete;
 
-    /// Where the content is written: until commit() the file has no name, or another one.
+    /// Write the content here. Until commit() the file has no name, or another one.
     QIODevice &device() { return m_device; }
     QString name() const { return m_name; }
 
@@ -55,12 +55,12 @@ private:
 
     QString m_name;
     QString m_path;
-    QByteArray m_target; ///< empty for what cannot be replaced: pipes, devices, standard output
+    QByteArray m_target; ///< empty for pipes, devices and standard output, which are not replaced
     CheckedDevice m_device;
-    std::unique_ptr<Leftover> m_staged; ///< the content's name until it is in its place; null while it has none
-    std::unique_ptr<KeptPlace> m_kept; ///< the target, where it is written over; null where it is replaced
-    std::unique_ptr<Leftover> m_earlier; ///< what was there before
-    std::unique_ptr<Leftover> m_placed; ///< where nothing was there before
+    std::unique_ptr<Leftover> m_staged; ///< the new file's temporary name; null while it has none
+    std::unique_ptr<KeptPlace> m_kept; ///< the target when it is overwritten; null when it is replaced
+    std::unique_ptr<Leftover> m_earlier; ///< the earlier file, to be put back
+    std::unique_ptr<Leftover> m_placed; ///< the new file, to be removed when there was no earlier one
 };
 
 #endif

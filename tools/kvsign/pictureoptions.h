@@ -37,8 +37,8 @@ int penWidth(const Arguments &arguments, const ModelRow &model);
 /// Throws when an option's value is wrong.
 void checkPictureOptions(const Arguments &arguments);
 
-/// How ink looks, as the options say it but for its model and size.
-/// @param model one of the five; auto: the smallest that holds all points
+/// How ink looks, from all options but model and scale.
+/// @param model a name in modelrows.h, or auto: the smallest that holds all points
 PictureSettings inkSettings(const Arguments &arguments, InkInput &input, const QString &model, double scale);
 
 /// The settings of a picture. Reads all of the input first when the model or the cut depends on the ink.

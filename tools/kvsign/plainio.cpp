@@ -157,7 +157,7 @@ Descriptor unnamedFile(const QString &directory)
 {
     const QByteArray folder = QFile::encodeName(directory);
     Descriptor file(open(folder.constData(), O_RDWR | O_TMPFILE | O_CLOEXEC, 0600));
-    if (!file.isOpen()) { // not every file system has files without a name
+    if (!file.isOpen()) { // some file systems have no files without a name
         QByteArray name = folder + "/kvsign.XXXXXX";
         file = Descriptor(mkostemp(name.data(), O_CLOEXEC));
         if (file.isOpen())

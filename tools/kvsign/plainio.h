@@ -46,7 +46,7 @@ Descriptor openForReading(const QString &path);
 /// Opens an existing file for writing; waits until a named pipe has a reader.
 Descriptor openForWriting(const QString &path);
 
-/// Waits for the next bytes; empty at the end. A named pipe ends when a writer has come and gone.
+/// Waits for the next bytes; empty at the end. A named pipe ends when its writer has closed it.
 /// @param explanation printed on standard error after a second of waiting; empty: nothing is printed
 QByteArray read(int descriptor, const QString &name, const QString &explanation);
 

@@ -8,7 +8,7 @@
 namespace {
 
 constexpr int kPatience = 300; // milliseconds before a bar appears
-constexpr int kStep = 100; // milliseconds between two looks of it
+constexpr int kStep = 100; // milliseconds between two updates
 constexpr int kBarWidth = 40;
 
 } // namespace

@@ -26,7 +26,7 @@ void sayJsonLine(const QJsonObject &result)
 void flushOutput()
 {
     if (std::ferror(stdout) == 0)
-        errno = 0; // an old value would be taken for the reason
+        errno = 0; // else an old value could be reported as the reason
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
         return;
     const QString why = errno != 0 ? QString::fromLocal8Bit(std::strerror(errno)) : QString("not all of it arrived");

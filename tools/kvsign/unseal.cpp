@@ -1,4 +1,4 @@
-// kvsign unseal: pen data that was sealed in a PDF, for who has the key.
+// kvsign unseal: takes sealed pen data out of a PDF, for the owner of the key.
 #include "documentwork.h"
 #include "ink/inkformats.h"
 #include "outputfile.h"

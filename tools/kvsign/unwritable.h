@@ -7,7 +7,7 @@
 
 #include <QIODevice>
 
-/// Whether the device has an error text. Qt sets none when only a part of a piece was written.
+/// Whether the device has an error text. Qt sets none when only part of the bytes were written.
 inline bool saysWhy(const QIODevice &device)
 {
     return !device.errorString().isEmpty() && device.errorString() != "Unknown error";

@@ -62,8 +62,8 @@ bool isObjectWhereTheTableSays(const QByteArray &content, int number, const QByt
     return content.mid(offset, begin.size()) == begin;
 }
 
-/// The end of the file gives the offset of the table, and the table those of all objects. A byte missing anywhere
-/// shifts them.
+/// The end of the file gives the offset of the table, and the table the offsets of all objects. A byte that is missing
+/// anywhere shifts them.
 bool isWholePdf(const QByteArray &content)
 {
     static const QRegularExpression end("startxref\\s+(\\d+)\\s+%%EOF\\s*$");

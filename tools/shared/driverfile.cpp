@@ -13,7 +13,7 @@ namespace driverfile {
 
 namespace {
 
-constexpr int kMostLinks = 40; // the kernel follows as many
+constexpr int kMostLinks = 40; // as many as the kernel follows
 
 /// Quoted for a shell.
 std::string quoted(const std::string &path)
@@ -150,7 +150,7 @@ private:
     }
 
     const Asker m_asker;
-    std::deque<std::string> m_names; ///< left to go
+    std::deque<std::string> m_names; ///< still to be followed
     std::string m_folder; ///< where the way is, with a slash at its end
     Writers m_writers; ///< who else may write in it
     int m_links = 0;

@@ -1,8 +1,8 @@
 /// @file
-/// Who besides the own user and root could put another driver in the place of the one that is about to be loaded.
+/// Finds out whether anybody but the user and root could replace the driver before it is loaded.
 ///
-/// The library loads `libkvsignpaddrv.so` from the working directory, whoever may write there. Programs that sign ask
-/// here first.
+/// The library loads `libkvsignpaddrv.so` from the working directory, no matter who may write there. Programs that sign
+/// ask here first.
 #ifndef DRIVERFILE_H
 #define DRIVERFILE_H
 
@@ -26,15 +26,15 @@ struct Weakness
 /// Whether others could change what is loaded from this file, now or between this answer and the loading: the file,
 /// its folder, the folders above it, and the same for everything that a symbolic link on the way leads to.
 ///
-/// Others are all but the effective user and root. The own user's private group (of the same name, without another
-/// member), and root's, are no others; an access list that lets someone write is. In a folder with the sticky bit, such
-/// as /tmp, what belongs to the own user or to root is safe; but not in the driver's own folder, from where a driver
-/// may load libraries of its own. Owners that a user namespace does not map count as root.
+/// Others are all but the effective user and root. A group counts as others unless it is root's or the user's private
+/// one (of the same name, without another member). An access list that lets somebody write counts as others. In a
+/// folder with the sticky bit, such as /tmp, entries of the user or root are safe; but not in the driver's own folder,
+/// from which a driver may load further libraries. Owners that a user namespace does not map count as root.
 ///
 /// @param file absolute, or from the working directory; bytes as the file system has them
 /// @return the first weakness, from the root folder on; nothing when there is none. A file that does not exist or
-/// cannot be reached is not judged, only the folders on the way to it: it cannot be loaded either.
-/// Any thread may call it. Throws nothing but std::bad_alloc.
+/// cannot be reached is not judged, because it cannot be loaded either; the folders on the way to it are. Any thread
+/// may call it. Throws nothing but std::bad_alloc.
 std::optional<Weakness> weaknessOf(const std::string &file);
 
 /// The same for `libkvsignpaddrv.so` in a directory.

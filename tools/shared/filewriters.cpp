@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t kEntrySize = 1 << 16; // names and members of one account or group
 constexpr uid_t kOverflow = 65534;
 
-/// The user's name and primary group; false when there is none such.
+/// The user's name and primary group.
 struct Account
 {
     std::string name;

@@ -8,7 +8,7 @@
 
 namespace driverfile {
 
-/// The user who asks.
+/// The user for whom a file is judged.
 struct Asker
 {
     uid_t user;
@@ -23,7 +23,7 @@ struct Asker
     bool trustsGroup(gid_t group) const;
 };
 
-/// Who else may write it and the command that ends this: "everybody" and "chmod o-w". Empty for nobody.
+/// Who else may write it, and the command that prevents it: "everybody" and "chmod o-w". Empty for nobody.
 struct Writers
 {
     std::string who;
@@ -32,11 +32,11 @@ struct Writers
     bool isNobody() const { return who.empty(); }
 };
 
-/// Judges the owner, who can always change the mode and so may write.
+/// Judges the owner, who can always change the mode and so can write.
 Writers foreignOwner(const Asker &asker, const struct stat &status);
 
 /// Judges the mode bits.
-/// @param hasAccessList whether there is one, whose mask the group's bits then are
+/// @param hasAccessList with an access list, the group's bits of the mode are the list's mask
 Writers writersByMode(const Asker &asker, const struct stat &status, bool hasAccessList);
 
 } // namespace driverfile

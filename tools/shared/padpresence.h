@@ -1,6 +1,6 @@
 /// @file
-/// Finds out whether the open pad is still there. Nothing reports an unplugged pad: its packets just stop, as they do
-/// when the signer pauses.
+/// Finds out whether the open pad is still there. Nothing reports an unplugged pad: its packets just stop, as when the
+/// signer pauses.
 #ifndef PADPRESENCE_H
 #define PADPRESENCE_H
 
@@ -22,7 +22,7 @@ public:
     /// How long to wait until the next look.
     std::chrono::milliseconds pause() const { return m_pause; }
 
-    /// Asks at once; a second time when the first answer is missing.
+    /// Asks at once, and a second time when the first answer is missing.
     void ask();
 
     /// The result of the last look.

@@ -9,7 +9,7 @@ namespace simulatorplace {
 
 namespace {
 
-/// From the folder of an installed program; multi-arch systems have the first.
+/// Relative to the folder of an installed program. The first is for multi-arch systems.
 constexpr const char *kFolders[] = {
     "../lib/" KV_LIBRARY_ARCHITECTURE "/kvsignpadsdk/simulator", "../lib/kvsignpadsdk/simulator"};
 

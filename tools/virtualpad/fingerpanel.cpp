@@ -15,7 +15,7 @@ namespace virtualpad {
 
 namespace {
 
-/// What is built into the driver, and how good the sensor finds it.
+/// A fingerprint that is built into the driver, and its score.
 struct Finger
 {
     const char *name;
@@ -73,7 +73,7 @@ void FingerPanel::chooseFinger()
         m_score->setValue(kFingers[m_chosen].score);
 }
 
-/// Any picture becomes one of the sensor's size, in a file whose name the driver can be told.
+/// Converts any picture to the sensor's size, into a file that the driver can be told of.
 void FingerPanel::choosePicture()
 {
     const QString file = QFileDialog::getOpenFileName(

@@ -18,7 +18,7 @@ class FingerPanel : public QWidget
 public:
     explicit FingerPanel(QWidget *parent = nullptr);
 
-    /// As a press of its button does.
+    /// Does what a press of the panel's button does.
     void layOn();
 
 signals:

@@ -50,7 +50,7 @@ std::vector<DuePacket> PacketClock::due(std::int64_t nowUs)
     return packets;
 }
 
-/// Each packet takes at most one report of pen down or pen up, so that even a quick tap gives two packets.
+/// A packet uses up at most one report of pen down or pen up, so that even a quick tap gives two packets.
 bool PacketClock::packetAt(std::int64_t timeUs, DuePacket &packet)
 {
     const bool isTurn =

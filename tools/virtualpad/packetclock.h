@@ -33,10 +33,10 @@ public:
     static constexpr std::int64_t kPeriodUs = 5000; ///< 200 a second
     static constexpr std::int64_t kLagUs = 15000;
 
-    // Reports, in the order of their times. `status` is that of the first packet: down, or a tap on a button.
+    // The reports of the pen, in the order of their times. `status` is the first packet's: down, or a tap on a button.
     void down(std::int64_t timeUs, const PenPoint &point, int status);
     void move(std::int64_t timeUs, const PenPoint &point);
-    void up(std::int64_t timeUs, const PenPoint &point); ///< with the pressure up to then
+    void up(std::int64_t timeUs, const PenPoint &point); ///< the pressure is the last one before
 
     /// The packets that have become due since the last call.
     std::vector<DuePacket> due(std::int64_t nowUs);
@@ -62,11 +62,11 @@ private:
     bool packetAt(std::int64_t timeUs, DuePacket &packet);
     PenPoint placeAt(std::int64_t timeUs);
 
-    std::deque<Report> m_reports; ///< not passed yet
+    std::deque<Report> m_reports; ///< not used up yet
     Report m_last{};
-    bool m_penDown = false; ///< by the packets, not by the reports
+    bool m_penDown = false; ///< in the packets given so far, not in the reports
     bool m_writes = false; ///< down on the writing area, not on a button
-    std::int64_t m_slotUs = 0; ///< time of the last packet that was, or could have been
+    std::int64_t m_slotUs = 0; ///< time of the last slot for a packet, whether used or not
 };
 
 /// A pressure for devices without one: slow strokes press harder. Speed in writing areas a second.

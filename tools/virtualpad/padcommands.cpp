@@ -37,7 +37,7 @@ PadCommand switched(PadCommand::Kind kind, const QList<QByteArray> &fields)
 PadCommand commandOf(const QByteArray &line)
 {
     using Kind = PadCommand::Kind;
-    constexpr int kMostBlanks = 8; // no command has more, and each would cost a field
+    constexpr int kMostBlanks = 8; // no command has more; limits the memory for fields
     if (line.count(' ') > kMostBlanks)
         return {};
     const QList<QByteArray> fields = line.trimmed().split(' ');

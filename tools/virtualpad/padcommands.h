@@ -1,5 +1,5 @@
 /// @file
-/// The commands of a program to the pad, a line each, as they come over the socket.
+/// The commands that a program sends to the pad over the socket, one a line.
 #ifndef PADCOMMANDS_H
 #define PADCOMMANDS_H
 
@@ -47,7 +47,7 @@ public:
     /// The next complete command.
     std::optional<PadCommand> next();
 
-    /// A line was too long; no command follows.
+    /// Whether a line was too long. No command follows then.
     bool isTooLong() const;
 
 private:

@@ -17,7 +17,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// Like real pads, it still reports a pen that is slightly off the writing area.
+/// Like a real pad, it reports a pen that is slightly off the writing area.
 constexpr double kBeyond = 0.02;
 constexpr int kConfirm = 0;
 constexpr int kCancel = 1;

@@ -1,5 +1,5 @@
 /// @file
-/// The pad as one sees it: body, writing area, buttons; and where pens touch it.
+/// Draws the pad (body, writing area, buttons) and takes the touches of mouse, finger and stylus.
 #ifndef PADFACE_H
 #define PADFACE_H
 

@@ -20,7 +20,7 @@ struct PadLook
     QColor ink;
 };
 
-/// A model that has no look of its own looks like the S300, or without a screen like the R800.
+/// The look of the model. A model without one gets the S300's, or the R800's if it has no screen.
 const PadLook &lookOf(const ModelRow &model);
 
 } // namespace virtualpad

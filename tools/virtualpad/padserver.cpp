@@ -76,7 +76,7 @@ void PadServer::listen()
     other.connectToServer(path);
     if (other.waitForConnected(500))
         throw std::runtime_error("another virtual pad is open");
-    QLocalServer::removeServer(path); // left behind by one that was killed
+    QLocalServer::removeServer(path); // a window that was killed leaves its socket behind
     if (!m_server.listen(path))
         throw std::runtime_error((path + ": " + m_server.errorString()).toStdString());
 }
@@ -125,7 +125,7 @@ void PadServer::takeConnection()
     }
 }
 
-/// A command may end the connection, or the pad's being open.
+/// A command may end the connection or close the pad.
 void PadServer::takeLines(QLocalSocket *program)
 {
     const auto reader = [=]() -> CommandReader * {
@@ -172,7 +172,7 @@ void PadServer::take(QLocalSocket *program, const PadCommand &command)
     }
 }
 
-/// The pad has one user. Whether the last one is gone may not have come through yet.
+/// Only one program can have the pad open. Reads first what the last one has sent: it may have closed the pad already.
 void PadServer::open(QLocalSocket *program, int deviceType)
 {
     if (m_program && m_program != program) {
@@ -193,7 +193,7 @@ void PadServer::open(QLocalSocket *program, int deviceType)
     m_begin = Clock::now();
     m_lastUs = 0;
     if (!write(program, headerOf(*m_model) + stateLines(m_begin)) || m_troubles.isUnplugged) {
-        m_model = before; // the program ended meanwhile, or was refused
+        m_model = before; // the program has ended, or an unplugged pad refused it
         return;
     }
     m_program = program;
@@ -209,8 +209,8 @@ void PadServer::close(QLocalSocket *program)
     emit closed();
 }
 
-/// All that can be wrong, the right things too, so that nothing is left of another window; at last what Initial
-/// answers, which tells the driver that this is all. It goes out as one, and holds as one.
+/// The whole state of the pad. It also lists what works, so that faults of an earlier window do not last. The answer to
+/// Initial ends it. The driver applies all of it at once.
 std::string PadServer::stateLines(Clock::time_point time)
 {
     Event version = fault(Event::Kind::Text);
@@ -224,7 +224,7 @@ std::string PadServer::stateLines(Clock::time_point time)
         + lineAt(time, answer("Initial", m_troubles.isUnplugged ? KVSPDARI_LIBUSB_OPEN_DEVICE_FAIL : KVSPDARI_SUCCESS));
 }
 
-/// Times never go backwards.
+/// An event's line. Its time is never before that of the last line.
 std::string PadServer::lineAt(Clock::time_point time, Event event)
 {
     const std::int64_t us = std::chrono::duration_cast<std::chrono::microseconds>(time - m_begin).count();
@@ -232,7 +232,7 @@ std::string PadServer::lineAt(Clock::time_point time, Event event)
     return lineOf(event);
 }
 
-/// False when the program is gone, or does not read: then it is let go. Either may end the pad's being open.
+/// Returns false when the program is gone. A program that does not read is disconnected. Either may close the pad.
 bool PadServer::write(QLocalSocket *program, const std::string &lines)
 {
     program->write(lines.data(), static_cast<qint64>(lines.size()));

@@ -22,7 +22,7 @@ struct Troubles
 {
     bool isUnplugged = false;
     bool refuses = false; ///< commands fail
-    bool isOtherModel = false; ///< by its version text
+    bool isOtherModel = false; ///< its version text is another model's
     bool hasSlowScreen = false;
 };
 
@@ -42,7 +42,7 @@ public:
     /// The text that GetDevicePartsVersion gives.
     std::string versionText() const;
 
-    /// Only while no program has the pad open.
+    /// Call it only while no program has the pad open.
     void setModel(const ModelRow &model);
     void setTroubles(const Troubles &troubles);
 
@@ -50,7 +50,7 @@ public:
     void sendFingerprint(const QString &file, int score);
 
 signals:
-    void opened(); ///< by a program, as model()
+    void opened(); ///< a program has opened the pad as model()
     void closed();
     void cleared();
     void screenSwitched(bool isOn);

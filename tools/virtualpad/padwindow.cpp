@@ -115,7 +115,7 @@ void PadWindow::showOpened()
     display.hasPower = m_face->display().hasPower;
     display.isOpen = true;
     m_packets = 0;
-    m_models->setEnabled(false); // the program has decided the model by opening it
+    m_models->setEnabled(false); // the program has chosen the model by opening it
     showModel();
     m_face->setDisplay(display);
     showStatus();
@@ -159,7 +159,7 @@ void PadWindow::applyTroubles()
     m_server.setTroubles(
         {m_unplug->isChecked(), m_refuse->isChecked(), m_otherModel->isChecked(), m_slowScreen->isChecked()});
     PadDisplay display = m_face->display();
-    display.hasPower = !m_unplug->isChecked(); // with the power its picture comes back
+    display.hasPower = !m_unplug->isChecked(); // when the power is back, its picture shows again
     m_face->setDisplay(display);
     showStatus();
 }

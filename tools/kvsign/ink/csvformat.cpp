@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kLongestLine = 4096;
 
-/// The separator of a first line such as "sep=;", which spreadsheets write.
+/// Begins a first line such as "sep=;", with which spreadsheets name the separator.
 constexpr char kSeparatorLine[] = "sep=";
 
 struct Cell
@@ -184,7 +184,7 @@ private:
     TextLines m_lines;
     QString m_name;
     char m_separator = ',';
-    std::vector<const FieldRow *> m_columns; ///< null for one without a name
+    std::vector<const FieldRow *> m_columns; ///< null for a column without a name
     FilledPoints m_filled;
 };
 

@@ -11,10 +11,10 @@
 
 class QIODevice;
 
-/// Reads what spreadsheets write: columns in any order, between commas, semicolons or tabulators or what a line
-/// "sep=" says, in quotation marks or not; names in capitals or shortened; decimals with a point or, where that is no
-/// separator, a comma, and exponents; UTF-8 or UTF-16. x and y must be there; filledpoints.h says what stands for
-/// others.
+/// Reads what spreadsheets write. Columns may be in any order, separated by commas, semicolons, tabulators or what a
+/// line "sep=" says, with or without quotation marks. Names may be in capitals or shortened. Decimals have a point or,
+/// where that is not the separator, a comma; exponents are read too. The text is UTF-8 or UTF-16. x and y are required;
+/// filledpoints.h fills in the other fields.
 std::unique_ptr<PointSource> readCsv(QIODevice &device, const QString &name);
 
 std::unique_ptr<PointSink> writeCsv(QIODevice &device);

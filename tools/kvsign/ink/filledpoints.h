@@ -18,17 +18,17 @@ inline constexpr double kUsualStep = 5;
 class FilledPoints
 {
 public:
-    /// The file lacks this field. A missing pressure becomes the medium one, a missing tick counts on from 0, and a
-    /// missing time follows from the tick.
+    /// Says that the file lacks this field. A missing pressure becomes the medium one, missing ticks count up from 0,
+    /// and a missing time is computed from the tick.
     void lacks(Field field) { m_lacks[static_cast<int>(field)] = true; }
 
-    /// The next part of the file has all fields again.
+    /// Says that the next part of the file has all fields again.
     void forget() { std::fill(std::begin(m_lacks), std::end(m_lacks), false); }
 
     /// Strokes that are open at the end are closed by a copy of their last point.
     void setCloses(bool closes) { m_closes = closes; }
 
-    /// For missing ticks: that of the next point, and the milliseconds between two points.
+    /// For missing ticks: the tick of the next point, and the milliseconds between two points.
     void setTick(double tick) { m_nextTick = std::clamp(tick, 0.0, kMost); }
     void setStep(double step) { m_step = std::clamp(step, 0.0, kMost); }
 
@@ -51,7 +51,7 @@ public:
         m_last = point;
     }
 
-    /// Skips a point that is dropped; its time passes nevertheless.
+    /// Skips a point that is dropped. The tick counts on.
     void pass() { m_nextTick = std::min(m_nextTick + m_step, kMost); }
 
     /// Whether a stroke is open.

@@ -9,7 +9,7 @@
 
 namespace inkbytes {
 
-// Offsets: x 0, y 2, pressure 4, stroke end 6, one byte that means nothing 7, tick 8, time 16.
+// Offsets: x 0, y 2, pressure 4, stroke end 6, a byte without meaning 7, tick 8, time 16.
 inline constexpr int kPointSize = 24;
 inline constexpr int kStrokeEnd = 6;
 inline constexpr int kTerminatorSize = 1;

@@ -59,7 +59,7 @@ const InkFormat &formatOfContent(const QByteArray &begin)
     if (text.startsWith('<'))
         return kInkml;
     const bool hasSeparator = line.contains(',') || line.contains(';') || line.contains('\t');
-    return hasSeparator ? kCsv : kRecord; // Base64 has none of them
+    return hasSeparator ? kCsv : kRecord; // Base64 has no separators
 }
 
 QStringList formatNames()

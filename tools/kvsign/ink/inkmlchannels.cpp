@@ -43,7 +43,7 @@ void takeUnits(InkmlColumn &column, const QString &units)
         column.factor = unit != nullptr ? unit->factor : 1;
     }
     if (column.field == Field::Pressure && units == "%")
-        column.factor = 2048 / 100.0; // of what most of the pads tell
+        column.factor = 2048 / 100.0; // percent of the largest pressure of most pads
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 /// @file
-/// The channels of InkML that hold parts of an ink point, and trace formats: which channels a trace's values belong to.
+/// The channels of InkML that hold parts of an ink point, and trace formats: the channels of a trace's values.
 #ifndef INKMLCHANNELS_H
 #define INKMLCHANNELS_H
 
@@ -38,7 +38,7 @@ struct InkmlColumn
     double factor = 1; ///< from its units to hundredths of a millimetre, or milliseconds
     bool isPhysical = false; ///< it has a unit of length
     bool isReversed = false; ///< its values grow to the left or upwards
-    QString respectTo; ///< the id of a timestamp, without the mark; empty for none
+    QString respectTo; ///< the id of a timestamp, without the #; empty for none
 };
 
 /// First the regular channels, then the intermittent ones, which a point may leave out.

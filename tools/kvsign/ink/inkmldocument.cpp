@@ -11,7 +11,8 @@ namespace {
 constexpr size_t kDeepestElement = 200;
 constexpr size_t kMostChannels = 256;
 constexpr int kMostStored = 100000;
-constexpr qint64 kMostViewed = qint64{1} << 26; // bytes: a small file with views of views can unfold to any size
+constexpr qint64 kMostViewed =
+    qint64{1} << 26; // bytes; without a limit, views of views could make a small file endless
 
 /// Elements that have nothing to do with points.
 constexpr const char *kPassedOver[] = {"annotation", "annotationXML", "brush", "canvas", "canvasTransform", "mapping"};
@@ -315,7 +316,7 @@ void InkmlDocument::store(const QString &id, const InkmlTraceText &trace)
     m_stored[id].push_back(trace);
 }
 
-/// A view shows traces from <definitions>. All other traces have been read where they stand.
+/// A view shows traces from <definitions>. All other traces are read at their own places.
 void InkmlDocument::beginView()
 {
     if (m_open.back().isDefinition)

@@ -17,16 +17,16 @@
 struct InkmlTraceText
 {
     std::shared_ptr<const InkmlFormat> format;
-    double step = 0; ///< milliseconds between two points, by the source's sampling rate; 0: not said
-    double aspect = 1; ///< what Y is to be multiplied by, for its resolution differs from that of X
+    double step = 0; ///< milliseconds between two points, from the source's sampling rate; 0: unknown
+    double aspect = 1; ///< multiply Y by this, because its resolution may differ from that of X
     std::optional<double> zero; ///< milliseconds since 1970 at T = 0
     std::optional<double> begin; ///< T of its first point
     std::optional<double> duration; ///< from its first point to its last, milliseconds
     QByteArray text;
     qint64 line = 0; ///< where it begins
-    bool continues = false; ///< the stroke of the trace before
-    qint64 from = 1; ///< the points that are seen, from 1
-    qint64 to = -1; ///< -1: to the end
+    bool continues = false; ///< it continues the stroke of the trace before
+    qint64 from = 1; ///< first point to read, counted from 1
+    qint64 to = -1; ///< last point to read; -1: the last one of all
 };
 
 class InkmlDocument
@@ -35,13 +35,14 @@ public:
     /// Reads from the device's current position.
     InkmlDocument(QIODevice &device, const QString &name);
 
-    /// The next trace of a pen that touches; false at the end. Throws a Failure that says what is wrong where.
+    /// The next trace of a pen that touches the surface; false at the end. Throws a Failure that says what is wrong and
+    /// where.
     bool next(InkmlTraceText &trace);
 
     Failure broken(qint64 line, const QString &what) const;
 
 private:
-    /// An inkSource: the device that wrote, with its channels and their properties.
+    /// An inkSource: the device that was written on, with its channels and their properties.
     struct Source
     {
         std::shared_ptr<InkmlFormat> format;
@@ -67,7 +68,7 @@ private:
         std::shared_ptr<Source> source;
         std::shared_ptr<InkmlFormat> format;
         QString timestamp;
-        bool isDefinition = false; ///< it is inside of definitions
+        bool isDefinition = false; ///< it is inside <definitions>
     };
 
     void begin();
@@ -104,8 +105,8 @@ private:
     QHash<QString, std::shared_ptr<InkmlFormat>> m_formats;
     QHash<QString, double> m_timestamps; ///< milliseconds since 1970
     QHash<QString, std::vector<InkmlTraceText>> m_stored; ///< traces of definitions, by their ids and those of groups
-    std::shared_ptr<Context> m_current; ///< of traces that name none
-    std::shared_ptr<InkmlFormat> m_last; ///< where no context has a format
+    std::shared_ptr<Context> m_current; ///< for traces that name none
+    std::shared_ptr<InkmlFormat> m_last; ///< for contexts without a format
     std::shared_ptr<Source> m_lastSource;
     const std::shared_ptr<const InkmlFormat> m_plain = std::make_shared<InkmlFormat>(InkmlFormat::plain());
     int m_storedCount = 0;

@@ -21,7 +21,7 @@ constexpr long double kTen = 10;
 /// The value in a record's direction and units.
 long double straight(const InkmlTraceText &trace, const InkmlColumn &column, long double value)
 {
-    // Decimals are multiplied as doubles: 0.0075 s as a long double would not become exactly 7.5 ms.
+    // Multiply decimals as doubles: as a long double 0.0075 s would not become exactly 7.5 ms.
     long double number = value == std::floor(value) ? value * static_cast<long double>(column.factor)
                                                     : static_cast<double>(value) * column.factor;
     if (column.field == Field::Y && !column.isPhysical)
@@ -119,7 +119,8 @@ void InkmlFit::decideLengths()
     }
 }
 
-/// Moves values whose sign straight() has turned back to the range where they were: the picture is mirrored in place.
+/// straight() has changed the sign of these values; this moves them back to their range. So the picture is mirrored
+/// where it is.
 void InkmlFit::mirror(Field field)
 {
     Range &range = m_ranges[static_cast<int>(field)];

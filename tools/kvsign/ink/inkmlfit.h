@@ -1,5 +1,5 @@
 /// @file
-/// How the numbers of another program's InkML become those of a record, which are whole and have 16 bits.
+/// Converts the numbers of another program's InkML to those of a record, which are whole and have 16 bits.
 #ifndef INKMLFIT_H
 #define INKMLFIT_H
 
@@ -12,15 +12,16 @@ struct InkmlTraceText;
 struct InkmlValue;
 
 /// Numbers that fit into a record stay as they are. Lengths with a unit become hundredths of a millimetre. X and Y with
-/// decimals are multiplied by a power of ten as large as fits; those that are too large are moved to 0 and, if need be,
-/// divided by one. Values that grow upwards or to the left are mirrored. Pressures up to 1 become ones up to 2048.
+/// decimals are multiplied by the largest power of ten with which they still fit. X and Y that are too large are moved
+/// to begin at 0 and, if that is not enough, divided by a power of ten. Values that grow upwards or to the left are
+/// mirrored. Pressures from 0 to 1 become 0 to 2048.
 class InkmlFit
 {
 public:
     InkmlFit() = default;
 
-    /// Reads the whole document from the device's position to find the ranges; of kvsign's own documents only the first
-    /// trace.
+    /// Reads the whole document from the device's position to find the ranges. Of a document that kvsign wrote, it
+    /// reads only the first trace.
     InkmlFit(QIODevice &device, const QString &name);
 
     /// A field's value in a record.

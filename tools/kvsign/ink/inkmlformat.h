@@ -14,10 +14,10 @@
 
 class QIODevice;
 
-/// Takes what the standard allows: contexts, sources and groups, channels in any order and units, differences, unknown
-/// and repeated values, traces that continue others, views of traces in definitions. Traces of a pen in the air and
-/// other channels are dropped. A document needs no more than X and Y: filledpoints.h says what stands for the rest,
-/// inkmlfit.h how numbers become those of a record.
+/// Reads everything that the standard allows: contexts, sources and groups, channels in any order and units,
+/// differences, unknown and repeated values, traces that continue others, views of traces in definitions. Drops traces
+/// of a pen in the air and other channels. X and Y are enough: filledpoints.h fills in the rest, and inkmlfit.h
+/// converts the numbers.
 std::unique_ptr<PointSource> readInkml(QIODevice &device, const QString &name);
 
 std::unique_ptr<PointSink> writeInkml(QIODevice &device);

@@ -1,4 +1,4 @@
-// Reads W3C InkML, of other programs too: a stroke for each trace of a pen that touches.
+// Reads W3C InkML, also that of other programs: a stroke for each trace of a pen that touches the surface.
 #include "../failure.h"
 #include "filledpoints.h"
 #include "inkmldocument.h"
@@ -48,7 +48,7 @@ private:
             if (!m_trace.format->has(row.field))
                 m_filled.lacks(row.field);
         }
-        // Other programs' traces may end without a point in the air.
+        // Traces of other programs may lack the closing point, where the pen has left the surface.
         m_filled.setCloses(!m_trace.format->isOwn());
         m_filled.setZero(m_trace.zero);
         m_filled.setStep(stepOfTrace());
@@ -109,7 +109,7 @@ private:
 
     void take(POINTDATA &point, const InkmlColumn &column, const InkmlValue &value) const
     {
-        if (*column.field == Field::StrokeEnd) { // the channel says that the tip touches
+        if (*column.field == Field::StrokeEnd) { // the channel says the opposite: whether the tip touches
             point.bStrokeEnd = value.isKnown && value.number == 0;
             return;
         }
@@ -124,7 +124,7 @@ private:
 
     const InkmlFit m_fit;
     InkmlDocument m_document;
-    InkmlTraceText m_next; ///< read, but the stroke before is not closed yet
+    InkmlTraceText m_next; ///< already read, while the stroke before it still has to be closed
     bool m_hasNext = false;
     bool m_atEnd = false;
     InkmlTraceText m_trace;

@@ -51,7 +51,7 @@ bool InkmlTrace::next()
     skipBlanks();
     if (m_place == m_end)
         return false;
-    if (m_points++ == 0) { // allocated only for traces that have points
+    if (m_points++ == 0) { // not before: traces without points need no memory
         m_states.resize(m_format.columns.size());
         m_values.resize(m_format.columns.size());
     }
@@ -127,7 +127,7 @@ void InkmlTrace::takeNumber(size_t column)
         throw at(QString("%1 is more than a record holds").arg(name));
 }
 
-/// Reads a number here; NaN when there is none.
+/// Reads the number at the current place; NaN when there is none.
 long double InkmlTrace::number()
 {
     const bool isHexadecimal = m_place < m_end && *m_place == '#';

@@ -1,5 +1,6 @@
 /// @file
-/// A trace's text as values: as they are, as first (') or second (") differences, repeated (*) or unknown (?).
+/// Reads a trace's text. Values stand there as they are, as first (') or second (") differences, as repeated (*) or as
+/// unknown (?).
 #ifndef INKMLTRACE_H
 #define INKMLTRACE_H
 
@@ -14,7 +15,7 @@ struct InkmlValue
 {
     long double number = 0;
     bool isKnown = false;
-    char letter = 0; ///< T or F for a value that is no number
+    char letter = 0; ///< T or F for a value that is not a number
 };
 
 class InkmlTrace

@@ -121,7 +121,7 @@ void JsonTokens::readWord(char first)
     m_kind = Kind::Word;
     m_text += first;
     const bool isMark = static_cast<unsigned char>(first) == 0xef && m_tokenLine == 1 && m_tokenColumn == 1;
-    if (isMark) { // of the byte order, which some editors write
+    if (isMark) { // a byte order mark, which some editors write
         m_text += static_cast<char>(take());
         m_text += static_cast<char>(take());
         return;

@@ -13,7 +13,7 @@ public:
     PointSource(const PointSource &) = delete;
     PointSource &operator=(const PointSource &) = delete;
 
-    /// The next point; false after the last one. Throws a Failure that says what is wrong where.
+    /// The next point; false after the last one. Throws a Failure that says what is wrong and where.
     virtual bool next(POINTDATA &point) = 0;
 };
 

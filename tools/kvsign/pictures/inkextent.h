@@ -28,8 +28,8 @@ struct InkExtent
         return left >= model.rawOffsetX && top >= model.rawOffsetY && endsOn(model);
     }
 
-    /// The pad with the smallest writing area that holds all of it; without one the smallest that reaches far enough to
-    /// the right and down; without one the largest.
+    /// The pad with the smallest writing area that holds all of the ink. If none does, the smallest that reaches far
+    /// enough to the right and down; if none does that either, the largest.
     const ModelRow &smallestPad() const
     {
         const ModelRow *holds = nullptr, *reaches = nullptr, *largest = kModelRows[0];

@@ -1,5 +1,5 @@
 /// @file
-/// Pictures of ink. Each is a sink that draws points as the library draws them on a canvas.
+/// Pictures of ink. Each is a sink that draws points as the library does on a canvas.
 #ifndef PICTURES_H
 #define PICTURES_H
 

@@ -47,7 +47,7 @@ std::optional<Segment> Segments::take(const POINTDATA &point)
 
 void drawSegment(QPainter &painter, const Segment &segment, const QColor &colour)
 {
-    // A broken record can have negative pressures, and QPen's constructor takes a negative width for one of a pixel.
+    // A broken record can have negative pressures, and QPen's constructor treats a negative width as one pixel.
     const double width = std::max(segment.width, 0.0);
     painter.setPen(QPen(QBrush(colour), width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     // QPainter draws a line without length only with pens of up to one pixel, so a wider dot is drawn as a point.
