@@ -12,7 +12,7 @@ namespace documents {
 struct Appearance
 {
     QPDFObjectHandle form;
-    QSizeF box; ///< its own units; it grows upwards from 0, 0
+    QSizeF box; ///< in the form's own units; from 0, 0 to the right and upwards
 };
 
 /// @param place the size of the field, in any unit: the canvas fills it as far as its proportions allow, in the middle

@@ -22,7 +22,7 @@ qint64 placeInTail(const Assembly &assembly, const std::string &needle)
     return place == std::string::npos ? -1 : assembly.file->size() + static_cast<qint64>(place);
 }
 
-/// Looks through the file piece by piece; pieces overlap, so that nothing is cut.
+/// Searches the file piece by piece. The pieces overlap, so that no match is cut in two.
 qint64 placeInFile(const Assembly &assembly, const std::string &needle)
 {
     std::string kept;

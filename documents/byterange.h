@@ -1,5 +1,5 @@
 /// @file
-/// The two ranges of bytes that a signature covers, and the room between them that takes its message.
+/// The two ranges of bytes that a signature covers, and the room between them for its message.
 #ifndef DOCUMENTS_BYTERANGE_H
 #define DOCUMENTS_BYTERANGE_H
 
@@ -11,10 +11,10 @@
 
 namespace documents {
 
-/// A document that is about to be written: a file, and what follows it.
+/// A document that is about to be written: a file, and the bytes to append to it.
 struct Assembly
 {
-    Source *file; ///< written to only where it is a temporary one
+    Source *file; ///< only a temporary one is written to
     bool isTemporary;
     std::string tail;
 
@@ -36,8 +36,8 @@ public:
 
 private:
     Assembly &m_assembly;
-    qint64 m_contents = 0; ///< where its "<" is
-    qint64 m_behind = 0; ///< behind its ">"
+    qint64 m_contents = 0; ///< place of the message's "<"
+    qint64 m_behind = 0; ///< place after its ">"
 };
 
 } // namespace documents

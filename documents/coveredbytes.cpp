@@ -13,7 +13,7 @@ bool isHexOrBlank(char byte)
     return QByteArray("0123456789abcdefABCDEF \t\r\n\f").contains(byte) || byte == '\0';
 }
 
-/// How long an element of DER is with its header; 0 when that cannot be read. What follows it fills the room.
+/// The length of a DER element with its header; 0 when that cannot be read. The rest of the bytes is padding.
 int derSize(const QByteArray &bytes)
 {
     const auto *place = reinterpret_cast<const unsigned char *>(bytes.constData());

@@ -14,11 +14,11 @@ namespace documents {
 
 struct CoveredBytes
 {
-    qint64 gapBegin = 0; ///< the place of the message, which alone is not covered
+    qint64 gapBegin = 0; ///< where the message is, the only bytes that are not covered
     qint64 gapEnd = 0;
     qint64 end = 0;
     QByteArray message; ///< DER
-    QString problem; ///< empty when all is as it must be
+    QString problem; ///< empty when nothing is wrong
 
     QByteArray digest(const Source &source, const EVP_MD *kind, const std::function<void(qint64)> &progress) const;
 };

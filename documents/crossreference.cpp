@@ -7,7 +7,7 @@ namespace documents {
 
 namespace {
 
-/// Numbers that follow each other: a section has one header for them.
+/// Groups of consecutive numbers, for each of which a section has one header.
 std::vector<std::vector<ObjectPlaces::const_iterator>> runsOf(const ObjectPlaces &places)
 {
     std::vector<std::vector<ObjectPlaces::const_iterator>> runs;

@@ -15,10 +15,10 @@ namespace documents {
 /// Where each object of a revision begins.
 using ObjectPlaces = std::map<QPDFObjGen, qint64>;
 
-/// @param trailer without what only a stream's dictionary has
+/// @param trailer without the keys that only a stream's dictionary has
 std::string crossReferenceTable(const ObjectPlaces &places, QPDFObjectHandle trailer, qint64 place);
 
-/// The stream is the object of the number in /Size less one, at `place`, and lists itself.
+/// The stream's own object number is /Size - 1. It is written at `place` and lists itself.
 std::string crossReferenceStream(ObjectPlaces places, QPDFObjectHandle trailer, qint64 place);
 
 } // namespace documents

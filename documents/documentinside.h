@@ -25,7 +25,7 @@ struct Document::Inside
     std::unique_ptr<Reader> reader;
     std::vector<TreePage> pages;
     std::vector<FormField> fields;
-    bool isUsed = false; ///< for one signing
+    bool isUsed = false; ///< it has been signed, which works once
 
     /// The page that shows a widget; -1 for none.
     int pageOf(const QPDFObjectHandle &widget);

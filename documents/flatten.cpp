@@ -12,7 +12,7 @@ namespace documents {
 
 namespace {
 
-constexpr int kHidden = 2 | 32; // hidden, and not to be viewed
+constexpr int kHidden = 2 | 32; // the annotation flags Hidden and NoView
 
 using Widgets = std::set<QPDFObjGen>;
 
@@ -26,7 +26,7 @@ QPDFObjectHandle without(QPDFObjectHandle array, const Widgets &widgets)
     return kept;
 }
 
-/// What the page's widgets show becomes its content; the page loses them.
+/// Draws what the page's widgets show as page content, and removes the widgets.
 void flattenPage(Revision &revision, TreePage page, const Widgets &widgets)
 {
     QPDFObjectHandle annotations = page.page.getKey("/Annots");

@@ -9,7 +9,7 @@
 
 namespace documents {
 
-/// All fields but those for signatures. Their annotations go, and the form keeps nothing of them.
+/// Flattens all fields but those for signatures, and removes them and their annotations from the form.
 /// @return how many fields there were
 int flattenFields(Revision &revision, const std::vector<FormField> &fields, const std::vector<TreePage> &pages);
 

@@ -16,15 +16,15 @@ struct FormField
     std::string name; ///< full, in UTF-8
     std::string type; ///< "/Sig", "/Tx", ...; inherited too
     QPDFObjectHandle field;
-    std::vector<QPDFObjectHandle> widgets; ///< the field itself where it is both
+    std::vector<QPDFObjectHandle> widgets; ///< the field itself when it is its own widget
 
     bool isSignature() const { return type == "/Sig"; }
 
-    /// The signature dictionary; null where it is not signed.
+    /// The signature dictionary; null when the field is not signed.
     QPDFObjectHandle signature() const;
 };
 
-/// In the order of the form. Loops and hostile depths end the walk.
+/// The fields in the order of the form. Loops and hostile depths end the search.
 std::vector<FormField> fieldsOf(QPDF &pdf);
 
 } // namespace documents

@@ -21,7 +21,7 @@ struct InkLine
     double width;
 };
 
-/// A signature on its canvas; everything is in pixels of it, downwards.
+/// A signature on its canvas. All places are in pixels of the canvas, y downwards.
 struct Ink
 {
     QSizeF canvas;

@@ -1,5 +1,5 @@
 /// @file
-/// What became of a document after a signature: what PDF allows then, and what it does not.
+/// The changes to a document after it was signed: those that PDF allows then, and all others.
 #ifndef DOCUMENTS_LATERCHANGES_H
 #define DOCUMENTS_LATERCHANGES_H
 
@@ -15,8 +15,8 @@ struct LaterChanges
     QStringList changed; ///< everything else
 };
 
-/// Compares the document as it was signed with what it is now. Objects that the file has at the same place are the
-/// same; each other one that was there must be one that may change, and only in what may change of it.
+/// Compares the document as it was signed with its present state. An object at the same place of the file is unchanged.
+/// Any other object of the signed document must be one that may change, and only its parts that may change may differ.
 /// @param signature the dictionary, as it is in the signed document: its own locks count
 LaterChanges changesAfter(Reader &signedOne, Reader &now, QPDFObjectHandle signature);
 

@@ -35,7 +35,7 @@ std::vector<QPDFObjectHandle> partsOf(QPDFObjectHandle object, const std::set<st
     return parts;
 }
 
-/// The references in an object's own text.
+/// Adds the references that stand directly in an object.
 void addReferences(QPDFObjectHandle object, std::set<QPDFObjGen> &found)
 {
     std::vector<QPDFObjectHandle> waiting = partsOf(object, {});
@@ -51,7 +51,7 @@ void addReferences(QPDFObjectHandle object, std::set<QPDFObjGen> &found)
     }
 }
 
-/// A reference to nothing becomes something when a later revision brings an object of that number.
+/// References to objects that do not exist. A later revision can add such an object and so change what refers to it.
 std::set<QPDFObjGen> danglingIn(QPDF &pdf, const Table &table)
 {
     std::set<QPDFObjGen> all, dangling;

@@ -1,5 +1,5 @@
 /// @file
-/// Which objects of a document are not what they were in an earlier revision of it.
+/// Which objects of a document differ from those of an earlier revision.
 #ifndef DOCUMENTS_OBJECTDIFFERENCES_H
 #define DOCUMENTS_OBJECTDIFFERENCES_H
 
@@ -14,15 +14,15 @@ struct ObjectDifferences
 {
     std::set<QPDFObjGen> replaced; ///< at another place now
     std::set<QPDFObjGen> removed;
-    std::set<QPDFObjGen> filled; ///< new ones that the earlier revision refers to already, although it has them not
+    std::set<QPDFObjGen> filled; ///< new objects to which the earlier revision refers without having them
 };
 
 ObjectDifferences differencesOf(QPDF &earlier, QPDF &now);
 
-/// The keys of two dictionaries that are not the same. References count as the same when they refer to one number.
+/// The keys whose values differ between two dictionaries. References with the same object number are equal.
 std::set<std::string> differingKeys(QPDFObjectHandle earlier, QPDFObjectHandle now);
 
-/// Every object that can be reached from here but through these keys.
+/// Every object that can be reached from here without going through these keys.
 std::set<QPDFObjGen> reachable(QPDFObjectHandle from, const std::set<std::string> &without);
 
 } // namespace documents

@@ -15,10 +15,10 @@ class PageContent
 public:
     PageContent(Revision &revision, const TreePage &page);
 
-    /// The name under which the page's content may use this object from now on.
+    /// Adds the object to the page's resources and returns its name there.
     std::string nameFor(const QPDFObjectHandle &object);
 
-    /// Adds operators behind everything that the page shows now; the graphics state is as at its begin for them.
+    /// Adds operators after the page's content. They start with the graphics state of the beginning of a page.
     void append(const std::string &operators);
 
 private:

@@ -8,9 +8,9 @@ namespace documents {
 namespace {
 
 constexpr double kPointsPerMillimetre = 72 / 25.4;
-constexpr double kLargest = 1e7; // points; beyond it a page is as good as one without size
+constexpr double kLargest = 1e7; // points; a larger page counts as one without a size
 
-/// Pages without a size are shown as letters by what shows pages.
+/// PDF viewers show a page without a size as US Letter.
 const QRectF kLetter(0, 0, 612, 792);
 
 bool isSane(const QRectF &box)

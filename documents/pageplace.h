@@ -1,5 +1,5 @@
 /// @file
-/// Where a place on a page as it is shown lies in the page's own space: boxes, rotation, user unit.
+/// Converts between places on a page as it is shown and the page's own space: boxes, rotation, user unit.
 #ifndef DOCUMENTS_PAGEPLACE_H
 #define DOCUMENTS_PAGEPLACE_H
 
@@ -22,19 +22,19 @@ public:
     /// Clockwise, 0, 90, 180 or 270.
     int rotation() const { return m_rotation; }
 
-    /// From millimetres, from the shown page's top left downwards, to the page's own space.
+    /// Maps millimetres from the shown page's top left, y downwards, to the page's own space.
     QTransform toPage() const;
 
     /// A rectangle of the page's own space, in millimetres of the shown page.
     QRectF shown(const QRectF &own) const { return toPage().inverted().mapRect(own); }
 
 private:
-    QRectF m_box; ///< what is shown, in the page's own units
+    QRectF m_box; ///< the part that is shown, in the page's own units
     int m_rotation = 0;
     double m_pointsPerUnit = 1;
 };
 
-/// Four numbers as a rectangle; null for what is none.
+/// An array of four numbers as a rectangle; a null rectangle for anything else.
 QRectF rectangleOf(QPDFObjectHandle array);
 
 /// The rectangle as four numbers.

@@ -1,5 +1,5 @@
 /// @file
-/// The pages of a document in their order, with what they inherit. Loops and hostile depths end the walk, not us.
+/// The pages of a document in their order, with what they inherit. Loops and hostile depths end the search.
 #ifndef DOCUMENTS_PAGETREE_H
 #define DOCUMENTS_PAGETREE_H
 
@@ -9,7 +9,7 @@
 
 namespace documents {
 
-/// A page and what its parents give it where it has none of its own; null objects where nobody does.
+/// A page with its attributes, its own or inherited ones; null objects where it has neither.
 struct TreePage
 {
     QPDFObjectHandle page;
@@ -19,7 +19,7 @@ struct TreePage
     QPDFObjectHandle rotate;
 };
 
-/// Pages that are no indirect objects are left out: nothing can be added to them.
+/// Leaves out pages that are direct objects, because nothing can be added to them.
 std::vector<TreePage> pagesOf(QPDF &pdf);
 
 } // namespace documents

@@ -36,7 +36,7 @@ Certification certificationBy(QPDFObjectHandle signature)
     return strictest;
 }
 
-/// The list names fields, each with all below it.
+/// Whether a list of field names contains this field or one of its parents.
 bool isNamed(QPDFObjectHandle list, const std::string &name)
 {
     if (!list.isArray())

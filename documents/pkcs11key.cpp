@@ -15,7 +15,7 @@ namespace documents {
 
 namespace {
 
-constexpr char kAllModules[] = "p11-kit-proxy.so"; // what the system's configuration lists
+constexpr char kAllModules[] = "p11-kit-proxy.so"; // offers all modules of the system's configuration
 
 Problem tokenProblem(const QString &message)
 {
@@ -23,7 +23,7 @@ Problem tokenProblem(const QString &message)
     return {Problem::Kind::Key, reason.isEmpty() ? message : QString("%1 (%2)").arg(message, reason)};
 }
 
-/// A module of tokens, from loading to unloading.
+/// A loaded PKCS#11 module.
 class Module
 {
 public:
@@ -111,7 +111,7 @@ private:
             throw tokenProblem("the token does not take the PIN; too many wrong ones lock it");
     }
 
-    /// The certificate that the URI means; without an object or id the only one that there is a key for.
+    /// The certificate that the URI names; without an object or id in it, the only one with a key.
     static PKCS11_CERT *certificateOn(PKCS11_TOKEN &token, const Pkcs11Uri &uri)
     {
         PKCS11_CERT *all = nullptr;

@@ -18,7 +18,7 @@ constexpr Attribute kAttributes[] = {{"token", &Pkcs11Uri::token}, {"serial", &P
     {"manufacturer", &Pkcs11Uri::manufacturer}, {"object", &Pkcs11Uri::object}, {"id", &Pkcs11Uri::id},
     {"module-path", &Pkcs11Uri::modulePath}, {"pin-source", &Pkcs11Uri::pinSource}};
 
-/// What may be in a URI and chooses nothing that matters here.
+/// Attributes that are accepted in a URI and ignored.
 const QStringList kIgnored{"type", "model", "slot-id", "slot-description", "slot-manufacturer", "library-description",
     "library-manufacturer", "library-version"};
 
@@ -32,7 +32,7 @@ Problem unusable(const QString &message)
 Pkcs11Uri parsedUri(const QString &text)
 {
     Pkcs11Uri uri;
-    QString rest = text.mid(7); // behind "pkcs11:"
+    QString rest = text.mid(7); // after "pkcs11:"
     for (const QString &part : rest.replace('?', ';').replace('&', ';').split(';', Qt::SkipEmptyParts)) {
         const QString name = part.section('=', 0, 0);
         if (name == "pin-value")

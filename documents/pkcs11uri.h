@@ -8,7 +8,7 @@
 
 namespace documents {
 
-/// Empty: any.
+/// The parts of a URI. An empty one matches anything.
 struct Pkcs11Uri
 {
     QByteArray token; ///< the token's label
@@ -20,7 +20,7 @@ struct Pkcs11Uri
     QByteArray pinSource; ///< a file
 };
 
-/// Throws a Problem for what cannot be understood, and for a PIN in the URI, which everyone could see.
+/// Throws a Problem for a URI that cannot be understood or holds a PIN, which everyone could see there.
 Pkcs11Uri parsedUri(const QString &text);
 
 } // namespace documents

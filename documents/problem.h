@@ -1,5 +1,5 @@
 /// @file
-/// What ends a work on a document: one sentence for a person, and what kind of trouble it is.
+/// Thrown when work on a document fails: one sentence for a person, and the kind of trouble.
 #ifndef DOCUMENTS_PROBLEM_H
 #define DOCUMENTS_PROBLEM_H
 
@@ -11,7 +11,7 @@ struct Problem
 {
     enum class Kind
     {
-        File, ///< cannot be read or written, or is no PDF
+        File, ///< cannot be read or written, or is not a PDF
         Password, ///< the document's password is missing or wrong
         Refused, ///< the document does not allow it, or a signature would break
         Key, ///< certificate, key, token, or the password of one

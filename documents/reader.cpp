@@ -13,7 +13,7 @@ namespace documents {
 namespace {
 
 constexpr qint64 kTail = 2048;
-constexpr int kMostObjects = 8388607; // what a reader must be able to take
+constexpr int kMostObjects = 8388607; // the limit that PDF readers must support
 constexpr qint64 kLeastFile = 20;
 
 bool isBlank(char byte)
@@ -21,7 +21,7 @@ bool isBlank(char byte)
     return byte == ' ' || byte == '\t' || byte == '\r' || byte == '\n' || byte == '\f' || byte == '\0';
 }
 
-/// The place of the last section as the file's end tells it; throws what is no number or lies outside.
+/// The last section, by the place that the file's end names. Throws when that is not a number or lies outside.
 CrossReference lastSection(const Source &source, qint64 end)
 {
     const qint64 begin = std::max<qint64>(0, end - kTail);

@@ -35,14 +35,14 @@ struct Reader
     Rewrite rewrite = Rewrite::None;
     CrossReference last;
 
-    /// The first number that no object has.
+    /// The first object number that is free.
     int firstNew = 1;
 };
 
-/// What qpdf throws as a Problem that names the file.
+/// Rethrows qpdf's exceptions as a Problem that names the file.
 [[noreturn]] void rethrowAsProblem(const QString &name);
 
-/// Opens the first `end` bytes as a document of their own. Throws a Problem.
+/// Opens the first `end` bytes as a document. Throws a Problem.
 std::unique_ptr<Reader> openReader(const Source &source, qint64 end, const QByteArray &password);
 
 } // namespace documents

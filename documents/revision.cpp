@@ -17,7 +17,7 @@ namespace documents {
 
 namespace {
 
-/// qCompress puts four bytes of its own in front of the zlib stream.
+/// qCompress() puts four bytes in front of the zlib stream, which are cut off here.
 std::string deflated(const std::string &data)
 {
     constexpr int kOwnHeader = 4;
@@ -68,7 +68,7 @@ Revision::Revision(Reader &reader)
 {
 }
 
-// qpdf's own way to a new object looks at every object of the file first; a number of our own costs nothing.
+// To make a new object, qpdf looks at every object of the file first. Choosing the number here costs nothing.
 QPDFObjectHandle Revision::add(QPDFObjectHandle object)
 {
     const QPDFObjGen number(m_next++, 0);
@@ -82,7 +82,7 @@ QPDFObjectHandle Revision::addStream(QPDFObjectHandle dictionary, const std::str
     std::string bytes = data;
     if (!dictionary.hasKey("/Filter")) {
         const std::string packed = deflated(data);
-        if (packed.size() + 21 < data.size()) { // what the filter's name takes
+        if (packed.size() + 21 < data.size()) { // 21: the length of the /Filter entry
             bytes = packed;
             dictionary.replaceKey("/Filter", QPDFObjectHandle::newName("/FlateDecode"));
         }
@@ -99,7 +99,7 @@ QPDFObjectHandle Revision::addStream(QPDFObjectHandle dictionary, const std::str
     const QPDFObjGen number(m_next++, 0);
     m_streams[number] = {dictionary.unparse(), bytes};
     m_changed.insert(number);
-    // qpdf drops keys whose value is nothing: something stands for the stream.
+    // qpdf drops keys whose value is null, so put an empty dictionary in the stream's place.
     pdf().replaceObject(number, QPDFObjectHandle::newDictionary());
     return pdf().getObject(number);
 }
@@ -138,7 +138,7 @@ QPDFObjectHandle Revision::arrayIn(QPDFObjectHandle owner, const std::string &ke
     return partIn(owner, key, QPDFObjectHandle::newArray());
 }
 
-/// Objects that qpdf has made meanwhile, and that what is written refers to.
+/// Adds objects that qpdf has made meanwhile and that the new ones refer to.
 void Revision::findNew()
 {
     std::vector<QPDFObjectHandle> waiting;

@@ -1,6 +1,6 @@
 /// @file
-/// What is changed in a document and added to it, until it is written: appended behind the file's bytes, or as a part
-/// of a file that is written anew.
+/// Collects the changes to a document until it is written: appended to the file's bytes, or as part of a file that is
+/// written anew.
 #ifndef DOCUMENTS_REVISION_H
 #define DOCUMENTS_REVISION_H
 
@@ -19,30 +19,30 @@ public:
 
     QPDF &pdf() { return m_reader.pdf; }
 
-    /// A new object; what is returned refers to it.
+    /// Adds an object and returns a reference to it.
     QPDFObjectHandle add(QPDFObjectHandle object);
 
-    /// A new stream, compressed where that makes it smaller.
+    /// Adds a stream, compressed if that makes it smaller.
     QPDFObjectHandle addStream(QPDFObjectHandle dictionary, const std::string &data);
 
     /// Whether the object is new in this revision.
     bool isAdded(const QPDFObjectHandle &object) const { return object.getObjectID() >= m_reader.firstNew; }
 
-    /// To be called after qpdf has made objects of its own.
+    /// Call it after qpdf has made objects itself.
     void skipNumbersOfOthers();
 
-    /// To be called for each indirect object of the file that is changed.
+    /// Call it for each indirect object of the file that you change.
     void touch(const QPDFObjectHandle &object);
 
-    /// A dictionary's or array's part that is to be changed: the part itself where it is direct (then `owner`, which is
-    /// indirect, counts as changed) or the object that it refers to. What is missing or of another kind is made.
+    /// The value of a key, to be changed: the direct value (then `owner`, which is indirect, counts as changed) or the
+    /// object that it refers to. Makes the value if it is missing or of another type.
     QPDFObjectHandle dictionaryIn(QPDFObjectHandle owner, const std::string &key);
     QPDFObjectHandle arrayIn(QPDFObjectHandle owner, const std::string &key);
 
-    /// The bytes that follow a file which ends at `end`.
+    /// The bytes to append to a file that ends at `end`.
     std::string appended(const Source &source, qint64 end);
 
-    /// Writes the whole document anew, with its encryption, behind the file's begin.
+    /// Writes the whole document anew, with its encryption, from the start of the file.
     void writeAnew(Source &target);
 
 private:
@@ -59,7 +59,7 @@ private:
 
     Reader &m_reader;
     int m_next; ///< the number of the next new object
-    std::set<QPDFObjGen> m_changed; ///< and added
+    std::set<QPDFObjGen> m_changed; ///< changed and added objects
     std::map<QPDFObjGen, NewStream> m_streams;
 };
 

@@ -109,7 +109,7 @@ QByteArray unseal(const QByteArray &sealed, const QString &keyFile, const AskPas
     const KeyOwner key = keyIn(keyFile, ask);
     const CmsOwner message(d2i_CMS_bio(bioOf(sealed).get(), nullptr));
     const BioOwner content(BIO_new(BIO_s_mem()));
-    // The flag only tells a wrong key from broken content; whoever reads the answer holds the file and the key.
+    // Telling a wrong key from broken content helps no attacker: who gets the answer has the file and the key.
     const bool isOpen = message != nullptr
         && CMS_decrypt(message.get(), key.get(), nullptr, nullptr, content.get(), CMS_BINARY | CMS_DEBUG_DECRYPT) == 1;
     opensslReason();

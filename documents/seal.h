@@ -10,8 +10,8 @@
 
 namespace documents {
 
-/// Encrypts for the certificate in a PEM or DER file (CMS, AES-256-GCM: what was changed or is for another key is found
-/// out). Throws a Problem.
+/// Encrypts for the certificate in a PEM or DER file, with CMS and AES-256-GCM, which reveals changes and wrong keys.
+/// Throws a Problem.
 QByteArray sealFor(const QString &certificateFile, const QByteArray &content);
 
 /// Opens with the private key in a PEM or PKCS#12 file. Throws a Problem when the key is another one.

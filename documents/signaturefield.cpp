@@ -30,7 +30,7 @@ QPDFObjectHandle textOf(const QString &text)
     return QPDFObjectHandle::newUnicodeString(text.toStdString());
 }
 
-/// The lock that an empty field asks for becomes a part of its signature.
+/// Makes the lock that an empty field asks for a part of its signature.
 QPDFObjectHandle lockReference(QPDFObjectHandle lock)
 {
     QPDFObjectHandle parameters = lock.shallowCopy();

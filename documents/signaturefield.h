@@ -12,7 +12,7 @@
 
 namespace documents {
 
-/// What a signature dictionary says in words.
+/// The texts of a signature dictionary.
 struct SignatureWords
 {
     QString name;
@@ -22,7 +22,7 @@ struct SignatureWords
     const char *subFilter; ///< the kind of its message
 };
 
-/// The dictionary with room for a message of `room` bytes, which begins with `mark` for now: byterange.h fills it.
+/// The dictionary, with room for a message of `room` bytes. It begins with `mark`, by which byterange.h finds it.
 QPDFObjectHandle signatureDictionary(const SignatureWords &words, const std::string &mark, int room);
 
 /// A name that no field has: Signature1, Signature2, ...

@@ -41,7 +41,7 @@ std::string randomMark()
 {
     std::string mark(kMarkSize, '\0');
     RAND_bytes(reinterpret_cast<unsigned char *>(mark.data()), kMarkSize);
-    mark.back() = '\0'; // makes it a string that PDF writes in hexadecimal digits
+    mark.back() = '\0'; // with a zero byte in it, qpdf writes the string in hexadecimal digits
     return mark;
 }
 

@@ -9,7 +9,7 @@
 
 namespace documents {
 
-/// Gives the password of what is named; it is asked for at most once.
+/// Asks for the password of what is named. Called at most once.
 using AskPassword = std::function<QByteArray(const QString &what)>;
 
 class SigningKey
@@ -26,7 +26,7 @@ public:
     /// The certificates between the own one and its root; may be null.
     virtual STACK_OF(X509) * chain() const = 0;
 
-    /// Whose it is.
+    /// The owner's name.
     QString owner() const;
 };
 
@@ -34,11 +34,11 @@ public:
 /// attribute `module-path` or what the system's p11-kit knows. Throws a Problem.
 std::unique_ptr<SigningKey> openSigningKey(const QString &place, const AskPassword &ask);
 
-/// The two kinds.
+/// The two kinds of keys.
 std::unique_ptr<SigningKey> openPkcs12(const QString &path, const AskPassword &ask);
 std::unique_ptr<SigningKey> openPkcs11(const QString &uri, const AskPassword &ask);
 
-/// Throws a Problem when nobody may sign a document with it: not a key for it, expired, or not yet valid.
+/// Throws a Problem when documents must not be signed with it: wrong kind of key, expired, or not yet valid.
 void needFit(const SigningKey &key);
 
 } // namespace documents

@@ -1,5 +1,5 @@
 /// @file
-/// A Source as qpdf reads it, up to an end that may lie before the file's own.
+/// Lets qpdf read a Source up to an end, which may lie before the file's own.
 #ifndef DOCUMENTS_SOURCEINPUT_H
 #define DOCUMENTS_SOURCEINPUT_H
 
@@ -14,7 +14,7 @@ namespace documents {
 class SourceInput : public InputSource
 {
 public:
-    /// The source must stay there.
+    /// The source must outlive this object.
     SourceInput(const Source &source, qint64 end);
 
     qpdf_offset_t findAndSkipNextEOL() override;
@@ -26,7 +26,7 @@ public:
     void unreadCh(char) override;
 
 private:
-    /// The byte at the place, out of a piece that is kept; -1 at the end.
+    /// The byte at the place, from a buffered piece; -1 at the end.
     int at(qint64 place);
 
     /// Notes that the piece was read next. Throws when it is one too many without a jump: then qpdf is looking for what

@@ -7,7 +7,7 @@ namespace documents {
 
 namespace {
 
-/// Every leaf of a number tree; loops end the walk.
+/// Every leaf of a number tree. Loops end the search.
 std::vector<QPDFObjectHandle> leavesOf(QPDFObjectHandle tree)
 {
     std::vector<QPDFObjectHandle> leaves, waiting{tree};
@@ -38,7 +38,7 @@ StructureTree::StructureTree(Revision &revision)
 {
 }
 
-/// The key of the next entry of the parent tree.
+/// Takes the next free key of the parent tree.
 long long StructureTree::takeKey()
 {
     QPDFObjectHandle next = m_root.getKey("/ParentTreeNextKey");
@@ -55,7 +55,7 @@ long long StructureTree::takeKey()
     return key;
 }
 
-/// The key is larger than all others: the entry comes last.
+/// Adds an entry at the end, because its key is larger than all others.
 void StructureTree::enter(long long key, const QPDFObjectHandle &value)
 {
     QPDFObjectHandle tree = m_revision.dictionaryIn(m_root, "/ParentTree");
@@ -100,7 +100,7 @@ QPDFObjectHandle StructureTree::addElement(
     return added;
 }
 
-/// The parent tree's array for a page's content, one element for each of its numbers. Made where there is none.
+/// The parent tree's array for a page's content, with an element for each of its numbers. Makes it if there is none.
 QPDFObjectHandle StructureTree::elementsOfPage(QPDFObjectHandle page)
 {
     QPDFObjectHandle key = page.getKey("/StructParents");
@@ -110,7 +110,7 @@ QPDFObjectHandle StructureTree::elementsOfPage(QPDFObjectHandle page)
             QPDFObjectHandle number = pairs.getArrayItem(i), elements = pairs.getArrayItem(i + 1);
             if (!number.isInteger() || number.getIntValue() != key.getIntValue() || !elements.isArray())
                 continue;
-            // The innermost part that is an object of its own is written again.
+            // Write the innermost indirect object again.
             const QPDFObjectHandle tree = m_root.getKey("/ParentTree");
             const QPDFObjectHandle owners[] = {elements, pairs, leaf, tree, m_root};
             m_revision.touch(*std::find_if(std::begin(owners), std::end(owners),

@@ -1,5 +1,5 @@
 /// @file
-/// Keeps a tagged document tagged: what is added gets an element with an alternative text.
+/// Keeps a tagged document tagged: everything that is added gets an element with an alternative text.
 #ifndef DOCUMENTS_STRUCTURETREE_H
 #define DOCUMENTS_STRUCTURETREE_H
 
@@ -14,10 +14,10 @@ public:
 
     bool isTagged() const { return m_isTagged; }
 
-    /// A figure that is a part of the page's content: the number with which the content is to mark it.
+    /// Adds a figure of the page's content, and returns the number with which the content must mark it.
     int addFigure(QPDFObjectHandle page, const std::string &alternativeText);
 
-    /// A form field's widget, which must be indirect already.
+    /// Adds a form field's widget, which must be an indirect object already.
     void addWidget(QPDFObjectHandle page, QPDFObjectHandle widget, const std::string &alternativeText);
 
 private:

@@ -20,11 +20,11 @@ struct TimestampReport
 {
     QDateTime time;
     QString authority;
-    bool isIntact = false; ///< it is a time stamp over these bytes, and its signature is right
+    bool isIntact = false; ///< it is a time stamp of these bytes, and its signature is valid
     bool isTrusted = false;
 };
 
-/// @param digestOfBytes gives the digest of the stamped bytes by a kind of digest
+/// @param digestOfBytes computes the digest of the stamped bytes with a given algorithm
 TimestampReport checkTimestamp(
     const QByteArray &token, const std::function<QByteArray(const EVP_MD *)> &digestOfBytes, X509_STORE *trusted);
 

@@ -1,4 +1,4 @@
-// libFuzzer's entry, which leads to that of the one target that KV_FUZZ_ENTRY names.
+// libFuzzer's entry. It calls that of the target that KV_FUZZ_ENTRY names.
 #include "target.h"
 
 extern "C" int KV_FUZZ_ENTRY(const uint8_t *data, size_t size);

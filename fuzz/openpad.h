@@ -13,7 +13,7 @@
 
 namespace fuzz {
 
-/// The driver's control face. The driver stays loaded.
+/// The driver's control functions. The driver stays loaded.
 class Driver
 {
 public:
@@ -32,7 +32,7 @@ private:
     Driver();
 };
 
-/// Opens in the constructor, closes in the destructor. Whether it could be opened is for the caller to look at.
+/// Opens the pad in the constructor and closes it in the destructor. The caller must ask whether it could be opened.
 class FuzzedPad
 {
 public:
@@ -56,10 +56,10 @@ private:
     bool m_open = false;
 };
 
-/// A headless S300 that stays open from one input to the next, for what leaves nothing behind in it.
+/// A headless S300 that stays open from one input to the next, for targets that do not change it.
 FuzzedPad &keptPad();
 
-/// A program has one pad open at a time.
+/// Call it before another pad is opened: a program can have one open at a time.
 void closeKeptPad();
 
 /// Processes posted events, paints and deferred deletes.

@@ -24,7 +24,7 @@ bool isResult(int result)
     return result <= ARI_SUCCESS && result >= ARI_SAVE_FAILE;
 }
 
-/// One for the whole process.
+/// A file in a directory of this process.
 std::wstring path(const char *name)
 {
     static const QTemporaryDir directory;
@@ -46,7 +46,7 @@ void PadCalls::run()
         step(m_bytes.byte());
 }
 
-// Packets more often than anything else.
+// Sends packets more often than anything else.
 void PadCalls::step(int what)
 {
     using Step = void (PadCalls::*)();
@@ -73,7 +73,7 @@ void PadCalls::packet()
         send({m_bytes.word(), m_bytes.word(), m_bytes.word(), status});
 }
 
-/// Positions of a byte each, all over the writing area.
+/// A stroke through positions all over the writing area, one byte for each coordinate.
 void PadCalls::stroke()
 {
     const int scale = modelOfType(m_type)->rawSpanX < 10000 ? 10 : 100;
@@ -99,12 +99,12 @@ void PadCalls::fingerprint()
         image[i] = static_cast<unsigned char>(static_cast<int>(i) / period % 2 * kind);
     const unsigned char *data = kind == 1 ? nullptr : image.data();
     const int length = kind < 8 ? m_bytes.number() : static_cast<int>(image.size());
-    // A driver that announces more than it sends is out of anybody's hands.
+    // A driver that announces more bytes than it sends cannot be noticed by anybody.
     if (length <= static_cast<int>(image.size()))
         Driver::instance().sendFingerprint(data, length, score);
 }
 
-/// From now on.
+/// Sets what the driver answers from now on.
 void PadCalls::driverAnswers()
 {
     static const char *const kOperations[] = {"OpenDeviceLCD", "ClearDeviceContent", "GetDevicePenID", "GetDevicePadID",
@@ -196,7 +196,7 @@ void PadCalls::svgText()
     checkText(m_pad->GetSVGImageBase64Data(m_type), m_pad->FreeSVGImageBase64Data);
 }
 
-/// The record has all points, and decodes to them.
+/// Checks that the record has all points and decodes to them.
 void PadCalls::inkRecord()
 {
     char *record = m_pad->Base64Encode(m_type, EBITI_INK);

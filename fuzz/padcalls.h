@@ -1,6 +1,6 @@
 /// @file
-/// A stream of bytes as what happens to an open pad: packets and fingerprints from the driver, calls of the exported
-/// functions, events of the host.
+/// Turns a stream of bytes into what happens to an open pad: packets and fingerprints from the driver, calls of the
+/// exported functions, events of the widget.
 #ifndef FUZZ_PADCALLS_H
 #define FUZZ_PADCALLS_H
 

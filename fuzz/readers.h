@@ -1,5 +1,5 @@
 /// @file
-/// The way of an ink file through kvsign, for the targets of its four formats.
+/// Reads and writes ink as kvsign does, for the targets of its four formats.
 #ifndef FUZZ_READERS_H
 #define FUZZ_READERS_H
 
@@ -10,8 +10,8 @@
 
 namespace fuzz {
 
-/// Reads the bytes in the format, up to a number of points that shows everything. What could be read to the end must
-/// be written, and read again as the same points.
+/// Reads the bytes in the format, up to a limited number of points. If they could be read to the end, writes them and
+/// checks that they are read again as the same points.
 void readAndWriteAgain(const char *formatName, const uint8_t *data, size_t size);
 
 } // namespace fuzz

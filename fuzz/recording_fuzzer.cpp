@@ -25,7 +25,7 @@ std::string written(const kvsim::Recording &recording)
     return out.str();
 }
 
-/// Only bundled fingerprints are loaded, and no file is looked for.
+/// Loads only bundled fingerprints, so that no file is opened.
 void play(const std::string &text, int deviceType)
 {
     const ModelRow *pad = modelOfType(deviceType);
@@ -40,7 +40,7 @@ void play(const std::string &text, int deviceType)
 
 } // namespace
 
-// What could be read is written, and read again as the same.
+// Writes what could be read, and checks that it is read again as the same.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     kvsim::Recording recording;

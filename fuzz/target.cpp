@@ -16,7 +16,7 @@ void needApplication()
     static char name[] = "fuzz";
     static char *arguments[] = {name, nullptr};
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    new QApplication(count, arguments); // outlives what static destructors still use
+    new QApplication(count, arguments); // never destroyed: static destructors still use it
 }
 
 void promise(bool kept, const char *what)

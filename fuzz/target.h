@@ -1,6 +1,6 @@
 /// @file
-/// What every fuzz target shares. Each NAME_fuzzer.cpp defines libFuzzer's entry below; the plain tests compile the
-/// same files with the entry renamed, and replay the inputs that are kept here.
+/// Shared by all fuzz targets. Each NAME_fuzzer.cpp defines libFuzzer's entry below. The plain tests compile the same
+/// files with the entry renamed, and replay the inputs in this directory.
 #ifndef FUZZ_TARGET_H
 #define FUZZ_TARGET_H
 

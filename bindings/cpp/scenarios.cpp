@@ -1,4 +1,4 @@
-// C++'s runner of the scenarios (bindings/scenarios/table.py says what each does).
+// Runs the scenarios in C++; bindings/scenarios/table.py says what each does.
 #include <signpad.hpp>
 
 #include <cstdio>
@@ -189,7 +189,7 @@ Answer cycles()
 
 Answer collect()
 {
-    return cancel(); // C++ collects nothing: the same as waiting
+    return cancel(); // C++ has no garbage collector, so this is the same as waiting
 }
 
 Answer inside()
@@ -208,7 +208,7 @@ Answer exitInside()
 {
     kv::Pad pad = openPad();
     pad.wait(60s);
-    std::exit(7); // the pad's destructor does not run
+    std::exit(7); // does not run the pad's destructor
 }
 
 Answer forgotten()

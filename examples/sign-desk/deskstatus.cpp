@@ -27,7 +27,7 @@ DeskStatus::DeskStatus(QStatusBar &bar)
 void DeskStatus::note(const QString &message)
 {
     m_note->setText(message);
-    QAccessibleEvent said(m_note, QAccessible::Alert); // so that a screen reader reads it out at once
+    QAccessibleEvent said(m_note, QAccessible::Alert); // makes screen readers read it out at once
     QAccessible::updateAccessibility(&said);
 }
 

@@ -83,7 +83,7 @@ private:
             std::_Exit(fail(translated.isEmpty() ? QString::fromUtf8(kSentence) : translated));
         }
         if (qstrncmp(context.category, "qt.qpa", 6)
-            != 0) // Qt's own lines about platforms are covered by the sentence above
+            != 0) // not Qt's own lines about platforms: the sentence above says it
             std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
     }
 

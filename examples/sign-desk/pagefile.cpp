@@ -19,9 +19,9 @@ struct PageFileWords
     Q_DECLARE_TR_FUNCTIONS(signdesk::Pages)
 };
 
-constexpr qint64 kMostBytes = 1 << 30; ///< of a file, all of which lies in memory
+constexpr qint64 kMostBytes = 1 << 30; ///< the whole file is kept in memory
 
-/// Opens the file without blocking, as a pipe without a writer would. -1 when it must not be read.
+/// Opens the file without waiting, even for the writer of a pipe. Returns -1 when it must not be read.
 int opened(const QString &path)
 {
     return ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
@@ -40,7 +40,7 @@ PageFile readPageFile(const QString &path)
     const int descriptor = opened(path);
     if (descriptor < 0 || !file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
         throw unreadable(path, PageFileWords::tr("you may not read it."));
-    if (file.isSequential()) // it has been replaced by a pipe meanwhile
+    if (file.isSequential()) // a pipe has replaced it meanwhile
         throw unreadable(path, PageFileWords::tr("it is no file."));
     PageFile page{path, {}, file.fileTime(QFileDevice::FileModificationTime), file.size()};
     if (page.size > kMostBytes)

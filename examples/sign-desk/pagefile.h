@@ -17,13 +17,13 @@ struct PageFile
     QString path;
     QByteArray content;
     QDateTime time; ///< of the last change before it was read
-    qint64 size = 0; ///< also when the content is no longer held
+    qint64 size = 0; ///< kept even when the content is dropped
 
     /// True when the path now leads to another file or the file was changed; false when it is gone.
     bool hasChanged() const;
 };
 
-/// Does not wait for a pipe that nobody fills. Throws a Trouble.
+/// Does not wait for the writer of a pipe. Throws a Trouble.
 PageFile readPageFile(const QString &path);
 
 /// The Trouble that says why this file cannot be a page.

@@ -34,7 +34,7 @@ void takeScreenshotAndQuit(DeskWindow &window, const QString &path)
         if (trouble == nullptr && window.state() != SigningState::Confirmed && !window.isPadAway())
             return;
         look->stop();
-        if (trouble != nullptr) { // nobody could read a message box
+        if (trouble != nullptr) { // nobody is there to close a message box
             std::fprintf(stderr, "kv-sign-desk: %s\n", trouble->text().toLocal8Bit().constData());
             return finish(window, path, false);
         }

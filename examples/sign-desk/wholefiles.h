@@ -8,10 +8,10 @@
 
 namespace signdesk {
 
-/// True when the cross-reference table is where the end of the file says, so that no byte before it can be missing.
+/// Whether the cross-reference table is where the end of the file says. Then no byte before it is missing.
 bool isWholePdf(const QByteArray &pdf);
 
-/// How many lines an SVG picture of strokes draws; -1 when it is no whole SVG file.
+/// How many lines an SVG picture of strokes draws; -1 when it is not a complete SVG file.
 int linesOfSvg(const QByteArray &svg);
 
 } // namespace signdesk

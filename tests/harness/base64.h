@@ -48,7 +48,7 @@ inline std::optional<QByteArray> decoded(const QByteArray &text)
     int padding = 0;
     while (padding < 2 && text.size() > padding && text[text.size() - 1 - padding] == '=')
         ++padding;
-    QByteArray bytes(text.size() / 4 * 3, Qt::Uninitialized); // texts of megabytes, in tests that are not optimised
+    QByteArray bytes(text.size() / 4 * 3, Qt::Uninitialized); // filling megabytes is slow in unoptimised tests
     char *next = bytes.data();
     const char *const begin = text.constData();
     const int size = text.size(), whole = size - padding;

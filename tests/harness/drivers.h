@@ -1,5 +1,5 @@
 /// @file
-/// For tests of loading: drivers from other directories. Each is really unloaded before the next is loaded.
+/// For tests of loading: drivers from other directories. Each is unloaded before the next is loaded.
 #ifndef DRIVERS_H
 #define DRIVERS_H
 

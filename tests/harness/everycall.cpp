@@ -148,7 +148,7 @@ void EveryCall::record()
             checkPoint(fields[0], fields[1], fields[2]);
         }
         ++m_wholeAnswers;
-        // A clear after the check for points but before the record gives a record without points.
+        // A clear between the library's check for points and its making of the record gives a record without points.
         const int points = bytes.size() / 24;
         EXPECT_EQ(m_family.Base64Decode(m_type, EBITI_INK, text, nullptr), ARI_SUCCESS);
         EXPECT_EQ(m_family.GetTotalDecodeInkPointsNumber(m_type), points > 0 ? points : ARI_INK_EMPTY);

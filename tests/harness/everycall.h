@@ -18,7 +18,7 @@ public:
     /// The packets are all that the pen may send; any other stored point is a failure.
     EveryCall(const PadCase &pad, const std::vector<KVSIM_PACKET> &packets);
 
-    /// All of the following.
+    /// Calls all of the following.
     void operator()();
 
     void device();

@@ -101,7 +101,7 @@ void expectBecomes(Look look, const QImage &expected)
     ADD_FAILURE() << different << " pixels differ, the first at " << first.x() << ", " << first.y();
 }
 
-/// A pad whose screen shows pictures at once, for tests of what happens after that.
+/// A pad whose screen shows pictures without delay, for tests of what happens afterwards.
 struct FingerprintPad : OpenPad
 {
     explicit FingerprintPad(const PadCase &pad, int width = 400, int height = 300, int screenMs = 0);

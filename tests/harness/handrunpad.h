@@ -1,5 +1,5 @@
 /// @file
-/// A fingerprint instance without driver and display thread: the test itself runs the thread's passes.
+/// A fingerprint instance without driver and display thread. The test itself calls the thread's passes.
 #ifndef HANDRUNPAD_H
 #define HANDRUNPAD_H
 
@@ -11,7 +11,7 @@
 #include "cs310xwidget_showfpimageondevicethread.h"
 #include "openinstance.h"
 
-/// What was sent to the pad's screen: a function replaces the driver's and records it.
+/// Records what is sent to the pad's screen, with a function in place of the driver's.
 struct PadScreen
 {
     struct Transfer

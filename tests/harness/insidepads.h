@@ -65,11 +65,11 @@ void withNewInstance(const PadCase &pad, int width, int height, Visit visit)
             QResizeEvent resized(instance.size(), QSize());
             QCoreApplication::sendEvent(&instance, &resized);
             visit(instance);
-            instance.Shutdown(); // what a test gave it, a point list for one, goes with it
+            instance.Shutdown(); // frees what a test gave it, such as a point list
         } else {
             Pad instance(width, height);
             visit(instance);
-            instance.Shutdown(); // what a test gave it, a point list for one, goes with it
+            instance.Shutdown(); // frees what a test gave it, such as a point list
         }
     });
 }

@@ -17,8 +17,8 @@
 #include <string>
 #include <vector>
 
-/// The simulated driver of the working directory. It sends nothing by itself. The process holds one handle all the
-/// time, so that settings made before a pad is opened persist. Each object resets it.
+/// The simulated driver of the working directory. It sends nothing by itself. The process keeps a handle of it, so that
+/// settings made before a pad is opened persist. Each object of this class resets it.
 class SimulatedDriver
 {
 public:
@@ -91,8 +91,8 @@ struct RawArea
 };
 RawArea rawArea(int deviceType);
 
-/// A stroke of moves through the given positions, each a share 0..1 of the writing area, pressures as shares of the
-/// largest; pen down at the first, pen up at the last.
+/// A stroke through the given positions: pen down at the first, moves, pen up at the last. Positions are shares (0 to
+/// 1) of the writing area, pressures of the largest pressure.
 struct Share
 {
     double x;

@@ -23,7 +23,7 @@ QRectF rectOf(const std::vector<double> &numbers)
     return numbers.size() == 4 ? QRectF(numbers[0], numbers[1], numbers[2], numbers[3]) : QRectF();
 }
 
-// What a group says holds for the lines inside; this file's groups have one matrix, the identity.
+// A group's attributes hold for the lines inside. The only matrix in these files is the identity.
 struct Group
 {
     double width = 0;
