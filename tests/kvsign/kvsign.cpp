@@ -3,6 +3,7 @@
 #include "base64.h"
 #include "countpixels.h"
 
+#include <QElapsedTimer>
 #include <QJsonDocument>
 #include <QPainter>
 
@@ -83,6 +84,33 @@ QStringList Place::files() const
     QStringList names = QDir(m_place.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     names.removeAll("libkvsignpaddrv.so");
     return names;
+}
+
+void Place::isReadAs(const Points &points, const QString &name, const QByteArray &content) const
+{
+    write(name, content);
+    runWell({"convert", name, "read.ink"});
+    EXPECT_EQ(listed(pointsOf(read("read.ink"))).toStdString(), listed(points).toStdString()) << content.toStdString();
+}
+
+void Place::start(QProcess &process, const QStringList &arguments, const QMap<QString, QString> &environment) const
+{
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    for (auto variable = environment.begin(); variable != environment.end(); ++variable)
+        variables.insert(variable.key(), variable.value());
+    process.setProcessEnvironment(variables);
+    process.setWorkingDirectory(m_place.path());
+    process.start(KV_KVSIGN, arguments);
+    ASSERT_TRUE(process.waitForStarted());
+}
+
+void Place::waitForDriver(QProcess &process)
+{
+    const QString maps = QString("/proc/%1/maps").arg(process.processId());
+    QElapsedTimer waiting;
+    waiting.start();
+    while (!contentOf(maps).contains("libkvsignpaddrv") && waiting.elapsed() < 60000)
+        process.waitForFinished(20);
 }
 
 void Place::capture(const QString &recording, const QString &model, const QStringList &outputs) const

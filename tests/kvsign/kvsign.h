@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QImage>
 #include <QJsonObject>
+#include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -28,6 +29,22 @@ inline const std::pair<QString, QString> kOnScreen{"ASAN_OPTIONS", "detect_leaks
 /// Runs kvsign in a directory; the simulated pad plays as fast as it can.
 CommandResult runIn(
     const QString &directory, const QStringList &arguments, const QMap<QString, QString> &environment = {});
+
+/// A point as a test writes it down. In a record it takes 24 bytes, all numbers little-endian.
+struct Point
+{
+    int x;
+    int y;
+    int pressure;
+    bool end = false;
+    quint64 tick = 0;
+    qint64 time = 0;
+};
+using Points = std::vector<Point>;
+
+/// The points that the tests write down in other programs' tables and documents.
+inline const Points kTablePoints{
+    {10, 20, 300, false, 1000, 50}, {13, 18, 320, false, 1005, 50}, {13, 18, 320, true, 1010, 50}};
 
 /// A directory for a test's files, in which kvsign runs. It also holds the driver.
 class Place : public testing::Test
@@ -47,24 +64,21 @@ protected:
     QByteArray read(const QString &name) const { return contentOf(file(name)); }
     QStringList files() const;
 
+    /// Writes a file, and expects kvsign to read these points from it.
+    void isReadAs(const Points &points, const QString &name, const QByteArray &content) const;
+
+    /// Starts kvsign in the background. The variables are added to the test's environment.
+    void start(QProcess &process, const QStringList &arguments, const QMap<QString, QString> &environment = {}) const;
+
+    /// Waits until the process has loaded the driver, right after which kvsign waits for the signer.
+    static void waitForDriver(QProcess &process);
+
     /// Lets kvsign capture a bundled recording into these files.
     void capture(const QString &recording, const QString &model, const QStringList &outputs) const;
 
 private:
     QTemporaryDir m_place;
 };
-
-/// A point as a test writes it down. In a record it takes 24 bytes, all numbers little-endian.
-struct Point
-{
-    int x;
-    int y;
-    int pressure;
-    bool end = false;
-    quint64 tick = 0;
-    qint64 time = 0;
-};
-using Points = std::vector<Point>;
 
 /// The points as an ink record with its one final byte, and that as Base64 text. It is packed here and not by kvsign,
 /// so that the tests do not rely on what they check.

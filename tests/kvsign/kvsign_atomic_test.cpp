@@ -69,18 +69,9 @@ TEST_F(KvsignAtomic, LeavesNothingAfterAnySignal)
 {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGUSR1, SIGUSR2, SIGALRM, SIGXCPU, SIGVTALRM}) {
         QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("KVSIM_RECORDING", "none");
-        environment.insert("TMPDIR", file("temporary"));
-        process.setProcessEnvironment(environment);
-        process.setWorkingDirectory(file("."));
-        process.start(KV_KVSIGN, {"capture", "-m", "S300", "-t", "0", "x.ink", "x.png"});
-        ASSERT_TRUE(process.waitForStarted());
-        const QString maps = QString("/proc/%1/maps").arg(process.processId());
-        QElapsedTimer waiting;
-        waiting.start();
-        while (!contentOf(maps).contains("libkvsignpaddrv") && waiting.elapsed() < 60000)
-            process.waitForFinished(20);
+        start(process, {"capture", "-m", "S300", "-t", "0", "x.ink", "x.png"},
+            {{"KVSIM_RECORDING", "none"}, {"TMPDIR", file("temporary")}});
+        waitForDriver(process);
         EXPECT_NE(temporary(), QStringList()) << "the test looks in the wrong place";
         kill(static_cast<pid_t>(process.processId()), signal);
         ASSERT_TRUE(process.waitForFinished(60000));
@@ -101,13 +92,8 @@ TEST_F(KvsignAtomic, PutsBackContentAfterAnySignal)
     ASSERT_EQ(mkfifo(file("pipe.png").toLocal8Bit().constData(), 0600), 0);
     for (const int signal : {SIGTERM, SIGQUIT, SIGUSR1}) {
         QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("KVSIM_SPEED", "max");
-        environment.insert("TMPDIR", file("temporary"));
-        process.setProcessEnvironment(environment);
-        process.setWorkingDirectory(file("."));
-        process.start(KV_KVSIGN, {"capture", "-m", "S300", "x.ink", "pipe.png"});
-        ASSERT_TRUE(process.waitForStarted());
+        start(process, {"capture", "-m", "S300", "x.ink", "pipe.png"},
+            {{"KVSIM_SPEED", "max"}, {"TMPDIR", file("temporary")}});
         QElapsedTimer waiting;
         waiting.start();
         while (read("second.ink").size() < 100 && waiting.elapsed() < 60000)

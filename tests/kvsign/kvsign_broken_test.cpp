@@ -201,9 +201,7 @@ TEST_F(KvsignBroken, AnInterruptedConversionLeavesNothing)
         points[i].x = 300 + static_cast<int>(i % 2000);
     write("long.ink", recordBytes(points).toBase64());
     QProcess process;
-    process.setWorkingDirectory(file("."));
-    process.start(KV_KVSIGN, {"convert", "--model", "S300", "long.ink", "long.svg"});
-    ASSERT_TRUE(process.waitForStarted());
+    start(process, {"convert", "--model", "S300", "long.ink", "long.svg"});
     // kvsign has begun to write once it has a second file of the test's folder open.
     const QString open = QString("/proc/%1/fd").arg(process.processId());
     const auto isWriting = [&] {

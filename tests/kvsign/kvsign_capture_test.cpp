@@ -3,7 +3,6 @@
 #include "countpixels.h"
 #include "kvsign.h"
 
-#include <QElapsedTimer>
 #include <QJsonArray>
 #include <QProcess>
 #include <QRegularExpression>
@@ -173,18 +172,8 @@ TEST_F(KvsignCapture, LeavesNoFileWhenOneOfThemCannotBeFinished)
 TEST_F(KvsignCapture, ClosesThePadWhenItIsInterrupted)
 {
     QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("KVSIM_RECORDING", "none");
-    process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(file("."));
-    process.start(KV_KVSIGN, {"capture", "-t", "0", "x.ink"});
-    ASSERT_TRUE(process.waitForStarted());
-    // Right after kvsign has loaded the driver, it waits for the signer.
-    const QString maps = QString("/proc/%1/maps").arg(process.processId());
-    QElapsedTimer waiting;
-    waiting.start();
-    while (!contentOf(maps).contains("libkvsignpaddrv") && waiting.elapsed() < 60000)
-        process.waitForFinished(20);
+    start(process, {"capture", "-t", "0", "x.ink"}, {{"KVSIM_RECORDING", "none"}});
+    waitForDriver(process);
     kill(static_cast<pid_t>(process.processId()), SIGINT);
     ASSERT_TRUE(process.waitForFinished(60000));
     EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);

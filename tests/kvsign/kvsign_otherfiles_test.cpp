@@ -5,45 +5,35 @@ namespace {
 
 using namespace kvsign;
 
-const Points kPoints = {{10, 20, 300, false, 1000, 50}, {13, 18, 320, false, 1005, 50}, {13, 18, 320, true, 1010, 50}};
-
 class KvsignOtherFiles : public Place
 {
-protected:
-    void isReadAs(const Points &points, const QString &name, const QByteArray &content) const
-    {
-        write(name, content);
-        runWell({"convert", name, "read.ink"});
-        EXPECT_EQ(listed(pointsOf(read("read.ink"))).toStdString(), listed(points).toStdString())
-            << content.toStdString();
-    }
 };
 
 TEST_F(KvsignOtherFiles, ReadsTablesOfOfficePrograms)
 {
-    isReadAs(kPoints, "semicolons.csv",
+    isReadAs(kTablePoints, "semicolons.csv",
         "\xef\xbb\xbfx;y;pressure;stroke_end;tick_ms;time_s\r\n10;20;300;0;1000;50\r\n13;18;320;0;1005;50\r\n"
         "13;18;320;1;1010;50\r\n");
-    isReadAs(kPoints, "marks.csv",
+    isReadAs(kTablePoints, "marks.csv",
         "\"time_s\", \"tick_ms\", \"stroke_end\", \"pressure\", \"y\", \"x\"\n\n\"50\", \"1000\", \"0\", \"300\", \"20\", "
         "\"10\"\n50,1005,false,320,18,13\n50,1010,true,320,18,13");
-    isReadAs(kPoints, "tabulators.csv",
+    isReadAs(kTablePoints, "tabulators.csv",
         "x\ty\tpressure\tstroke_end\ttick_ms\ttime_s\n10\t20\t300\t0\t1000\t50\n13\t18\t320\t0\t1005\t50\n"
         "13\t18\t320\t1\t1010\t50\n");
 }
 
 TEST_F(KvsignOtherFiles, ReadsJsonInAnyLayout)
 {
-    isReadAs(kPoints, "short.json",
+    isReadAs(kTablePoints, "short.json",
         R"({"fields":["x","y","pressure","strokeEnd","tick","time"],"points":[[10,20,300,0,1000,50],)"
         R"([13,18,320,false,1005,50],[13,18,320,true,1010,50]]})");
-    isReadAs(kPoints, "more.json", R"({
+    isReadAs(kTablePoints, "more.json", R"({
         "author": {"name": "\"A\u00e4\\", "list": [1, [2, {}], null, -1.5e3]}, "version": 1, "format": "ink-points",
         "fields": ["time", "tick", "strokeEnd", "pressure", "y", "x"],
         "points": [ [50, 1000, false, 300, 20, 10], [50, 1005, false, 320, 18, 13],
             [50, 1010, true, 320, 18, 13] ],
         "z": true } )");
-    isReadAs(kPoints, "plain.json",
+    isReadAs(kTablePoints, "plain.json",
         "\xef\xbb\xbf{\"points\":[[10,20,300,false,1000,50],[13,18,320,false,1005,50],[13,18,320,true,1010,50]]}");
 }
 
@@ -66,15 +56,15 @@ TEST_F(KvsignOtherFiles, ReadsInkmlOfOtherPens)
 
 TEST_F(KvsignOtherFiles, ReadsARecordThatWasWrapped)
 {
-    QByteArray wrapped = record(kPoints);
+    QByteArray wrapped = record(kTablePoints);
     for (int place = 60; place < wrapped.size(); place += 62)
         wrapped.insert(place, "\r\n");
-    isReadAs(kPoints, "wrapped.txt", wrapped + "\n");
+    isReadAs(kTablePoints, "wrapped.txt", wrapped + "\n");
 }
 
 TEST_F(KvsignOtherFiles, FindsTheFormatInTheContent)
 {
-    isReadAs(kPoints, "noname", record(kPoints));
+    isReadAs(kTablePoints, "noname", record(kTablePoints));
     for (const char *format : {"csv", "json", "inkml"}) {
         runWell({"convert", "noname", "x.dat", "--to", format});
         EXPECT_EQ(runJson({"inspect", "x.dat"})["format"].toString(), format);
@@ -85,7 +75,7 @@ TEST_F(KvsignOtherFiles, FindsTheFormatInTheContent)
 TEST_F(KvsignOtherFiles, MayHaveAnyName)
 {
     const QString name = QString::fromUtf8("Zo\u00eb \u5b57 'a\".ink");
-    write(name, record(kPoints));
+    write(name, record(kTablePoints));
     for (const char *locale : {"C", "C.UTF-8"}) {
         const CommandResult result = run({"convert", "--json", name, name + ".csv"}, {{"LC_ALL", locale}});
         EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);

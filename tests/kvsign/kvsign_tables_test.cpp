@@ -5,18 +5,8 @@ namespace {
 
 using namespace kvsign;
 
-const Points kPoints = {{10, 20, 300, false, 1000, 50}, {13, 18, 320, false, 1005, 50}, {13, 18, 320, true, 1010, 50}};
-
 class KvsignTables : public Place
 {
-protected:
-    void isReadAs(const Points &points, const QString &name, const QByteArray &content) const
-    {
-        write(name, content);
-        runWell({"convert", name, "read.ink"});
-        EXPECT_EQ(listed(pointsOf(read("read.ink"))).toStdString(), listed(points).toStdString())
-            << content.toStdString();
-    }
 };
 
 /// ASCII text as UTF-16, with a byte order mark in front.
@@ -32,20 +22,20 @@ QByteArray wide(const QByteArray &text, bool isBigEndian)
 
 TEST_F(KvsignTables, HaveDecimalCommasBetweenSemicolons)
 {
-    isReadAs(kPoints, "commas.csv",
+    isReadAs(kTablePoints, "commas.csv",
         "x;y;pressure;stroke_end;tick_ms;time_s\r\n10,0;20,4;299,6;0;1000,0;50\r\n13;18;3,2E+02;0;1,005E+03;50\r\n"
         "1,3e1;18;320;1;1010;50,0\r\n");
-    isReadAs(kPoints, "quoted.csv",
+    isReadAs(kTablePoints, "quoted.csv",
         "x,y,pressure,stroke_end,tick_ms,time_s\n\"10,0\",\"20,4\",299.6,0,1000,50\n13,18,\"3,2E+02\",0,1005,50\n"
         "13,18,320,1,1010,50\n");
 }
 
 TEST_F(KvsignTables, SayTheirSeparator)
 {
-    isReadAs(kPoints, "sep.csv",
+    isReadAs(kTablePoints, "sep.csv",
         "sep=;\r\nx;y;pressure;stroke_end;tick_ms;time_s\r\n10;20;300;0;1000;50\r\n13;18;320;0;1005;50\r\n"
         "13;18;320;1;1010;50\r\n");
-    isReadAs(kPoints, "bar.csv",
+    isReadAs(kTablePoints, "bar.csv",
         "\"SEP=|\"\nx|y|pressure|stroke_end|tick_ms|time_s\n10|20|300|0|1000|50\n13|18|320|0|1005|50\n"
         "13|18|320|1|1010|50\n");
 }
@@ -54,17 +44,17 @@ TEST_F(KvsignTables, AreInUtf16)
 {
     const QByteArray text = "x\ty\tpressure\tstroke_end\ttick_ms\ttime_s\r\n10\t20\t300\t0\t1000\t50\r\n"
                             "13\t18\t320\t0\t1005\t50\r\n13\t18\t320\t1\t1010\t50\r\n";
-    isReadAs(kPoints, "little.csv", wide(text, false));
-    isReadAs(kPoints, "big.csv", wide(text, true));
-    isReadAs(kPoints, "noname", wide(text, false));
+    isReadAs(kTablePoints, "little.csv", wide(text, false));
+    isReadAs(kTablePoints, "big.csv", wide(text, true));
+    isReadAs(kTablePoints, "noname", wide(text, false));
 }
 
 TEST_F(KvsignTables, HaveNamesInCapitalsOrShortened)
 {
-    isReadAs(kPoints, "capitals.csv",
+    isReadAs(kTablePoints, "capitals.csv",
         "X,Y,PRESSURE,STROKE_END,TICK_MS,TIME_S\n10,20,300,FALSE,1000,50\n13,18,320,FALSE,1005,50\n"
         "13,18,320,TRUE,1010,50\n");
-    isReadAs(kPoints, "short.csv",
+    isReadAs(kTablePoints, "short.csv",
         "X;Y;Press.;Stroke End;Tick (ms);Time\n10;20;300;0;1000;50\n13;18;320;0;1005;50\n13;18;320;1;1010;50\n");
 }
 
@@ -78,10 +68,10 @@ TEST_F(KvsignTables, MayLackAllButThePlaces)
 
 TEST_F(KvsignTables, EndInEmptyCellsAndLines)
 {
-    isReadAs(kPoints, "empty.csv",
+    isReadAs(kTablePoints, "empty.csv",
         "\r\nx;y;pressure;stroke_end;tick_ms;time_s;;\r\n;;;;;;;\r\n10;20;300;0;1000;50;;\r\n13;18;320;0;1005;50\r\n"
         "13;18;320;1;1010;50;;;;\r\n;;;;;\r\n\r\n\r\n");
-    isReadAs(kPoints, "macintosh.csv",
+    isReadAs(kTablePoints, "macintosh.csv",
         "x,y,pressure,stroke_end,tick_ms,time_s\r10,20,300,0,1000,50\r13,18,320,0,1005,50\r13,18,320,1,1010,50");
 }
 

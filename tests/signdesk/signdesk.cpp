@@ -138,6 +138,25 @@ void SignDesk::save(const QString &path)
     ASSERT_TRUE(happened());
 }
 
+QString SignDesk::written(const QString &name, const QByteArray &content) const
+{
+    QFile made(file(name));
+    EXPECT_TRUE(made.open(QIODevice::WriteOnly));
+    made.write(content);
+    return made.fileName();
+}
+
+void SignDesk::openInVain(const QString &path, const QString &why)
+{
+    const QString before = window->windowTitle();
+    whenDialogComes([&](QDialog &dialog) { answer(dialog, "OK"); });
+    EXPECT_FALSE(window->openPage(path));
+    EXPECT_TRUE(happened());
+    EXPECT_EQ(
+        said, path + " cannot be opened: " + why + "\nChoose another file; the page shown before is still there.");
+    EXPECT_EQ(window->windowTitle(), before);
+}
+
 void SignDesk::answer(QDialog &dialog, const QString &buttonText)
 {
     auto *const box = qobject_cast<QMessageBox *>(&dialog);

@@ -77,6 +77,12 @@ protected:
 
     QString file(const QString &name) const { return m_directory.filePath(name); }
 
+    /// Writes a file and returns its path.
+    QString written(const QString &name, const QByteArray &content) const;
+
+    /// Expects that the path is not opened, that a message says why, and that the page stays.
+    void openInVain(const QString &path, const QString &why);
+
     SimulatedDriver driver;
     std::unique_ptr<signdesk::DeskWindow> window;
 

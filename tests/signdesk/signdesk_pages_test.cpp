@@ -57,23 +57,6 @@ QByteArray plainJpeg()
 class SignDeskPage : public SignDesk
 {
 protected:
-    QString written(const QString &name, const QByteArray &content)
-    {
-        QFile made(file(name));
-        EXPECT_TRUE(made.open(QIODevice::WriteOnly));
-        made.write(content);
-        return made.fileName();
-    }
-
-    void openInVain(const QString &path, const QString &why)
-    {
-        whenDialogComes([&](QDialog &dialog) { answer(dialog, "OK"); });
-        EXPECT_FALSE(window->openPage(path));
-        EXPECT_TRUE(happened());
-        EXPECT_EQ(
-            said, path + " cannot be opened: " + why + "\nChoose another file; the page shown before is still there.");
-    }
-
     /// A PDF page of 400 by 500 points with a black square `at` points from the left.
     QString pdfWithSquare(const QString &name, int at)
     {

@@ -16,24 +16,6 @@ protected:
         EXPECT_TRUE(showsState("No pad in use"));
         EXPECT_EQ(signWidget(), nullptr);
     }
-
-    QString written(const QString &name, const QByteArray &content)
-    {
-        QFile made(file(name));
-        EXPECT_TRUE(made.open(QIODevice::WriteOnly));
-        made.write(content);
-        return made.fileName();
-    }
-
-    void openInVain(const QString &path, const QString &why)
-    {
-        whenDialogComes([&](QDialog &dialog) { answer(dialog, "OK"); });
-        EXPECT_FALSE(window->openPage(path));
-        EXPECT_TRUE(happened());
-        EXPECT_EQ(
-            said, path + " cannot be opened: " + why + "\nChoose another file; the page shown before is still there.");
-        EXPECT_EQ(window->windowTitle(), "blank sheet[*] - Sign Desk");
-    }
 };
 
 TEST_F(SignDeskTroubles, NoPad)

@@ -1,39 +1,18 @@
 /* A program that closes its pad in a function that it gave to atexit() before the driver was loaded, as the destructor
  * of a static object does: the driver's own static objects are destroyed by then. It ends with 0 when each model's
  * child closed its pad well, in time. */
+#include "childwait.h"
 #include "kvsignpadsdk_global.h"
 
 #include <malloc.h>
-#include <signal.h>
-#include <stdio.h>
 #include <stdlib.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 enum
 {
-    PATIENCE_MS = 60000,
     FREED_BYTE = 0x5a
 };
 
-static int wait_for(pid_t child, const char *model)
-{
-    int status = 0;
-    for (int ms = 0; waitpid(child, &status, WNOHANG) != child; ++ms) {
-        if (ms == PATIENCE_MS) {
-            fprintf(stderr, "%s: the program hangs\n", model);
-            kill(child, SIGKILL);
-            waitpid(child, NULL, 0);
-            return 1;
-        }
-        usleep(1000);
-    }
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
-        fprintf(stderr, "%s: the program ends with %x\n", model, (unsigned)status);
-    return !WIFEXITED(status) || WEXITSTATUS(status) != 0;
-}
-
-/* The program itself is a child, so that it can be ended when it hangs. */
+/* Runs in a child, which can be ended when it hangs. */
 #define DEFINE_TRY(family)                                                                                             \
     static void close##family(void)                                                                                    \
     {                                                                                                                  \

@@ -1,41 +1,19 @@
 /* A program that forks while its pad is read: each child has the parent's memory, but not the threads that work on it.
  * The children of even number close the pad first, all end as programs do. It ends with 0 when every child did, in
  * time. */
+#include "childwait.h"
 #include "kvsignpadsdk_global.h"
 
-#include <signal.h>
-#include <stdio.h>
 #include <stdlib.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 enum
 {
-    CHILDREN = 20,
-    PATIENCE_MS = 60000
+    CHILDREN = 20
 };
 
 static void tapped(int key)
 {
     (void)key;
-}
-
-/* 0: the child ended well. One that hangs is killed. */
-static int wait_for(pid_t child, const char *model)
-{
-    int status = 0;
-    for (int ms = 0; waitpid(child, &status, WNOHANG) != child; ++ms) {
-        if (ms == PATIENCE_MS) {
-            fprintf(stderr, "%s: a child hangs\n", model);
-            kill(child, SIGKILL);
-            waitpid(child, NULL, 0);
-            return 1;
-        }
-        usleep(1000);
-    }
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
-        fprintf(stderr, "%s: a child ends with %x\n", model, (unsigned)status);
-    return !WIFEXITED(status) || WEXITSTATUS(status) != 0;
 }
 
 #define DEFINE_TRY(family)                                                                                             \
