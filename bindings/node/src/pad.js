@@ -427,7 +427,7 @@ export class Pad {
     }
 }
 
-/** Opens a pad: 'S210', 'S300', 'S310X', 'R800' or 'M450'. driver: the folder of libkvsignpaddrv.so. */
+/** Opens a pad. model: its name, such as 'S300'. driver: the folder of libkvsignpaddrv.so. */
 export async function open(model, options) {
     return new Pad(model, options);
 }

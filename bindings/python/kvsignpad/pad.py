@@ -36,7 +36,7 @@ class Pad:
     Opens at once and raises a PadError that says why when it cannot. Use it in a `with` block, or close it. It may be
     used from any thread; a pad in a window from the GUI thread alone.
 
-    model: "S210", "S300", "S310X", "R800" or "M450".
+    model: its name, such as "S300".
     size: the canvas, in pixels.
     driver: the folder of libkvsignpaddrv.so; without it the working directory. (The process's working directory is
         this folder while the pad is being opened, and is put back.)
