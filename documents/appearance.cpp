@@ -28,7 +28,7 @@ double widthOf(const InkLine &line)
     return line.width > 0 ? std::max(line.width, kThinnest) : 1;
 }
 
-/// Lines of one width that follow each other are one path.
+/// Joins lines of one width that follow each other into one path.
 std::string linesOf(const std::vector<InkLine> &lines)
 {
     std::string text, width;
@@ -67,7 +67,7 @@ QPDFObjectHandle imageStream(Revision &revision, const QImage &image, const char
     return revision.addStream(dictionary, bytesOf(image, bytesPerPixel));
 }
 
-/// Opaque where the picture is not white.
+/// A mask that is opaque where the picture is not white.
 QImage maskOf(const QImage &picture)
 {
     QImage mask(picture.size(), QImage::Format_Grayscale8);
@@ -96,7 +96,7 @@ QPDFObjectHandle pictureOf(Revision &revision, const QImage &picture)
     return revision.addStream(dictionary, bytesOf(shades, isGrey ? 1 : 3));
 }
 
-/// Turned by as much as the page, the other way round, so that it stands upright when the page is shown.
+/// Turns the ink against the page's rotation, so that it stands upright when the page is shown.
 const char *matrixOf(int rotation)
 {
     switch (rotation) {

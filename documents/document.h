@@ -1,5 +1,5 @@
 /// @file
-/// A PDF that is signed or looked at. This is the library's face, with signing.h and verify.h.
+/// A PDF to be signed or verified. Start reading here, then go on with signing.h and verify.h.
 #ifndef DOCUMENTS_DOCUMENT_H
 #define DOCUMENTS_DOCUMENT_H
 
@@ -23,8 +23,8 @@ struct PageFacts
 struct SignatureFieldFacts
 {
     QString name;
-    int page; ///< from 0; -1 where it is on none
-    QRectF place; ///< millimetres from the shown page's top left; empty where it shows nothing
+    int page; ///< from 0; -1 when it is on no page
+    QRectF place; ///< millimetres from the shown page's top left; empty for a field that shows nothing
     bool isSigned;
 };
 
@@ -35,11 +35,11 @@ struct Content
     QString name;
 };
 
-/// An open document. One thread at a time. What fails throws a Problem.
+/// An open document, for one thread at a time. Its functions throw a Problem when they fail.
 class Document
 {
 public:
-    /// The file is held open: it may be renamed or removed meanwhile.
+    /// Keeps the file open, so it may be renamed or removed meanwhile.
     /// @param password of an encrypted document, as its readers have it
     explicit Document(const QString &path, const QByteArray &password = {});
 
@@ -54,7 +54,7 @@ public:
     std::vector<SignatureFieldFacts> signatureFields() const;
     bool isSigned() const;
 
-    /// Why it would be written anew instead of appended to, in words; empty where it is appended to.
+    /// Why signing would write the file anew instead of appending to it, in words; empty when it appends.
     QString rewriteReason() const;
 
     struct Inside;

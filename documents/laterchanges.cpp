@@ -120,7 +120,7 @@ private:
         }
     }
 
-    /// What was in a list must still be there; what is new must be a signature.
+    /// Every entry of the earlier list must still be there, and every new entry must be a signature.
     void lookAtList(QPDFObjectHandle before, QPDFObjectHandle after, const QString &place, const QString &what)
     {
         std::set<QPDFObjGen> old, kept;
@@ -185,7 +185,7 @@ private:
     {
         QPDFObjectHandle before = m_earlier.pdf.getObject(number), after = m_now.pdf.getObject(number);
         if (before.unparseResolved() == after.unparseResolved() && !before.isStream())
-            return; // written again as it was
+            return; // written again without a change
         if (m_lists.count(number) > 0)
             return;
         const auto page = m_pages.find(number);
@@ -231,8 +231,8 @@ private:
             add(QString("the form field \"%1\" was filled in").arg(name));
     }
 
-    /// What nobody sees on a page: information, structure for readers aloud, what helps to verify. An object that
-    /// something else of the document refers to as well is none of them.
+    /// Whether no page shows the object: document information, structure for screen readers, data that helps to verify.
+    /// Not for an object that something else in the document refers to as well.
     bool isBeside(const QPDFObjGen &number)
     {
         if (!m_beside.has_value()) {

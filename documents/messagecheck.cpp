@@ -63,7 +63,7 @@ void nameAlgorithm(SignatureReport &report, const Message &message)
         || (kind == EVP_PKEY_RSA && bits < 2048) || (kind == EVP_PKEY_EC && bits < 224);
 }
 
-/// The signed attribute that names the certificate, so that it cannot be exchanged for another one of the same key.
+/// Whether a signed attribute names the certificate. It prevents an exchange for another certificate of the same key.
 bool namesItsCertificate(const Message &message)
 {
     const auto *data = static_cast<const ASN1_STRING *>(CMS_signed_get0_data_by_OBJ(
@@ -80,7 +80,7 @@ bool namesItsCertificate(const Message &message)
     return isNamed;
 }
 
-/// Messages without signed attributes sign the bytes' digest itself.
+/// Checks the digest. Messages without signed attributes sign it directly.
 bool signsDigest(const Message &message, const QByteArray &digest)
 {
     const ASN1_OCTET_STRING *const signature = CMS_SignerInfo_get0_signature(message.signer);
@@ -139,7 +139,7 @@ void checkStamp(SignatureReport &report, const Message &message, X509_STORE *tru
     report.isStampTrusted = stamp.isTrusted;
 }
 
-/// A time stamp over the whole document, which is a signature by itself.
+/// Checks a document time stamp: a time stamp over the whole document, in place of a signature.
 void checkDocumentStamp(
     SignatureReport &report, const QByteArray &bytes, const DigestBytes &digestOf, X509_STORE *trusted)
 {

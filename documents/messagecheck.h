@@ -10,10 +10,10 @@
 
 namespace documents {
 
-/// Gives the digest of the covered bytes by a kind of digest.
+/// Computes the digest of the covered bytes with the given algorithm.
 using DigestBytes = std::function<QByteArray(const EVP_MD *)>;
 
-/// Fills in what the message says.
+/// Fills in what the message says of the signer, and whether it fits.
 /// @param subFilter the kind of message, as the signature dictionary names it
 void checkMessage(SignatureReport &report, const QByteArray &message, const std::string &subFilter,
     const DigestBytes &digestOf, const Judges &judges);

@@ -42,10 +42,10 @@ inline void releaseCertificates(STACK_OF(X509) * certificates)
 }
 using CertificatesOwner = std::unique_ptr<STACK_OF(X509), Release<releaseCertificates>>;
 
-/// Why the last call of OpenSSL failed, or an empty text. Forgets it and everything before.
+/// Why the last call of OpenSSL failed, or an empty text. Clears OpenSSL's list of errors.
 QString opensslReason();
 
-/// Bytes to read from; they must stay there.
+/// A BIO that reads the bytes, which must outlive it.
 BioOwner bioOf(const QByteArray &bytes);
 
 /// What was written to a memory BIO.

@@ -54,7 +54,7 @@ private:
     int m_least = 0;
 };
 
-/// A page with more of them than this is not meant to be mended.
+/// A page with more of them than this is broken beyond repair.
 constexpr int kMostStates = 1000;
 
 std::string repeated(const char *text, int times)
@@ -80,7 +80,7 @@ std::string matrixOperator(const QTransform &matrix)
     return text + "cm\n";
 }
 
-// Resources may belong to several pages: this page gets a dictionary of its own, which refers to what the others have.
+// Several pages may share resources. Give this page its own dictionary, which refers to the same objects.
 PageContent::PageContent(Revision &revision, const TreePage &page)
     : m_revision(revision)
     , m_page(page)

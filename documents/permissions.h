@@ -32,7 +32,7 @@ enum class OwnersRight
 /// it was opened with its owner's password.
 QString forbiddenByOwner(QPDF &pdf, OwnersRight right);
 
-/// The strictest of all signatures.
+/// The strictest certification of all signatures.
 Certification certificationOf(QPDF &pdf, const std::vector<FormField> &fields);
 
 /// Whether a signature forbids that this field changes.

@@ -86,8 +86,8 @@ QByteArray encoded(CMS_ContentInfo *message)
 
 } // namespace
 
-// CMS_final would add a signing-time, which PAdES forbids in its baseline: the attributes are completed and signed
-// here.
+// CMS_final() would add a signing-time, which PAdES baseline forbids. Completes and signs the attributes itself
+// instead.
 QByteArray signedMessage(const SigningKey &key, const QByteArray &digest, const QString &timestampUrl,
     const std::function<void()> &whileWaiting)
 {
@@ -96,7 +96,7 @@ QByteArray signedMessage(const SigningKey &key, const QByteArray &digest, const 
     CMS_SignerInfo *const signer = CMS_add1_signer(message.get(), key.certificate(), key.key(), EVP_sha256(), kFlags);
     need(signer != nullptr, "key and certificate do not belong together");
     for (int i = 0; key.chain() != nullptr && i < sk_X509_num(key.chain()); ++i)
-        CMS_add1_cert(message.get(), sk_X509_value(key.chain(), i)); // fails only for one that is there already
+        CMS_add1_cert(message.get(), sk_X509_value(key.chain(), i)); // fails only for one that was added before
     need(CMS_signed_add1_attr_by_NID(signer, NID_pkcs9_contentType, V_ASN1_OBJECT, OBJ_nid2obj(NID_pkcs7_data), -1) == 1
             && CMS_signed_add1_attr_by_NID(
                    signer, NID_pkcs9_messageDigest, V_ASN1_OCTET_STRING, digest.constData(), digest.size())

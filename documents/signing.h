@@ -37,7 +37,7 @@ struct SigningResult
 {
     qint64 originalSize = 0;
     qint64 size = 0;
-    QString rewriteReason; ///< why the document was written anew; empty: its bytes are the first ones of the result
+    QString rewriteReason; ///< why the document was written anew; empty: the result begins with its bytes
     QString field; ///< the signature field; empty without a certificate
     int page = 0;
     QRectF place; ///< millimetres
@@ -49,11 +49,11 @@ struct SigningResult
 /// ends the work, and comes out of it unchanged unless it is a std::exception.
 using ShowProgress = std::function<void(qint64 done, qint64 total)>;
 
-/// Throws a Problem when the document does not allow it, or has no such place: to be asked before anybody signs.
+/// Throws a Problem when the document does not allow it or has no such place. Call it before anybody signs.
 void checkRequest(Document &document, const SigningRequest &request);
 
-/// Writes the signed document to a device; it has to be thrown away when this throws. A document can be signed once,
-/// and is to be opened again after that.
+/// Writes the signed document to a device. If this throws, discard what was written. To sign a document again, open it
+/// again.
 SigningResult sign(Document &document, const SigningRequest &request, QIODevice &output, const ShowProgress &progress);
 
 } // namespace documents

@@ -25,7 +25,7 @@ Problem systemProblem(const QString &name)
 
 int openedForReading(const QString &path)
 {
-    // A pipe with a name must not hold us up; it is refused below.
+    // Without O_NONBLOCK, opening a named pipe would wait. It is refused below.
     const int descriptor = open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (descriptor < 0)
         throw systemProblem(path);

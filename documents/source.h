@@ -1,5 +1,5 @@
 /// @file
-/// A file that is read by its descriptor: it stays readable when its name goes, and a change is noticed.
+/// A file that is read by its descriptor. It stays readable when it is removed, and changes to it are noticed.
 #ifndef DOCUMENTS_SOURCE_H
 #define DOCUMENTS_SOURCE_H
 
@@ -14,7 +14,7 @@ namespace documents {
 class Source
 {
 public:
-    /// Throws a Problem when it is no regular file that can be read.
+    /// Throws a Problem unless it is a regular file that can be read.
     explicit Source(const QString &path);
 
     /// A file without a name in the directory for temporary files; `name` is for messages.
@@ -43,7 +43,7 @@ public:
     /// Overwrites or appends; for temporary files only.
     void write(qint64 place, const char *bytes, qint64 count);
 
-    /// Throws a Problem when the file is another one than when it was opened.
+    /// Throws a Problem when the file has changed since it was opened.
     void needUnchanged() const;
 
 private:

@@ -131,7 +131,7 @@ private:
     const time_t m_end = std::time(nullptr) + kSeconds;
 };
 
-/// A connection, or null. OpenSSL's own way tries again and again where nobody listens.
+/// A connection, or null. Not by OpenSSL itself, which tries again and again when nobody listens.
 BioOwner connected(const Address &address, const Patience &patience)
 {
     BioOwner connection(BIO_new_connect(address.host.c_str()));

@@ -92,7 +92,7 @@ StoreOwner trustedStore(const QStringList &files)
 {
     StoreOwner store(X509_STORE_new());
     X509_STORE_set_default_paths(store.get());
-    // A certificate that the user names is trusted itself, also where its issuer is not.
+    // Trusts a certificate that the user names even when its issuer is not trusted.
     X509_STORE_set_flags(store.get(), X509_V_FLAG_PARTIAL_CHAIN);
     ERR_clear_error();
     for (const QString &file : files)

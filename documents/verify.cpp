@@ -162,7 +162,7 @@ private:
         return report;
     }
 
-    /// The signed revision is a document of its own.
+    /// Looks at what came after a signature. The signed revision is opened as a document for that.
     void lookBehind(SignatureReport &report, const Found &found)
     {
         try {

@@ -1,5 +1,5 @@
 /// @file
-/// What the digital signatures of a document are worth.
+/// Verifies the digital signatures of a document.
 #ifndef DOCUMENTS_VERIFY_H
 #define DOCUMENTS_VERIFY_H
 
@@ -15,9 +15,9 @@ namespace documents {
 enum class Trust
 {
     Trusted,
-    SelfSigned, ///< by itself alone, and nobody said that it is trusted
+    SelfSigned, ///< signed by itself only, and not trusted by the user
     Unknown, ///< its issuer is not trusted
-    Expired, ///< trusted but for its time; no time stamp says that it was valid when it was used
+    Expired, ///< would be trusted, but no time stamp proves that it was valid when it was used
     NotForSigning,
     Revoked ///< its issuer, or one above, took it back before it was used
 };
@@ -36,10 +36,10 @@ struct SignatureReport
     QString authority; ///< of the time stamp
     bool isStampTrusted = false;
 
-    bool isIntact = false; ///< the bytes that it covers are those that were signed
+    bool isIntact = false; ///< the covered bytes have not changed since they were signed
     QString problem; ///< why it is not intact, or cannot be looked at
     bool coversWholeFile = false;
-    qint64 coveredSize = 0; ///< it covers the file up to here
+    qint64 coveredSize = 0; ///< the signature covers the file up to here
     int revision = 0; ///< which of the signed revisions, from 1
     QString algorithm; ///< "RSA 2048, SHA-256"
     bool isAlgorithmWeak = false;
@@ -50,8 +50,8 @@ struct SignatureReport
     QDate validUntil;
     bool isExpired = false; ///< today
 
-    QStringList added; ///< what came after it and is allowed
-    QStringList changed; ///< what came after it and is not
+    QStringList added; ///< later changes that are allowed
+    QStringList changed; ///< later changes that are not
 
     bool isValid() const { return isIntact && !isAlgorithmWeak && trust == Trust::Trusted && changed.isEmpty(); }
 };
@@ -66,7 +66,7 @@ struct VerifyReport
 
 /// Looks at every signature without asking anyone on a network.
 /// @param trusted files with certificates (PEM) that are trusted besides the system's
-/// @param progress is told how many of how many bytes were read; what it throws ends the work
+/// @param progress is told how many of how many bytes were read; an exception from it ends the work
 /// @param revoked files with lists of revoked certificates (CRL, PEM or DER); those in the document count too
 VerifyReport verify(Document &document, const QStringList &trusted, const std::function<void(qint64, qint64)> &progress,
     const QStringList &revoked = {});
