@@ -1,0 +1,32 @@
+/// @file
+/// Which pages may ask for the pad: lists of origins in files that only their owner can write.
+#ifndef ORIGINS_H
+#define ORIGINS_H
+
+#include <QByteArray>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+namespace bridge {
+
+/// An origin as a browser sends it ("https://shop.example", "http://127.0.0.1:8080"); no path, no wildcard, no port
+/// that the scheme has anyway. Empty for anything else.
+QByteArray checkedOrigin(const QByteArray &text);
+
+struct OriginLists
+{
+    QSet<QByteArray> origins;
+    QStringList complaints; ///< files and lines that were passed over, for the journal
+};
+
+/// Reads every file of the folders, an origin a line, "#" begins a comment. A file or folder that somebody else than
+/// its owner can write, or that belongs neither to this user nor to root, is passed over.
+OriginLists readOrigins(const QStringList &folders);
+
+/// The administrator's and the user's own folder.
+QStringList originFolders();
+
+} // namespace bridge
+
+#endif
