@@ -15,7 +15,8 @@
 extern "C" {
 using Target = int(const uint8_t *data, size_t size);
 Target imagetext_fuzzer, inktext_fuzzer, inkrecord_fuzzer, inkcsv_fuzzer, inkjson_fuzzer, inkml_fuzzer,
-    recording_fuzzer, padwindow_fuzzer, padcommands_fuzzer, pad_fuzzer, append_fuzzer, verify_fuzzer;
+    recording_fuzzer, padwindow_fuzzer, padcommands_fuzzer, pad_fuzzer, append_fuzzer, verify_fuzzer, bridgehead_fuzzer,
+    bridgemessage_fuzzer;
 }
 
 namespace {
@@ -34,7 +35,8 @@ std::string nameOf(const testing::TestParamInfo<Row> &target)
 constexpr Row kTargets[] = {{"imagetext", imagetext_fuzzer}, {"inktext", inktext_fuzzer},
     {"inkrecord", inkrecord_fuzzer}, {"inkcsv", inkcsv_fuzzer}, {"inkjson", inkjson_fuzzer}, {"inkml", inkml_fuzzer},
     {"recording", recording_fuzzer}, {"padwindow", padwindow_fuzzer}, {"padcommands", padcommands_fuzzer},
-    {"pad", pad_fuzzer}, {"append", append_fuzzer}, {"verify", verify_fuzzer}};
+    {"pad", pad_fuzzer}, {"append", append_fuzzer}, {"verify", verify_fuzzer}, {"bridgehead", bridgehead_fuzzer},
+    {"bridgemessage", bridgemessage_fuzzer}};
 
 char replayed[512] = ""; ///< for the message of a crash
 
