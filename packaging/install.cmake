@@ -37,6 +37,14 @@ if(KV_BUILD_TOOLS)
   install(FILES tools/virtualpad/README.md
     DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kvsignpad-simulator RENAME virtualpad.md)
   add_dependencies(kv_installed kvsign_completion)
+
+  kv_install_programs(kv-sign-bridge MANUALS bridge/system)
+  install(FILES bridge/system/kv-sign-bridge.service bridge/system/kv-sign-bridge.socket
+    DESTINATION lib/systemd/user)
+  install(FILES docs/web.md docs/web-protocol.md docs/bridge-security.md bridge/protocol.schema.json
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kv-sign-bridge)
+  install(FILES bridge/system/kv-sign-bridge.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kv-sign-bridge/examples)
+  install(DIRECTORY web/src/ DESTINATION ${CMAKE_INSTALL_DATADIR}/javascript/kvsignpad)
 endif()
 
 if(KV_BUILD_EXAMPLES)
