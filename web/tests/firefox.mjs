@@ -1,0 +1,44 @@
+// The page's side in Firefox ESR: connect, sign, a page that is not on the list, and a person who has said no.
+import assert from "node:assert/strict";
+import puppeteer from "puppeteer-core";
+import { certificate, servePages, startBridge } from "./bridge.mjs";
+
+const pages = await servePages(...certificate());
+const desk = `https://desk.test:${pages.port}`;
+const bridge = await startBridge(["--port", "0", "--no-consent", "--allow-origin", desk], { KVSIM_SPEED: "20" });
+
+// The pages are on this computer too; Firefox is told to treat them as those of the internet.
+const browser = await puppeteer.launch({ browser: "firefox", executablePath: "/usr/bin/firefox-esr", headless: true,
+  acceptInsecureCerts: true, timeout: 60000, extraPrefsFirefox: { "network.dns.localDomains": "desk.test,evil.test",
+    "network.lna.enabled": true, "network.lna.blocking": true, "network.lna.websocket.enabled": true,
+    "network.lna.address_space.public.override": `127.0.0.1:${pages.port}` } });
+process.on("exit", () => browser.process().kill("SIGKILL"));
+
+/** The field of a host's page, when it has come to rest after Sign was chosen. */
+async function signed(host, state) {
+  const context = await browser.createBrowserContext();
+  const origin = `https://${host}:${pages.port}`;
+  await context.setPermission(origin, { permission: { name: "loopback-network" }, state });
+  const page = await context.newPage();
+  await page.goto(`${origin}/tests/field.html`);
+  const field = await page.evaluate(async (port) => {
+    await customElements.whenDefined("kv-signature");
+    const element = document.querySelector("kv-signature");
+    element.setAttribute("port", port);
+    await element.sign();
+    while (["connecting", "ready"].includes(element.state)) await new Promise((resolve) => { setTimeout(resolve, 50); });
+    return { state: element.state, source: element.source, value: element.value.slice(0, 22),
+      points: element.ink.parts[0]?.points.length ?? 0 };
+  }, bridge.port);
+  return field;
+}
+
+const done = await signed("desk.test", "granted");
+assert.deepEqual({ ...done, points: done.points > 100 },
+  { state: "done", source: "pad", value: "data:image/png;base64,", points: true });
+assert.equal((await signed("evil.test", "granted")).state, "not-allowed");
+assert.equal((await signed("desk.test", "denied")).state, "browser-denied");
+console.log(`  connects and signs (${done.points} points); who is not listed stays out, and so does who was denied`);
+await bridge.stop();
+// Firefox may take minutes to end in order, and nobody needs what it would store.
+process.exit(0);
