@@ -145,6 +145,21 @@ TEST_F(BridgeProgram, ServesItsExamplesAsADemo)
     EXPECT_EQ(page.open(), "");
 }
 
+TEST_F(BridgeProgram, WritesReasonsToTheJournalAndNothingOfARequest)
+{
+    Program program(QStringList{"--port", "0"} + m_usual);
+    const quint16 port = program.port();
+    bridgerun::Talker foreign(port, "https://secret.example");
+    EXPECT_TRUE(foreign.ends());
+    bridgerun::Talker client(port, kShop);
+    EXPECT_EQ(client.errorOf(R"({"op":"secret","id":1})"), "bad-message");
+    EXPECT_TRUE(program.says("refused: foreign origin (1 so far)"));
+    ::kill(static_cast<pid_t>(program.processId()), SIGTERM);
+    EXPECT_TRUE(program.ends());
+    EXPECT_FALSE(program.says("secret"));
+    EXPECT_FALSE(program.says("shop.example"));
+}
+
 TEST_F(BridgeProgram, SaysWhatIsWrongWithItsCommandLine)
 {
     for (const QStringList &arguments : {QStringList{"--allow-origin", "shop.example"}, QStringList{"--port", "70000"},

@@ -148,6 +148,18 @@ TEST_F(BridgeSigning, WhatWasAskedBeforeClosingIsAnswered)
     EXPECT_TRUE(client->next("id", 24)["ok"].toBool());
 }
 
+TEST_F(BridgeSigning, NothingOfTheSignatureIsKept)
+{
+    const auto client = signedBy("S300");
+    for (const char *kind : {"png", "svg", "pdf", "ink"})
+        EXPECT_GT(client->image(kind).size(), 1000) << kind;
+    const QString token = QStringLiteral("kvsignpad/bridge-%1.token").arg(running->port());
+    EXPECT_EQ(files(), QStringList{token});
+    client->ask(R"({"op":"close","id":3})");
+    running.reset();
+    EXPECT_EQ(files(), QStringList{});
+}
+
 TEST_F(BridgeSigning, ClearBeginsAnew)
 {
     const auto client = signedBy("S300");

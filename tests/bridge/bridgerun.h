@@ -8,6 +8,7 @@
 #include "patience.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QElapsedTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -167,7 +168,7 @@ class BridgeTest : public testing::Test
 protected:
     BridgeTest()
     {
-        for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"})
+        for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR", "TMPDIR"})
             qputenv(name, QFile::encodeName(m_home.path()));
         setenv("KVSIM_RECORDING", "none", 1);
         setenv("KVSIM_SPEED", "max", 1);
@@ -181,7 +182,7 @@ protected:
 
     ~BridgeTest() override
     {
-        for (const char *name : {"KVSIM_RECORDING", "KVSIM_SPEED", "KVSIM_DELAY_MS"})
+        for (const char *name : {"KVSIM_RECORDING", "KVSIM_SPEED", "KVSIM_DELAY_MS", "TMPDIR"})
             unsetenv(name);
     }
 
@@ -217,6 +218,16 @@ protected:
         socket.write(bytes);
         EXPECT_TRUE(bridgerun::until([&] { return socket.state() == QAbstractSocket::UnconnectedState; }));
         return socket.readAll();
+    }
+
+    /// The files below the user's home, where the temporary ones would be too.
+    QStringList files() const
+    {
+        QStringList found;
+        QDirIterator each(m_home.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (each.hasNext())
+            found.append(QDir(m_home.path()).relativeFilePath(each.next()));
+        return found;
     }
 
     int refused(bridge::Refusal why) const { return running->journal().count(why); }
