@@ -133,8 +133,9 @@ void Bridge::admit(QWebSocket *socket, const QByteArray &origin, bool hasToken)
 {
     if (!hasToken && conversationsOf(origin) >= kMostOfAPage) {
         m_journal.refused(Refusal::TooMany);
+        socket->setParent(this);
+        connect(socket, &QWebSocket::disconnected, socket, &QObject::deleteLater); // first: it may be so at once
         socket->close(QWebSocketProtocol::CloseCodePolicyViolated);
-        connect(socket, &QWebSocket::disconnected, socket, &QObject::deleteLater);
         return;
     }
     const bool isOwnPage = m_settings.isDemo && ownOrigins().contains(origin);

@@ -50,8 +50,8 @@ TEST(BridgeDocuments, EachRowOfTheSecurityPageNamesATest)
 {
     for (const QString &line : contentOf(KV_SOURCE_DIRECTORY "/docs/bridge-security.md").split('\n')) {
         const QStringList cells = line.split(" | ");
-        if (line.startsWith("| ") && cells.size() == 2 && !cells[0].simplified().isEmpty()
-            && cells[0].simplified() != "|")
-            EXPECT_TRUE(cells[1].contains("Bridge") || cells[1].contains("web/check")) << line.toStdString();
+        if (!line.startsWith("| ") || cells.size() != 2 || cells[0].simplified() == "|")
+            continue;
+        EXPECT_TRUE(cells[1].contains("Bridge") || cells[1].contains("web/check")) << line.toStdString();
     }
 }
