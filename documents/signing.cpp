@@ -24,6 +24,7 @@ namespace documents {
 namespace {
 
 constexpr int kMarkSize = 16;
+constexpr qint64 kMostSize = 9'900'000'000; // what is added has room below ten digits
 constexpr double kSmallest = 1; // millimetres
 constexpr qint64 kPiece = 1 << 18;
 
@@ -97,6 +98,8 @@ private:
 
     void needAllowed()
     {
+        if (m_inside.source.size() > kMostSize)
+            throw refused(m_inside, "is too large: places in a PDF have ten digits");
         const bool isSigned = m_document.isSigned();
         if (isSigned && !m_result.rewriteReason.isEmpty())
             throw refused(m_inside,

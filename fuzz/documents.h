@@ -5,6 +5,8 @@
 
 #include <documents/document.h>
 #include <documents/problem.h>
+#include <documents/signingkey.h>
+#include <documents/verify.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -14,6 +16,12 @@ namespace fuzz {
 
 /// Opens the bytes as a document and does something with it. A Problem is an answer like any other.
 void withDocument(const uint8_t *data, size_t size, const std::function<void(documents::Document &)> &work);
+
+/// A key with a certificate of its own, which nobody trusts.
+const documents::SigningKey &signingKey();
+
+/// What verification says when nobody is trusted.
+documents::VerifyReport verified(documents::Document &document);
 
 } // namespace fuzz
 

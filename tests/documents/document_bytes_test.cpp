@@ -53,4 +53,16 @@ TEST_F(DocumentBytes, AreAllCovered)
     }
 }
 
+// Cut anywhere, and with something behind it: what is left is no document, or no longer what was signed.
+TEST_F(DocumentBytes, AreAllThere)
+{
+    signAs(People::get().anna(), given("qpdf-object-streams.pdf"), "streams.pdf");
+    const QByteArray bytes = read("streams.pdf");
+    for (int size = 0; size < bytes.size(); size += 23)
+        EXPECT_FALSE(isValid(bytes.left(size))) << size;
+    EXPECT_FALSE(isValid(bytes.left(bytes.size() - 1)));
+    EXPECT_TRUE(isValid(bytes + "\n"));
+    EXPECT_FALSE(isValid(bytes + bytes));
+}
+
 } // namespace
