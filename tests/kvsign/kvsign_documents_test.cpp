@@ -168,6 +168,7 @@ TEST_F(KvsignCompletion, OffersWhatComesNext)
     EXPECT_EQ(offered({"capture", "--model", "S3"}), QStringList({"S300", "S310X"}));
     EXPECT_EQ(offered({"convert", "-t", "p"}), QStringList({"pdf", "png"}));
     EXPECT_EQ(offered({"inspect", "sig"}), QStringList("signature.ink"));
+    EXPECT_EQ(offered({"verify", "--trust", "sig"}), QStringList("signature.ink"));
     EXPECT_EQ(offered({"capture", "--timeout", ""}), QStringList(""));
     for (const char *subcommand : kSubcommands) {
         static const QRegularExpression helped("\\n  (?:-[a-z], )?(--[a-z-]+)");

@@ -44,6 +44,8 @@ QString valueCase(const Option &option)
     QString reply = "return ;;\n";
     if (option.choices == kDirectories)
         reply = "compopt -o filenames; mapfile -t COMPREPLY < <(compgen -d -- \"$current\"); return ;;\n";
+    else if (option.choices == nullptr && QString(option.value) == "FILE")
+        reply = "compopt -o filenames; mapfile -t COMPREPLY < <(compgen -f -- \"$current\"); return ;;\n";
     else if (option.choices != nullptr)
         reply = QString("mapfile -t COMPREPLY < <(compgen -W \"%1\" -- \"$current\"); return ;;\n")
                     .arg(choicesOf(option).join(' '));
