@@ -9,6 +9,8 @@ namespace documents {
 
 namespace {
 
+constexpr int kMostSigners = 8; // one is usual; checking each costs time
+
 struct Message
 {
     CmsOwner content;
@@ -28,6 +30,8 @@ QString opened(Message &message, const QByteArray &bytes)
         return "its message cannot be read";
     if (message.signers() == nullptr || sk_CMS_SignerInfo_num(message.signers()) < 1)
         return "its message is signed by nobody";
+    if (sk_CMS_SignerInfo_num(message.signers()) > kMostSigners)
+        return "its message is signed too often";
     message.certificates.reset(CMS_get1_certs(message.content.get()));
     CMS_set1_signers_certs(message.content.get(), nullptr, 0);
     return {};
