@@ -222,10 +222,18 @@ std::string Revision::appended(const Source &source, qint64 end)
     return bytes + crossReferenceTable(places, trailer(m_reader.last.place, m_next), place);
 }
 
-void Revision::writeAnew(Source &target)
+void Revision::writeAnew(Source &target, const std::function<void(int)> &progress)
 {
     ToSource pipeline(target);
     QPDFWriter writer(pdf());
+    writer.registerProgressReporter(std::make_shared<QPDFWriter::FunctionProgressReporter>([&](int hundredths) {
+        try {
+            progress(hundredths);
+        } catch (...) {
+            pipeline.failure = std::current_exception();
+            throw;
+        }
+    }));
     writer.setOutputPipeline(&pipeline);
     writer.setDecodeLevel(qpdf_dl_none);
     writer.setCompressStreams(false);

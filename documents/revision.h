@@ -6,6 +6,7 @@
 
 #include "reader.h"
 
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -43,7 +44,8 @@ public:
     std::string appended(const Source &source, qint64 end);
 
     /// Writes the whole document anew, with its encryption, from the start of the file.
-    void writeAnew(Source &target);
+    /// @param progress is told how many hundredths are done; what it throws ends the work
+    void writeAnew(Source &target, const std::function<void(int)> &progress);
 
 private:
     struct NewStream

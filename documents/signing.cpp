@@ -77,7 +77,7 @@ public:
             m_result.flattened = flattenFields(revision, m_inside.fields, m_inside.pages);
         change(revision);
         std::optional<Source> temporary;
-        Assembly assembly = assembled(revision, temporary);
+        Assembly assembly = assembled(revision, temporary, progress);
         QByteArray digest;
         if (m_request.key != nullptr) {
             ByteRange range(assembly, m_mark, room());
@@ -246,12 +246,12 @@ private:
         field.create(m_result.field, m_result.place, appearance.form, alternativeText(), dictionary);
     }
 
-    Assembly assembled(Revision &revision, std::optional<Source> &temporary)
+    Assembly assembled(Revision &revision, std::optional<Source> &temporary, const ShowProgress &progress)
     {
         if (m_inside.reader->rewrite == Rewrite::None)
             return {&m_inside.source, false, revision.appended(m_inside.source, m_inside.source.size())};
         temporary.emplace(Source::temporary("a temporary file"));
-        revision.writeAnew(*temporary);
+        revision.writeAnew(*temporary, [&](int hundredths) { progress(hundredths, 100); });
         return {&*temporary, true, ""};
     }
 

@@ -45,8 +45,8 @@ struct SigningResult
     QStringList notes; ///< what the user should know
 };
 
-/// How many of how many bytes are done; also called about once a second while a server is waited for. What it throws
-/// ends the work, and comes out of it unchanged unless it is a std::exception.
+/// How much of how much is done, for one step after the other; also called about once a second while a server is waited
+/// for. What it throws ends the work, and comes out of it unchanged unless it is a std::exception.
 using ShowProgress = std::function<void(qint64 done, qint64 total)>;
 
 /// Throws a Problem when the document does not allow it or has no such place. Call it before anybody signs.

@@ -94,12 +94,23 @@ TEST_F(DocumentChanging, IsLeftAsItIsWhenTheWorkIsCancelled)
     struct Cancelled
     {
     };
-    documents::Document document(file("a.pdf"));
+    // The second is written anew, which takes a step of its own.
+    for (const char *name : {"cairo.pdf", "encrypted-256.pdf"}) {
+        SCOPED_TRACE(name);
+        documents::Document document(given(name), "reader");
+        QBuffer output;
+        output.open(QIODevice::WriteOnly);
+        EXPECT_THROW(
+            documents::sign(document, request(), output, [](qint64, qint64) { throw Cancelled{}; }), Cancelled);
+        EXPECT_EQ(output.data().size(), 0);
+        EXPECT_THROW(documents::sign(document, request(), output, [](qint64, qint64) {}), documents::Problem);
+    }
+    documents::Document document(given("encrypted-256.pdf"), "reader");
     QBuffer output;
     output.open(QIODevice::WriteOnly);
-    EXPECT_THROW(documents::sign(document, request(), output, [](qint64, qint64) { throw Cancelled{}; }), Cancelled);
-    EXPECT_EQ(output.data().size(), 0);
-    EXPECT_THROW(documents::sign(document, request(), output, [](qint64, qint64) {}), documents::Problem);
+    int before = 0;
+    documents::sign(document, request(), output, [&](qint64, qint64) { before += output.pos() == 0 ? 1 : 0; });
+    EXPECT_GT(before, 1);
 }
 
 } // namespace
