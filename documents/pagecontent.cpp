@@ -12,27 +12,28 @@ namespace documents {
 
 namespace {
 
-constexpr qint64 kMostContent = 256 << 20; // bytes; what a few bytes can become is more
+constexpr qint64 kMostContent = 128 << 20; // bytes; what a few bytes can become is more
 
 /// How many graphics states a page's content leaves open, and how many it closes that it has not opened.
 class StateCounter
 {
 public:
-    explicit StateCounter(const QByteArray &content)
+    explicit StateCounter(QByteArray content)
     {
-        BufferInputSource input("content", content.toStdString());
-        auto shared = std::shared_ptr<InputSource>(&input, [](InputSource *) {});
+        Buffer bytes(reinterpret_cast<unsigned char *>(content.data()), static_cast<size_t>(content.size()));
+        const std::shared_ptr<InputSource> input = std::make_shared<BufferInputSource>("content", &bytes, false);
         QPDFTokenizer tokenizer;
         tokenizer.allowEOF();
         for (;;) {
-            const QPDFTokenizer::Token token = tokenizer.readToken(shared, "content", true);
+            const QPDFTokenizer::Token token = tokenizer.readToken(input, "content", true);
             if (token.getType() == QPDFTokenizer::tt_eof)
                 return;
-            if (token == QPDFTokenizer::Token(QPDFTokenizer::tt_word, "ID"))
-                skipPicture(tokenizer, shared);
-            else if (token == QPDFTokenizer::Token(QPDFTokenizer::tt_word, "q"))
+            const std::string word = token.getType() == QPDFTokenizer::tt_word ? token.getValue() : std::string();
+            if (word == "ID")
+                skipPicture(tokenizer, input);
+            else if (word == "q")
                 ++m_open;
-            else if (token == QPDFTokenizer::Token(QPDFTokenizer::tt_word, "Q"))
+            else if (word == "Q")
                 m_least = std::min(m_least, --m_open);
         }
     }

@@ -22,6 +22,7 @@ time_t secondsOf(const QDateTime &time)
 
 bool isBefore(const ASN1_TIME *one, time_t other)
 {
+    --other; // X509_cmp_time says -1 for the same second too
     return one != nullptr && X509_cmp_time(one, &other) < 0;
 }
 

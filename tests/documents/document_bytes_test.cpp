@@ -9,6 +9,12 @@ namespace {
 
 using namespace signeddocuments;
 
+#ifdef KV_SANITIZED
+constexpr int kStride = 7; // every byte takes minutes then
+#else
+constexpr int kStride = 1;
+#endif
+
 class DocumentBytes : public Documents
 {
 protected:
@@ -26,12 +32,12 @@ protected:
         }
     }
 
-    /// Turns one bit of each of these bytes, another one in each of eight that follow each other.
+    /// Turns one bit of each of these bytes.
     static void needFound(QByteArray bytes, int begin, int end)
     {
-        for (int place = begin; place < end; ++place) {
+        for (int place = begin; place < end; place += kStride) {
             const char before = bytes[place];
-            bytes[place] = static_cast<char>(before ^ (1 << place % 8));
+            bytes[place] = static_cast<char>(before ^ (1 << place % 8)); // any stride but 8 comes to every bit
             EXPECT_FALSE(isValid(bytes)) << "byte " << place << " of " << bytes.size();
             bytes[place] = before;
         }

@@ -94,6 +94,17 @@ printf 'extendedKeyUsage=critical,timeStamping\nkeyUsage=digitalSignature\n' > t
 openssl req -newkey rsa:2048 -nodes -keyout tsa.key -out tsa.csr -subj '/CN=Test Stamps' 2>/dev/null
 openssl x509 -req -in tsa.csr -CA "$1/authority.pem" -CAkey "$1/authority.key" -days 5 -extfile tsa.ext -out tsa.pem 2>/dev/null)";
 
+// Anna's certificate is revoked now, and by another list in 2024.
+const char *const kRevoke = R"(set -e
+printf '[ca]\ndefault_ca = one\n[one]\ndatabase = ./index.txt\ncrlnumber = ./number\ndefault_md = sha256\n' > ca.cnf
+: > index.txt
+echo 01 > number
+ca() { openssl ca -config ca.cnf -cert "$1/authority.pem" -keyfile "$1/authority.key" "${@:2}" 2> /dev/null; }
+ca "$1" -revoke "$1/anna.pem"
+ca "$1" -gencrl -crldays 30 -out now.crl
+sed -i 's/^\(R\t[^\t]*\t\)[^\t]*/\1240101000000Z/' index.txt
+ca "$1" -gencrl -crldays 30 -out before.crl)";
+
 TEST_F(DocumentToken, IsStampedByAServer)
 {
     const CommandResult made = runProgram({"bash", "-c", kMakeAuthority, "bash", People::get().folder}, file("."));
@@ -108,6 +119,12 @@ TEST_F(DocumentToken, IsStampedByAServer)
     EXPECT_TRUE(found["stampTrusted"].toBool());
     EXPECT_FALSE(found["stampedTime"].isNull());
     EXPECT_TRUE(runProgram({"pdfsig", "-nocert", "signed.pdf"}, file(".")).output.contains("Signature is Valid"));
+    // What was signed before the certificate was revoked stays valid, since the stamp says so.
+    const CommandResult revoked = runProgram({"bash", "-c", kRevoke, "bash", People::get().folder}, file("."));
+    ASSERT_EQ(revoked.exitCode, 0) << testing::PrintToString(revoked);
+    const QStringList trust{"--trust", People::get().authority(), "--crl"};
+    EXPECT_TRUE(row(verified("signed.pdf", 0, trust + QStringList("now.crl")))["revocationChecked"].toBool());
+    EXPECT_EQ(row(verified("signed.pdf", 1, trust + QStringList("before.crl")))["trust"].toString(), "revoked");
     // An answer to another question, an error, nonsense, nobody.
     for (const QString &path :
         {address + "/old", address + "/error", address + "/nonsense", QString("http://127.0.0.1:1/stamp")}) {
