@@ -7,18 +7,33 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 namespace {
 
+QJsonArray operations()
+{
+    return QJsonDocument::fromJson(contentOf(KV_SOURCE_DIRECTORY "/bindings/api.json"))
+        .object()["operations"]
+        .toArray();
+}
+
+/// How often the line ran on which an operation is called, in what gcov tells; lines are COUNT:NUMBER:SOURCE.
+int timesCalled(const QString &told, const QString &operation)
+{
+    const QRegularExpression call("^ *(\\d+)\\*?: *\\d+:.*_" + operation + "\\(", QRegularExpression::MultilineOption);
+    return call.match(told).captured(1).toInt();
+}
+
 TEST(ReferenceExamples, RunOneAfterTheOther)
 {
     const QTemporaryDir place;
     ASSERT_TRUE(QFile::link(KV_BUILD_DIRECTORY "/simulator/libkvsignpaddrv.so", place.filePath("libkvsignpaddrv.so")));
     const CommandResult built =
-        runProgram({"gcc", "-Wall", "-Wextra", "-Werror", KV_SOURCE_DIRECTORY "/docs/site/examples.c",
+        runProgram({"gcc", "--coverage", "-Wall", "-Wextra", "-Werror", KV_SOURCE_DIRECTORY "/docs/site/examples.c",
                        "-I" KV_SOURCE_DIRECTORY "/kvsignpadsdk", "-L" KV_BUILD_DIRECTORY "/kvsignpadsdk",
                        "-lkvsignpadsdk", "-o", "examples"},
             place.path());
@@ -31,15 +46,20 @@ TEST(ReferenceExamples, RunOneAfterTheOther)
              QString("key 1\n"), QString("the first of %1 decoded points is ").arg(points)})
         EXPECT_TRUE(result.output.contains(line)) << line.toStdString() << testing::PrintToString(result);
     EXPECT_FALSE(QImage(place.filePath("signature.png")).isNull());
+
+    const CommandResult told = runProgram({"gcov", "--stdout", "examples.gcda"}, place.path());
+    ASSERT_EQ(told.exitCode, 0) << testing::PrintToString(told);
+    for (const QJsonValue &operation : operations()) {
+        const QString name = operation.toObject()["name"].toString();
+        EXPECT_GE(timesCalled(told.output, name), 1) << name.toStdString();
+    }
 }
 
 TEST(ReferenceExamples, AreThereForEachOperation)
 {
     const QByteArray examples = contentOf(KV_SOURCE_DIRECTORY "/docs/site/examples.c");
-    const QJsonObject api = QJsonDocument::fromJson(contentOf(KV_SOURCE_DIRECTORY "/bindings/api.json")).object();
-    const QJsonArray operations = api["operations"].toArray();
-    EXPECT_EQ(operations.size(), 38);
-    for (const QJsonValue &operation : operations) {
+    EXPECT_EQ(operations().size(), 38);
+    for (const QJsonValue &operation : operations()) {
         const QString name = operation.toObject()["name"].toString();
         const QList<QByteArray> parts =
             QByteArray(examples).replace("//! [" + name.toUtf8() + "]", "\x01").split('\x01');
