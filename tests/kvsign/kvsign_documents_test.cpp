@@ -132,6 +132,28 @@ TEST_F(KvsignDocuments, ThePagesCommandsWork)
     EXPECT_TRUE(result.output.contains("\nstrokes     2\n")) << testing::PrintToString(result);
 }
 
+TEST_F(KvsignDocuments, DeploymentsBatchConvertsWhatCanBeConvertedAndTellsTheRest)
+{
+    const QString page = sectionOf(contentOf(KV_SOURCE_DIRECTORY "/docs/deployment.md"), "By the million");
+    const QString batch = indentedBlock(page).mid(0, 2).join('\n');
+    ASSERT_TRUE(batch.contains("kvsign convert")) << batch.toStdString();
+    capture("signature", "S300", {"signature.ink"});
+    QDir(file(".")).mkdir("ink");
+    for (const char *name : {"ink/one.ink", "ink/two words.ink"})
+        ASSERT_TRUE(QFile::copy(file("signature.ink"), file(name)));
+    write("ink/broken.ink", "no ink");
+    const QMap<QString, QString> path{{"PATH", KV_BUILD_DIRECTORY "/tools/bin:" + qEnvironmentVariable("PATH")}};
+    const CommandResult result = runProgram({"sh", "-c", batch}, file("."), path);
+    EXPECT_EQ(result.exitCode, 123) << testing::PrintToString(result);
+    EXPECT_TRUE(result.errors.contains("broken.ink")) << testing::PrintToString(result);
+    EXPECT_EQ(QDir(file("ink")).entryList({"*.pdf"}).join('|'), "one.pdf|two words.pdf");
+    EXPECT_TRUE(read("ink/one.pdf").startsWith("%PDF-"));
+
+    QFile::remove(file("ink/broken.ink"));
+    const CommandResult again = runProgram({"sh", "-c", batch}, file("."), path);
+    EXPECT_EQ(again.exitCode, 0) << testing::PrintToString(again);
+}
+
 // Nothing is built here; Ninja is only asked whether it knows the targets.
 TEST_F(KvsignDocuments, ThePageSaysHowTheToolsAreBuilt)
 {
