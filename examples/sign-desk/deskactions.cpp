@@ -1,5 +1,7 @@
 #include "deskactions.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QMenuBar>
 
 namespace signdesk {
@@ -40,6 +42,10 @@ void DeskActions::makeSignatureActions()
     confirm = make(tr("&Confirm"), "Ctrl+Return",
         tr("Accept the signature as it is, as the signer's tap on the pad's confirm button does"));
     clear = make(tr("C&lear"), "F4", tr("Empty the field, to be signed anew"));
+    undo = make(tr("&Undo signature"), "F8", tr("Take the last signature that is not saved from the document"));
+    done = make(tr("&Done, next customer"), "F9", tr("End with this customer: show the document as it was opened"));
+    signatory = make(tr("Di&gital signature..."), "", tr("Choose the certificate that signatures are made with"));
+    verify = make(tr("C&heck digital signatures..."), "", tr("Say what the document's digital signatures are worth"));
     cancel = make(tr("C&ancel"), "Shift+Esc", tr("Give up this signature and close the pad"));
 }
 
@@ -58,31 +64,52 @@ void DeskActions::makeMenus(QMainWindow &window)
     bar.setAccessibleName(tr("Menu bar"));
     QMenu *const file = bar.addMenu(tr("&File"));
     file->addAction(open);
+    recent = file->addMenu(tr("Open &again"));
+    recent->setAccessibleName(tr("Open again"));
     file->addSeparator();
     file->addActions({savePage, exportSignature, exportFingerprint});
     file->addSeparator();
     file->addAction(print);
     file->addSeparator();
     file->addAction(quit);
-    bar.addMenu(tr("&Signature"))->addActions({start, confirm, clear, cancel});
+    bar.addMenu(tr("&Signature"))->addActions({start, confirm, clear, cancel, undo, done, signatory, verify});
     bar.addMenu(tr("Vie&w"))->addActions({zoomIn, zoomOut, fitWidth});
     bar.addMenu(tr("&Help"))->addActions({aboutDesk, aboutLibrary});
 }
 
-void DeskActions::follow(SigningState state, bool hasFingerprintSensor)
+void DeskActions::follow(const Counter &counter, bool hasFingerprintSensor)
 {
+    const SigningState state = counter.signing().state();
     const bool isOpen = state != SigningState::Closed;
-    const bool isWritten = state > SigningState::Waiting;
     const bool isConfirmed = state == SigningState::Confirmed;
-    start->setEnabled(!isOpen);
-    confirm->setEnabled(isWritten && !isConfirmed);
+    start->setEnabled(!isOpen || isConfirmed);
+    start->setStatusTip(isConfirmed ? tr("Keep this signature in the document, and let another one be written")
+                                    : tr("Open the pad, so that the signer can write"));
+    confirm->setEnabled(isOpen && !isConfirmed);
     clear->setEnabled(isOpen);
     cancel->setEnabled(isOpen);
-    for (QAction *action : {savePage, exportSignature, exportFingerprint, print})
+    undo->setEnabled(counter.canUndo());
+    signatory->setEnabled(!isOpen || isConfirmed);
+    verify->setEnabled(counter.document().pages().isPdf());
+    done->setEnabled(isOpen || counter.document().added() > 0);
+    for (QAction *action : {savePage, print})
+        action->setEnabled(counter.hasResult());
+    for (QAction *action : {exportSignature, exportFingerprint})
         action->setEnabled(isConfirmed);
     exportFingerprint->setVisible(hasFingerprintSensor);
-    for (QAction *action : {zoomIn, zoomOut, fitWidth})
-        action->setEnabled(!isWritten);
+}
+
+void DeskActions::showRecent(const QStringList &paths)
+{
+    recent->clear();
+    recent->setEnabled(!paths.isEmpty());
+    for (int i = 0; i < paths.size(); ++i) {
+        const QString name = QFileInfo(paths[i]).fileName().replace(QLatin1Char('&'), QLatin1String("&&"));
+        QAction *const action = recent->addAction(QStringLiteral("&%1 %2").arg(i + 1).arg(name));
+        action->setStatusTip(QDir::toNativeSeparators(paths[i]));
+        action->setToolTip(action->statusTip());
+        connect(action, &QAction::triggered, this, [this, path = paths[i]] { emit recentChosen(path); });
+    }
 }
 
 } // namespace signdesk

@@ -3,10 +3,11 @@
 #ifndef DESKACTIONS_H
 #define DESKACTIONS_H
 
-#include "signing.h"
+#include "counter.h"
 
 #include <QAction>
 #include <QMainWindow>
+#include <QMenu>
 
 namespace signdesk {
 
@@ -17,10 +18,14 @@ public:
     /// Makes the window's menus.
     explicit DeskActions(QMainWindow &window);
 
-    /// Enables what makes sense in this state.
-    void follow(SigningState state, bool hasFingerprintSensor);
+    /// Enables what makes sense now.
+    void follow(const Counter &counter, bool hasFingerprintSensor);
+
+    /// Offers these documents to be opened again.
+    void showRecent(const QStringList &paths);
 
     QAction *open;
+    QMenu *recent;
     QAction *exportSignature;
     QAction *exportFingerprint;
     QAction *savePage;
@@ -30,11 +35,18 @@ public:
     QAction *confirm;
     QAction *clear;
     QAction *cancel;
+    QAction *undo;
+    QAction *done;
+    QAction *signatory;
+    QAction *verify;
     QAction *zoomIn;
     QAction *zoomOut;
     QAction *fitWidth;
     QAction *aboutDesk;
     QAction *aboutLibrary;
+
+signals:
+    void recentChosen(const QString &path);
 
 private:
     QAction *make(const QString &text, const char *shortcut, const QString &statusTip);

@@ -1,5 +1,6 @@
 #include "deskfiles.h"
 
+#include "passworddialog.h"
 #include "safefile.h"
 #include "trouble.h"
 
@@ -32,6 +33,19 @@ QString suffixOf(const QString &kind)
 {
     static const QRegularExpression pattern(QStringLiteral("\\*(\\.\\w+)"));
     return pattern.match(kind).captured(1);
+}
+
+/// "note-signed.pdf" for "note.pdf"; another one when there is such a file.
+QString signedNameFor(const QString &opened)
+{
+    if (opened.isEmpty())
+        return DeskFiles::tr("signed-page");
+    const QFileInfo source(opened);
+    const QString stem = DeskFiles::tr("%1-signed").arg(source.completeBaseName());
+    QString name = stem + QStringLiteral(".pdf");
+    for (int i = 2; source.dir().exists(name); ++i)
+        name = QStringLiteral("%1-%2.pdf").arg(stem).arg(i);
+    return name;
 }
 
 } // namespace
@@ -79,11 +93,68 @@ bool DeskFiles::attempt(const std::function<void()> &work)
     }
 }
 
-bool DeskFiles::saveSignedPage(const SignedDocument &document)
+std::unique_ptr<Pages> DeskFiles::open(const QString &path)
 {
-    const QString path = askForName(tr("Save signed page"), tr("signed-page"),
-        {tr("PDF with all pages (*.pdf)"), tr("PNG picture of the signed page (*.png)")});
-    return !path.isEmpty() && attempt([&] { document.save(path); });
+    QByteArray password;
+    for (;;) {
+        try {
+            const auto pages = std::make_shared<std::unique_ptr<Pages>>();
+            const bool isDone = runBeside(&m_window, tr("Opening %1...").arg(QFileInfo(path).fileName()),
+                [=](Progress &) { *pages = openPages(path, password); });
+            return isDone ? std::move(*pages) : nullptr;
+        } catch (const PasswordNeeded &needed) {
+            const std::optional<QByteArray> typed =
+                askForPassword(&m_window, tr("%1 is protected by a password.").arg(QFileInfo(path).fileName()),
+                    needed.wasWrong ? tr("This is not the password. Type it again.") : QString());
+            if (!typed.has_value())
+                return nullptr;
+            password = *typed;
+        } catch (const Trouble &trouble) {
+            showTrouble(&m_window, trouble);
+            return nullptr;
+        }
+    }
+}
+
+/// Asks again until the name is another one than the opened file's, or the clerk wants that.
+QString DeskFiles::askForSignedName(const QString &opened)
+{
+    const QStringList kinds{tr("PDF with all pages (*.pdf)"), tr("PNG picture of the signed page (*.png)")};
+    for (;;) {
+        const QString path = askForName(tr("Save signed page"), signedNameFor(opened), kinds);
+        const bool isOpened = !path.isEmpty() && !opened.isEmpty()
+            && QFileInfo(path).canonicalFilePath() == QFileInfo(opened).canonicalFilePath() && QFileInfo::exists(path);
+        if (!isOpened || mayOverwriteOpened(path))
+            return path;
+    }
+}
+
+bool DeskFiles::attemptBeside(const QString &what, const std::function<void(Progress &)> &work)
+{
+    try {
+        return runBeside(&m_window, what, work);
+    } catch (const Trouble &trouble) {
+        showTrouble(&m_window, trouble);
+        return false;
+    }
+}
+
+bool DeskFiles::mayOverwriteOpened(const QString &path)
+{
+    return ask(tr("%1 is the document that you opened.").arg(QFileInfo(path).fileName()),
+        tr("Shall the signed document take its place?"), tr("&Overwrite"), tr("Choose &another name"));
+}
+
+QString DeskFiles::saveSignedPage(const std::shared_ptr<const SignedDocument> &document, const QString &opened)
+{
+    if (!opened.isEmpty() && QFileInfo(QFileInfo(opened).path()).isWritable())
+        m_directory = QFileInfo(opened).path();
+    const QString path = askForSignedName(opened);
+    const auto save = [=](Progress &progress) {
+        document->save(path, [&](qint64 done, qint64 total) { progress.show(done, total); });
+    };
+    const bool isSaved = !path.isEmpty() && attemptBeside(tr("Saving %1...").arg(QFileInfo(path).fileName()), save);
+    return isSaved ? path : QString();
 }
 
 bool DeskFiles::exportSignature(const PadSession &session, const OutputOptions &options)
@@ -95,28 +166,41 @@ bool DeskFiles::exportSignature(const PadSession &session, const OutputOptions &
     return !path.isEmpty() && attempt([&] { saveSignature(session, path, options); });
 }
 
-bool DeskFiles::exportFingerprint(const FingerprintPlacing &fingerprint)
+bool DeskFiles::exportFingerprint(const PadSession &session)
 {
     const QString path = askForName(tr("Export fingerprint"), tr("fingerprint"), {QStringLiteral("PNG (*.png)")});
     return !path.isEmpty() && attempt([&] {
-        const QByteArray content = fingerprint.pngFile();
-        writeFile(path, [&](QIODevice &file) { return file.write(content) == content.size(); });
+        const QByteArray content = session.fingerprintFile();
+        if (content.isEmpty())
+            throw Trouble{tr("There is no picture of the fingerprint."),
+                tr("See that the computer has memory to spare. Nothing was written; the fingerprint is still here.")};
+        writeFile(path, content);
     });
 }
 
-bool DeskFiles::print(const SignedDocument &document, int pageCount)
+bool DeskFiles::print(const std::shared_ptr<const SignedDocument> &document, int pageCount)
 {
-    QPrinter printer(QPrinter::HighResolution);
-    QPrintDialog dialog(&printer, &m_window);
+    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    QPrintDialog dialog(printer.get(), &m_window);
     dialog.setMinMax(1, pageCount);
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);
-    return dialog.exec() == QDialog::Accepted && attempt([&] { document.print(printer); });
+    return dialog.exec() == QDialog::Accepted && attemptBeside(tr("Printing..."), [=](Progress &progress) {
+        document->print(*printer, [&](qint64 done, qint64 total) { progress.show(done, total); });
+    });
 }
 
 bool DeskFiles::mayGo()
 {
     return ask(
         tr("The signature is neither saved nor printed."), tr("Shall it be discarded?"), tr("&Discard"), tr("&Keep"));
+}
+
+bool DeskFiles::mayChangeSigned()
+{
+    return ask(tr("The document is signed digitally already."),
+        tr("Ink alone counts as a change after those signatures. With a certificate it would be a signature too: "
+           "choose one at the right."),
+        tr("&Sign with ink alone"), tr("Go &back"));
 }
 
 bool DeskFiles::mayLackStrokes()

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QMessageBox>
+#include <QScreen>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -17,18 +18,47 @@
 
 namespace signdesk {
 
+namespace {
+
+constexpr int kInkEvery = 20; ///< milliseconds
+
+} // namespace
+
 DeskWindow::DeskWindow(QWidget *parent)
     : QMainWindow(parent)
-    , m_signing(m_session)
     , m_actions(*this)
     , m_files(*this)
     , m_view(new PageView)
-    , m_fingerprint(m_session, m_view->sheet())
     , m_padPanel(new PadPanel(m_actions))
     , m_penPanel(new PenPanel)
     , m_placePanel(new PlacePanel)
+    , m_signatoryPanel(new SignatoryPanel(m_actions))
     , m_outputPanel(new OutputPanel(m_actions))
     , m_status(new DeskStatus(*statusBar()))
+{
+    layOut();
+    connectFileActions();
+    connectOtherActions();
+    connectPanels();
+    connectCounter();
+    m_rates.watch(&m_view->sheet().inkView());
+    m_inkTimer.setInterval(kInkEvery);
+    connect(&m_inkTimer, &QTimer::timeout, this, &DeskWindow::lookAtInk);
+    m_actions.showRecent(m_settings.recentDocuments());
+    chooseModel();
+    showDocument();
+    placeField();
+    follow();
+    showRates(0);
+    m_status->note(tr("Open the page to be signed, or start signing on the blank sheet."));
+}
+
+DeskWindow::~DeskWindow()
+{
+    m_rates.watch(nullptr);
+}
+
+void DeskWindow::layOut()
 {
     m_placePanel->setHasFingerprintSensor(true); // so that the side panel gets its final width
     auto *const centre = new QWidget;
@@ -40,27 +70,14 @@ DeskWindow::DeskWindow(QWidget *parent)
     left->addWidget(m_view, 1);
     left->addWidget(m_status->line());
     layout->addLayout(left, 1);
-    layout->addWidget(new SidePanel({m_padPanel, m_penPanel, m_placePanel, m_outputPanel}));
+    layout->addWidget(new SidePanel(
+        {m_padPanel, new ResultPanel(m_actions), m_placePanel, m_signatoryPanel, m_penPanel, m_outputPanel}));
     setCentralWidget(centre);
-    connectActions();
-    connectPanels();
-    connectSigning();
-    showPages(blankPages(), tr("blank sheet"));
-    chooseModel();
-    follow(SigningState::Closed);
-    showRates(0);
-    m_status->note(tr("Open the page to be signed, or start signing on the blank sheet."));
-    resize(1120, 800);
+    const QSize room = QGuiApplication::primaryScreen()->availableSize() - QSize(16, 48); // less a frame and a title
+    resize(QSize(1120, 800).boundedTo(room));
 }
 
-DeskWindow::~DeskWindow()
-{
-    m_rates.watch(nullptr);
-    m_fingerprint.end();
-    m_session.close();
-}
-
-void DeskWindow::connectActions()
+void DeskWindow::connectFileActions()
 {
     const auto on = [this](QAction *action, auto work) { connect(action, &QAction::triggered, this, work); };
     on(m_actions.open, [this] {
@@ -70,18 +87,28 @@ void DeskWindow::connectActions()
         if (!path.isEmpty())
             openPage(path);
     });
-    on(m_actions.savePage, [this] { savePage(); });
-    on(m_actions.exportSignature, [this] {
-        if (m_files.exportSignature(m_session, m_outputPanel->options()))
-            keep(tr("The signature is exported."));
+    connect(&m_actions, &DeskActions::recentChosen, this, [this](const QString &path) {
+        if (mayLeave())
+            openPage(path);
     });
+    on(m_actions.savePage, [this] { savePage(); });
+    on(m_actions.exportSignature, [this] { exportSignature(); });
     on(m_actions.exportFingerprint, [this] { exportFingerprint(); });
     on(m_actions.print, [this] { print(); });
     on(m_actions.quit, [this] { close(); });
+}
+
+void DeskWindow::connectOtherActions()
+{
+    const auto on = [this](QAction *action, auto work) { connect(action, &QAction::triggered, this, work); };
     on(m_actions.start, [this] { start(); });
-    on(m_actions.confirm, [this] { m_signing.confirm(); });
+    on(m_actions.confirm, [this] { m_counter.signing().confirm(); });
     on(m_actions.clear, [this] { clear(); });
     on(m_actions.cancel, [this] { cancel(); });
+    on(m_actions.undo, [this] { undo(); });
+    on(m_actions.done, [this] { done(); });
+    on(m_actions.signatory, [this] { chooseSignatory(); });
+    on(m_actions.verify, [this] { verify(); });
     on(m_actions.zoomIn, [this] { m_view->zoomBy(1.25); });
     on(m_actions.zoomOut, [this] { m_view->zoomBy(0.8); });
     on(m_actions.fitWidth, [this] { m_view->fitWidth(); });
@@ -91,30 +118,36 @@ void DeskWindow::connectActions()
 
 void DeskWindow::connectPanels()
 {
-    PageSheet &sheet = m_view->sheet();
     connect(m_padPanel, &PadPanel::modelChanged, this, &DeskWindow::chooseModel);
-    connect(m_penPanel, &PenPanel::penChanged, this, [this] { m_session.setPen(m_penPanel->pen()); });
-    connect(m_placePanel, &PlacePanel::pageChosen, this, [this](int page) { m_view->setPage(*m_pages, page); });
+    connect(m_penPanel, &PenPanel::penChanged, this, [this] { m_counter.session().setPen(m_penPanel->pen()); });
+    connect(m_placePanel, &PlacePanel::formFieldChosen, this, &DeskWindow::chooseFormField);
+    connect(m_placePanel, &PlacePanel::pageChosen, this, [this](int page) {
+        m_view->setPage(m_counter.document().pages(), page);
+        takePlace();
+    });
     connect(m_placePanel, &PlacePanel::fieldChosen, this, [this](const QRectF &field) {
         m_view->sheet().setField(field);
-        m_placePanel->setField(m_view->sheet().field(), m_view->sheet().pageSize());
+        showPlace();
         m_view->showField();
     });
     connect(m_placePanel, &PlacePanel::fingerprintPlaceChosen, this, &DeskWindow::chooseFingerprintPlace);
-    connect(&sheet, &PageSheet::fieldChanged, this,
-        [this](const QRectF &field) { m_placePanel->setField(field, m_view->sheet().pageSize()); });
-    connect(&sheet, &PageSheet::sizeChanged, this, &DeskWindow::chooseFingerprintPlace);
+    connect(&m_view->sheet(), &PageSheet::fieldChanged, this, [this] { takePlace(); });
 }
 
-void DeskWindow::connectSigning()
+void DeskWindow::connectCounter()
 {
-    connect(&m_signing, &Signing::stateChanged, this, &DeskWindow::follow);
-    connect(&m_signing, &Signing::looked, this, &DeskWindow::showRates);
-    connect(&m_signing, &Signing::keptChanged, this, &DeskWindow::showKept);
-    connect(&m_signing, &Signing::cancelledOnPad, this, &DeskWindow::cancelOnPad);
-    connect(&m_signing, &Signing::padAwayChanged, this, &DeskWindow::followPad);
-    connect(&m_signing, &Signing::doubted, this, &DeskWindow::confirmDoubtful);
-    connect(&m_signing, &Signing::confirmedWithoutInk, this,
+    Signing &signing = m_counter.signing();
+    connect(&signing, &Signing::stateChanged, this, [this](SigningState state) {
+        follow();
+        noteState(state);
+    });
+    connect(&signing, &Signing::looked, this, &DeskWindow::showRates);
+    connect(&m_counter, &Counter::keptChanged, this, &DeskWindow::follow);
+    connect(&m_counter, &Counter::documentChanged, this, &DeskWindow::showDocument);
+    connect(&signing, &Signing::cancelledOnPad, this, &DeskWindow::cancelOnPad);
+    connect(&signing, &Signing::padAwayChanged, this, &DeskWindow::followPad);
+    connect(&signing, &Signing::doubted, this, &DeskWindow::confirmDoubtful);
+    connect(&signing, &Signing::confirmedWithoutInk, this,
         [this] { m_status->note(tr("Nothing is written yet, so there is nothing to confirm.")); });
 }
 
@@ -122,221 +155,50 @@ void DeskWindow::chooseModel()
 {
     m_view->sheet().setProportions(proportions(m_padPanel->model().row));
     m_placePanel->setHasFingerprintSensor(m_padPanel->model().row.hasFingerprintSensor);
-    m_actions.follow(m_signing.state(), m_padPanel->model().row.hasFingerprintSensor);
+    follow();
 }
 
 void DeskWindow::chooseFingerprintPlace()
 {
-    if (m_signing.hasSignature())
+    if (m_counter.signing().hasSignature())
         return;
-    try {
-        m_fingerprint.setPlace(m_placePanel->fingerprintPlace());
-    } catch (const Trouble &trouble) {
-        showTrouble(this, trouble);
-    }
+    m_counter.setFingerprintPlace(m_placePanel->fingerprintPlace());
+    showPlace();
 }
 
-bool DeskWindow::openPage(const QString &path)
+void DeskWindow::follow()
 {
-    try {
-        std::unique_ptr<Pages> pages = openPages(path);
-        end({});
-        showPages(std::move(pages), QFileInfo(path).fileName());
-        m_status->note(tr("Move the field to where the signature belongs, then start signing."));
-        return true;
-    } catch (const Trouble &trouble) {
-        showTrouble(this, trouble);
-        return false;
-    }
-}
-
-void DeskWindow::showPages(std::unique_ptr<Pages> pages, const QString &title)
-{
-    const std::unique_ptr<Pages> before = std::move(m_pages); // the view uses the old pages until it has the new ones
-    m_pages = std::move(pages);
-    m_placePanel->setPageCount(m_pages->count());
-    m_view->setPage(*m_pages, 0);
-    m_view->sheet().setField(usualField(m_pages->size(0), proportions(m_padPanel->model().row)));
-    m_view->showField();
-    setWindowTitle(tr("%1[*] - Sign Desk").arg(title));
-}
-
-void DeskWindow::start()
-{
-    try {
-        PageSheet &sheet = m_view->sheet();
-        m_session.open(m_padPanel->model(), &sheet, sheet.fieldPixels());
-        m_session.setPen(m_penPanel->pen());
-        m_session.signWidget()->setAccessibleName(tr("Signature"));
-        m_session.signWidget()->setAccessibleDescription(tr("Grows while the signer writes on the pad"));
-        sheet.setSignWidget(m_session.signWidget());
-        m_rates.watch(m_session.signWidget());
-        m_signing.begin();
-        m_view->showField();
-        chooseFingerprintPlace();
-    } catch (const Trouble &trouble) {
-        showTrouble(this, trouble);
-    }
-}
-
-void DeskWindow::clear()
-{
-    if (!mayDiscard())
-        return;
-    if (m_signing.clear())
-        m_status->note(tr("The field is empty, to be signed anew."));
-    else
-        m_status->note(
-            tr("The field is empty, but the pad does not answer: see that it is plugged in, cancel, and start again."));
-}
-
-void DeskWindow::cancel()
-{
-    if (mayDiscard())
-        end(tr("Cancelled. The pad is closed."));
-}
-
-/// A cancel tapped by the signer discards what is not confirmed.
-void DeskWindow::cancelOnPad()
-{
-    if (!m_signing.isKept())
-        m_status->note(tr("The signer tapped cancel after confirming; the confirmed signature is kept."));
-    else
-        end(tr("The signer cancelled. The pad is closed."));
-}
-
-void DeskWindow::end(const QString &message)
-{
-    m_view->sheet().setSignWidget(nullptr);
-    m_rates.watch(nullptr);
-    m_fingerprint.end();
-    m_session.close();
-    m_signing.end();
-    showRates(0);
-    m_status->note(message);
-}
-
-void DeskWindow::follow(SigningState state)
-{
-    m_actions.follow(state, m_padPanel->model().row.hasFingerprintSensor);
-    m_padPanel->follow(state, m_signing.isPadAway());
-    m_placePanel->setLocked(m_signing.hasSignature());
-    m_view->setLocked(m_signing.hasSignature());
-    if (state == SigningState::Waiting)
-        m_status->note(tr("The signer may write on the pad."));
-    else if (state == SigningState::Writing)
-        m_status->note(tr("Confirm here, or on the pad, when all is written."));
-    else if (state == SigningState::Confirmed)
-        m_status->note(tr("Confirmed. Save, export or print it, then cancel or clear for the next one."));
-    else if (state == SigningState::Changed)
-        m_status->note(tr("Something was written after the confirmation: confirm again, or clear."));
-}
-
-void DeskWindow::followPad()
-{
-    m_padPanel->follow(m_signing.state(), m_signing.isPadAway());
-    m_status->note(noteOnPad());
-}
-
-/// What to do when the pad no longer answers, or answers again.
-QString DeskWindow::noteOnPad() const
-{
-    const bool isConfirmed = m_signing.state() == SigningState::Confirmed;
-    if (!m_signing.isPadAway())
-        return isConfirmed ? tr("The pad answers again.")
-            : m_signing.hasSignature()
-            ? tr("The pad answers again, but strokes may be missing: clear the field and let "
-                 "the signer sign anew.")
-            : tr("The pad answers again. The signer may write on the pad.");
-    if (isConfirmed)
-        return tr("The pad no longer answers. The confirmed signature is kept: save, export or print it.");
-    if (m_signing.hasSignature())
-        return tr("The pad no longer answers. What it sent is kept, but strokes may be missing: see that it is plugged "
-                  "in, cancel, and start again.");
-    return tr("The pad no longer answers: see that it is plugged in, cancel, and start again.");
-}
-
-void DeskWindow::confirmDoubtful(int points)
-{
-    if (m_isAsking) // the signer goes on tapping while the question is open
-        return;
-    m_isAsking = true;
-    const bool isAccepted = m_files.mayLackStrokes();
-    m_isAsking = false;
-    if (isAccepted)
-        m_signing.confirmDoubtful(points);
+    const bool hasInk = m_counter.signing().hasSignature();
+    m_actions.follow(m_counter, m_padPanel->model().row.hasFingerprintSensor);
+    m_padPanel->follow(state(), isPadAway());
+    m_placePanel->setLocked(hasInk);
+    m_penPanel->setHasInk(hasInk);
+    setWindowModified(!m_counter.isKept());
 }
 
 void DeskWindow::showRates(int points)
 {
     m_rates.look(points);
     m_status->show(points, m_rates);
+    m_view->sheet().setFingerprint(m_counter.printPlace(), m_counter.print());
 }
 
-void DeskWindow::showKept()
+void DeskWindow::lookAtInk()
 {
-    setWindowModified(!m_signing.isKept());
+    const bool isGrown = m_counter.look();
+    m_view->sheet().setInk(m_counter.ink(), isGrown);
 }
 
 /// Asks the clerk, unless everything confirmed was saved.
 bool DeskWindow::mayDiscard()
 {
-    return m_signing.isKept() || m_files.mayGo();
+    return m_counter.signing().isKept() || m_files.mayGo();
 }
 
 /// Asks the clerk before unsaved ink is lost with the page, confirmed or not.
 bool DeskWindow::mayLeave()
 {
-    return !m_signing.isUnsaved() || m_files.mayGo();
-}
-
-SignedDocument DeskWindow::signedDocument()
-{
-    const FieldContent content = contentOf(m_session);
-    PlacedSignature signature;
-    signature.page = m_placePanel->page();
-    signature.strokes = content.strokes;
-    signature.field = m_view->sheet().field();
-    if (content.hasFingerprint) {
-        signature.fingerprint = m_fingerprint.picture();
-        signature.fingerprintField = m_fingerprint.rectangle();
-    }
-    return {*m_pages, signature};
-}
-
-void DeskWindow::savePage()
-{
-    std::optional<SignedDocument> document;
-    if (m_files.attempt([&] { document.emplace(signedDocument()); }) && m_files.saveSignedPage(*document))
-        keep(m_pages->isOutdated()
-                ? tr("The page is saved as it was when it was opened: its file has changed since then.")
-                : tr("The page is saved."));
-}
-
-void DeskWindow::print()
-{
-    std::optional<SignedDocument> document;
-    if (m_files.attempt([&] { document.emplace(signedDocument()); }) && m_files.print(*document, m_pages->count()))
-        keep(m_pages->isOutdated()
-                ? tr("The page is printed as it was when it was opened: its file has changed since then.")
-                : tr("The page is printed."));
-}
-
-void DeskWindow::exportFingerprint()
-{
-    bool hasFingerprint = false;
-    if (!m_files.attempt([&] { hasFingerprint = contentOf(m_session).hasFingerprint; }))
-        return;
-    if (!hasFingerprint)
-        showTrouble(this, {tr("There is no fingerprint."), tr("Let the signer lay a finger on the pad's sensor.")});
-    else if (m_files.exportFingerprint(m_fingerprint))
-        m_status->note(tr("The fingerprint is exported."));
-}
-
-void DeskWindow::keep(const QString &message)
-{
-    m_signing.keep();
-    m_status->note(message);
+    return !m_counter.isUnsaved() || m_files.mayGo();
 }
 
 void DeskWindow::aboutDesk()

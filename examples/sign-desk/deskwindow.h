@@ -3,18 +3,21 @@
 #ifndef DESKWINDOW_H
 #define DESKWINDOW_H
 
+#include "counter.h"
 #include "deskactions.h"
 #include "deskfiles.h"
+#include "desksettings.h"
 #include "deskstatus.h"
-#include "fingerprintplacing.h"
 #include "outputpanel.h"
 #include "padpanel.h"
 #include "pageview.h"
 #include "penpanel.h"
 #include "placepanel.h"
-#include "signing.h"
+#include "rates.h"
+#include "signatorypanel.h"
 
 #include <QMainWindow>
+#include <QTimer>
 
 namespace signdesk {
 
@@ -28,57 +31,72 @@ public:
     /// When the file cannot be read, tells the clerk why, keeps the present page and returns false.
     bool openPage(const QString &path);
     void setModel(const PadFamily &model) { m_padPanel->setModel(model); }
-    void acceptAnyDriver() { m_session.acceptAnyDriver(); }
+    void acceptAnyDriver() { m_counter.session().acceptAnyDriver(); }
 
     /// Opens the pad, as the button does.
     void start();
 
-    SigningState state() const { return m_signing.state(); }
-    bool isPadAway() const { return m_signing.isPadAway(); }
+    SigningState state() const { return m_counter.signing().state(); }
+    bool isPadAway() const { return m_counter.signing().isPadAway(); }
 
 protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void connectActions();
+    void layOut();
+    void connectFileActions();
+    void connectOtherActions();
     void connectPanels();
-    void connectSigning();
+    void connectCounter();
 
     void chooseModel();
     void chooseFingerprintPlace();
-    void showPages(std::unique_ptr<Pages> pages, const QString &title);
+    void chooseFormField(const QString &name);
+    void takePlace();
+    void showPlace();
+    void showDocument();
+    void offerFields();
+    void placeField();
+    void placeNextField();
+    void lookAtInk();
+    bool mayStart();
     void clear();
     void cancel();
     void cancelOnPad();
+    void undo();
+    void done();
     void end(const QString &message);
-    void follow(SigningState state);
+    void follow();
+    void noteState(SigningState state);
     void showRates(int points);
-    void showKept();
     bool mayDiscard();
     bool mayLeave();
     void followPad();
-    QString noteOnPad() const;
     void confirmDoubtful(int points);
-    SignedDocument signedDocument();
+    bool prepare();
+    std::shared_ptr<const SignedDocument> result();
+    void chooseSignatory();
+    void verify();
     void savePage();
     void print();
-    void keep(const QString &message);
+    void exportSignature();
     void exportFingerprint();
     void aboutDesk();
+    QString openedFile() const;
 
-    PadSession m_session;
-    Signing m_signing;
+    DeskSettings m_settings;
+    Counter m_counter;
     Rates m_rates;
-    std::unique_ptr<Pages> m_pages;
     DeskActions m_actions;
     DeskFiles m_files;
     PageView *m_view;
-    FingerprintPlacing m_fingerprint;
     PadPanel *m_padPanel;
     PenPanel *m_penPanel;
     PlacePanel *m_placePanel;
+    SignatoryPanel *m_signatoryPanel;
     OutputPanel *m_outputPanel;
     DeskStatus *m_status;
+    QTimer m_inkTimer;
     bool m_isAsking = false; ///< whether to confirm although strokes may be missing
 };
 

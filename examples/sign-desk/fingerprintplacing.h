@@ -1,12 +1,9 @@
 /// @file
-/// Where a pad with a sensor puts the fingerprint, and what of it goes onto the page.
+/// Where on the page the fingerprint of a pad with a sensor goes.
 #ifndef FINGERPRINTPLACING_H
 #define FINGERPRINTPLACING_H
 
-#include "padsession.h"
-#include "pagesheet.h"
-
-#include <QImage>
+#include <QRectF>
 
 namespace signdesk {
 
@@ -17,40 +14,9 @@ enum class FingerprintPlace
     OwnField ///< on the page
 };
 
-class FingerprintPlacing : public QObject
-{
-    Q_OBJECT
-public:
-    FingerprintPlacing(PadSession &session, PageSheet &sheet, QObject *parent = nullptr);
-
-    void setPlace(FingerprintPlace place);
-
-    /// Call it after opening the pad and after the field has changed its size. Throws a Trouble.
-    void apply();
-
-    /// Call it before the pad is closed.
-    void end();
-
-    /// The fingerprint's rectangle: dark ridges on transparent paper, for whatever lies below. Both throw a Trouble
-    /// when there is none.
-    QImage picture() const;
-    QByteArray pngFile() const;
-
-    /// On the page, in points.
-    QRectF rectangle() const;
-
-private:
-    QRect inField() const;
-    QByteArray imageFile(int type) const;
-
-    PadSession &m_session;
-    PageSheet &m_sheet;
-    FingerprintPlace m_place = FingerprintPlace::Centre;
-    QPointer<QWidget> m_ownField;
-};
-
-/// Makes white transparent, and lighter shades of a colour that colour with less opacity.
-QImage withoutPaper(const QImage &image);
+/// For a signature's field on a page, both in points.
+/// @param isInside in the field, whatever the place says: a form's field holds all of its signature
+QRectF fingerprintRectangle(FingerprintPlace place, const QRectF &field, const QSizeF &page, bool isInside);
 
 } // namespace signdesk
 

@@ -17,6 +17,9 @@ public:
     /// The path: valid in this process only, without a suffix. Empty when the system refuses such files.
     QString path() const;
 
+    /// Replaces all. False when there is no memory for it.
+    bool write(const QByteArray &content);
+
     /// All that was written to the path; empty when it cannot be read.
     QByteArray content();
 

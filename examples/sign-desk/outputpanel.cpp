@@ -3,12 +3,23 @@
 #include "actionbutton.h"
 
 #include <QFormLayout>
-#include <QHBoxLayout>
+#include <QGridLayout>
 
 namespace signdesk {
 
-OutputPanel::OutputPanel(const DeskActions &actions, QWidget *parent)
+ResultPanel::ResultPanel(const DeskActions &actions, QWidget *parent)
     : QGroupBox(tr("Result"), parent)
+{
+    auto *const grid = new QGridLayout(this);
+    auto *const save = new ActionButton(tr("Sa&ve page..."), actions.savePage);
+    save->setInviting();
+    grid->addWidget(save, 0, 0);
+    grid->addWidget(new ActionButton(tr("P&rint..."), actions.print), 0, 1);
+    grid->addWidget(new ActionButton(tr("&Done, next customer"), actions.done), 1, 0, 1, 2);
+}
+
+OutputPanel::OutputPanel(const DeskActions &actions, QWidget *parent)
+    : QGroupBox(tr("Signature alone"), parent)
     , m_cutsToInk(new QCheckBox(tr("Cut exports to the in&k")))
     , m_resolution(new QComboBox)
 {
@@ -19,18 +30,10 @@ OutputPanel::OutputPanel(const DeskActions &actions, QWidget *parent)
     m_resolution->setAccessibleDescription(tr("Of an exported signature, in dots per inch"));
 
     auto *const form = new QFormLayout(this);
-    auto *const onPage = new QHBoxLayout;
-    auto *const save = new ActionButton(tr("Sa&ve page..."), actions.savePage);
-    save->setInviting();
-    onPage->addWidget(save, 1);
-    onPage->addWidget(new ActionButton(tr("P&rint..."), actions.print), 1);
-    form->addRow(onPage);
     auto *const exported = new ActionButton(tr("E&xport signature..."), actions.exportSignature);
     form->addRow(exported);
-    form->addRow(tr("Resol&ution"), m_resolution);
+    form->addRow(tr("&Quality"), m_resolution);
     form->addRow(m_cutsToInk);
-    setTabOrder(exported, m_resolution);
-    setTabOrder(m_resolution, m_cutsToInk);
 }
 
 OutputOptions OutputPanel::options() const

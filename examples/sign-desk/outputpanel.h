@@ -1,5 +1,5 @@
 /// @file
-/// The part of the side panel where the signature leaves the desk.
+/// The parts of the side panel where the signature leaves the desk: on its page, and alone.
 #ifndef OUTPUTPANEL_H
 #define OUTPUTPANEL_H
 
@@ -12,6 +12,15 @@
 
 namespace signdesk {
 
+/// The signed document, and the end of a customer's turn.
+class ResultPanel : public QGroupBox
+{
+    Q_OBJECT
+public:
+    explicit ResultPanel(const DeskActions &actions, QWidget *parent = nullptr);
+};
+
+/// The signature alone.
 class OutputPanel : public QGroupBox
 {
     Q_OBJECT

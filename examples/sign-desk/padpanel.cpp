@@ -64,6 +64,7 @@ PadPanel::PadPanel(const DeskActions &actions, QWidget *parent)
     start->setInviting();
     auto *const confirm = new ActionButton(tr("&Confirm"), actions.confirm);
     confirm->setInviting();
+    m_confirm = confirm;
 
     auto *const grid = new QGridLayout(this);
     grid->addWidget(name, 0, 0);

@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPushButton>
 
 namespace signdesk {
 
@@ -20,12 +21,16 @@ public:
 
     const PadFamily &model() const;
     void setModel(const PadFamily &model);
+    /// The keyboard's next key goes to the button that the clerk needs next.
+    void focusConfirm() { m_confirm->setFocus(Qt::OtherFocusReason); }
+
     void follow(SigningState state, bool isPadAway);
 
 signals:
     void modelChanged();
 
 private:
+    QPushButton *m_confirm = nullptr;
     QComboBox *m_model;
     QLabel *m_light;
     QLabel *m_state;

@@ -1,6 +1,7 @@
 #include "padsession.h"
 
 #include "driverfile.h"
+#include "modelrules.h"
 #include "trouble.h"
 
 #include <QDir>
@@ -58,11 +59,6 @@ void judgeDriver(bool acceptsAny)
         throw foreignDriver(*weakness);
 }
 
-QList<QWidget *> childrenOf(const QWidget &parent)
-{
-    return parent.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
-}
-
 } // namespace
 
 PadSession::PadSession(QObject *parent)
@@ -75,21 +71,35 @@ PadSession::~PadSession()
     close();
 }
 
-void PadSession::open(const PadFamily &model, QWidget *parent, const QRect &place)
+void PadSession::open(const PadFamily &model)
 {
     close();
     judgeDriver(m_acceptsAnyDriver);
-    const QList<QWidget *> before = childrenOf(*parent);
-    if (!model.InitialDevice(model.type, parent, place.x(), place.y(), place.width(), place.height()))
+    m_host = std::make_unique<QWidget>();
+    const int height = canvasHeight(model.row, kCanvasWidth);
+    m_host->resize(kCanvasWidth, height);
+    // Shown, because the library makes its canvas when its widget is, but on no screen.
+    m_host->setAttribute(Qt::WA_DontShowOnScreen);
+    m_host->setAttribute(Qt::WA_QuitOnClose, false);
+    m_host->show();
+    if (!model.InitialDevice(model.type, m_host.get(), 0, 0, kCanvasWidth, height))
         throw noPad(model);
-    for (QWidget *child : childrenOf(*parent)) {
-        if (!before.contains(child))
-            m_widget = child;
-    }
     m_model = &model;
     ++m_round;
     setReceiver(this);
     model.SignPadEventCallback(model.type, receiveTap);
+    placeFingerprint();
+}
+
+void PadSession::placeFingerprint()
+{
+    if (!m_model->row.hasFingerprintSensor)
+        return;
+    constexpr int kTimes = 2; // as fine as a page is printed
+    m_printHost = std::make_unique<QWidget>();
+    m_printHost->resize(kTimes * kFingerprintWidth, kTimes * kFingerprintHeight);
+    m_model->SetDisplayedFPImageAt(
+        m_model->type, m_printHost.get(), 0, 0, 0, 0, m_printHost->width(), m_printHost->height());
 }
 
 void PadSession::close()
@@ -100,13 +110,23 @@ void PadSession::close()
     ++m_round;
     m_model->UnInitialDevice(m_model->type);
     m_model = nullptr;
-    m_widget = nullptr;
+    // After the library's widgets in them, which go with the event loop too.
+    m_host.release()->deleteLater();
+    if (m_printHost != nullptr)
+        m_printHost.release()->deleteLater();
+    m_pens.clear();
+}
+
+QSize PadSession::canvas() const
+{
+    return {kCanvasWidth, canvasHeight(m_model->row, kCanvasWidth)};
 }
 
 void PadSession::setPen(const Pen &pen)
 {
     if (!isOpen())
         return;
+    m_pens.push_back({points(), pen});
     m_model->SetPenWidth(m_model->type, pen.width);
     m_model->SetPenColor(m_model->type, pen.colour.red(), pen.colour.green(), pen.colour.blue());
     m_model->SetPenStyle(m_model->type, pen.followsPressure);
@@ -117,7 +137,60 @@ bool PadSession::clear()
     if (!isOpen())
         return false;
     ++m_round;
-    return m_model->Clear(m_model->type) == ARI_SUCCESS;
+    const bool obeyed = m_model->Clear(m_model->type) == ARI_SUCCESS;
+    if (!m_pens.empty())
+        m_pens = {{0, m_pens.back().pen}};
+    return obeyed;
+}
+
+bool PadSession::update(documents::Ink &ink)
+{
+    const int count = points();
+    const bool isSame = m_takenRound == m_round && count >= m_taken && isOpen();
+    if (!isSame) {
+        ink = {};
+        m_taken = 0;
+        m_isInStroke = false;
+        m_takenRound = m_round;
+    }
+    if (!isOpen())
+        return isSame;
+    ink.canvas = canvas();
+    if (!m_pens.empty())
+        ink.colour = m_pens.back().pen.colour;
+    while (m_taken < count && take(m_taken, ink))
+        ++m_taken;
+    return isSame;
+}
+
+/// False when the point is gone: the pad was cleared meanwhile.
+bool PadSession::take(int index, documents::Ink &ink)
+{
+    INKPOINTDATA point = {};
+    point.nIndex = index;
+    if (m_model->GetInkPointData(m_model->type, point) != ARI_SUCCESS)
+        return false;
+    const ModelRow &row = m_model->row;
+    const double x = std::clamp(point.nX - row.rawOffsetX, 0, row.rawSpanX - 1) * ink.canvas.width() / row.rawSpanX;
+    const double y = std::clamp(point.nY - row.rawOffsetY, 0, row.rawSpanY - 1) * ink.canvas.height() / row.rawSpanY;
+    if (m_isInStroke && !point.bStrokeEnd)
+        ink.lines.push_back({m_last, {x, y}, widthOf(point, index)});
+    m_isInStroke = !point.bStrokeEnd;
+    m_last = {x, y};
+    return true;
+}
+
+/// In pixels of the canvas.
+double PadSession::widthOf(const INKPOINTDATA &point, int index) const
+{
+    Pen pen;
+    for (const PenSince &since : m_pens) {
+        if (since.point <= index)
+            pen = since.pen;
+    }
+    const ModelRow &row = m_model->row;
+    return pen.followsPressure ? point.nPressureValue * pressureRatio(row, pen.width, row.maxPressure)
+                               : fixedWidth(row, pen.width);
 }
 
 bool PadSession::answers() const
@@ -131,14 +204,35 @@ int PadSession::points() const
     return isOpen() ? std::max(0, m_model->GetTotalInkPointsNumber(m_model->type)) : 0;
 }
 
+QByteArray PadSession::fingerprintAs(int type) const
+{
+    if (!isOpen() || !m_model->row.hasFingerprintSensor)
+        return {};
+    char *text = m_model->GetFPImageBase64Data(m_model->type, type, true);
+    const QByteArray file = QByteArray::fromBase64(text);
+    m_model->FreeFPImageBase64Data(m_model->type, text);
+    return file;
+}
+
+QImage PadSession::fingerprint() const
+{
+    const QImage print = withoutPaper(QImage::fromData(fingerprintAs(EBITI_BITMAP), "BMP"));
+    for (int y = 0; y < print.height(); ++y) {
+        const auto *const line = reinterpret_cast<const QRgb *>(print.constScanLine(y));
+        if (std::any_of(line, line + print.width(), [](QRgb pixel) { return qAlpha(pixel) > 0; }))
+            return print;
+    }
+    return {};
+}
+
+QByteArray PadSession::fingerprintFile() const
+{
+    return fingerprint().isNull() ? QByteArray() : fingerprintAs(EBITI_PNG);
+}
+
 bool PadSession::hasFingerprintAlone() const
 {
-    if (!isOpen() || !m_model->row.hasFingerprintSensor || points() > 0)
-        return false;
-    // Without ink the library gives the canvas only when there is a fingerprint on it.
-    char *text = m_model->Base64Encode(m_model->type, EBITI_BITMAP);
-    m_model->Base64EncodeFree(m_model->type, text);
-    return text != nullptr;
+    return points() == 0 && !fingerprint().isNull();
 }
 
 int PadSession::lines() const
@@ -178,6 +272,21 @@ void PadSession::passOn(int key)
                 emit tapped(key == 1, confirmed);
         },
         Qt::QueuedConnection);
+}
+
+QImage withoutPaper(const QImage &image)
+{
+    QImage ink = image.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < ink.height(); ++y) {
+        auto *const line = reinterpret_cast<QRgb *>(ink.scanLine(y));
+        for (int x = 0; x < ink.width(); ++x) {
+            const QRgb pixel = line[x];
+            const int alpha = 255 - std::min({qRed(pixel), qGreen(pixel), qBlue(pixel)});
+            const auto full = [=](int part) { return alpha == 0 ? 0 : 255 - (255 - part) * 255 / alpha; };
+            line[x] = qRgba(full(qRed(pixel)), full(qGreen(pixel)), full(qBlue(pixel)), alpha);
+        }
+    }
+    return ink;
 }
 
 } // namespace signdesk

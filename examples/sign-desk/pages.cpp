@@ -3,9 +3,13 @@
 #include "pagefile.h"
 #include "pagepicture.h"
 #include "trouble.h"
+#include "wholefiles.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
+#include <QCryptographicHash>
 #include <QPainter>
+#include <QPdfWriter>
 
 #include <poppler-qt5.h>
 
@@ -27,11 +31,33 @@ QSize dotsOf(const QSizeF &points, double wishedDotsPerPoint)
     return {std::max(1, qRound(points.width() * dotsPerPoint)), std::max(1, qRound(points.height() * dotsPerPoint))};
 }
 
+/// A document of a page with a picture on it, null for none. Throws a Trouble.
+QByteArray onePage(const QSizeF &size, const QImage &picture)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setResolution(kFineDotsPerInch);
+    writer.setPageSize(QPageSize(size, QPageSize::Point, QString(), QPageSize::ExactMatch));
+    writer.setPageMargins({});
+    QPainter painter(&writer);
+    painter.setRenderHints(QPainter::SmoothPixmapTransform | QPainter::LosslessImageRendering);
+    if (!picture.isNull())
+        painter.drawImage(QRectF({}, size * kFineDots), picture);
+    painter.end();
+    if (!isWholePdf(buffer.data()))
+        throw Trouble{PagesWords::tr("The page cannot be made into a PDF."),
+            PagesWords::tr("See that the computer has memory to spare. The signature is still here.")};
+    return buffer.data();
+}
+
 class BlankPages : public Pages
 {
 public:
     int count() const override { return 1; }
     QSizeF size(int /*page*/) const override { return {595, 842}; }
+    QString identity() const override { return QStringLiteral("blank"); }
+    QByteArray pdf() const override { return onePage(size(0), {}); }
     QImage render(int page, double dotsPerPoint) const override
     {
         QImage image(dotsOf(size(page), dotsPerPoint), QImage::Format_RGB32);
@@ -61,7 +87,11 @@ public:
     {
         m_file.content.clear();
     }
-    bool isOutdated() const override { return m_file.hasChanged(); }
+    const PageFile *file() const override { return &m_file; }
+    QString identity() const override
+    {
+        return QStringLiteral("picture %1x%2").arg(m_picture.width()).arg(m_picture.height());
+    }
     int count() const override { return 1; }
     QSizeF size(int /*page*/) const override { return pageSizeOf(m_picture); }
     QImage render(int page, double dotsPerPoint) const override
@@ -82,14 +112,30 @@ private:
 class PdfPages : public Pages
 {
 public:
-    explicit PdfPages(PageFile file)
+    PdfPages(PageFile file, const QByteArray &password)
         : m_file(std::move(file))
-        , m_document(opened(m_file))
+        , m_password(password)
+        , m_document(opened(m_file, password))
     {
         m_document->setRenderHint(Poppler::Document::Antialiasing);
         m_document->setRenderHint(Poppler::Document::TextAntialiasing);
     }
-    bool isOutdated() const override { return m_file.hasChanged(); }
+    const PageFile *file() const override { return &m_file; }
+    QByteArray pdf() const override { return m_file.content; }
+    bool isPdf() const override { return true; }
+    QByteArray password() const override { return m_password; }
+    QString identity() const override
+    {
+        QByteArray permanent, update;
+        if (m_document->getPdfId(&permanent, &update) && permanent.count('0') < permanent.size())
+            return QString::fromLatin1(permanent);
+        const QSizeF first = size(0);
+        const QString look = QStringLiteral("%1 %2x%3")
+                                 .arg(m_document->info(QStringLiteral("Title")))
+                                 .arg(first.width(), 0, 'f', 1)
+                                 .arg(first.height(), 0, 'f', 1);
+        return QString::fromLatin1(QCryptographicHash::hash(look.toUtf8(), QCryptographicHash::Sha1).toHex());
+    }
     int count() const override { return m_document->numPages(); }
     QSizeF size(int page) const override
     {
@@ -103,22 +149,32 @@ public:
         const QImage image = found == nullptr ? QImage() : found->renderToImage(dots, dots);
         return image.convertToFormat(QImage::Format_RGB32);
     }
+    QImage renderPart(int page, double dotsPerPoint, const QRect &part) const override
+    {
+        const std::unique_ptr<Poppler::Page> found(m_document->page(page));
+        const double dots = 72 * dotsPerPoint;
+        const QImage image = found == nullptr
+            ? QImage()
+            : found->renderToImage(dots, dots, part.x(), part.y(), part.width(), part.height());
+        return image.convertToFormat(QImage::Format_RGB32);
+    }
 
 private:
-    static std::unique_ptr<Poppler::Document> opened(const PageFile &file)
+    static std::unique_ptr<Poppler::Document> opened(const PageFile &file, const QByteArray &password)
     {
         // Poppler gets the bytes: it would read pages from the file later, when that may have changed.
-        std::unique_ptr<Poppler::Document> document(Poppler::Document::loadFromData(file.content));
+        std::unique_ptr<Poppler::Document> document(Poppler::Document::loadFromData(file.content, password, password));
         if (document == nullptr)
             throw unreadable(file.path, PagesWords::tr("it is a damaged PDF."));
         if (document->isLocked())
-            throw unreadable(file.path, PagesWords::tr("it is protected by a password."));
+            throw PasswordNeeded{!password.isEmpty()};
         if (document->numPages() < 1)
             throw unreadable(file.path, PagesWords::tr("it has no page."));
         return document;
     }
 
     PageFile m_file;
+    QByteArray m_password;
     std::unique_ptr<Poppler::Document> m_document;
 };
 
@@ -136,13 +192,32 @@ std::unique_ptr<Pages> blankPages()
     return std::make_unique<BlankPages>();
 }
 
-std::unique_ptr<Pages> openPages(const QString &path)
+QImage Pages::renderPart(int page, double dotsPerPoint, const QRect &part) const
 {
-    PageFile file = readPageFile(path);
+    return render(page, dotsPerPoint).copy(part);
+}
+
+QByteArray Pages::pdf() const
+{
+    return onePage(size(0), render(0, kFineDots));
+}
+
+bool Pages::isOutdated() const
+{
+    return file() != nullptr && file()->hasChanged();
+}
+
+std::unique_ptr<Pages> openPages(const QString &path, const QByteArray &password)
+{
+    return pagesOf(readPageFile(path), password);
+}
+
+std::unique_ptr<Pages> pagesOf(PageFile file, const QByteArray &password)
+{
     Poppler::setDebugErrorFunction(
         [](const QString &, const QVariant &) {}, {}); // errors are shown in the window instead
     if (file.content.left(1024).contains("%PDF-"))
-        return std::make_unique<PdfPages>(std::move(file));
+        return std::make_unique<PdfPages>(std::move(file), password);
     return std::make_unique<PicturePages>(std::move(file));
 }
 

@@ -3,6 +3,7 @@
 #ifndef PAGES_H
 #define PAGES_H
 
+#include <QByteArray>
 #include <QImage>
 #include <QSizeF>
 #include <QString>
@@ -11,7 +12,11 @@
 
 namespace signdesk {
 
+struct PageFile;
+
 constexpr double kPointsPerMillimetre = 72 / 25.4;
+constexpr int kFineDotsPerInch = 300; ///< of pictures that are kept or printed
+constexpr double kFineDots = kFineDotsPerInch / 72.0; ///< to the point
 
 class Pages
 {
@@ -30,8 +35,22 @@ public:
     /// cannot be drawn.
     virtual QImage render(int page, double dotsPerPoint) const = 0;
 
+    /// That part of the page's picture, in dots. The dots to the point are never fewer than asked for.
+    virtual QImage renderPart(int page, double dotsPerPoint, const QRect &part) const;
+
+    /// As a PDF document: its own bytes, or one page with the picture. Throws a Trouble when it cannot be made.
+    virtual QByteArray pdf() const;
+    virtual QByteArray password() const { return {}; }
+    virtual bool isPdf() const { return false; }
+
+    /// The same for each copy of a form, however it was filled in or signed.
+    virtual QString identity() const = 0;
+
+    /// The file that it was read from; null for a blank sheet.
+    virtual const PageFile *file() const { return nullptr; }
+
     /// Whether the file has changed since it was opened. The pages stay as they were.
-    virtual bool isOutdated() const { return false; }
+    bool isOutdated() const;
 };
 
 /// Limits the dots to the point for pages so large that their picture would take too much memory.
@@ -40,8 +59,17 @@ double affordableDots(const QSizeF &page, double dotsPerPoint);
 /// One white A4 sheet.
 std::unique_ptr<Pages> blankPages();
 
-/// A PDF or a picture that Qt can read. Throws a Trouble.
-std::unique_ptr<Pages> openPages(const QString &path);
+/// A PDF or a picture that Qt can read. Throws a Trouble, or a PasswordNeeded.
+std::unique_ptr<Pages> openPages(const QString &path, const QByteArray &password = {});
+
+/// The same from bytes, wherever they come from.
+std::unique_ptr<Pages> pagesOf(PageFile file, const QByteArray &password = {});
+
+/// Thrown for a PDF that the password given does not open.
+struct PasswordNeeded
+{
+    bool wasWrong; ///< one was given
+};
 
 } // namespace signdesk
 

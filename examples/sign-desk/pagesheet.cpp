@@ -1,6 +1,5 @@
 #include "pagesheet.h"
 
-#include "paperlesseffect.h"
 #include "signfield.h"
 
 #include <QKeyEvent>
@@ -20,7 +19,9 @@ const QColor kAccent(38, 103, 181);
 
 PageSheet::PageSheet(QWidget *parent)
     : QWidget(parent)
+    , m_ink(new InkView(this))
 {
+    m_ink->hide();
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAccessibleName(tr("Page to sign"));
@@ -53,9 +54,8 @@ void PageSheet::setScale(double pixelsPerPoint)
 
 void PageSheet::setField(const QRectF &wish)
 {
-    QRectF field = fieldOnPage(wish, m_pageSize, m_proportions);
-    if (m_isSizeLocked && field.size() != m_field.size())
-        field = fieldOnPage({wish.topLeft(), m_field.size()}, m_pageSize, m_proportions);
+    const QRectF field = m_formField.isEmpty() ? fieldOnPage(wish, m_pageSize, m_proportions)
+                                               : canvasIn(m_formField, QSizeF(m_proportions, 1));
     if (field == m_field)
         return;
     m_field = field;
@@ -64,39 +64,35 @@ void PageSheet::setField(const QRectF &wish)
     emit fieldChanged(m_field);
 }
 
+void PageSheet::setFormField(const QRectF &field)
+{
+    m_formField = field;
+    setField(m_field);
+    update();
+}
+
 void PageSheet::setProportions(double widthToHeight)
 {
     m_proportions = widthToHeight;
     setField(m_field);
 }
 
-void PageSheet::setSizeLocked(bool isLocked)
+void PageSheet::setInk(const documents::Ink &ink, bool isGrown)
 {
-    m_isSizeLocked = isLocked;
-    update();
+    m_ink->show(ink, isGrown);
+    if (m_ink->isVisibleTo(this) == ink.canvas.isEmpty()) {
+        m_ink->setVisible(!ink.canvas.isEmpty());
+        update();
+    }
 }
 
-void PageSheet::setSignWidget(QWidget *widget)
+void PageSheet::setFingerprint(const QRectF &place, const QImage &picture)
 {
-    m_signWidget = widget;
-    if (widget != nullptr)
-        widget->setGraphicsEffect(new PaperlessEffect(widget));
-    placeChildren();
+    if (place == m_fingerprintPlace && picture == m_fingerprint)
+        return;
+    m_fingerprintPlace = place;
+    m_fingerprint = picture;
     update();
-}
-
-void PageSheet::setFingerprintWidget(QWidget *widget)
-{
-    m_fingerprintWidget = widget;
-    if (widget != nullptr)
-        widget->setGraphicsEffect(new PaperlessEffect(widget));
-    placeChildren();
-    update();
-}
-
-QRect PageSheet::fingerprintPixels() const
-{
-    return pixelsOf(fingerprintField(m_field, m_pageSize));
 }
 
 /// Keeps the size in pixels when the field is only moved.
@@ -107,14 +103,7 @@ QRect PageSheet::pixelsOf(const QRectF &points) const
 
 void PageSheet::placeChildren()
 {
-    if (m_signWidget != nullptr)
-        m_signWidget->setGeometry(fieldPixels());
-    if (m_fingerprintWidget != nullptr)
-        m_fingerprintWidget->setGeometry(fingerprintPixels());
-    if (m_fieldSize != fieldPixels().size()) {
-        m_fieldSize = fieldPixels().size();
-        emit sizeChanged();
-    }
+    m_ink->setGeometry(fieldPixels());
 }
 
 void PageSheet::renderPage()
@@ -133,7 +122,9 @@ QRect PageSheet::handle() const
 
 PageSheet::Grip PageSheet::gripAt(const QPoint &position) const
 {
-    if (!m_isSizeLocked && handle().contains(position))
+    if (!m_formField.isEmpty())
+        return Grip::None;
+    if (handle().contains(position))
         return Grip::Size;
     return fieldPixels().adjusted(-kReach, -kReach, kReach, kReach).contains(position) ? Grip::Move : Grip::None;
 }
@@ -165,19 +156,23 @@ void PageSheet::paintPage(QPainter &painter) const
 
 void PageSheet::paintField(QPainter &painter) const
 {
+    const bool isEmpty = !m_ink->isVisibleTo(this);
     QColor light = kAccent;
     light.setAlpha(28);
     const QRectF frame = QRectF(fieldPixels()).adjusted(-2, -2, 2, 2);
-    painter.setBrush(m_signWidget == nullptr ? QBrush(light) : QBrush(Qt::NoBrush));
-    painter.setPen(QPen(kAccent, hasFocus() ? 3 : 1.5, m_signWidget == nullptr ? Qt::DashLine : Qt::SolidLine));
+    painter.setBrush(isEmpty ? QBrush(light) : QBrush(Qt::NoBrush));
+    painter.setPen(QPen(kAccent, hasFocus() ? 3 : 1.5, isEmpty ? Qt::DashLine : Qt::SolidLine));
     painter.drawRect(frame);
-    if (m_fingerprintWidget != nullptr)
-        painter.drawRect(QRectF(fingerprintPixels()).adjusted(-2, -2, 2, 2));
-    if (m_signWidget == nullptr) {
+    if (!m_fingerprintPlace.isEmpty()) {
+        if (!m_field.contains(m_fingerprintPlace))
+            painter.drawRect(QRectF(pixelsOf(m_fingerprintPlace)).adjusted(-2, -2, 2, 2));
+        painter.drawImage(pixelsOf(m_fingerprintPlace), m_fingerprint);
+    }
+    if (isEmpty) {
         painter.setPen(kAccent.darker(120));
         painter.drawText(frame, Qt::AlignCenter, tr("Signature"));
     }
-    if (!m_isSizeLocked) {
+    if (m_formField.isEmpty()) {
         painter.setPen(QPen(kAccent, 1.5));
         painter.setBrush(Qt::white);
         painter.drawEllipse(handle());

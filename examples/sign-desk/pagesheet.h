@@ -3,10 +3,10 @@
 #ifndef PAGESHEET_H
 #define PAGESHEET_H
 
+#include "inkview.h"
 #include "pages.h"
 
 #include <QPixmap>
-#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 
@@ -30,25 +30,22 @@ public:
 
     /// In pixels of this widget.
     QRect fieldPixels() const { return pixelsOf(m_field); }
-    QRect fingerprintPixels() const;
 
-    /// When locked, the field can be moved but not resized, because a canvas with ink cannot grow.
-    void setSizeLocked(bool isLocked);
-    bool isSizeLocked() const { return m_isSizeLocked; }
+    /// Keeps the field there, in these proportions, until the rectangle is empty: a field of the document's form.
+    void setFormField(const QRectF &field);
 
-    /// Puts a child widget into the field.
-    void setSignWidget(QWidget *widget);
+    /// Shows ink in the field; without a canvas the field waits for a signature.
+    void setInk(const documents::Ink &ink, bool isGrown);
 
-    /// Puts a child widget into the fingerprint's own field; null removes the field.
-    void setFingerprintWidget(QWidget *widget);
+    /// Shows the fingerprint, or where it will be, at that place in points; an empty place removes it.
+    void setFingerprint(const QRectF &place, const QImage &picture);
+
+    InkView &inkView() { return *m_ink; }
 
     static constexpr int kMargin = 20; ///< pixels around the page
 
 signals:
     void fieldChanged(const QRectF &field);
-
-    /// The field's size in pixels has changed.
-    void sizeChanged();
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -81,10 +78,10 @@ private:
     double m_scale = 1;
     double m_proportions = 2;
     QRectF m_field;
-    QSize m_fieldSize;
-    bool m_isSizeLocked = false;
-    QPointer<QWidget> m_signWidget;
-    QPointer<QWidget> m_fingerprintWidget;
+    QRectF m_formField;
+    InkView *m_ink;
+    QRectF m_fingerprintPlace;
+    QImage m_fingerprint;
     Grip m_grip = Grip::None;
     QPointF m_grippedAt;
     QRectF m_grippedField;

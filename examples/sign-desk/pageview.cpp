@@ -34,8 +34,6 @@ void PageView::setPage(const Pages &pages, int page)
 
 void PageView::zoomBy(double factor)
 {
-    if (m_isLocked)
-        return;
     m_fitsWidth = false;
     m_sheet->setScale(std::clamp(m_sheet->scale() * factor, kSmallest, kLargest));
     showField();
@@ -46,13 +44,6 @@ void PageView::fitWidth()
     m_fitsWidth = true;
     applyFit();
     showField();
-}
-
-void PageView::setLocked(bool isLocked)
-{
-    m_isLocked = isLocked;
-    m_sheet->setSizeLocked(isLocked);
-    applyFit();
 }
 
 void PageView::showField()
@@ -71,7 +62,7 @@ void PageView::resizeEvent(QResizeEvent *event)
 
 void PageView::applyFit()
 {
-    if (!m_fitsWidth || m_isLocked)
+    if (!m_fitsWidth)
         return;
     const double width = viewport()->width() - 2 * PageSheet::kMargin;
     m_sheet->setScale(std::clamp(width / m_sheet->pageSize().width(), kSmallest, kLargest));

@@ -25,9 +25,6 @@ public:
     /// Makes the page as wide as the view and keeps it so.
     void fitWidth();
 
-    /// Locks the scale and the size of the field, while there is ink.
-    void setLocked(bool isLocked);
-
     void showField();
 
 protected:
@@ -38,7 +35,6 @@ private:
 
     PageSheet *m_sheet;
     bool m_fitsWidth = true;
-    bool m_isLocked = false;
 };
 
 } // namespace signdesk

@@ -31,7 +31,7 @@ PenPanel::PenPanel(QWidget *parent)
 {
     m_width->setRange(1, 10);
     m_width->setAccessibleDescription(tr("From 1, fine, to 10, broad; for what is written from now on"));
-    m_colour->setAccessibleDescription(tr("For what is written from now on"));
+    m_colour->setAccessibleDescription(tr("Of the whole signature: it is chosen before anything is written"));
     m_pressure->setAccessibleDescription(tr("Off: all strokes are equally broad"));
     addColour(tr("Black"), QColor(20, 20, 20));
     addColour(tr("Dark blue"), QColor(13, 33, 99));
@@ -42,7 +42,7 @@ PenPanel::PenPanel(QWidget *parent)
     setPen({2, QColor(13, 33, 99), true});
 
     auto *const form = new QFormLayout(this);
-    form->addRow(tr("Wi&dth"), m_width);
+    form->addRow(tr("W&idth"), m_width);
     form->addRow(tr("C&olour"), m_colour);
     form->addRow(m_pressure);
     connect(m_width, qOverload<int>(&QSpinBox::valueChanged), this, &PenPanel::penChanged);
@@ -53,6 +53,11 @@ PenPanel::PenPanel(QWidget *parent)
 void PenPanel::addColour(const QString &name, const QColor &colour)
 {
     m_colour->addItem(swatch(colour), name, colour);
+}
+
+void PenPanel::setHasInk(bool has)
+{
+    m_colour->setEnabled(!has);
 }
 
 Pen PenPanel::pen() const

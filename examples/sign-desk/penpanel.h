@@ -21,6 +21,9 @@ public:
     Pen pen() const;
     void setPen(const Pen &pen);
 
+    /// A signature has one colour.
+    void setHasInk(bool has);
+
 signals:
     /// For strokes to come.
     void penChanged();

@@ -3,15 +3,26 @@
 #include <QHBoxLayout>
 #include <QSignalBlocker>
 
+#include <algorithm>
+
 namespace signdesk {
 
 PlacePanel::PlacePanel(QWidget *parent)
     : QGroupBox(tr("Place of the signature"), parent)
     , m_form(new QFormLayout(this))
+    , m_formField(new QComboBox)
     , m_page(new QSpinBox)
     , m_pageCount(new QLabel)
     , m_fingerprint(new QComboBox)
 {
+    m_formField->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_formField->setMinimumContentsLength(10);
+    m_formField->setAccessibleDescription(tr("The field of the document's form that the signature fills"));
+    m_form->addRow(tr("Empt&y field"), m_formField);
+    connect(m_formField, qOverload<int>(&QComboBox::currentIndexChanged), this, [this] {
+        enable();
+        emit formFieldChosen(formField());
+    });
     auto *const pages = new QHBoxLayout;
     pages->addWidget(m_page, 1);
     pages->addWidget(m_pageCount);
@@ -31,6 +42,7 @@ PlacePanel::PlacePanel(QWidget *parent)
     m_page->setAccessibleDescription(tr("The page that is to bear the signature"));
     setTabOrder(m_width, m_fingerprint);
     setPageCount(1);
+    setFormFields({});
     setHasFingerprintSensor(false);
 }
 
@@ -54,7 +66,35 @@ void PlacePanel::setPageCount(int count)
     m_page->setRange(1, count);
     m_page->setValue(1);
     m_pageCount->setText(tr("of %1").arg(count));
-    m_page->setEnabled(count > 1);
+    enable();
+}
+
+void PlacePanel::setPage(int page)
+{
+    const QSignalBlocker quiet(m_page);
+    m_page->setValue(page + 1);
+}
+
+void PlacePanel::setFormFields(const QStringList &names)
+{
+    const QSignalBlocker quiet(m_formField);
+    m_formField->clear();
+    m_formField->addItem(tr("None: a free place"));
+    for (const QString &name : names)
+        m_formField->addItem(name, name);
+    m_form->labelForField(m_formField)->setVisible(!names.isEmpty());
+    m_formField->setVisible(!names.isEmpty());
+    enable();
+}
+
+QString PlacePanel::formField() const
+{
+    return m_formField->currentData().toString();
+}
+
+void PlacePanel::setFormField(const QString &name)
+{
+    m_formField->setCurrentIndex(std::max(0, m_formField->findData(name)));
 }
 
 void PlacePanel::setField(const QRectF &field, const QSizeF &page)
@@ -88,9 +128,20 @@ void PlacePanel::setHasFingerprintSensor(bool has)
 
 void PlacePanel::setLocked(bool isLocked)
 {
-    m_page->setEnabled(!isLocked && m_page->maximum() > 1);
-    m_width->setEnabled(!isLocked);
-    m_fingerprint->setEnabled(!isLocked);
+    m_isLocked = isLocked;
+    enable();
+}
+
+void PlacePanel::enable()
+{
+    const bool isFree = formField().isEmpty();
+    m_formField->setEnabled(!m_isLocked);
+    m_page->setEnabled(!m_isLocked && isFree && m_page->maximum() > 1);
+    for (QDoubleSpinBox *box : {m_left, m_top, m_width}) {
+        if (box != nullptr)
+            box->setEnabled(isFree);
+    }
+    m_fingerprint->setEnabled(!m_isLocked);
 }
 
 } // namespace signdesk

@@ -8,6 +8,8 @@
 #include <QSaveFile>
 #include <QTemporaryFile>
 
+#include <algorithm>
+
 namespace signdesk {
 
 namespace {
@@ -32,9 +34,37 @@ Trouble cannotWrite(const QString &path)
                       "The signature is still here.")};
 }
 
+constexpr int kPiece = 1 << 20;
+
+bool writeAll(QSaveFile &file, const QByteArray &content, const ShowBytes &show)
+{
+    for (int done = 0; done < content.size(); done += kPiece) {
+        show(done, content.size());
+        const int size = std::min(kPiece, content.size() - done);
+        if (file.write(content.constData() + done, size) != size)
+            return false;
+    }
+    show(content.size(), content.size());
+    return true;
+}
+
+/// Whether the file has exactly this content.
+bool holds(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || file.size() != content.size())
+        return false;
+    for (int done = 0; done < content.size(); done += kPiece) {
+        const int size = std::min(kPiece, content.size() - done);
+        if (file.read(kPiece) != QByteArray::fromRawData(content.constData() + done, size))
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
-void writeFile(const QString &path, const std::function<bool(QIODevice &)> &write)
+void writeFile(const QString &path, const QByteArray &content, const ShowBytes &show)
 {
     const QFileInfo there(path);
     if (there.exists() && !there.isFile() && !there.isDir()) // a rename would replace the device or pipe by a file
@@ -43,7 +73,7 @@ void writeFile(const QString &path, const std::function<bool(QIODevice &)> &writ
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         throw cannotWrite(path);
-    if (!write(file) || !file.commit())
+    if (!writeAll(file, content, show) || !file.commit() || !holds(path, content))
         throw cannotWrite(path);
 }
 

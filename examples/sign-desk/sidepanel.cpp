@@ -1,5 +1,6 @@
 #include "sidepanel.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -34,13 +35,28 @@ SidePanel::SidePanel(const QList<QWidget *> &panels, QWidget *parent)
     for (QWidget *panel : panels)
         column->addWidget(panel);
     column->addStretch(1);
-    alignLabels(*content);
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
     setFocusPolicy(Qt::NoFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setWidget(content);
-    setFixedWidth(content->sizeHint().width() + verticalScrollBar()->sizeHint().width());
+    content->installEventFilter(this);
+    fit();
+}
+
+void SidePanel::fit()
+{
+    alignLabels(*widget());
+    m_widest = std::max(m_widest, widget()->sizeHint().width());
+    setFixedWidth(m_widest + verticalScrollBar()->sizeHint().width());
+}
+
+bool SidePanel::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isResult = QScrollArea::eventFilter(watched, event);
+    if (watched == widget() && (event->type() == QEvent::LayoutRequest || event->type() == QEvent::FontChange))
+        fit();
+    return isResult;
 }
 
 } // namespace signdesk

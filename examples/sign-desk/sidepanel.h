@@ -11,8 +11,16 @@ class SidePanel : public QScrollArea
 {
     Q_OBJECT
 public:
-    /// As wide as the panels want to be now.
+    /// As wide as the panels want to be, in whatever font the screen gives them.
     explicit SidePanel(const QList<QWidget *> &panels, QWidget *parent = nullptr);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void fit();
+
+    int m_widest = 0; ///< that the panels wanted to be until now
 };
 
 } // namespace signdesk

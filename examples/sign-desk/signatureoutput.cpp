@@ -9,7 +9,6 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QImage>
-#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -118,20 +117,7 @@ void saveSignature(const PadSession &session, const QString &path, const OutputO
     if (format == nullptr)
         throw Trouble{OutputWords::tr("%1: a signature is not written in this format.").arg(QFileInfo(path).fileName()),
             OutputWords::tr("Let the name end with .png, .svg, .pdf, .jpg or .bmp.")};
-    const QByteArray content = fileOf(session, *format, options);
-    writeFile(path, [&](QIODevice &file) { return file.write(content) == content.size(); });
-}
-
-FieldContent contentOf(const PadSession &session)
-{
-    // The fingerprint in the SVG is left out: the page puts it in another place.
-    static const QRegularExpression picture(QStringLiteral("<image[^>]*/>"));
-    QString svg = QString::fromUtf8(fileOf(session, *formatOf(QStringLiteral("x.svg")), {false, true}));
-    FieldContent content;
-    content.hasFingerprint = svg.contains(picture);
-    if (session.points() > 0)
-        content.strokes = svg.remove(picture).toUtf8();
-    return content;
+    writeFile(path, fileOf(session, *format, options));
 }
 
 } // namespace signdesk

@@ -33,16 +33,6 @@ const SignatureFormat *formatOf(const QString &path);
 /// Writes in the format of the path's suffix. Throws a Trouble rather than write a file that lacks ink.
 void saveSignature(const PadSession &session, const QString &path, const OutputOptions &options);
 
-/// What is on the canvas, for a page.
-struct FieldContent
-{
-    QByteArray strokes; ///< an SVG picture of the whole field with all the ink, empty without ink
-    bool hasFingerprint = false;
-};
-
-/// Throws a Trouble when some of it is missing.
-FieldContent contentOf(const PadSession &session);
-
 } // namespace signdesk
 
 #endif

@@ -4,46 +4,39 @@
 #define SIGNEDDOCUMENT_H
 
 #include "pages.h"
+#include "safefile.h"
+#include "signingwork.h"
 
 #include <QByteArray>
-#include <QRectF>
 
 class QPainter;
 class QPrinter;
 
 namespace signdesk {
 
-/// A signature and its place on a page.
-struct PlacedSignature
-{
-    int page = 0;
-    QByteArray strokes; ///< SVG; empty for a fingerprint alone
-    QRectF field; ///< in points
-    QImage fingerprint; ///< null without one
-    QRectF fingerprintField;
-};
-
 class SignedDocument
 {
 public:
-    SignedDocument(const Pages &pages, PlacedSignature signature);
+    /// @param page the signed one, for a picture
+    SignedDocument(const DocumentBytes &document, int page);
 
-    /// Saves all pages as PDF, or the signed page as a picture, by the path's suffix. Throws a Trouble.
-    void save(const QString &path) const;
+    /// Saves the document as PDF, or the signed page as a picture, by the path's suffix, and reads the file again.
+    /// Throws a Trouble.
+    void save(const QString &path, const ShowBytes &show) const;
 
     /// Prints the pages that the dialog chose, each as large as the paper allows. When printing to a file, it is
     /// written completely or not at all. Throws a Trouble.
-    void print(QPrinter &printer) const;
+    /// @param show is told the pages that are done, and all of them
+    void print(QPrinter &printer, const ShowBytes &show) const;
 
 private:
-    void printIntoFile(QPrinter &printer) const;
-    void printPages(QPrinter &printer) const;
-    void paint(QPainter &painter, int page, const QRectF &target, double dotsPerPoint) const;
-    bool writePdf(QIODevice &file) const;
-    QImage signedPage() const;
+    void printIntoFile(QPrinter &printer, const ShowBytes &show) const;
+    void printPages(QPrinter &printer, const ShowBytes &show) const;
+    QImage pageAsPicture() const;
 
-    const Pages &m_pages;
-    PlacedSignature m_signature;
+    DocumentBytes m_document;
+    std::unique_ptr<Pages> m_pages;
+    int m_page;
 };
 
 } // namespace signdesk

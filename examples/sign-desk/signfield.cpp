@@ -41,6 +41,18 @@ QRectF usualField(const QSizeF &page, double proportions)
     return fieldOnPage(field, page, proportions);
 }
 
+QRectF fieldBeside(const QRectF &field, const QSizeF &page)
+{
+    const QPointF steps[] = {
+        {-field.width() - kGap, 0}, {0, -field.height() - kGap}, {field.width() + kGap, 0}, {0, field.height() + kGap}};
+    for (const QPointF &step : steps) {
+        const QRectF beside = field.translated(step);
+        if (QRectF({}, page).contains(beside))
+            return beside;
+    }
+    return field;
+}
+
 QRectF fingerprintField(const QRectF &signature, const QSizeF &page)
 {
     const QSizeF size(signature.height() * kSensorProportions, signature.height());

@@ -81,6 +81,12 @@ void Signing::keep()
     setKept(true);
 }
 
+void Signing::change()
+{
+    if (m_state == SigningState::Confirmed)
+        setKept(false);
+}
+
 void Signing::receiveTap(bool isConfirm, int points)
 {
     if (isConfirm)

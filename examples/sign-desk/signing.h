@@ -39,6 +39,9 @@ public:
     /// What is confirmed was saved, exported or printed.
     void keep();
 
+    /// What is confirmed is no longer what was saved: it lies elsewhere on the page, say.
+    void change();
+
     /// The open pad does not answer. The points that it sent before stay.
     bool isPadAway() const { return m_watch.isAway(); }
 

@@ -7,7 +7,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPointer>
+#include <QProgressDialog>
+#include <QSettings>
 #include <QTimer>
 
 #include <algorithm>
@@ -16,6 +19,7 @@
 
 SignDesk::SignDesk()
 {
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
     openWindow();
     window->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(window.get(), 60000));
@@ -112,7 +116,8 @@ void SignDesk::whenDialogComes(const std::function<void(QDialog &)> &work)
     auto *const look = new QTimer(window.get());
     QObject::connect(look, &QTimer::timeout, window.get(), [=] {
         auto *const dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-        if (dialog == nullptr || dialog == before || !dialog->isVisible())
+        if (dialog == nullptr || dialog == before || !dialog->isVisible()
+            || qobject_cast<QProgressDialog *>(dialog) != nullptr) // which only says that something takes its time
             return;
         look->deleteLater();
         look->stop();
@@ -128,6 +133,13 @@ void SignDesk::giveFile(QDialog &dialog, const QString &path)
     auto *const name = dialog.findChild<QLineEdit *>("fileNameEdit");
     ASSERT_TRUE(name != nullptr);
     name->setText(path);
+    QTest::keyClick(name, Qt::Key_Return);
+}
+
+void SignDesk::acceptProposal(QDialog &dialog)
+{
+    auto *const name = dialog.findChild<QLineEdit *>("fileNameEdit");
+    ASSERT_TRUE(name != nullptr) << dialog.windowTitle().toStdString();
     QTest::keyClick(name, Qt::Key_Return);
 }
 
@@ -176,8 +188,8 @@ signdesk::PageSheet &SignDesk::sheet() const
 
 QWidget *SignDesk::signWidget() const
 {
-    for (QWidget *child : sheet().findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
-        if (child->accessibleName() == "Signature")
+    for (QWidget *child : sheet().findChildren<QWidget *>())
+        if (child->accessibleName() == "Signature" && child->isVisible())
             return child;
     return nullptr;
 }
@@ -200,6 +212,15 @@ void SignDesk::signAndConfirm(const Family &family)
     write(family);
     tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON);
     ASSERT_TRUE(until([&] { return showsState("Confirmed"); }));
+}
+
+QImage onPaper(QWidget &widget)
+{
+    QImage paper(widget.size(), QImage::Format_RGB32);
+    paper.fill(Qt::white);
+    QPainter painter(&paper);
+    widget.render(&painter, {}, {}, QWidget::DrawChildren);
+    return paper;
 }
 
 QImage drawnPdf(const QString &path, int page)

@@ -86,10 +86,14 @@ protected:
     SimulatedDriver driver;
     std::unique_ptr<signdesk::DeskWindow> window;
 
+    /// Answers the save dialog with the name that it proposes.
+    static void acceptProposal(QDialog &dialog);
+
 private:
     QWidget *buddyOf(const QString &text) const;
 
     QTemporaryDir m_directory;
+    QTemporaryDir m_settings; ///< of the desk
     int m_awaited = 0;
     int m_dialogs = 0;
 };
@@ -99,6 +103,9 @@ QImage drawnPdf(const QString &path, int page = 1);
 constexpr double kDrawnScale = 2; ///< dots of drawnPdf's picture for each point of the page
 
 QRectF inPoints(const QRect &dots);
+
+/// A widget as it looks on white paper.
+QImage onPaper(QWidget &widget);
 
 /// The smallest box around the pixels that meet the condition.
 QRect boxOf(const QImage &image, const std::function<bool(const QColor &)> &isTaken);

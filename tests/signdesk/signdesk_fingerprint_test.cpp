@@ -78,7 +78,7 @@ TEST_F(FingerprintOnPage, MayBeAllThereIs)
     ASSERT_TRUE(until([&] { return showsState("The signer writes"); }));
     tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON);
     ASSERT_TRUE(until([&] { return showsState("Confirmed"); }));
-    ASSERT_TRUE(until([&] { return !boxOf(signWidget()->grab().toImage(), isRed).isEmpty(); }));
+    ASSERT_TRUE(until([&] { return !boxOf(sheet().grab().toImage(), isRed).isEmpty(); }));
     save(file("signed.pdf"));
     const QImage drawn = drawnPdf(file("signed.pdf"));
     EXPECT_TRUE(sheet().field().contains(inPoints(boxOf(drawn, isRed))));
@@ -88,13 +88,12 @@ TEST_F(FingerprintOnPage, MayBeAllThereIs)
 TEST_F(FingerprintOnPage, IsASignatureThatIsToBeKept)
 {
     window.reset();
-    QWidget parent;
     signdesk::PadSession session;
     session.acceptAnyDriver();
     signdesk::Signing signing(session);
     int changes = 0;
     QObject::connect(&signing, &signdesk::Signing::keptChanged, [&] { ++changes; });
-    session.open(*familyOfName("S310X"), &parent, QRect(0, 0, 400, 200));
+    session.open(*familyOfName("S310X"));
     signing.begin();
     signing.confirm();
     EXPECT_EQ(signing.state(), signdesk::SigningState::Waiting) << "there is nothing to confirm";

@@ -36,7 +36,7 @@ TEST_P(OutputOfEachModel, TheSignedPageHasTheInkAtItsPlace)
     whenDialogComes([&](QDialog &dialog) { giveFile(dialog, path); });
     press(Qt::Key_S, Qt::ControlModifier);
     ASSERT_TRUE(happened());
-    EXPECT_EQ(note(), "The page is saved.");
+    EXPECT_EQ(note(), "Saved as signed.pdf. Press Done for the next customer.");
     EXPECT_FALSE(window->isWindowModified());
 
     const QRectF line = lineOf(sheet().field());
@@ -156,14 +156,14 @@ TEST_F(SignDeskOutput, TheSignatureIsExportedInEveryFormat)
         const char *kind; // what file(1) calls it
     } kinds[] = {{"a.png", "PNG image data"}, {"a.jpg", "JPEG image data"}, {"a.bmp", "PC bitmap"},
         {"a.pdf", "PDF document"}, {"a.svg", "SVG"}};
-    const double canvasWidth = signWidget()->width();
+    const double canvasWidth = 800;
     for (const auto &kind : kinds) {
         const QString path = exported(kind.name);
         EXPECT_EQ(note(), "The signature is exported.");
         const CommandResult told = runProgram({"file", "--brief", path}, "/");
         EXPECT_TRUE(told.output.contains(kind.kind)) << kind.name << " is " << told.output.toStdString();
     }
-    // The length of the line, half a pen width of 2048 * 2 / 306 pixels at each end, and a margin of 6 on each side.
+    // The length of the line, half a pen width of 1024 * 2 / 306 pixels at each end, and a margin of 6 on each side.
     const double cutWidth = 0.6 * canvasWidth + 6.7 + 12;
     EXPECT_NEAR(QImage(file("a.bmp")).width(), cutWidth, 4);
     EXPECT_EQ(QImage(file("a.png")).pixelColor(0, 0).alpha(), 0);
@@ -175,9 +175,9 @@ TEST_F(SignDeskOutput, TheSignatureIsExportedInEveryFormat)
     EXPECT_FALSE(boxOf(drawnPdf(file("a.pdf")), isInk).isEmpty());
 
     QTest::mouseClick(button("Cut exports to the ink"), Qt::LeftButton, Qt::NoModifier, QPoint(8, 8));
-    labelled<QComboBox>("Resolution")->setCurrentIndex(1);
+    labelled<QComboBox>("Quality")->setCurrentIndex(1);
     const QImage whole(exported("whole.bmp"));
-    EXPECT_EQ(whole.size(), signWidget()->size());
+    EXPECT_EQ(whole.size(), QSize(800, 452)); // the writing area is 2300 by 1300
     EXPECT_EQ(whole.dotsPerMeterX(), 5905); // 150 dots an inch
     EXPECT_EQ(QFileInfo(exported("without-suffix")).exists(), false);
     EXPECT_TRUE(QFileInfo::exists(file("without-suffix.png")));

@@ -172,10 +172,10 @@ TEST_F(SignDeskPage, AFileThatStaysIsNotSaidToHaveChanged)
     ASSERT_TRUE(window->openPage(path));
     signAndConfirm(kS300Family);
     save(file("signed.pdf"));
-    EXPECT_EQ(note(), "The page is saved.");
+    EXPECT_EQ(note(), "Saved as signed.pdf. Press Done for the next customer.");
     ASSERT_TRUE(QFile::remove(path)); // as happens in a downloads folder
     save(file("again.pdf"));
-    EXPECT_EQ(note(), "The page is saved.");
+    EXPECT_EQ(note(), "Saved as again.pdf. Press Done for the next customer.");
     expectSquareIn(file("again.pdf"), 40);
 }
 

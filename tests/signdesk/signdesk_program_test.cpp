@@ -162,17 +162,16 @@ TEST_F(DriverElsewhere, IsSaidToBeRefusedWithItsCure)
 {
     setMode(driver, 0602);
     const InDirectory elsewhere(folder.toStdString());
-    QWidget parent;
     signdesk::PadSession session;
     try {
-        session.open(*familyOfName("S300"), &parent, QRect(0, 0, 200, 100));
+        session.open(*familyOfName("S300"));
         ADD_FAILURE() << "opened";
     } catch (const signdesk::Trouble &trouble) {
         EXPECT_EQ(trouble.cure,
             "Have that put right (chmod o-w " + driver + "), or start this program with --unsafe-driver.");
     }
     session.acceptAnyDriver();
-    EXPECT_NO_THROW(session.open(*familyOfName("S300"), &parent, QRect(0, 0, 200, 100)));
+    EXPECT_NO_THROW(session.open(*familyOfName("S300")));
 }
 
 TEST(SignDeskProgram, SaysThatThereIsNoScreen)
@@ -225,11 +224,10 @@ TEST(SignDeskSession, SaysThatThereIsNoDriver)
 {
     const QTemporaryDir empty;
     const InDirectory elsewhere(empty.path().toStdString());
-    QWidget parent;
     signdesk::PadSession session;
     for (const PadFamily &model : kPadFamilies) {
         try {
-            session.open(model, &parent, QRect(0, 0, 200, 100));
+            session.open(model);
             ADD_FAILURE() << "opened without a driver";
         } catch (const signdesk::Trouble &trouble) {
             EXPECT_EQ(trouble.what, "There is no pad driver: " + empty.path() + "/libkvsignpaddrv.so does not exist.");

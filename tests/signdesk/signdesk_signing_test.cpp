@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QSpinBox>
 
+#include <cmath>
 #include <cstring>
 
 namespace {
@@ -35,10 +36,9 @@ TEST_P(SignDeskOfEachModel, SignsInTheFieldAndConfirmsOnThePad)
     write(family);
     EXPECT_TRUE(until([&] { return showsState("The signer writes"); }));
     EXPECT_EQ(window->findChild<QLabel *>("points")->text(), "42 points"); // 41 and one for the end of the stroke
-    const QImage canvas = signWidget()->grab().toImage();
-    const QRectF drawn = boxOf(canvas, isInk);
-    const QSizeF size = canvas.size();
-    EXPECT_TRUE(near(drawn, {0.2 * size.width(), size.height() / 2, 0.6 * size.width(), 0}, 6));
+    const QSizeF size = signWidget()->size();
+    const QRectF line(0.2 * size.width(), size.height() / 2, 0.6 * size.width(), 0);
+    EXPECT_TRUE(until([&] { return bool(near(boxOf(onPaper(*signWidget()), isInk), line, 6)); }));
 
     tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON);
     EXPECT_TRUE(until([&] { return showsState("Confirmed"); }));
@@ -102,7 +102,7 @@ TEST_F(SignDesk, ClearBeforeConfirmingAsksNothing)
     ASSERT_TRUE(until([&] { return showsState("The signer writes"); }));
     click("Clear");
     EXPECT_TRUE(showsState("The signer may write"));
-    EXPECT_EQ(boxOf(signWidget()->grab().toImage(), isInk), QRect());
+    EXPECT_EQ(boxOf(onPaper(*signWidget()), isInk), QRect());
 }
 
 TEST_F(SignDesk, ATapFromBeforeTheClearIsNotTaken)
@@ -134,11 +134,12 @@ TEST_F(SignDesk, CancelOnThePadKeepsWhatIsConfirmed)
     tap(KVSPDARI_PS_PEN_DOWN_ON_CANCEL_BUTTON);
     EXPECT_TRUE(until([&] { return note().endsWith("the confirmed signature is kept."); }));
     EXPECT_TRUE(showsState("Confirmed"));
-    EXPECT_FALSE(boxOf(signWidget()->grab().toImage(), isInk).isEmpty());
+    EXPECT_TRUE(until([&] { return !boxOf(onPaper(*signWidget()), isInk).isEmpty(); }));
 }
 
 TEST_F(SignDesk, ThePenWritesAsItIsSet)
 {
+    const auto isRed = [](const QColor &c) { return c.red() > 120 && c.blue() < 90; };
     choose(kS300Family);
     auto *const width = labelled<QSpinBox>("Width");
     auto *const colour = labelled<QComboBox>("Colour");
@@ -151,18 +152,28 @@ TEST_F(SignDesk, ThePenWritesAsItIsSet)
     QTest::keyClicks(colour, "Red");
     QTest::mouseClick(button("Width by pressure"), Qt::LeftButton, Qt::NoModifier, QPoint(8, 8));
     write(kS300Family);
-    const QRect drawn =
-        boxOf(signWidget()->grab().toImage(), [](const QColor &c) { return c.red() > 120 && c.blue() < 60; });
-    EXPECT_NEAR(drawn.height(), 9, 2); // without pressure, the width level is the line's width in pixels
-    EXPECT_GT(drawn.width(), 100);
+    ASSERT_TRUE(until([&] { return showsState("The signer writes"); }));
+    EXPECT_FALSE(colour->isEnabled()) << "a signature has one colour";
+    // Without pressure the width level is the line's width in pixels of the canvas, which is 800 wide.
+    const double scale = signWidget()->width() / 800.0;
+    const auto drawn = [&] { return boxOf(onPaper(*signWidget()), isRed); };
+    EXPECT_TRUE(until([&] { return drawn().width() > 0.59 * signWidget()->width(); }));
+    EXPECT_NEAR(drawn().height(), 9 * scale, 2);
 
+    width->setValue(10);
     width->setFocus();
-    QTest::keyClick(width, Qt::Key_Up); // applies to ink from now on
-    write(kS300Family, 0.2, 0.8, 0.8, 0.8);
+    QTest::mouseClick(button("Width by pressure"), Qt::LeftButton, Qt::NoModifier, QPoint(8, 8)); // from now on
+    write(kS300Family, 0.2, 0.8, 0.8, 0.8); // at half of the largest pressure, 2048
     const int middle = signWidget()->height() * 65 / 100;
-    const QImage lower =
-        signWidget()->grab(QRect(0, middle, signWidget()->width(), signWidget()->height() - middle)).toImage();
-    EXPECT_NEAR(boxOf(lower, [](const QColor &c) { return c.red() > 120 && c.blue() < 60; }).height(), 10, 2);
+    const double expected = 1024 * 10 / 306.0 * scale;
+    QRect lower;
+    EXPECT_TRUE(until([&] {
+        const QImage both = onPaper(*signWidget());
+        lower = boxOf(both.copy(0, middle, both.width(), both.height() - middle), isRed);
+        return std::abs(lower.height() - expected) <= 2;
+    })) << lower.height()
+        << " instead of " << expected;
+    EXPECT_NEAR(boxOf(onPaper(*signWidget()).copy(0, 0, signWidget()->width(), middle), isRed).height(), 9 * scale, 2);
 }
 
 TEST_F(SignDesk, TheFieldGoesWhereItIsPut)
@@ -200,28 +211,46 @@ TEST_F(SignDesk, TheFieldGoesWhereItIsPut)
     EXPECT_EQ(sheet().field().x(), 0);
 }
 
-TEST_F(SignDesk, InkKeepsItsSizeButMayMove)
+TEST_F(SignDesk, InkGoesWithItsField)
 {
     choose(kS300Family);
     click("Start signing");
     write(kS300Family);
     ASSERT_TRUE(until([&] { return showsState("The signer writes"); }));
-    const QSize size = signWidget()->size();
-    const QImage ink = signWidget()->grab().toImage();
+    const auto share = [&] {
+        const QRectF box = boxOf(onPaper(*signWidget()), isInk);
+        const QSizeF size = signWidget()->size();
+        return QRectF(
+            box.x() / size.width(), box.y() / size.height(), box.width() / size.width(), box.height() / size.height());
+    };
+    ASSERT_TRUE(until([&] { return share().width() > 0.59; })); // all of the line is there
+    const QRectF before = share();
+    const int narrow = signWidget()->width();
     window->resize(1500, 900);
     press(Qt::Key_Plus, Qt::ControlModifier);
-    sheet().setFocus();
-    press(Qt::Key_Plus);
-    EXPECT_FALSE(labelled<QDoubleSpinBox>("Size")->isEnabled());
-    press(Qt::Key_Left, Qt::ControlModifier);
     settle();
-    EXPECT_EQ(signWidget()->size(), size);
+    EXPECT_GT(signWidget()->width(), narrow);
+    EXPECT_TRUE(near(share(), before, 0.02)) << "zooming draws the lines anew";
+    sheet().setFocus();
+    press(Qt::Key_Left, Qt::ControlModifier);
+    press(Qt::Key_Plus);
     EXPECT_EQ(signWidget()->geometry(), sheet().fieldPixels());
-    EXPECT_EQ(signWidget()->grab().toImage(), ink);
+    EXPECT_TRUE(near(share(), before, 0.02));
+}
 
-    click("Clear"); // without ink the page may fit the window's width again
-    EXPECT_TRUE(until([&] { return signWidget()->width() > size.width(); }));
-    EXPECT_EQ(signWidget()->geometry(), sheet().fieldPixels());
+TEST_F(SignDesk, AFieldThatIsMovedAfterSavingIsSavedAnew)
+{
+    signAndConfirm(kS300Family);
+    save(file("signed.pdf"));
+    EXPECT_FALSE(window->isWindowModified());
+    sheet().setFocus();
+    press(Qt::Key_Left, Qt::ControlModifier);
+    EXPECT_TRUE(window->isWindowModified());
+    save(file("again.pdf"));
+    EXPECT_FALSE(window->isWindowModified());
+    const QRectF first = inPoints(boxOf(drawnPdf(file("signed.pdf")), isInk));
+    const QRectF second = inPoints(boxOf(drawnPdf(file("again.pdf")), isInk));
+    EXPECT_TRUE(near(second, first.translated(-10 * kMillimetre, 0), 1));
 }
 
 TEST_F(SignDesk, TheLastLineTellsTheRates)

@@ -79,7 +79,7 @@ TEST_F(Unplugged, IsNoticedWhileTheDeskWaits)
         "The pad no longer answers. What it sent is kept, but strokes may be missing: see that it is plugged in, "
         "cancel, and start again.");
     EXPECT_EQ(KVS300_GetTotalInkPointsNumber(KVS300_DEVICE), 42);
-    EXPECT_FALSE(boxOf(signWidget()->grab().toImage(), isInk).isEmpty());
+    EXPECT_TRUE(until([&] { return !boxOf(onPaper(*signWidget()), isInk).isEmpty(); }));
 }
 
 TEST_F(Unplugged, WhoeverSignsOnAfterwardsMayHaveWrittenInBetween)

@@ -283,4 +283,23 @@ TEST(SignDeskGerman, TranslatesEveryWord)
     }
 }
 
+/// Who builds the desk without lrelease gets German too, so it is shipped compiled.
+TEST(SignDeskGerman, IsShippedAsItIsWritten)
+{
+    const QString source = KV_SIGNDESK_SOURCES "/translations/sign-desk_de.ts";
+    const QTemporaryDir place;
+    const QString compiled = place.filePath("de.qm");
+    const CommandResult result = runProgram({KV_LRELEASE, "-silent", source, "-qm", compiled}, "/");
+    ASSERT_EQ(result.exitCode, 0) << testing::PrintToString(result);
+    QTranslator shipped, anew;
+    ASSERT_TRUE(shipped.load(KV_SIGNDESK_GERMAN) && anew.load(compiled));
+    const QMap<QString, QString> messages = messagesOf(source);
+    for (auto message = messages.begin(); message != messages.end(); ++message) {
+        const QByteArray context = message.key().section(": ", 0, 0).toUtf8();
+        const QByteArray text = message.key().section(": ", 1).toUtf8();
+        EXPECT_EQ(shipped.translate(context, text), message.value()) << message.key().toStdString();
+        EXPECT_EQ(shipped.translate(context, text), anew.translate(context, text)) << message.key().toStdString();
+    }
+}
+
 } // namespace

@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de">
 <context>
+    <name>signdesk::BusyWork</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
     <name>signdesk::DeskActions</name>
     <message>
         <source>&amp;Open page...</source>
@@ -76,6 +83,38 @@
         <translation>Das Feld leeren, damit neu unterschrieben werden kann</translation>
     </message>
     <message>
+        <source>&amp;Undo signature</source>
+        <translation>Unterschrift zu&amp;rücknehmen</translation>
+    </message>
+    <message>
+        <source>Take the last signature that is not saved from the document</source>
+        <translation>Die letzte nicht gespeicherte Unterschrift wieder aus dem Dokument nehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Done, next customer</source>
+        <translation>&amp;Fertig, nächster Kunde</translation>
+    </message>
+    <message>
+        <source>End with this customer: show the document as it was opened</source>
+        <translation>Mit diesem Kunden abschließen: das Dokument wieder so zeigen, wie es geöffnet wurde</translation>
+    </message>
+    <message>
+        <source>Di&amp;gital signature...</source>
+        <translation>Digitale &amp;Signatur...</translation>
+    </message>
+    <message>
+        <source>Choose the certificate that signatures are made with</source>
+        <translation>Das Zertifikat wählen, mit dem signiert wird</translation>
+    </message>
+    <message>
+        <source>C&amp;heck digital signatures...</source>
+        <translation>Digitale Signaturen &amp;prüfen...</translation>
+    </message>
+    <message>
+        <source>Say what the document&apos;s digital signatures are worth</source>
+        <translation>Sagen, was die digitalen Signaturen des Dokuments wert sind</translation>
+    </message>
+    <message>
         <source>C&amp;ancel</source>
         <translation>&amp;Abbrechen</translation>
     </message>
@@ -132,6 +171,14 @@
         <translation>&amp;Datei</translation>
     </message>
     <message>
+        <source>Open &amp;again</source>
+        <translation>E&amp;rneut öffnen</translation>
+    </message>
+    <message>
+        <source>Open again</source>
+        <translation>Erneut öffnen</translation>
+    </message>
+    <message>
         <source>&amp;Signature</source>
         <translation>&amp;Unterschrift</translation>
     </message>
@@ -143,9 +190,21 @@
         <source>&amp;Help</source>
         <translation>&amp;Hilfe</translation>
     </message>
+    <message>
+        <source>Keep this signature in the document, and let another one be written</source>
+        <translation>Diese Unterschrift im Dokument behalten und eine weitere schreiben lassen</translation>
+    </message>
 </context>
 <context>
     <name>signdesk::DeskFiles</name>
+    <message>
+        <source>signed-page</source>
+        <translation>unterschriebene-seite</translation>
+    </message>
+    <message>
+        <source>%1-signed</source>
+        <translation>%1-unterschrieben</translation>
+    </message>
     <message>
         <source>Page to sign</source>
         <translation>Seite zum Unterschreiben</translation>
@@ -159,12 +218,16 @@
         <translation>Alle Dateien (*)</translation>
     </message>
     <message>
-        <source>Save signed page</source>
-        <translation>Unterschriebene Seite speichern</translation>
+        <source>Opening %1...</source>
+        <translation>%1 wird geöffnet...</translation>
     </message>
     <message>
-        <source>signed-page</source>
-        <translation>unterschriebene-seite</translation>
+        <source>%1 is protected by a password.</source>
+        <translation>%1 ist durch ein Passwort geschützt.</translation>
+    </message>
+    <message>
+        <source>This is not the password. Type it again.</source>
+        <translation>Das ist nicht das Passwort. Geben Sie es noch einmal ein.</translation>
     </message>
     <message>
         <source>PDF with all pages (*.pdf)</source>
@@ -173,6 +236,30 @@
     <message>
         <source>PNG picture of the signed page (*.png)</source>
         <translation>PNG-Bild der unterschriebenen Seite (*.png)</translation>
+    </message>
+    <message>
+        <source>Save signed page</source>
+        <translation>Unterschriebene Seite speichern</translation>
+    </message>
+    <message>
+        <source>%1 is the document that you opened.</source>
+        <translation>%1 ist das Dokument, das Sie geöffnet haben.</translation>
+    </message>
+    <message>
+        <source>Shall the signed document take its place?</source>
+        <translation>Soll das unterschriebene Dokument an seine Stelle treten?</translation>
+    </message>
+    <message>
+        <source>&amp;Overwrite</source>
+        <translation>Ü&amp;berschreiben</translation>
+    </message>
+    <message>
+        <source>Choose &amp;another name</source>
+        <translation>&amp;Anderen Namen wählen</translation>
+    </message>
+    <message>
+        <source>Saving %1...</source>
+        <translation>%1 wird gespeichert...</translation>
     </message>
     <message>
         <source>Export signature</source>
@@ -191,6 +278,14 @@
         <translation>fingerabdruck</translation>
     </message>
     <message>
+        <source>Printing...</source>
+        <translation>Es wird gedruckt...</translation>
+    </message>
+    <message>
+        <source>The signature is neither saved nor printed.</source>
+        <translation>Die Unterschrift ist weder gespeichert noch gedruckt.</translation>
+    </message>
+    <message>
         <source>Shall it be discarded?</source>
         <translation>Soll sie verworfen werden?</translation>
     </message>
@@ -203,8 +298,20 @@
         <translation>&amp;Behalten</translation>
     </message>
     <message>
-        <source>The signature is neither saved nor printed.</source>
-        <translation>Die Unterschrift ist weder gespeichert noch gedruckt.</translation>
+        <source>The document is signed digitally already.</source>
+        <translation>Das Dokument ist bereits digital signiert.</translation>
+    </message>
+    <message>
+        <source>Ink alone counts as a change after those signatures. With a certificate it would be a signature too: choose one at the right.</source>
+        <translation>Tinte allein gilt als Änderung nach diesen Signaturen. Mit einem Zertifikat wäre sie selbst eine Signatur: Wählen Sie rechts eines aus.</translation>
+    </message>
+    <message>
+        <source>&amp;Sign with ink alone</source>
+        <translation>&amp;Nur mit Tinte unterschreiben</translation>
+    </message>
+    <message>
+        <source>Go &amp;back</source>
+        <translation>&amp;Zurück</translation>
     </message>
     <message>
         <source>The pad did not answer for a while. Strokes of the signature may be missing.</source>
@@ -219,8 +326,12 @@
         <translation>&amp;Trotzdem bestätigen</translation>
     </message>
     <message>
-        <source>Go &amp;back</source>
-        <translation>&amp;Zurück</translation>
+        <source>There is no picture of the fingerprint.</source>
+        <translation>Es gibt kein Bild des Fingerabdrucks.</translation>
+    </message>
+    <message>
+        <source>See that the computer has memory to spare. Nothing was written; the fingerprint is still here.</source>
+        <translation>Sorgen Sie dafür, dass der Rechner genug Speicher frei hat. Es wurde nichts geschrieben; der Fingerabdruck ist noch da.</translation>
     </message>
 </context>
 <context>
@@ -241,28 +352,20 @@
 <context>
     <name>signdesk::DeskWindow</name>
     <message>
-        <source>blank sheet</source>
-        <translation>leeres Blatt</translation>
-    </message>
-    <message>
         <source>Open the page to be signed, or start signing on the blank sheet.</source>
         <translation>Öffnen Sie die Seite zum Unterschreiben, oder beginnen Sie auf dem leeren Blatt.</translation>
     </message>
     <message>
-        <source>The page is saved.</source>
-        <translation>Die Seite ist gespeichert.</translation>
-    </message>
-    <message>
-        <source>The signature is exported.</source>
-        <translation>Die Unterschrift ist exportiert.</translation>
-    </message>
-    <message>
-        <source>The page is printed.</source>
-        <translation>Die Seite ist gedruckt.</translation>
-    </message>
-    <message>
         <source>Nothing is written yet, so there is nothing to confirm.</source>
         <translation>Noch ist nichts geschrieben, also gibt es nichts zu bestätigen.</translation>
+    </message>
+    <message>
+        <source>About Sign Desk</source>
+        <translation>Über Sign Desk</translation>
+    </message>
+    <message>
+        <source>Sign Desk lets a customer sign a page on a signature pad, and saves or prints it with the signature.</source>
+        <translation>Mit Sign Desk unterschreibt ein Kunde eine Seite auf einem Unterschriftenpad; sie wird mit der Unterschrift gespeichert oder gedruckt.</translation>
     </message>
     <message>
         <source>Move the field to where the signature belongs, then start signing.</source>
@@ -273,12 +376,48 @@
         <translation>%1[*] - Sign Desk</translation>
     </message>
     <message>
-        <source>Signature</source>
-        <translation>Unterschrift</translation>
+        <source>blank sheet</source>
+        <translation>leeres Blatt</translation>
     </message>
     <message>
-        <source>Grows while the signer writes on the pad</source>
-        <translation>Wächst, während auf dem Pad geschrieben wird</translation>
+        <source>Signing the document...</source>
+        <translation>Das Dokument wird unterschrieben...</translation>
+    </message>
+    <message>
+        <source>The page is saved as it was when it was opened: its file has changed since then.</source>
+        <translation>Die Seite ist so gespeichert, wie sie beim Öffnen war: Ihre Datei hat sich seitdem geändert.</translation>
+    </message>
+    <message>
+        <source>Saved as %1. Press Done for the next customer.</source>
+        <translation>Gespeichert als %1. Drücken Sie Fertig für den nächsten Kunden.</translation>
+    </message>
+    <message>
+        <source>The page is printed as it was when it was opened: its file has changed since then.</source>
+        <translation>Die Seite ist so gedruckt, wie sie beim Öffnen war: Ihre Datei hat sich seitdem geändert.</translation>
+    </message>
+    <message>
+        <source>The page is printed.</source>
+        <translation>Die Seite ist gedruckt.</translation>
+    </message>
+    <message>
+        <source>Checking the signatures...</source>
+        <translation>Die Signaturen werden geprüft...</translation>
+    </message>
+    <message>
+        <source>The signature is exported.</source>
+        <translation>Die Unterschrift ist exportiert.</translation>
+    </message>
+    <message>
+        <source>There is no fingerprint.</source>
+        <translation>Es gibt keinen Fingerabdruck.</translation>
+    </message>
+    <message>
+        <source>Let the signer lay a finger on the pad&apos;s sensor.</source>
+        <translation>Lassen Sie einen Finger auf den Sensor des Pads legen.</translation>
+    </message>
+    <message>
+        <source>The fingerprint is exported.</source>
+        <translation>Der Fingerabdruck ist exportiert.</translation>
     </message>
     <message>
         <source>The field is empty, to be signed anew.</source>
@@ -301,52 +440,32 @@
         <translation>Am Pad wurde abgebrochen. Das Pad ist geschlossen.</translation>
     </message>
     <message>
+        <source>The last signature is no longer in the document.</source>
+        <translation>Die letzte Unterschrift ist nicht mehr im Dokument.</translation>
+    </message>
+    <message>
+        <source>Done. Open the next page, or start signing on the blank sheet.</source>
+        <translation>Fertig. Öffnen Sie die nächste Seite oder beginnen Sie eine Unterschrift auf dem leeren Blatt.</translation>
+    </message>
+    <message>
+        <source>Done. The document is as it was opened: start signing for the next customer, or open another one.</source>
+        <translation>Fertig. Das Dokument ist wieder so, wie es geöffnet wurde: Beginnen Sie mit dem nächsten Kunden oder öffnen Sie ein anderes.</translation>
+    </message>
+    <message>
         <source>The signer may write on the pad.</source>
         <translation>Auf dem Pad kann unterschrieben werden.</translation>
-    </message>
-    <message>
-        <source>Confirmed. Save, export or print it, then cancel or clear for the next one.</source>
-        <translation>Bestätigt: jetzt speichern, exportieren oder drucken. Für die nächste leeren oder abbrechen.</translation>
-    </message>
-    <message>
-        <source>Something was written after the confirmation: confirm again, or clear.</source>
-        <translation>Nach dem Bestätigen wurde weitergeschrieben: neu bestätigen oder leeren.</translation>
-    </message>
-    <message>
-        <source>There is no fingerprint.</source>
-        <translation>Es gibt keinen Fingerabdruck.</translation>
-    </message>
-    <message>
-        <source>Let the signer lay a finger on the pad&apos;s sensor.</source>
-        <translation>Lassen Sie einen Finger auf den Sensor des Pads legen.</translation>
-    </message>
-    <message>
-        <source>The fingerprint is exported.</source>
-        <translation>Der Fingerabdruck ist exportiert.</translation>
-    </message>
-    <message>
-        <source>About Sign Desk</source>
-        <translation>Über Sign Desk</translation>
-    </message>
-    <message>
-        <source>Sign Desk lets a customer sign a page on a signature pad, and saves or prints it with the signature.</source>
-        <translation>Mit Sign Desk unterschreibt ein Kunde eine Seite auf einem Unterschriftenpad; sie wird mit der Unterschrift gespeichert oder gedruckt.</translation>
     </message>
     <message>
         <source>Confirm here, or on the pad, when all is written.</source>
         <translation>Ist alles geschrieben, hier oder am Pad bestätigen.</translation>
     </message>
     <message>
-        <source>The pad answers again.</source>
-        <translation>Das Pad antwortet wieder.</translation>
+        <source>Confirmed. Save or print it, then press Done; or start another signature on the document.</source>
+        <translation>Bestätigt. Speichern oder drucken Sie, dann drücken Sie Fertig; oder beginnen Sie eine weitere Unterschrift auf dem Dokument.</translation>
     </message>
     <message>
-        <source>The pad answers again, but strokes may be missing: clear the field and let the signer sign anew.</source>
-        <translation>Das Pad antwortet wieder, doch vielleicht fehlen Striche: das Feld leeren und neu unterschreiben lassen.</translation>
-    </message>
-    <message>
-        <source>The pad answers again. The signer may write on the pad.</source>
-        <translation>Das Pad antwortet wieder. Auf dem Pad kann unterschrieben werden.</translation>
+        <source>Something was written after the confirmation: confirm again, or clear.</source>
+        <translation>Nach dem Bestätigen wurde weitergeschrieben: neu bestätigen oder leeren.</translation>
     </message>
     <message>
         <source>The pad no longer answers. The confirmed signature is kept: save, export or print it.</source>
@@ -361,35 +480,222 @@
         <translation>Das Pad antwortet nicht mehr. Ist es eingesteckt? Abbrechen und neu beginnen.</translation>
     </message>
     <message>
-        <source>The page is saved as it was when it was opened: its file has changed since then.</source>
-        <translation>Die Seite ist so gespeichert, wie sie beim Öffnen war: Ihre Datei hat sich seitdem geändert.</translation>
+        <source>The pad answers again.</source>
+        <translation>Das Pad antwortet wieder.</translation>
     </message>
     <message>
-        <source>The page is printed as it was when it was opened: its file has changed since then.</source>
-        <translation>Die Seite ist so gedruckt, wie sie beim Öffnen war: Ihre Datei hat sich seitdem geändert.</translation>
+        <source>The pad answers again, but strokes may be missing: clear the field and let the signer sign anew.</source>
+        <translation>Das Pad antwortet wieder, doch vielleicht fehlen Striche: das Feld leeren und neu unterschreiben lassen.</translation>
+    </message>
+    <message>
+        <source>The pad answers again. The signer may write on the pad.</source>
+        <translation>Das Pad antwortet wieder. Auf dem Pad kann unterschrieben werden.</translation>
     </message>
 </context>
 <context>
-    <name>signdesk::FingerprintPlacing</name>
+    <name>signdesk::Document</name>
     <message>
-        <source>Fingerprint</source>
-        <translation>Fingerabdruck</translation>
+        <source>Ask for a copy of the document that is not locked.</source>
+        <translation>Bitten Sie um eine Fassung des Dokuments, die nicht gesperrt ist.</translation>
     </message>
     <message>
-        <source>The fingerprint has no room in this field.</source>
-        <translation>Der Fingerabdruck hat in diesem Feld keinen Platz.</translation>
+        <source>Choose another field, or put the signature elsewhere on the page.</source>
+        <translation>Wählen Sie ein anderes Feld oder setzen Sie die Unterschrift an eine andere Stelle der Seite.</translation>
     </message>
     <message>
-        <source>Make the signature&apos;s field larger.</source>
-        <translation>Machen Sie das Feld der Unterschrift größer.</translation>
+        <source>Choose another certificate, or none.</source>
+        <translation>Wählen Sie ein anderes Zertifikat oder keines.</translation>
     </message>
     <message>
-        <source>There is no picture of the fingerprint.</source>
-        <translation>Es gibt kein Bild des Fingerabdrucks.</translation>
+        <source>See that the card is in its reader, and try again.</source>
+        <translation>Sorgen Sie dafür, dass die Karte im Leser steckt, und versuchen Sie es noch einmal.</translation>
     </message>
     <message>
-        <source>See that the computer has memory to spare. Nothing was written; the fingerprint is still here.</source>
-        <translation>Sorgen Sie dafür, dass der Rechner genug Speicher frei hat. Es wurde nichts geschrieben; der Fingerabdruck ist noch da.</translation>
+        <source>The document is signed already, and encrypted or damaged: another signature would break the earlier ones.</source>
+        <translation>Das Dokument ist bereits signiert und verschlüsselt oder beschädigt: Eine weitere Unterschrift würde die früheren zerstören.</translation>
+    </message>
+    <message>
+        <source>The document is certified, and its certification forbids every change.</source>
+        <translation>Das Dokument ist zertifiziert, und die Zertifizierung verbietet jede Änderung.</translation>
+    </message>
+    <message>
+        <source>The document is certified: it may be signed with a certificate, but not with ink alone.</source>
+        <translation>Das Dokument ist zertifiziert: Es darf mit einem Zertifikat unterschrieben werden, aber nicht mit Tinte allein.</translation>
+    </message>
+    <message>
+        <source>Choose a certificate at the right, and sign with it.</source>
+        <translation>Wählen Sie rechts ein Zertifikat und unterschreiben Sie damit.</translation>
+    </message>
+    <message>
+        <source>This field of the form is signed already.</source>
+        <translation>Dieses Feld des Formulars ist bereits unterschrieben.</translation>
+    </message>
+    <message>
+        <source>An earlier signature forbids to sign this field.</source>
+        <translation>Eine frühere Signatur verbietet, dieses Feld zu unterschreiben.</translation>
+    </message>
+    <message>
+        <source>This field of the form is too small for ink.</source>
+        <translation>Dieses Feld des Formulars ist zu klein für Tinte.</translation>
+    </message>
+    <message>
+        <source>The signature&apos;s field does not lie on the page.</source>
+        <translation>Das Feld der Unterschrift liegt nicht auf der Seite.</translation>
+    </message>
+    <message>
+        <source>Move the field onto the page.</source>
+        <translation>Schieben Sie das Feld auf die Seite.</translation>
+    </message>
+    <message>
+        <source>This is not the password.</source>
+        <translation>Das ist nicht das Passwort.</translation>
+    </message>
+    <message>
+        <source>Type it again.</source>
+        <translation>Geben Sie es noch einmal ein.</translation>
+    </message>
+    <message>
+        <source>The card does not take this PIN.</source>
+        <translation>Die Karte nimmt diese PIN nicht an.</translation>
+    </message>
+    <message>
+        <source>Type it again; too many wrong ones lock the card.</source>
+        <translation>Geben Sie sie noch einmal ein; zu viele falsche sperren die Karte.</translation>
+    </message>
+    <message>
+        <source>The file is no certificate with a key.</source>
+        <translation>Die Datei ist kein Zertifikat mit Schlüssel.</translation>
+    </message>
+    <message>
+        <source>Choose a PKCS#12 file; its name mostly ends with .p12 or .pfx.</source>
+        <translation>Wählen Sie eine PKCS#12-Datei; ihr Name endet meist auf .p12 oder .pfx.</translation>
+    </message>
+    <message>
+        <source>There is no key with a certificate in the file.</source>
+        <translation>In der Datei ist kein Schlüssel mit Zertifikat.</translation>
+    </message>
+    <message>
+        <source>The certificate&apos;s file is encrypted in a way that is no longer safe.</source>
+        <translation>Die Datei des Zertifikats ist auf eine Weise verschlüsselt, die nicht mehr sicher ist.</translation>
+    </message>
+    <message>
+        <source>Export it anew from the program that it came from.</source>
+        <translation>Exportieren Sie sie neu aus dem Programm, aus dem sie stammt.</translation>
+    </message>
+    <message>
+        <source>The certificate&apos;s file is not there.</source>
+        <translation>Die Datei des Zertifikats ist nicht da.</translation>
+    </message>
+    <message>
+        <source>There is no such card or token.</source>
+        <translation>Eine solche Karte oder ein solches Token gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>There is no such certificate with a key on the token.</source>
+        <translation>Auf dem Token ist kein solches Zertifikat mit Schlüssel.</translation>
+    </message>
+    <message>
+        <source>There are several such certificates on the token.</source>
+        <translation>Auf dem Token sind mehrere solche Zertifikate.</translation>
+    </message>
+    <message>
+        <source>Say which with object= or id= in its address.</source>
+        <translation>Sagen Sie mit object= oder id= in der Adresse, welches.</translation>
+    </message>
+    <message>
+        <source>The token&apos;s address holds a PIN, where everyone can read it.</source>
+        <translation>In der Adresse des Tokens steht eine PIN, wo jeder sie lesen kann.</translation>
+    </message>
+    <message>
+        <source>Leave it out; the desk asks for the PIN.</source>
+        <translation>Lassen Sie sie weg; das Programm fragt nach der PIN.</translation>
+    </message>
+    <message>
+        <source>The module for the token cannot be loaded.</source>
+        <translation>Das Modul für das Token kann nicht geladen werden.</translation>
+    </message>
+    <message>
+        <source>Have the token&apos;s software installed, and its path put into the address.</source>
+        <translation>Lassen Sie die Software des Tokens installieren und ihren Pfad in die Adresse setzen.</translation>
+    </message>
+    <message>
+        <source>The certificate has expired.</source>
+        <translation>Das Zertifikat ist abgelaufen.</translation>
+    </message>
+    <message>
+        <source>The certificate is not valid yet.</source>
+        <translation>Das Zertifikat ist noch nicht gültig.</translation>
+    </message>
+    <message>
+        <source>The certificate is not meant for signatures.</source>
+        <translation>Das Zertifikat ist nicht für Signaturen bestimmt.</translation>
+    </message>
+    <message>
+        <source>The certificate&apos;s key is of a kind that cannot sign a PDF.</source>
+        <translation>Der Schlüssel des Zertifikats ist von einer Art, die kein PDF signieren kann.</translation>
+    </message>
+    <message>
+        <source>The key or its token refused to sign.</source>
+        <translation>Der Schlüssel oder sein Token hat die Signatur verweigert.</translation>
+    </message>
+    <message>
+        <source>The document needs more memory than there is.</source>
+        <translation>Das Dokument braucht mehr Speicher, als da ist.</translation>
+    </message>
+    <message>
+        <source>Close other programs, and try again. The signature is still here.</source>
+        <translation>Schließen Sie andere Programme und versuchen Sie es noch einmal. Die Unterschrift ist noch da.</translation>
+    </message>
+    <message>
+        <source>The document is protected by another password.</source>
+        <translation>Das Dokument ist durch ein anderes Passwort geschützt.</translation>
+    </message>
+    <message>
+        <source>Open it anew with its password.</source>
+        <translation>Öffnen Sie es neu mit seinem Passwort.</translation>
+    </message>
+    <message>
+        <source>The document cannot be signed: %1</source>
+        <translation>Das Dokument kann nicht unterschrieben werden: %1</translation>
+    </message>
+    <message>
+        <source>Have it made anew where it comes from, or print it. The signature is still here.</source>
+        <translation>Lassen Sie es dort neu erstellen, wo es herkommt, oder drucken Sie es. Die Unterschrift ist noch da.</translation>
+    </message>
+    <message>
+        <source>The document does not allow it: %1</source>
+        <translation>Das Dokument lässt es nicht zu: %1</translation>
+    </message>
+    <message>
+        <source>The certificate cannot be used: %1</source>
+        <translation>Das Zertifikat kann nicht verwendet werden: %1</translation>
+    </message>
+    <message>
+        <source>Signature, %1</source>
+        <translation>Unterschrift, %1</translation>
+    </message>
+    <message>
+        <source>Signature of %1, %2</source>
+        <translation>Unterschrift von %1, %2</translation>
+    </message>
+    <message>
+        <source>The signed document did not come out whole.</source>
+        <translation>Das unterschriebene Dokument ist nicht vollständig entstanden.</translation>
+    </message>
+    <message>
+        <source>Nothing was written, and the signature is still here. Export the signature, and sign another copy of the document.</source>
+        <translation>Es wurde nichts geschrieben, und die Unterschrift ist noch da. Exportieren Sie die Unterschrift und unterschreiben Sie eine andere Fassung des Dokuments.</translation>
+    </message>
+</context>
+<context>
+    <name>signdesk::InkView</name>
+    <message>
+        <source>Signature</source>
+        <translation>Unterschrift</translation>
+    </message>
+    <message>
+        <source>Grows while the signer writes on the pad</source>
+        <translation>Wächst, während auf dem Pad geschrieben wird</translation>
     </message>
 </context>
 <context>
@@ -407,12 +713,20 @@
         <translation>Wo der Treiber libkvsignpaddrv.so des Pads liegt, oder simulator für den installierten Simulator; sonst hier.</translation>
     </message>
     <message>
+        <source>Use the driver although others could have put another one in its place.</source>
+        <translation>Den Treiber verwenden, obwohl andere ihn ausgetauscht haben könnten.</translation>
+    </message>
+    <message>
         <source>Start signing, and when the signer has confirmed, write a picture of the window and end.</source>
         <translation>Beginnen, nach dem Bestätigen ein Bild des Fensters schreiben und enden.</translation>
     </message>
     <message>
         <source>The PDF or picture to be signed.</source>
         <translation>Das PDF oder Bild, das unterschrieben wird.</translation>
+    </message>
+    <message>
+        <source>there is no screen for a window: see that QT_QPA_PLATFORM and DISPLAY are right, or not set</source>
+        <translation>es gibt keinen Bildschirm für ein Fenster: QT_QPA_PLATFORM und DISPLAY müssen stimmen oder dürfen nicht gesetzt sein</translation>
     </message>
     <message>
         <source>the pad simulator is not installed: apt-get install kvsignpad-simulator</source>
@@ -430,20 +744,12 @@
         <source>one page at a time</source>
         <translation>eine Seite auf einmal</translation>
     </message>
-    <message>
-        <source>Use the driver although others could have put another one in its place.</source>
-        <translation>Den Treiber verwenden, obwohl andere ihn ausgetauscht haben könnten.</translation>
-    </message>
-    <message>
-        <source>there is no screen for a window: see that QT_QPA_PLATFORM and DISPLAY are right, or not set</source>
-        <translation>es gibt keinen Bildschirm für ein Fenster: QT_QPA_PLATFORM und DISPLAY müssen stimmen oder dürfen nicht gesetzt sein</translation>
-    </message>
 </context>
 <context>
     <name>signdesk::OutputPanel</name>
     <message>
-        <source>Result</source>
-        <translation>Ergebnis</translation>
+        <source>Signature alone</source>
+        <translation>Unterschrift allein</translation>
     </message>
     <message>
         <source>Cut exports to the in&amp;k</source>
@@ -466,24 +772,20 @@
         <translation>Einer exportierten Unterschrift, in Punkten je Zoll</translation>
     </message>
     <message>
-        <source>Sa&amp;ve page...</source>
-        <translation>S&amp;peichern...</translation>
-    </message>
-    <message>
-        <source>P&amp;rint...</source>
-        <translation>Druc&amp;ken...</translation>
-    </message>
-    <message>
         <source>E&amp;xport signature...</source>
         <translation>Unterschrift e&amp;xportieren...</translation>
     </message>
     <message>
-        <source>Resol&amp;ution</source>
-        <translation>Auflö&amp;sung</translation>
+        <source>&amp;Quality</source>
+        <translation>&amp;Qualität</translation>
     </message>
 </context>
 <context>
     <name>signdesk::PadPanel</name>
+    <message>
+        <source>The pad does not answer</source>
+        <translation>Das Pad antwortet nicht</translation>
+    </message>
     <message>
         <source>No pad in use</source>
         <translation>Kein Pad in Gebrauch</translation>
@@ -517,12 +819,12 @@
         <translation>&amp;Modell</translation>
     </message>
     <message>
-        <source>&amp;Confirm</source>
-        <translation>Bestäti&amp;gen</translation>
-    </message>
-    <message>
         <source>S&amp;tart signing</source>
         <translation>Un&amp;terschrift beginnen</translation>
+    </message>
+    <message>
+        <source>&amp;Confirm</source>
+        <translation>Best&amp;ätigen</translation>
     </message>
     <message>
         <source>C&amp;lear</source>
@@ -531,10 +833,6 @@
     <message>
         <source>Ca&amp;ncel</source>
         <translation>Abbre&amp;chen</translation>
-    </message>
-    <message>
-        <source>The pad does not answer</source>
-        <translation>Das Pad antwortet nicht</translation>
     </message>
 </context>
 <context>
@@ -586,6 +884,22 @@
 <context>
     <name>signdesk::Pages</name>
     <message>
+        <source>there is no such file.</source>
+        <translation>es gibt keine solche Datei.</translation>
+    </message>
+    <message>
+        <source>it is no file.</source>
+        <translation>das ist keine Datei.</translation>
+    </message>
+    <message>
+        <source>you may not read it.</source>
+        <translation>Sie dürfen sie nicht lesen.</translation>
+    </message>
+    <message>
+        <source>it is too large.</source>
+        <translation>sie ist zu groß.</translation>
+    </message>
+    <message>
         <source>%1 cannot be opened: %2</source>
         <translation>%1 lässt sich nicht öffnen: %2</translation>
     </message>
@@ -594,44 +908,47 @@
         <translation>Wählen Sie eine andere Datei; die bisherige Seite ist noch da.</translation>
     </message>
     <message>
-        <source>it is a damaged PDF.</source>
-        <translation>das PDF ist beschädigt.</translation>
-    </message>
-    <message>
-        <source>it is protected by a password.</source>
-        <translation>sie ist durch ein Passwort geschützt.</translation>
-    </message>
-    <message>
-        <source>it has no page.</source>
-        <translation>sie hat keine Seite.</translation>
-    </message>
-    <message>
-        <source>there is no such file.</source>
-        <translation>es gibt keine solche Datei.</translation>
-    </message>
-    <message>
-        <source>you may not read it.</source>
-        <translation>Sie dürfen sie nicht lesen.</translation>
-    </message>
-    <message>
-        <source>it is neither a PDF nor a picture.</source>
-        <translation>sie ist weder ein PDF noch ein Bild.</translation>
-    </message>
-    <message>
-        <source>it is no file.</source>
-        <translation>das ist keine Datei.</translation>
-    </message>
-    <message>
-        <source>it is too large.</source>
-        <translation>sie ist zu groß.</translation>
-    </message>
-    <message>
         <source>it has more pixels than there is memory for.</source>
         <translation>das Bild hat mehr Pixel, als der Speicher fasst.</translation>
     </message>
     <message>
         <source>it is a JPEG of too many scans.</source>
         <translation>das JPEG besteht aus zu vielen Durchgängen.</translation>
+    </message>
+    <message>
+        <source>it is neither a PDF nor a picture.</source>
+        <translation>sie ist weder ein PDF noch ein Bild.</translation>
+    </message>
+    <message>
+        <source>The page cannot be made into a PDF.</source>
+        <translation>Aus der Seite kann kein PDF gemacht werden.</translation>
+    </message>
+    <message>
+        <source>See that the computer has memory to spare. The signature is still here.</source>
+        <translation>Sorgen Sie dafür, dass der Rechner genug Speicher frei hat. Die Unterschrift ist noch da.</translation>
+    </message>
+    <message>
+        <source>it is a damaged PDF.</source>
+        <translation>das PDF ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>it has no page.</source>
+        <translation>sie hat keine Seite.</translation>
+    </message>
+</context>
+<context>
+    <name>signdesk::PasswordDialog</name>
+    <message>
+        <source>&amp;Password or PIN</source>
+        <translation>&amp;Passwort oder PIN</translation>
+    </message>
+    <message>
+        <source>&amp;OK</source>
+        <translation>&amp;OK</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Abbrechen</translation>
     </message>
 </context>
 <context>
@@ -649,8 +966,8 @@
         <translation>Von 1, fein, bis 10, breit; für alles, was ab jetzt geschrieben wird</translation>
     </message>
     <message>
-        <source>For what is written from now on</source>
-        <translation>Für alles, was ab jetzt geschrieben wird</translation>
+        <source>Of the whole signature: it is chosen before anything is written</source>
+        <translation>Der ganzen Unterschrift: Sie wird gewählt, bevor etwas geschrieben ist</translation>
     </message>
     <message>
         <source>Off: all strokes are equally broad</source>
@@ -681,7 +998,7 @@
         <translation>Andere...</translation>
     </message>
     <message>
-        <source>Wi&amp;dth</source>
+        <source>W&amp;idth</source>
         <translation>B&amp;reite</translation>
     </message>
     <message>
@@ -698,6 +1015,14 @@
     <message>
         <source>Place of the signature</source>
         <translation>Ort der Unterschrift</translation>
+    </message>
+    <message>
+        <source>The field of the document&apos;s form that the signature fills</source>
+        <translation>Das Feld im Formular des Dokuments, das die Unterschrift füllt</translation>
+    </message>
+    <message>
+        <source>Empt&amp;y field</source>
+        <translation>&amp;Wohin</translation>
     </message>
     <message>
         <source>P&amp;age</source>
@@ -748,6 +1073,10 @@
         <translation>Fingera&amp;bdruck</translation>
     </message>
     <message>
+        <source>The page that is to bear the signature</source>
+        <translation>Die Seite, auf die die Unterschrift kommt</translation>
+    </message>
+    <message>
         <source> mm</source>
         <translation> mm</translation>
     </message>
@@ -756,8 +1085,27 @@
         <translation>von %1</translation>
     </message>
     <message>
-        <source>The page that is to bear the signature</source>
-        <translation>Die Seite, auf die die Unterschrift kommt</translation>
+        <source>None: a free place</source>
+        <translation>Freie Stelle</translation>
+    </message>
+</context>
+<context>
+    <name>signdesk::ResultPanel</name>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Sa&amp;ve page...</source>
+        <translation>S&amp;peichern...</translation>
+    </message>
+    <message>
+        <source>P&amp;rint...</source>
+        <translation>Druc&amp;ken...</translation>
+    </message>
+    <message>
+        <source>&amp;Done, next customer</source>
+        <translation>Fertig, näch&amp;ster Kunde</translation>
     </message>
 </context>
 <context>
@@ -792,15 +1140,97 @@
     </message>
 </context>
 <context>
+    <name>signdesk::SignatoryDialog</name>
+    <message>
+        <source>The key of %1 is protected by a password.</source>
+        <translation>Der Schlüssel von %1 ist durch ein Passwort geschützt.</translation>
+    </message>
+    <message>
+        <source>Digital signature</source>
+        <translation>Digitale Signatur</translation>
+    </message>
+    <message>
+        <source>With a certificate each signature on the page is a digital one too: it says whose certificate signed, and shows whether the document was changed afterwards.</source>
+        <translation>Mit einem Zertifikat ist jede Unterschrift auf der Seite auch eine digitale: Sie sagt, wessen Zertifikat signiert hat, und zeigt, ob das Dokument danach geändert wurde.</translation>
+    </message>
+    <message>
+        <source>file.p12 or pkcs11:token=...</source>
+        <translation>datei.p12 oder pkcs11:token=...</translation>
+    </message>
+    <message>
+        <source>A PKCS#12 file, or a token&apos;s address that begins with pkcs11:</source>
+        <translation>Eine PKCS#12-Datei oder die Adresse eines Tokens, die mit pkcs11: beginnt</translation>
+    </message>
+    <message>
+        <source>&amp;Browse...</source>
+        <translation>&amp;Durchsuchen...</translation>
+    </message>
+    <message>
+        <source>&amp;Certificate</source>
+        <translation>&amp;Zertifikat</translation>
+    </message>
+    <message>
+        <source>&amp;Reason</source>
+        <translation>&amp;Grund</translation>
+    </message>
+    <message>
+        <source>&amp;Place</source>
+        <translation>&amp;Ort</translation>
+    </message>
+    <message>
+        <source>&amp;Use certificate</source>
+        <translation>Zertifikat &amp;verwenden</translation>
+    </message>
+    <message>
+        <source>&amp;Ink alone</source>
+        <translation>Nur &amp;Tinte</translation>
+    </message>
+    <message>
+        <source>C&amp;ancel</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message>
+        <source>Certificate</source>
+        <translation>Zertifikat</translation>
+    </message>
+    <message>
+        <source>Certificates with their keys (*.p12 *.pfx)</source>
+        <translation>Zertifikate mit Schlüssel (*.p12 *.pfx)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>No certificate is chosen.</source>
+        <translation>Es ist kein Zertifikat gewählt.</translation>
+    </message>
+    <message>
+        <source>Choose its file, type a token&apos;s address, or sign with ink alone.</source>
+        <translation>Wählen Sie seine Datei, geben Sie die Adresse eines Tokens ein oder unterschreiben Sie nur mit Tinte.</translation>
+    </message>
+</context>
+<context>
+    <name>signdesk::SignatoryPanel</name>
+    <message>
+        <source>Certificate</source>
+        <translation>Zertifikat</translation>
+    </message>
+    <message>
+        <source>Digital signat&amp;ure...</source>
+        <translation>Di&amp;gitale Signatur...</translation>
+    </message>
+    <message>
+        <source>None: ink alone</source>
+        <translation>Keines: nur Tinte</translation>
+    </message>
+    <message>
+        <source>Signed as %1</source>
+        <translation>Signiert als %1</translation>
+    </message>
+</context>
+<context>
     <name>signdesk::SignatureOutput</name>
-    <message>
-        <source>%1: a signature is not written in this format.</source>
-        <translation>%1: In diesem Format wird keine Unterschrift geschrieben.</translation>
-    </message>
-    <message>
-        <source>Let the name end with .png, .svg, .pdf, .jpg or .bmp.</source>
-        <translation>Lassen Sie den Namen auf .png, .svg, .pdf, .jpg oder .bmp enden.</translation>
-    </message>
     <message>
         <source>There is no whole picture of the signature.</source>
         <translation>Es gibt kein vollständiges Bild der Unterschrift.</translation>
@@ -809,16 +1239,24 @@
         <source>See that something is written in the field, and that the computer has memory to spare. Nothing was written; the signature is still here.</source>
         <translation>Sorgen Sie dafür, dass im Feld etwas geschrieben steht und der Rechner genug Speicher frei hat. Es wurde nichts gespeichert; die Unterschrift ist noch da.</translation>
     </message>
+    <message>
+        <source>%1: a signature is not written in this format.</source>
+        <translation>%1: In diesem Format wird keine Unterschrift geschrieben.</translation>
+    </message>
+    <message>
+        <source>Let the name end with .png, .svg, .pdf, .jpg or .bmp.</source>
+        <translation>Lassen Sie den Namen auf .png, .svg, .pdf, .jpg oder .bmp enden.</translation>
+    </message>
 </context>
 <context>
     <name>signdesk::SignedDocument</name>
     <message>
-        <source>%1: a signed page is not written in this format.</source>
-        <translation>%1: In diesem Format wird keine unterschriebene Seite geschrieben.</translation>
+        <source>The printer does not take the page.</source>
+        <translation>Der Drucker nimmt die Seite nicht an.</translation>
     </message>
     <message>
-        <source>Let the name end with .pdf or .png.</source>
-        <translation>Lassen Sie den Namen auf .pdf oder .png enden.</translation>
+        <source>See that it is switched on and has paper, or print into a file. The signature is still here.</source>
+        <translation>Ist er eingeschaltet, und hat er Papier? Oder drucken Sie in eine Datei. Die Unterschrift ist noch da.</translation>
     </message>
     <message>
         <source>Page %1 cannot be drawn.</source>
@@ -829,20 +1267,12 @@
         <translation>Öffnen Sie die Datei neu. Die Unterschrift selbst lässt sich noch exportieren.</translation>
     </message>
     <message>
-        <source>The printer does not take the page.</source>
-        <translation>Der Drucker nimmt die Seite nicht an.</translation>
+        <source>%1: a signed page is not written in this format.</source>
+        <translation>%1: In diesem Format wird keine unterschriebene Seite geschrieben.</translation>
     </message>
     <message>
-        <source>See that it is switched on and has paper, or print into a file. The signature is still here.</source>
-        <translation>Ist er eingeschaltet, und hat er Papier? Oder drucken Sie in eine Datei. Die Unterschrift ist noch da.</translation>
-    </message>
-    <message>
-        <source>The signature cannot be drawn.</source>
-        <translation>Die Unterschrift lässt sich nicht zeichnen.</translation>
-    </message>
-    <message>
-        <source>See that the computer has memory to spare. The signature is still here.</source>
-        <translation>Sorgen Sie dafür, dass der Rechner genug Speicher frei hat. Die Unterschrift ist noch da.</translation>
+        <source>Let the name end with .pdf or .png.</source>
+        <translation>Lassen Sie den Namen auf .pdf oder .png enden.</translation>
     </message>
     <message>
         <source>There is no room to print: the disk with the temporary files is full.</source>
@@ -856,12 +1286,143 @@
         <source>The page could not be printed whole.</source>
         <translation>Die Seite konnte nicht vollständig gedruckt werden.</translation>
     </message>
+    <message>
+        <source>See that the computer has memory to spare. The signature is still here.</source>
+        <translation>Sorgen Sie dafür, dass der Rechner genug Speicher frei hat. Die Unterschrift ist noch da.</translation>
+    </message>
 </context>
 <context>
     <name>signdesk::Trouble</name>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>signdesk::VerifyDialog</name>
+    <message>
+        <source>Nobody knows</source>
+        <translation>Unbekannt</translation>
+    </message>
+    <message>
+        <source>%1, on page %2</source>
+        <translation>%1, auf Seite %2</translation>
+    </message>
+    <message>
+        <source>%1, by a time stamp</source>
+        <translation>%1, laut Zeitstempel</translation>
+    </message>
+    <message>
+        <source>%1, by the signer&apos;s clock</source>
+        <translation>%1, laut Uhr des Signierenden</translation>
+    </message>
+    <message>
+        <source>Not said</source>
+        <translation>Keine Angabe</translation>
+    </message>
+    <message>
+        <source>What was signed was changed, or cannot be read</source>
+        <translation>Das Signierte wurde geändert oder ist nicht lesbar</translation>
+    </message>
+    <message>
+        <source>Yes, and that is not allowed</source>
+        <translation>Ja, und das ist nicht erlaubt</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+    <message>
+        <source>Only what is allowed was added</source>
+        <translation>Nur Erlaubtes kam hinzu</translation>
+    </message>
+    <message>
+        <source>Trusted, issued by %1</source>
+        <translation>Vertrauenswürdig, ausgestellt von %1</translation>
+    </message>
+    <message>
+        <source>Not trusted: nobody but its owner vouches for it</source>
+        <translation>Nicht vertrauenswürdig: Nur der Inhaber selbst bürgt dafür</translation>
+    </message>
+    <message>
+        <source>Not trusted: its issuer is not known here</source>
+        <translation>Nicht vertrauenswürdig: Der Aussteller ist hier unbekannt</translation>
+    </message>
+    <message>
+        <source>Expired, and no time stamp says that it was valid</source>
+        <translation>Abgelaufen, und kein Zeitstempel sagt, dass es gültig war</translation>
+    </message>
+    <message>
+        <source>Not meant for signatures</source>
+        <translation>Nicht für Signaturen bestimmt</translation>
+    </message>
+    <message>
+        <source>The whole file</source>
+        <translation>Die ganze Datei</translation>
+    </message>
+    <message>
+        <source>An earlier revision</source>
+        <translation>Eine frühere Fassung</translation>
+    </message>
+    <message>
+        <source>Valid</source>
+        <translation>Gültig</translation>
+    </message>
+    <message>
+        <source>Not valid: made in a way that is too weak</source>
+        <translation>Ungültig: auf zu schwache Weise gemacht</translation>
+    </message>
+    <message>
+        <source>Not valid</source>
+        <translation>Ungültig</translation>
+    </message>
+    <message>
+        <source>There is no digital signature in this document.</source>
+        <translation>In diesem Dokument ist keine digitale Signatur.</translation>
+    </message>
+    <message>
+        <source>All digital signatures of this document are valid.</source>
+        <translation>Alle digitalen Signaturen dieses Dokuments sind gültig.</translation>
+    </message>
+    <message>
+        <source>Not all digital signatures of this document are valid: see the last column.</source>
+        <translation>Nicht alle digitalen Signaturen dieses Dokuments sind gültig: siehe die letzte Spalte.</translation>
+    </message>
+    <message>
+        <source>Digital signatures of %1</source>
+        <translation>Digitale Signaturen von %1</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>Signer</source>
+        <translation>Wer</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>Wann</translation>
+    </message>
+    <message>
+        <source>Covers</source>
+        <translation>Umfasst</translation>
+    </message>
+    <message>
+        <source>Changed since</source>
+        <translation>Seither geändert</translation>
+    </message>
+    <message>
+        <source>Certificate</source>
+        <translation>Zertifikat</translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation>Urteil</translation>
+    </message>
+    <message>
+        <source>Digital signatures</source>
+        <translation>Digitale Signaturen</translation>
     </message>
 </context>
 </TS>

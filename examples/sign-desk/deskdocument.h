@@ -1,0 +1,69 @@
+/// @file
+/// The document on the desk: as it was opened, and with the signatures that were added since. No widgets.
+#ifndef DESKDOCUMENT_H
+#define DESKDOCUMENT_H
+
+#include "pages.h"
+#include "signingwork.h"
+
+#include <vector>
+
+namespace signdesk {
+
+class DeskDocument
+{
+public:
+    explicit DeskDocument(std::unique_ptr<Pages> opened);
+
+    /// With the signatures that were added.
+    const Pages &pages() const { return m_signed == nullptr ? *m_opened : *m_signed; }
+    const Pages &opened() const { return *m_opened; }
+
+    /// The same as a PDF. Throws a Trouble when a picture cannot be made into one.
+    const DocumentBytes &bytes() const;
+
+    /// Without the form's fields that were signed here, with a certificate or not. Throws a Trouble.
+    const DocumentFacts &facts() const;
+
+    /// Whether with() has the answer already; and the answer, from wherever it was worked out.
+    bool knows(const SignatureWish &wish) const;
+    void learn(const SignatureWish &wish, const SignedBytes &outcome);
+
+    /// The document with this signature too; asked again for the same one, it answers the same bytes. Throws a Trouble.
+    const SignedBytes &with(const SignatureWish &wish);
+
+    /// From now on the signature is a part of the document. Throws a Trouble.
+    void add(const SignatureWish &wish);
+
+    int added() const { return static_cast<int>(m_steps.size()); }
+
+    /// Takes the last added signature away.
+    void undo();
+
+    /// As it was opened.
+    void reset();
+
+private:
+    /// What was there before a signature was added.
+    struct Step
+    {
+        qint64 size;
+        QByteArray rewritten; ///< all of it, where it was not only appended to
+        QString formField; ///< that the signature lies in
+    };
+
+    void setContent(const QByteArray &content);
+    void forget();
+
+    std::unique_ptr<Pages> m_opened;
+    std::unique_ptr<Pages> m_signed; ///< null: as it was opened
+    mutable DocumentBytes m_bytes; ///< empty until they are asked for
+    mutable std::unique_ptr<DocumentFacts> m_facts;
+    std::vector<Step> m_steps;
+    SignatureWish m_wish; ///< that m_outcome has
+    SignedBytes m_outcome;
+};
+
+} // namespace signdesk
+
+#endif
