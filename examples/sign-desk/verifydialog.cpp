@@ -59,6 +59,8 @@ QString trustOf(const SignatureReport &report)
         return VerifyWords::tr("Not trusted: its issuer is not known here");
     case Trust::Expired:
         return VerifyWords::tr("Expired, and no time stamp says that it was valid");
+    case Trust::Revoked:
+        return VerifyWords::tr("Revoked by its issuer");
     case Trust::NotForSigning:
         return VerifyWords::tr("Not meant for signatures");
     }

@@ -1424,5 +1424,9 @@
         <source>Digital signatures</source>
         <translation>Digitale Signaturen</translation>
     </message>
+    <message>
+        <source>Revoked by its issuer</source>
+        <translation>Vom Aussteller widerrufen</translation>
+    </message>
 </context>
 </TS>
