@@ -1,7 +1,5 @@
 #include "counter.h"
 
-#include "trouble.h"
-
 namespace signdesk {
 
 namespace {

@@ -2,19 +2,14 @@
 
 #include "modelrules.h"
 #include "sidepanel.h"
-#include "signfield.h"
-#include "trouble.h"
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QMessageBox>
 #include <QScreen>
 #include <QStatusBar>
 #include <QVBoxLayout>
-
-#include <optional>
 
 namespace signdesk {
 

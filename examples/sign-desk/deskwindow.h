@@ -58,6 +58,7 @@ private:
     void offerFields();
     void placeField();
     void placeNextField();
+    void rememberPlace();
     void lookAtInk();
     bool mayStart();
     void clear();

@@ -84,6 +84,15 @@ void DeskWindow::placeField()
     m_view->showField();
 }
 
+/// Of the first signature, where the next customer's goes too.
+void DeskWindow::rememberPlace()
+{
+    if (m_counter.document().added() > 0)
+        return;
+    const SignaturePlace &place = m_counter.place();
+    m_settings.rememberPlace(m_counter.document().opened().identity(), {place.page, place.field, place.formField});
+}
+
 /// For another signature on the document: the form's next empty field, or beside the one before.
 void DeskWindow::placeNextField()
 {
@@ -154,6 +163,7 @@ void DeskWindow::savePage()
     if (path.isEmpty())
         return;
     m_counter.keep();
+    rememberPlace();
     m_settings.addRecentDocument(path);
     m_actions.showRecent(m_settings.recentDocuments());
     m_status->note(m_counter.document().opened().isOutdated()

@@ -1,6 +1,5 @@
 // The window while somebody signs: from the pad's opening to the next customer.
 #include "deskwindow.h"
-#include "trouble.h"
 
 namespace signdesk {
 
@@ -32,8 +31,7 @@ void DeskWindow::start()
     }
     if (!mayStart())
         return;
-    m_settings.rememberPlace(m_counter.document().opened().identity(),
-        {m_counter.place().page, m_counter.place().field, m_counter.place().formField});
+    rememberPlace();
     if (!m_files.attempt([this] { m_counter.start(m_padPanel->model(), m_penPanel->pen()); })) {
         m_counter.stop();
         return;

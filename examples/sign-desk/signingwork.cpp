@@ -12,6 +12,8 @@
 #include <QCoreApplication>
 #include <QLocale>
 
+#include <algorithm>
+
 namespace signdesk {
 
 namespace {
