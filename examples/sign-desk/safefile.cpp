@@ -45,7 +45,7 @@ bool writeAll(QSaveFile &file, const QByteArray &content, const ShowBytes &show)
             return false;
     }
     show(content.size(), content.size());
-    return true;
+    return file.flush(); // commit() does not notice when the last bytes find no room
 }
 
 /// Whether the file has exactly this content.
