@@ -12,6 +12,7 @@
 #include <openssl/ts.h>
 #include <openssl/x509.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace documents {
@@ -50,6 +51,17 @@ BioOwner bioOf(const QByteArray &bytes);
 
 /// What was written to a memory BIO.
 QByteArray contentOf(BIO *bio);
+
+/// An object's DER, made by its i2d function; empty when that fails.
+template <class Object>
+QByteArray derOf(const Object *object, int (*encode)(const Object *, unsigned char **))
+{
+    unsigned char *bytes = nullptr;
+    const int size = encode(object, &bytes);
+    const QByteArray der(reinterpret_cast<char *>(bytes), std::max(size, 0));
+    OPENSSL_free(bytes);
+    return der;
+}
 
 /// The common name, else the organisation, else all of it.
 QString nameOf(const X509_NAME *name);

@@ -74,15 +74,6 @@ KeyOwner keyIn(const QString &path, const AskPassword &ask)
     return key;
 }
 
-QByteArray encoded(CMS_ContentInfo *message)
-{
-    unsigned char *bytes = nullptr;
-    const int size = i2d_CMS_ContentInfo(message, &bytes);
-    const QByteArray result(reinterpret_cast<char *>(bytes), std::max(size, 0));
-    OPENSSL_free(bytes);
-    return result;
-}
-
 } // namespace
 
 QByteArray sealFor(const QString &certificateFile, const QByteArray &content)
@@ -101,7 +92,7 @@ QByteArray sealFor(const QString &certificateFile, const QByteArray &content)
     if (!isDone)
         throw Problem{Problem::Kind::Key,
             QString("%1: nothing can be sealed for this certificate (%2)").arg(certificateFile, reason)};
-    return encoded(message.get());
+    return derOf(message.get(), i2d_CMS_ContentInfo);
 }
 
 QByteArray unseal(const QByteArray &sealed, const QString &keyFile, const AskPassword &ask)

@@ -32,11 +32,9 @@ std::string attributesOf(const CMS_SignerInfo *signer)
 {
     std::vector<std::string> attributes;
     for (int i = 0; i < CMS_signed_get_attr_count(signer); ++i) {
-        unsigned char *bytes = nullptr;
-        const int size = i2d_X509_ATTRIBUTE(CMS_signed_get_attr(signer, i), &bytes);
-        need(size > 0, "its attributes");
-        attributes.emplace_back(reinterpret_cast<char *>(bytes), static_cast<size_t>(size));
-        OPENSSL_free(bytes);
+        const QByteArray der = derOf(CMS_signed_get_attr(signer, i), i2d_X509_ATTRIBUTE);
+        need(!der.isEmpty(), "its attributes");
+        attributes.push_back(der.toStdString());
     }
     std::sort(attributes.begin(), attributes.end());
     std::string all;
@@ -74,20 +72,9 @@ void addTimestamp(CMS_SignerInfo *signer, const QString &url, const std::functio
         "the time stamp cannot be added");
 }
 
-QByteArray encoded(CMS_ContentInfo *message)
-{
-    unsigned char *bytes = nullptr;
-    const int size = i2d_CMS_ContentInfo(message, &bytes);
-    need(size > 0, "it cannot be encoded");
-    const QByteArray result(reinterpret_cast<char *>(bytes), size);
-    OPENSSL_free(bytes);
-    return result;
-}
-
 } // namespace
 
-// CMS_final() would add a signing-time, which PAdES baseline forbids. Completes and signs the attributes itself
-// instead.
+// Not with CMS_final(), which would add a signing-time, and PAdES baseline forbids that.
 QByteArray signedMessage(const SigningKey &key, const QByteArray &digest, const QString &timestampUrl,
     const std::function<void()> &whileWaiting)
 {
@@ -109,7 +96,9 @@ QByteArray signedMessage(const SigningKey &key, const QByteArray &digest, const 
     if (!timestampUrl.isEmpty())
         addTimestamp(signer, timestampUrl, whileWaiting);
     opensslReason();
-    return encoded(message.get());
+    const QByteArray der = derOf(message.get(), i2d_CMS_ContentInfo);
+    need(!der.isEmpty(), "it cannot be encoded");
+    return der;
 }
 
 int roomFor(const SigningKey &key, const QString &timestampUrl)

@@ -181,15 +181,6 @@ BioOwner answerOf(const Address &address, BIO *request, const std::function<void
     return BioOwner(answer);
 }
 
-QByteArray encoded(PKCS7 *token)
-{
-    unsigned char *bytes = nullptr;
-    const int size = i2d_PKCS7(token, &bytes);
-    const QByteArray result(reinterpret_cast<char *>(bytes), std::max(size, 0));
-    OPENSSL_free(bytes);
-    return result;
-}
-
 bool isSignedByItsCertificate(PKCS7 *token)
 {
     const BioOwner content(BIO_new(BIO_s_mem()));
@@ -243,7 +234,7 @@ QByteArray fetchTimestamp(const QString &url, const QByteArray &bytes, const std
         throw serverProblem(url, "refuses, or gives another time stamp than was asked for");
     if (!isSignedByItsCertificate(TS_RESP_get_token(response.get())))
         throw serverProblem(url, "gives a time stamp that is not signed right");
-    return encoded(TS_RESP_get_token(response.get()));
+    return derOf(TS_RESP_get_token(response.get()), i2d_PKCS7);
 }
 
 TimestampReport checkTimestamp(
