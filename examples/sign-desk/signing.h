@@ -1,6 +1,6 @@
 /// @file
-/// How far the signature is: from the pad's opening to the signer's confirmation, and until it is kept somewhere. The
-/// window shows these states and hands on what the clerk does; it decides nothing of them.
+/// The state of the signature, from the opening of the pad to the confirmation and until it is kept somewhere. All
+/// decisions about it are made here: the window shows the state and passes on what the clerk does.
 #ifndef SIGNING_H
 #define SIGNING_H
 
@@ -30,10 +30,10 @@ public:
     SigningState state() const { return m_state; }
     bool hasSignature() const { return m_state > SigningState::Waiting; }
 
-    /// Nothing is confirmed that was not saved, exported or printed.
+    /// Whether all that was confirmed has been saved, exported or printed.
     bool isKept() const { return m_isKept; }
 
-    /// Something is written, confirmed or not, that is nowhere but on the screen.
+    /// Whether something written, confirmed or not, is only on the screen yet.
     bool isUnsaved() const { return hasSignature() && (!m_isKept || m_state != SigningState::Confirmed); }
 
     /// What is confirmed was saved, exported or printed.
