@@ -10,8 +10,8 @@ namespace pixelformats {
 
 namespace {
 
-// QImage::convertToFormat() uses a thread for each whole 64 kB, but never more threads than rows. A single row, or fewer
-// than 128 kB, it converts in the calling thread.
+// QImage::convertToFormat() uses a thread for each whole 64 kB, but never more threads than rows. A single row, or
+// fewer than 128 kB, it converts in the calling thread.
 constexpr int kPieceBytes = (1 << 16) - 1;
 
 QImage rowsOf(const QImage &image, int first, int count)
