@@ -104,6 +104,7 @@ TEST_F(ReplacedFiles, HoldAllThatWasWrittenInPiecesOfAnySize)
         expected += piece;
     }
     EXPECT_TRUE(file.commit());
+    EXPECT_FALSE(file.isOpen()) << "it takes no more";
     EXPECT_EQ(contents(), expected);
     EXPECT_EQ(files(), 1u);
 }
@@ -177,6 +178,44 @@ TEST_F(ReplacedFiles, WriteALinkSpecialFilesAndFilesOfSeveralNamesInPlace)
     ASSERT_EQ(::symlink("/dev/null", name("null").c_str()), 0);
     EXPECT_TRUE(replace("null"));
     EXPECT_EQ(files(), 7u);
+}
+
+// As where something cleans the folder up, or where the file is mounted by itself into a container.
+TEST_F(ReplacedFiles, AreCopiedWhereTheyCannotBeRenamed)
+{
+    makeEarlier(0640);
+    const ino_t before = status().st_ino;
+    ReplacedFile file(path());
+    ASSERT_EQ(file.write(kLater), kLater.size());
+    ASSERT_EQ(file.write("end"), 3);
+    for (const auto &entry : std::filesystem::directory_iterator(m_directory.path().toStdString()))
+        if (entry.path().filename() != "file")
+            std::filesystem::remove(entry.path());
+    EXPECT_TRUE(file.commit());
+    EXPECT_EQ(contents(), kLater + "end");
+    EXPECT_EQ(status().st_ino, before);
+    EXPECT_EQ(status().st_mode & 07777u, 0640u);
+    EXPECT_EQ(files(), 1u);
+}
+
+// A service may have closed its standard input: then the descriptors begin with 0.
+TEST_F(ReplacedFiles, AreWrittenWithDescriptorsFromZeroOn)
+{
+    makeEarlier();
+    ASSERT_EQ(::symlink("file", name("link").c_str()), 0);
+    const int input = ::dup(STDIN_FILENO);
+    ::close(STDIN_FILENO);
+    const bool beside = replace();
+    const size_t left = files();
+    const bool inPlace = replace("link", kEarlier + kLater);
+    const bool onAFullDisk = replaceOnAFullDisk();
+    ::dup2(input, STDIN_FILENO);
+    ::close(input);
+    EXPECT_TRUE(beside && inPlace);
+    EXPECT_EQ(left, 2u) << "the file and its link";
+    EXPECT_FALSE(onAFullDisk);
+    EXPECT_EQ(contents(), kEarlier + kLater);
+    EXPECT_EQ(files(), 2u);
 }
 
 TEST_F(ReplacedFiles, WriteAFileWithRightsBeyondItsModeInPlace)
