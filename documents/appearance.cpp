@@ -10,7 +10,7 @@ namespace documents {
 namespace {
 
 constexpr int kDecimals = 2; // hundredths of a pixel
-constexpr double kThinnest = 0.1; // pixels; 0 would be the thinnest line of whatever shows the page
+constexpr double kThinnest = 0.1; // pixels; a width of 0 would mean the thinnest line that a device has
 
 std::string pair(const QPointF &point)
 {

@@ -7,7 +7,7 @@ namespace documents {
 
 namespace {
 
-constexpr int kDeepest = 100; // no form of a person is deeper
+constexpr int kDeepest = 100; // forms that people make are never so deep
 
 struct Node
 {

@@ -12,7 +12,7 @@ namespace documents {
 
 namespace {
 
-constexpr qint64 kMostContent = 128 << 20; // bytes; what a few bytes can become is more
+constexpr qint64 kMostContent = 128 << 20; // bytes; a few compressed bytes can expand to far more
 
 /// How many graphics states a page's content leaves open, and how many it closes that it has not opened.
 class StateCounter
@@ -42,7 +42,7 @@ public:
     int leftOpen() const { return m_open; }
 
 private:
-    /// The bytes of a picture in the content are no operators.
+    /// Skips the bytes of an inline picture, which are no operators.
     static void skipPicture(QPDFTokenizer &tokenizer, const std::shared_ptr<InputSource> &input)
     {
         char blank = 0;

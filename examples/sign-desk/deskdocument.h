@@ -25,7 +25,7 @@ public:
     /// Without the form's fields that were signed here, with a certificate or not. Throws a Trouble.
     const DocumentFacts &facts() const;
 
-    /// Whether with() has the answer already; and the answer, from wherever it was worked out.
+    /// Whether with() can answer without any work; and an answer that was worked out on another thread.
     bool knows(const SignatureWish &wish) const;
     void learn(const SignatureWish &wish, const SignedBytes &outcome);
 
@@ -47,9 +47,9 @@ private:
     /// What was there before a signature was added.
     struct Step
     {
-        qint64 size;
-        QByteArray rewritten; ///< all of it, where it was not only appended to
-        QString formField; ///< that the signature lies in
+        qint64 size; ///< of the document, in bytes
+        QByteArray rewritten; ///< the document, when the signature was not appended to it; else empty
+        QString formField; ///< the form's field with the signature; empty for none
     };
 
     void setContent(const QByteArray &content);
@@ -60,7 +60,7 @@ private:
     mutable DocumentBytes m_bytes; ///< empty until they are asked for
     mutable std::unique_ptr<DocumentFacts> m_facts;
     std::vector<Step> m_steps;
-    SignatureWish m_wish; ///< that m_outcome has
+    SignatureWish m_wish; ///< the signature that led to m_outcome
     SignedBytes m_outcome;
 };
 

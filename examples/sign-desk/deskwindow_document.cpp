@@ -84,7 +84,7 @@ void DeskWindow::placeField()
     m_view->showField();
 }
 
-/// Of the first signature, where the next customer's goes too.
+/// Remembers where the first signature is, because the next customer signs there too.
 void DeskWindow::rememberPlace()
 {
     if (m_counter.document().added() > 0)

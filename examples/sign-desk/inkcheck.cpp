@@ -12,8 +12,8 @@ namespace signdesk {
 
 namespace {
 
-constexpr double kEnough = 0.97; ///< of the lines: a broken viewer's rounding may take a dot's worth
-constexpr int kNear = 160; ///< of the 765 between black and white
+constexpr double kEnough = 0.97; ///< of the lines; the rest is left to rounding where lines are thin
+constexpr int kNear = 160; ///< difference of two colours that count as alike; black and white differ by 765
 
 int distance(QRgb one, QRgb other)
 {

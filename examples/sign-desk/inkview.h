@@ -15,7 +15,7 @@ class InkView : public QWidget
 public:
     explicit InkView(QWidget *parent = nullptr);
 
-    /// Shows the ink. What it has in common with the ink before is not drawn anew when `isGrown`.
+    /// Shows the ink. `isGrown`: it begins with the ink that was shown before, which is not drawn again.
     void show(const documents::Ink &ink, bool isGrown);
 
     using QWidget::show;
@@ -28,7 +28,7 @@ private:
 
     documents::Ink m_ink;
     QImage m_lines; ///< in pixels of the screen
-    size_t m_drawn = 0; ///< lines that the picture has
+    size_t m_drawn = 0; ///< the number of lines in the picture
 };
 
 } // namespace signdesk

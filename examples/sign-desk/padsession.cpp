@@ -78,7 +78,7 @@ void PadSession::open(const PadFamily &model)
     m_host = std::make_unique<QWidget>();
     const int height = canvasHeight(model.row, kCanvasWidth);
     m_host->resize(kCanvasWidth, height);
-    // Shown, because the library makes its canvas when its widget is, but on no screen.
+    // The library makes its canvas when its widget is shown, so the widget is shown, but on no screen.
     m_host->setAttribute(Qt::WA_DontShowOnScreen);
     m_host->setAttribute(Qt::WA_QuitOnClose, false);
     m_host->show();
@@ -110,7 +110,7 @@ void PadSession::close()
     ++m_round;
     m_model->UnInitialDevice(m_model->type);
     m_model = nullptr;
-    // After the library's widgets in them, which go with the event loop too.
+    // The library calls deleteLater() on its own widgets. These hold them, so they must be deleted after them.
     m_host.release()->deleteLater();
     if (m_printHost != nullptr)
         m_printHost.release()->deleteLater();

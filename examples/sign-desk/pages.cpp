@@ -31,7 +31,7 @@ QSize dotsOf(const QSizeF &points, double wishedDotsPerPoint)
     return {std::max(1, qRound(points.width() * dotsPerPoint)), std::max(1, qRound(points.height() * dotsPerPoint))};
 }
 
-/// A document of a page with a picture on it, null for none. Throws a Trouble.
+/// A PDF of one page that shows the picture, or of a blank page when the picture is null. Throws a Trouble.
 QByteArray onePage(const QSizeF &size, const QImage &picture)
 {
     QBuffer buffer;

@@ -20,7 +20,7 @@ protected:
 private:
     void fit();
 
-    int m_widest = 0; ///< that the panels wanted to be until now
+    int m_widest = 0; ///< the largest width that the panels have wanted, in pixels
 };
 
 } // namespace signdesk
