@@ -1,5 +1,7 @@
 #include "placepanel.h"
 
+#include "pages.h"
+
 #include <QHBoxLayout>
 #include <QSignalBlocker>
 
