@@ -9,12 +9,14 @@
 #include <cerrno>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <termios.h>
 #include <unistd.h>
 
 namespace {
 
 constexpr int kLongest = 4096; // bytes
+constexpr int kLookEvery = 100; // milliseconds
 
 QByteArray firstLine(const QString &path)
 {
@@ -30,11 +32,23 @@ QByteArray firstLine(const QString &path)
     return text.endsWith('\r') ? text.chopped(1) : text;
 }
 
+/// Waits until read() will not block: a signal that came just before would not end it.
+void waitForInput(int terminal)
+{
+    pollfd waiting{terminal, POLLIN, 0};
+    int ready = 0;
+    while (ready == 0 || (ready < 0 && errno == EINTR)) {
+        throwIfInterrupted();
+        ready = poll(&waiting, 1, kLookEvery);
+    }
+}
+
 QByteArray lineFrom(int terminal)
 {
     QByteArray line;
     for (;;) {
         char byte = 0;
+        waitForInput(terminal);
         const ssize_t size = read(terminal, &byte, 1);
         throwIfInterrupted();
         if (size < 0 && errno == EINTR)
