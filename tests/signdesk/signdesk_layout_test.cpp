@@ -25,6 +25,7 @@ protected:
             QCoreApplication::installTranslator(&m_translator);
         }
         openWindow();
+        window->resize(960, 540); // a screen of 1920 x 1080 at scale 2; the offscreen one has 400 x 400 then
         window->setModel(*familyOfName("S310X"));
         EXPECT_TRUE(QTest::qWaitForWindowActive(window.get(), 60000));
     }
