@@ -19,6 +19,7 @@ constexpr Known kKnown[] = {
     {"AboutBox", "QMessageBox::about"}, // fonts, rich text, layout, painting
     {"Base64Decode", "QImageReader::size"}, // the lock of the list of formats
     {"Base64Decode JPEG", "a jump to nowhere"}, // its reader makes a decoder before it says where errors go
+    {"Base64Decode JPEG", ""}, // the same, when the jump leaves a stack that cannot be read
     {"Base64Encode", "QImage::save"}, // the lock of the list of formats
     {"GetFPImageBase64Data", "QImage::save"}, // the same
     {"GetSVGImageBase64Data", "QObject::~QObject"}, // of the generator's text stream, with half its connections
