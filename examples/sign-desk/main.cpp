@@ -19,6 +19,8 @@
 
 namespace {
 
+constexpr int kBeforeStart = 200; ///< milliseconds, for the page to be painted
+
 struct Words
 {
     Q_DECLARE_TR_FUNCTIONS(signdesk::Main)
@@ -113,10 +115,16 @@ int run(const QCommandLineParser &parser, const Options &options)
         window.setModel(*model);
     }
     window.show();
-    if (!page.isEmpty()) // inside exec(): a message box before it could not end the program
-        QTimer::singleShot(0, &window, [&window, page] { window.openPage(page); });
-    if (parser.isSet(options.screenshot))
+    const bool isPictured = parser.isSet(options.screenshot);
+    if (isPictured)
         takeScreenshotAndQuit(window, picture);
+    // Inside exec(): a message box before it could not end the program.
+    QTimer::singleShot(0, &window, [&window, page, isPictured] {
+        if (!page.isEmpty())
+            window.openPage(page);
+        if (isPictured)
+            QTimer::singleShot(kBeforeStart, &window, [&window] { window.start(); });
+    });
     return QApplication::exec();
 }
 

@@ -44,7 +44,6 @@ void takeScreenshotAndQuit(DeskWindow &window, const QString &path)
         QTimer::singleShot(kSettle, &window, [&window, path, isSigned] { finish(window, path, isSigned); });
     });
     look->start(50);
-    QTimer::singleShot(200, &window, [&window] { window.start(); });
 }
 
 } // namespace signdesk

@@ -7,8 +7,8 @@
 
 namespace signdesk {
 
-/// Starts signing, waits for the confirmation on the pad, writes the picture and ends the program: with 0 when
-/// all of that has worked.
+/// Waits for the confirmation on the pad, writes the picture and ends the program: with 0 when all of that has worked.
+/// Call it before the page is opened, and start signing after that.
 void takeScreenshotAndQuit(DeskWindow &window, const QString &path);
 
 } // namespace signdesk
