@@ -179,7 +179,11 @@ SignedDocument Counter::result()
 
 void Counter::keep()
 {
-    m_signing.keep();
+    // The signer may have gone on writing while the clerk chose a file: that ink is not in what was saved.
+    const bool isClosed = m_signing.state() == SigningState::Closed;
+    const bool isSaved = m_signing.state() == SigningState::Confirmed && m_document->knows(wish());
+    if (isClosed || isSaved)
+        m_signing.keep();
     setKept(m_document->added());
 }
 

@@ -38,6 +38,29 @@ TEST_F(Counter, ThreeClicksAndOneFileDialogSignADocument)
     EXPECT_FALSE(window->isWindowModified());
 }
 
+TEST_F(Counter, WhatIsWrittenWhileTheFileIsChosenIsNotSavedYet)
+{
+    choose(kS300Family);
+    ASSERT_TRUE(window->openPage(copyOf(kNote, "note.pdf")));
+    click("Start signing");
+    write(kS300Family);
+    tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON);
+    ASSERT_TRUE(until([&] { return showsState("Confirmed"); }));
+    whenDialogComes([&](QDialog &dialog) {
+        write(kS300Family, 0.2, 0.2, 0.5, 0.2);
+        tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON);
+        settle(); // the window hears of the tap
+        acceptProposal(dialog);
+    });
+    click("Save page...");
+    ASSERT_TRUE(happened());
+    EXPECT_TRUE(QFile::exists(file("note-signed.pdf")));
+    settle();
+    EXPECT_TRUE(window->isWindowModified());
+    save(file("again.pdf"));
+    EXPECT_FALSE(window->isWindowModified());
+}
+
 TEST_F(Counter, SpaceConfirmsAfterTheStart)
 {
     choose(kS300Family);
