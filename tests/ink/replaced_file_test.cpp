@@ -75,16 +75,22 @@ protected:
         return file.isOpen() && file.write(bytes) == bytes.size() && file.commit();
     }
 
-    /// The same where no file can have more than so many bytes.
-    bool replaceOnAFullDisk(rlim_t most = 1000) const
+    /// Runs the call where no file can have more than so many bytes.
+    template <class Call>
+    static bool onAFullDisk(rlim_t most, Call call)
     {
         rlimit before{};
         ::getrlimit(RLIMIT_FSIZE, &before);
         const rlimit limit{most, before.rlim_max};
         ::setrlimit(RLIMIT_FSIZE, &limit);
-        const bool replaced = replace();
+        const bool done = call();
         ::setrlimit(RLIMIT_FSIZE, &before);
-        return replaced;
+        return done;
+    }
+
+    bool replaceOnAFullDisk(rlim_t most = 1000) const
+    {
+        return onAFullDisk(most, [this] { return replace(); });
     }
 
     QTemporaryDir m_directory;
@@ -216,6 +222,25 @@ TEST_F(ReplacedFiles, AreWrittenWithDescriptorsFromZeroOn)
     EXPECT_FALSE(onAFullDisk);
     EXPECT_EQ(contents(), kEarlier + kLater);
     EXPECT_EQ(files(), 2u);
+}
+
+// The file and the one beside it are both removed in the meantime, so commit() makes a new one, which does not fit.
+TEST_F(ReplacedFiles, LeaveNoHalfFileWhereTheyCouldNotBeRenamed)
+{
+    makeEarlier();
+    const int input = ::dup(STDIN_FILENO);
+    for (const bool hasInput : {true, false}) {
+        ReplacedFile file(path());
+        ASSERT_EQ(file.write(kLater), kLater.size());
+        for (const auto &entry : std::filesystem::directory_iterator(m_directory.path().toStdString()))
+            std::filesystem::remove(entry.path());
+        if (!hasInput)
+            ::close(STDIN_FILENO); // the new file is descriptor 0 then
+        EXPECT_FALSE(onAFullDisk(1000, [&] { return file.commit(); }));
+    }
+    ::dup2(input, STDIN_FILENO);
+    ::close(input);
+    EXPECT_EQ(files(), 0u);
 }
 
 TEST_F(ReplacedFiles, WriteAFileWithRightsBeyondItsModeInPlace)
