@@ -62,7 +62,8 @@ TEST_P(Shipped, NamesNoFolderOfThisMachine)
 INSTANTIATE_TEST_SUITE_P(Files, Shipped,
     testing::Values("kvsignpadsdk/libkvsignpadsdk.so", "simulator/libkvsignpaddrv.so",
         "simulator/recorder/libkvsignpaddrv.so", "tools/bin/kvsign", "tools/kv-virtualpad",
-        "examples/sign-desk/kv-sign-desk"),
+        "examples/sign-desk/kv-sign-desk", "bridge/kv-sign-bridge", "simulator/tools/kv-make-recording",
+        "simulator/tools/kv-import-handwriting", "simulator/tools/kv-scramble-recording"),
     [](const auto &row) { return QString(row.param).replace(QRegularExpression("\\W"), "_").toStdString(); });
 
 } // namespace
