@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <cstdio>
 #include <string>
 
@@ -28,6 +29,9 @@ std::string namesOfTestsIn(const std::string &file)
 
 int runTestsOfFile(int argc, char **argv)
 {
+    // A script's background jobs ignore these, and so would each program that a test starts and interrupts.
+    std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGQUIT, SIG_DFL);
     const std::string option = "--file=";
     for (int i = 1; i < argc; ++i) {
         const std::string argument = argv[i];
