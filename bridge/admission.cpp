@@ -52,12 +52,20 @@ bool takeOrigin(const RequestHead &head, const AdmissionRules &rules, Admission 
     return !answer.origin.isEmpty();
 }
 
+/// QWebSocketServer reads the head once more, and would answer in its own words to one that is larger.
+bool fitsQt(const RequestHead &head)
+{
+    return head.fields.size() < 100 && std::all_of(head.fields.begin(), head.fields.end(), [](const HeadField &field) {
+        return field.name.size() + field.value.size() < 8000;
+    });
+}
+
 Admission admitUpgrade(const RequestHead &head, const AdmissionRules &rules)
 {
     const std::optional<QByteArray> key = head.single("sec-websocket-key");
     if (head.target != "/")
         return refused(Refusal::UnknownPath);
-    if (!has(head.words("connection"), "upgrade") || !key || QByteArray::fromBase64(*key).size() != 16
+    if (!fitsQt(head) || !has(head.words("connection"), "upgrade") || !key || QByteArray::fromBase64(*key).size() != 16
         || head.single("sec-websocket-version") != QByteArray("13"))
         return refused(Refusal::BadUpgrade);
     const std::vector<QByteArray> protocols = head.words("sec-websocket-protocol");

@@ -135,7 +135,7 @@ void Bridge::admit(QWebSocket *socket, const QByteArray &origin, bool hasToken)
         m_journal.refused(Refusal::TooMany);
         socket->setParent(this);
         connect(socket, &QWebSocket::disconnected, socket, &QObject::deleteLater); // first: it may be so at once
-        socket->close(QWebSocketProtocol::CloseCodePolicyViolated);
+        socket->close(QWebSocketProtocol::CloseCodePolicyViolated, QLatin1String(nameOf(Refusal::TooMany)));
         return;
     }
     const bool isOwnPage = m_settings.isDemo && ownOrigins().contains(origin);

@@ -6,15 +6,9 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <utility>
 
 namespace bridge {
-
-namespace {
-
-// A client that does not answer the closing is not waited for.
-constexpr int kClosingMs = 2000;
-
-} // namespace
 
 ClientLink::ClientLink(QWebSocket *socket, Journal &journal, TalkLimits limits, QObject *parent)
     : QObject(parent)
@@ -31,11 +25,8 @@ ClientLink::ClientLink(QWebSocket *socket, Journal &journal, TalkLimits limits, 
         emit taken();
     });
     connect(socket, &QWebSocket::pong, this, [this] { m_awaitsPong = false; });
-    connect(socket, &QWebSocket::disconnected, this, [this] {
-        if (m_socket->closeCode() == QWebSocketProtocol::CloseCodeTooMuchData)
-            m_journal.refused(Refusal::LargeMessage);
-        emit ended();
-    });
+    connect(socket, &QWebSocket::aboutToClose, this, &ClientLink::onClosing);
+    connect(socket, &QWebSocket::disconnected, this, &ClientLink::ended);
     m_sinceUse.start();
     m_sinceTaken.start();
     m_sincePing.start();
@@ -46,6 +37,16 @@ ClientLink::ClientLink(QWebSocket *socket, Journal &journal, TalkLimits limits, 
 ClientLink::~ClientLink()
 {
     disconnect(m_socket, nullptr, this, nullptr);
+}
+
+/// From this side, from the other, or by Qt, which refuses a large message itself.
+void ClientLink::onClosing()
+{
+    if (std::exchange(m_isEnding, true))
+        return;
+    if (m_socket->closeCode() == QWebSocketProtocol::CloseCodeTooMuchData)
+        m_journal.refused(Refusal::LargeMessage);
+    emit ending();
 }
 
 void ClientLink::onText(const QString &text)
@@ -127,15 +128,12 @@ void ClientLink::end(Refusal why, int code)
     if (m_isEnding)
         return;
     m_journal.refused(why);
-    close(code);
+    close(code, QLatin1String(nameOf(why)));
 }
 
-void ClientLink::close(int code)
+void ClientLink::close(int code, const QString &reason)
 {
-    m_isEnding = true;
-    emit ending();
-    m_socket->close(static_cast<QWebSocketProtocol::CloseCode>(code));
-    QTimer::singleShot(kClosingMs, m_socket, [socket = m_socket] { socket->abort(); });
+    m_socket->close(static_cast<QWebSocketProtocol::CloseCode>(code), reason);
 }
 
 } // namespace bridge

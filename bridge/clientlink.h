@@ -56,18 +56,19 @@ public:
     /// As long as the person is asked, nobody is idle.
     void setAsking(bool isAsking) { m_isAsking = isAsking; }
 
-    /// Closes the connection, once; nothing is heard of it afterwards but that it has ended.
+    /// Closes the connection, once, and tells the client why; nothing is heard of it afterwards but that it has ended.
     void end(Refusal why, int code);
-    void close(int code);
+    void close(int code, const QString &reason);
 
 signals:
     void heard(const QString &text);
     void taken(); ///< bytes have gone out
-    void ending(); ///< it is being closed from this side
+    void ending(); ///< it is being closed
     void ended(); ///< the connection is no more
 
 private:
     void onText(const QString &text);
+    void onClosing();
     bool isFlooding();
     void look();
     void ping();

@@ -50,7 +50,7 @@ Conversation::~Conversation()
 void Conversation::dismiss()
 {
     m_isAllowed = false;
-    m_link.close(kPolicyViolation);
+    m_link.close(kPolicyViolation, QStringLiteral("the consent was taken back"));
 }
 
 /// The pad or the place in the queue, and the question to the person.

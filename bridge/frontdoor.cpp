@@ -81,7 +81,8 @@ void FrontDoor::accept(qintptr descriptor)
         ::close(static_cast<int>(descriptor));
         return;
     }
-    auto *socket = new HandshakeSocket(m_connections, this);
+    auto *socket = new HandshakeSocket(
+        m_connections, m_limits.unsentBytes, [this] { m_journal.refused(Refusal::Stalled); }, this);
     if (!socket->setSocketDescriptor(descriptor)) {
         delete socket;
         return;
@@ -187,14 +188,10 @@ void FrontDoor::answer(
     listenNoMore(socket);
     socket->write("HTTP/1.1 " + status + "\r\nContent-Length: " + QByteArray::number(body.size())
         + "\r\nConnection: close\r\n" + fields + "\r\n" + body);
-    // What is left unread would make the system reset the connection before the answer is read.
-    connect(socket, &QTcpSocket::readyRead, socket, [socket] { socket->readAll(); });
-    socket->readAll();
     connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
-    socket->disconnectFromHost();
+    socket->close();
     if (socket->state() == QAbstractSocket::UnconnectedState)
         socket->deleteLater();
-    QTimer::singleShot(m_limits.headMs, socket, [socket] { socket->abort(); });
 }
 
 void FrontDoor::sendHello(HandshakeSocket *socket, const QByteArray &origin)

@@ -26,6 +26,7 @@ struct DoorLimits
 {
     int headMs = 5000; ///< from the connection to the whole head
     int sockets = 32; ///< connections at a time, of all kinds
+    qint64 unsentBytes = 128 * 1024 * 1024; ///< for a client that does not take them; two pictures have less
 };
 
 /// A listening socket. QTcpServer makes QTcpSockets; ours name the subprotocol.

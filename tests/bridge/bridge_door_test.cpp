@@ -57,6 +57,31 @@ TEST_F(BridgeDoor, AnswersEverybodyElseWith403AndNothingElse)
     EXPECT_EQ(refused(Refusal::UnknownPath), 1);
 }
 
+TEST_F(BridgeDoor, AnswersOneRequestOfSeveral)
+{
+    start();
+    const QByteArray hello =
+        "GET /hello HTTP/1.1\r\nHost: 127.0.0.1:" + QByteArray::number(running->port()) + "\r\n\r\n";
+    EXPECT_EQ(answerTo(hello + hello + hello).count("HTTP/1.1 "), 1);
+    const QByteArray foreign = "GET /hello HTTP/1.1\r\nHost: evil.example\r\n\r\n";
+    EXPECT_EQ(answerTo(foreign + hello), kForbidden);
+}
+
+TEST_F(BridgeDoor, AHandshakeThatQtDoesNotTakeIsForbiddenToo)
+{
+    start();
+    const QByteArray upgrade = "GET / HTTP/1.1\r\nHost: 127.0.0.1:" + QByteArray::number(running->port())
+        + "\r\nOrigin: https://shop.example\r\nConnection: Upgrade\r\nUpgrade: websocket\r\n"
+          "Sec-WebSocket-Version: 13\r\nSec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\n"
+          "Sec-WebSocket-Protocol: kvsign.v1\r\n";
+    QByteArray many;
+    for (int i = 0; i < 150; ++i)
+        many += "X-" + QByteArray::number(i) + ": x\r\n";
+    EXPECT_EQ(answerTo(upgrade + "Cookie: " + QByteArray(9000, 'x') + "\r\n\r\n"), kForbidden);
+    EXPECT_EQ(answerTo(upgrade + many + "\r\n"), kForbidden);
+    EXPECT_EQ(refused(Refusal::BadUpgrade), 2);
+}
+
 TEST_F(BridgeDoor, NamesTheSubprotocolInItsHandshake)
 {
     start();
@@ -192,6 +217,7 @@ TEST_F(BridgeDoor, AFloodEndsTheConnection)
     for (int i = 0; i < 2000; ++i)
         shop->say(R"({"op":"clear","id":1})");
     EXPECT_TRUE(shop->ends());
+    EXPECT_EQ(shop->closeCode(), 1008);
     EXPECT_EQ(refused(Refusal::Flood), 1);
     EXPECT_EQ(page()->next("event")["event"], "welcome");
 }
