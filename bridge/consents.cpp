@@ -1,5 +1,6 @@
 #include "consents.h"
 
+#include "journal.h"
 #include "origins.h"
 
 #include <QDir>
@@ -42,7 +43,7 @@ bool Consents::add(const QByteArray &origin)
 {
     QSet<QByteArray> origins = m_origins;
     origins.insert(origin);
-    return write(origins);
+    return write(origins) && has(origin);
 }
 
 bool Consents::revoke(const QByteArray &origin)
@@ -71,7 +72,10 @@ void Consents::read()
     const QSet<QByteArray> before = m_origins;
     m_origins.clear();
     QFile file(m_path);
-    if (file.open(QIODevice::ReadOnly)) {
+    const QString weakness = QFile::exists(m_path) ? weaknessOf(m_path) : QString();
+    if (!weakness.isEmpty()) {
+        Journal::say(weakness);
+    } else if (file.open(QIODevice::ReadOnly)) {
         for (const QByteArray &line : file.readAll().split('\n')) {
             if (const QByteArray origin = checkedOrigin(line.trimmed()); !origin.isEmpty())
                 m_origins.insert(origin);

@@ -12,7 +12,7 @@
 
 namespace bridge {
 
-/// Holds what the file says, also when another process changes it.
+/// Holds what the file says, also when another process changes it. One that others could write says nothing.
 class Consents : public QObject
 {
     Q_OBJECT

@@ -1,12 +1,11 @@
 #include "origins.h"
 
+#include "driverfile.h"
+
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
 #include <QStandardPaths>
-
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace bridge {
 
@@ -14,19 +13,15 @@ namespace {
 
 constexpr qint64 kLargestList = 1024 * 1024;
 
-/// Whether nobody but this user and root decides what is in it.
-bool isSafe(const QString &path)
-{
-    struct stat status;
-    return stat(QFile::encodeName(path).constData(), &status) == 0 && (status.st_uid == 0 || status.st_uid == geteuid())
-        && (status.st_mode & (S_IWGRP | S_IWOTH)) == 0;
-}
-
 void readList(const QString &path, OriginLists &lists)
 {
     QFile file(path);
-    if (!isSafe(path) || !file.open(QIODevice::ReadOnly) || file.size() > kLargestList) {
-        lists.complaints.append(path + QStringLiteral(" is passed over: others can write it, or it cannot be read"));
+    if (const QString weakness = weaknessOf(path); !weakness.isEmpty()) {
+        lists.complaints.append(weakness);
+        return;
+    }
+    if (!file.open(QIODevice::ReadOnly) || file.size() > kLargestList) {
+        lists.complaints.append(path + QStringLiteral(" is passed over: it cannot be read, or is too large"));
         return;
     }
     int number = 0;
@@ -58,16 +53,17 @@ QByteArray checkedOrigin(const QByteArray &text)
     return match.captured(0).toLatin1();
 }
 
+QString weaknessOf(const QString &path)
+{
+    const auto weakness = driverfile::weaknessOf(QFile::encodeName(path).toStdString());
+    return weakness ? path + QStringLiteral(" is passed over: ") + QFile::decodeName(weakness->sentence().c_str())
+                    : QString();
+}
+
 OriginLists readOrigins(const QStringList &folders)
 {
     OriginLists lists;
     for (const QString &folder : folders) {
-        if (!QDir(folder).exists())
-            continue;
-        if (!isSafe(folder)) {
-            lists.complaints.append(folder + QStringLiteral(" is passed over: others can write it"));
-            continue;
-        }
         const QStringList names = QDir(folder).entryList(QDir::Files, QDir::Name);
         for (const QString &name : names) {
             if (!name.endsWith('~') && !name.contains(QLatin1String(".dpkg-")))

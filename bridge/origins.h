@@ -14,14 +14,17 @@ namespace bridge {
 /// that the scheme has anyway. Empty for anything else.
 QByteArray checkedOrigin(const QByteArray &text);
 
+/// Why a file that decides who comes in is passed over, in a sentence: somebody besides the user and root could write
+/// it or put another in its place. Empty when nobody could.
+QString weaknessOf(const QString &path);
+
 struct OriginLists
 {
     QSet<QByteArray> origins;
     QStringList complaints; ///< files and lines that were passed over, for the journal
 };
 
-/// Reads every file of the folders, an origin a line, "#" begins a comment. A file or folder that somebody else than
-/// its owner can write, or that belongs neither to this user nor to root, is passed over.
+/// Reads every file of the folders, an origin a line, "#" begins a comment. A file that has a weakness is passed over.
 OriginLists readOrigins(const QStringList &folders);
 
 /// The administrator's and the user's own folder.

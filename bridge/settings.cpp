@@ -1,5 +1,6 @@
 #include "settings.h"
 
+#include "journal.h"
 #include "origins.h"
 #include "simulatorplace.h"
 
@@ -48,6 +49,10 @@ void readFiles(Settings &settings)
         {QStringLiteral("/etc/kvsignpad/bridge.conf"), own + QStringLiteral("/kvsignpad/bridge.conf")}) {
         if (!QFile::exists(path))
             continue;
+        if (const QString weakness = weaknessOf(path); !weakness.isEmpty()) {
+            Journal::say(weakness);
+            continue;
+        }
         const QSettings file(path, QSettings::IniFormat);
         settings.driver = file.value(QStringLiteral("driver"), settings.driver).toString();
     }

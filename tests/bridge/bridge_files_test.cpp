@@ -1,4 +1,5 @@
 // Files that decide who may come in: lists of origins, the token, the consents.
+#include "bridge.h"
 #include "consents.h"
 #include "origins.h"
 #include "tokenfile.h"
@@ -43,9 +44,10 @@ TEST(BridgeFiles, AnOriginIsASchemeAHostAndPerhapsAPort)
     EXPECT_EQ(bridge::checkedOrigin("https://Shop.Example"), "https://shop.example");
     for (const char *bad : {"", "*", "null", "shop.example", "https://", "https://shop.example/", "https://*.example",
              "https://shop.example:443", "http://shop.example:80", "https://shop.example:0",
-             "https://shop.example:65536", "https://user@shop.example", "https://shop.example https://other.example",
-             "ftp://shop.example", "file://", "https://shop..example", "https://-shop.example",
-             "https://shop.example\n", "chrome://version"})
+             "https://shop.example:65536", "https://user@shop.example", "https://shop.example.",
+             "https://b\xe4nk.example", "https://b\xc3\xa4nk.example", "https://shop.example\xe2\x80\xae",
+             "https://shop.example https://other.example", "ftp://shop.example", "file://", "https://shop..example",
+             "https://-shop.example", "https://shop.example\n", "chrome://version"})
         EXPECT_EQ(bridge::checkedOrigin(bad), "") << bad;
 }
 
@@ -74,6 +76,39 @@ TEST(BridgeFiles, AListThatOthersCanWriteIsPassedOver)
     chmod(qPrintable(folder.path()), 0777);
     EXPECT_TRUE(bridge::readOrigins({folder.path()}).origins.isEmpty());
     chmod(qPrintable(folder.path()), 0700);
+}
+
+TEST(BridgeFiles, AListThatOthersCanReplaceIsPassedOver)
+{
+    const QTemporaryDir folder;
+    chmod(qPrintable(folder.path()), 0755);
+    ASSERT_TRUE(QDir(folder.path()).mkpath("open/origins.d"));
+    ASSERT_TRUE(QDir(folder.path()).mkpath("closed/origins.d"));
+    write(folder.filePath("open/origins.d/shop"), "https://evil.example\n");
+    chmod(qPrintable(folder.filePath("open/origins.d")), 0755);
+    chmod(qPrintable(folder.filePath("open")), 0777);
+    EXPECT_TRUE(bridge::readOrigins({folder.filePath("open/origins.d")}).origins.isEmpty());
+    // Nor by a link, of a list or of the folder.
+    ASSERT_TRUE(QFile::link(folder.filePath("open/origins.d/shop"), folder.filePath("closed/origins.d/shop")));
+    ASSERT_TRUE(QFile::link(folder.filePath("open/origins.d"), folder.filePath("closed/linked.d")));
+    EXPECT_TRUE(bridge::readOrigins({folder.filePath("closed/origins.d")}).origins.isEmpty());
+    const bridge::OriginLists linked = bridge::readOrigins({folder.filePath("closed/linked.d")});
+    EXPECT_TRUE(linked.origins.isEmpty());
+    ASSERT_EQ(linked.complaints.size(), 1);
+    EXPECT_TRUE(linked.complaints[0].contains("chmod o-w")) << linked.complaints[0].toStdString();
+}
+
+TEST(BridgeFiles, AConfigurationThatOthersCanWriteIsPassedOver)
+{
+    const QTemporaryDir folder;
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder.path()));
+    ASSERT_TRUE(QDir(folder.path()).mkpath("kvsignpad"));
+    const QString path = folder.filePath("kvsignpad/bridge.conf");
+    write(path, "driver=/opt/pad\n");
+    EXPECT_EQ(bridge::readSettings({"kv-sign-bridge"}).driver, "/opt/pad");
+    chmod(qPrintable(path), 0666);
+    EXPECT_EQ(bridge::readSettings({"kv-sign-bridge"}).driver, "");
+    qunsetenv("XDG_CONFIG_HOME");
 }
 
 TEST(BridgeFiles, TheTokenIs128BitsInAFileOfTheUsersOwn)
@@ -129,4 +164,24 @@ TEST(BridgeFiles, ConsentsAreKeptAndTakenBack)
     EXPECT_FALSE(there.revoke("https://shop.example"));
     EXPECT_EQ(told, "https://shop.example");
     EXPECT_EQ(bridge::Consents(path).all(), QByteArrayList{"https://bank.example"});
+}
+
+TEST(BridgeFiles, ConsentsThatOthersCanWriteCountForNothing)
+{
+    int count = 1;
+    char name[] = "test";
+    char *arguments[] = {name, nullptr};
+    const QCoreApplication application(count, arguments); // for the watcher
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("consents");
+    write(path, "https://shop.example\n");
+    EXPECT_TRUE(bridge::Consents(path).has("https://shop.example"));
+    chmod(qPrintable(path), 0622);
+    EXPECT_FALSE(bridge::Consents(path).has("https://shop.example"));
+    chmod(qPrintable(path), 0600);
+    chmod(qPrintable(folder.path()), 0777);
+    bridge::Consents open(path);
+    EXPECT_FALSE(open.has("https://shop.example"));
+    EXPECT_FALSE(open.add("https://bank.example")) << "it would be forgotten";
+    chmod(qPrintable(folder.path()), 0700);
 }
