@@ -12,6 +12,16 @@ namespace {
 
 constexpr qint64 kDeniedMs = 30000;
 constexpr int kDeafMs = 400;
+constexpr int kLongWord = 32;
+
+/// A name may have 253 letters, and what counts is its end: it can be broken into lines anywhere.
+QString breakable(const QString &name)
+{
+    QString text = name;
+    for (int at = kLongWord; at < text.size(); at += kLongWord + 1)
+        text.insert(at, QChar(0x200b));
+    return text;
+}
 
 } // namespace
 
@@ -63,9 +73,9 @@ void ConsentDesk::showNext()
         m_questions.erase(m_questions.begin());
     if (m_window || m_questions.empty())
         return;
-    const QString host = QString::fromLatin1(m_questions.front().origin);
+    const QString page = breakable(QString::fromLatin1(m_questions.front().origin));
     m_window = std::make_unique<QMessageBox>(
-        QMessageBox::Question, tr("Signature pad"), tr("%1 wants to use the signature pad.").arg(host));
+        QMessageBox::Question, tr("Signature pad"), tr("%1 wants to use the signature pad.").arg(page));
     m_window->setTextFormat(Qt::PlainText);
     m_window->setInformativeText(
         tr("It will see what is written on the pad, as it is written. Allow only pages that you know."));

@@ -3,9 +3,11 @@
 
 #include "consentlist.h"
 
+#include <QLabel>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 
 using bridgerun::until;
 
@@ -46,6 +48,25 @@ TEST_F(BridgeConsent, TheWindowNamesThePage)
     EXPECT_FALSE(window()->findChild<QPushButton *>("always")->isEnabled()) << "a click meant for something else";
     click("no");
     EXPECT_EQ(shop->next("id")["error"], "denied");
+}
+
+TEST_F(BridgeConsent, ALongNameIsSeenToItsEnd)
+{
+    const QByteArray longest = "https://bank.example." + QByteArray(63, 'a') + '.' + QByteArray(63, 'b') + '-'
+        + QByteArray(30, 'c') + '.' + QByteArray(63, 'd') + ".evil.example";
+    settings.origins.append(longest);
+    start();
+    const auto evil = page(longest);
+    evil->say(wish());
+    ASSERT_TRUE(until([this] { return window() != nullptr; }));
+    QTest::qWait(50);
+    const auto *text = window()->findChild<QLabel *>("qt_msgbox_label");
+    ASSERT_NE(text, nullptr);
+    EXPECT_EQ(text->text().remove(QChar(0x200b)).toLatin1(), longest + " wants to use the signature pad.");
+    EXPECT_LE(window()->width(), window()->screen()->availableSize().width());
+    const QRect needed = text->fontMetrics().boundingRect(text->contentsRect(), Qt::TextWordWrap, text->text());
+    EXPECT_LE(needed.width(), text->contentsRect().width());
+    EXPECT_LE(needed.height(), text->contentsRect().height());
 }
 
 TEST_F(BridgeConsent, OnceIsForThisConnection)
