@@ -43,7 +43,14 @@ TEST(BridgeDocuments, EachTestThatTheyNameIsThere)
         const QString name = quoted.next().captured(1);
         EXPECT_TRUE(pages.contains("async \"" + name + "\"()")) << name.toStdString();
     }
-    EXPECT_GT(named, 25);
+    auto scripted = QRegularExpression("(two_users|under_systemd): \"([^\"]+)\"").globalMatch(document);
+    for (; scripted.hasNext(); ++named) {
+        const QRegularExpressionMatch test = scripted.next();
+        EXPECT_TRUE(contentOf(KV_SOURCE_DIRECTORY "/tests/bridge/" + test.captured(1))
+                        .contains("expect \"" + test.captured(2) + '"'))
+            << test.captured(0).toStdString();
+    }
+    EXPECT_GT(named, 35);
 }
 
 TEST(BridgeDocuments, EachRowOfTheSecurityPageNamesATest)
@@ -52,6 +59,7 @@ TEST(BridgeDocuments, EachRowOfTheSecurityPageNamesATest)
         const QStringList cells = line.split(" | ");
         if (!line.startsWith("| ") || cells.size() != 2 || cells[0].simplified() == "|")
             continue;
-        EXPECT_TRUE(cells[1].contains("Bridge") || cells[1].contains("web/check")) << line.toStdString();
+        EXPECT_TRUE(cells[1].contains(QRegularExpression("Bridge|web/check|two_users|under_systemd")))
+            << line.toStdString();
     }
 }
