@@ -32,7 +32,9 @@ TEST_F(KvsignSimulator, IsAskedForByItsPackageWhereItIsNotInstalled)
     const CommandResult result = runProgram({file("kvsign"), "doctor", "--driver", "simulator"}, file("."),
         {{"LD_LIBRARY_PATH", KV_BUILD_DIRECTORY "/kvsignpadsdk"}});
     EXPECT_EQ(result.exitCode, 1) << testing::PrintToString(result);
-    EXPECT_TRUE(result.output.contains("apt-get install kvsignpad-simulator")) << testing::PrintToString(result);
+    EXPECT_TRUE(result.output.contains("WRONG driver file: the pad simulator is not installed\n"
+                                       "      cure: apt-get install kvsignpad-simulator\n"))
+        << testing::PrintToString(result);
 }
 
 } // namespace

@@ -63,7 +63,8 @@ bool lookAtDriverDirectory(Findings &findings, const Arguments &arguments)
         enterDriverDirectory(arguments);
         return true;
     } catch (const Failure &failure) {
-        findings.push_back(bad("driver file", failure.message, "say --driver with the directory that has it"));
+        const QStringList parts = failure.message.split("; cure: ");
+        findings.push_back(bad("driver file", parts[0], parts.value(1, "say --driver with the directory that has it")));
         return false;
     }
 }
