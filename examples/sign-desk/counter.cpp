@@ -1,5 +1,8 @@
 #include "counter.h"
 
+#include "pagefile.h"
+#include "trouble.h"
+
 namespace signdesk {
 
 namespace {
@@ -44,9 +47,18 @@ void Counter::setDocument(std::unique_ptr<Pages> pages)
 
 void Counter::setPlace(const SignaturePlace &place)
 {
-    if (place.page != m_place.page || place.field != m_place.field || place.formField != m_place.formField)
-        m_signing.change();
+    const bool isAnother =
+        place.page != m_place.page || place.field != m_place.field || place.formField != m_place.formField;
     m_place = place;
+    if (isAnother)
+        changeConfirmed();
+}
+
+void Counter::changeConfirmed()
+{
+    m_signing.change();
+    if (m_signing.state() == SigningState::Confirmed)
+        emit confirmedChanged();
 }
 
 SignatureWish Counter::wish()
@@ -109,16 +121,21 @@ QRectF Counter::printPlace() const
 
 void Counter::setFingerprintPlace(FingerprintPlace place)
 {
-    if (place != m_fingerprintPlace)
-        m_signing.change();
+    const bool isAnother = place != m_fingerprintPlace;
     m_fingerprintPlace = place;
+    if (isAnother)
+        changeConfirmed();
 }
 
 bool Counter::prepare(const RunWork &run)
 {
     if (m_signing.state() != SigningState::Confirmed)
         return true;
-    const SignatureWish last = wish();
+    return prepare(wish(), run);
+}
+
+bool Counter::prepare(const SignatureWish &last, const RunWork &run)
+{
     if (m_document->knows(last))
         return true;
     const DocumentBytes before = m_document->bytes();
@@ -134,7 +151,7 @@ bool Counter::prepare(const RunWork &run)
 void Counter::setSignatory(const Signatory &signatory)
 {
     m_signatory = signatory;
-    m_signing.change();
+    changeConfirmed();
 }
 
 void Counter::add()
@@ -175,6 +192,49 @@ SignedDocument Counter::result()
         return {m_document->bytes(), m_place.page};
     const SignatureWish last = wish();
     return {{m_document->with(last).content, m_document->bytes().password}, last.page};
+}
+
+UnsavedSignature Counter::unsaved()
+{
+    UnsavedSignature unsaved;
+    if (const PageFile *const file = m_document->opened().file()) {
+        unsaved.path = file->path;
+        unsaved.digest = file->digest;
+    }
+    unsaved.base = m_document->base();
+    unsaved.added = m_document->signatures();
+    unsaved.saved = m_kept;
+    if (m_signing.state() != SigningState::Confirmed || m_signing.isKept())
+        return unsaved;
+    unsaved.confirmed = wish();
+    if (m_signatory.key != nullptr)
+        unsaved.signer = m_signatory.key->owner();
+    return unsaved;
+}
+
+bool Counter::restore(const UnsavedSignature &unsaved, const RunWork &run)
+{
+    bool isRestored = false;
+    try {
+        m_document->restore(unsaved);
+        isRestored = !unsaved.confirmed.has_value();
+        if (unsaved.confirmed.has_value()) {
+            SignatureWish last = *unsaved.confirmed;
+            last.signatory = m_signatory;
+            isRestored = prepare(last, run);
+            if (isRestored)
+                m_document->add(last);
+        }
+    } catch (const Trouble &) {
+        m_document->reset();
+        emit documentChanged();
+        throw;
+    }
+    if (!isRestored)
+        m_document->reset();
+    setKept(isRestored ? unsaved.saved : 0);
+    emit documentChanged();
+    return isRestored;
 }
 
 void Counter::keep()

@@ -85,6 +85,17 @@ public:
     SignedDocument result();
     bool hasResult() const;
 
+    /// What would be lost if the program ended now: see UnsavedSignature. Ask only while isUnderstood().
+    UnsavedSignature unsaved();
+
+    /// False while ink is there of which only an earlier state was confirmed.
+    bool isUnderstood() const { return m_signing.isKept() || m_signing.state() == SigningState::Confirmed; }
+
+    /// Adds what was left to the document, which must be the one that it was taken from, as it was opened. A signature
+    /// that was confirmed is made now, with the present signatory. False when the clerk cancelled. Throws a Trouble.
+    /// The document is as it was opened after either.
+    bool restore(const UnsavedSignature &unsaved, const RunWork &run);
+
     /// All of the result was saved or printed.
     void keep();
 
@@ -100,9 +111,14 @@ signals:
     void documentChanged();
     void keptChanged();
 
+    /// What is confirmed and not a part of the document is to be placed or signed in another way.
+    void confirmedChanged();
+
 private:
     bool isDocumentKept() const { return m_kept >= m_document->added(); }
     SignatureWish wish();
+    bool prepare(const SignatureWish &wish, const RunWork &run);
+    void changeConfirmed();
     void setKept(int kept);
 
     PadSession m_session;

@@ -1,6 +1,9 @@
 #include "deskdocument.h"
 
 #include "pagefile.h"
+#include "trouble.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -53,10 +56,55 @@ void DeskDocument::learn(const SignatureWish &wish, const SignedBytes &outcome)
 void DeskDocument::add(const SignatureWish &wish)
 {
     const SignedBytes outcome = with(wish);
-    const DocumentBytes &before = bytes();
-    const Step step{before.content.size(), outcome.isAppended ? QByteArray() : before.content, wish.formField};
-    setContent(outcome.content);
+    const QByteArray added = outcome.isAppended ? outcome.content.mid(bytes().content.size()) : outcome.content;
+    addStep({added, outcome.isAppended, wish.formField});
+}
+
+void DeskDocument::addStep(const AddedSignature &signature)
+{
+    const QByteArray before = bytes().content;
+    const Step step{before.size(), signature.isAppended ? QByteArray() : before, signature.formField};
+    setContent(signature.isAppended ? before + signature.bytes : signature.bytes);
     m_steps.push_back(step);
+}
+
+std::vector<AddedSignature> DeskDocument::signatures() const
+{
+    std::vector<AddedSignature> added;
+    QByteArray content = m_bytes.content;
+    for (auto step = m_steps.rbegin(); step != m_steps.rend(); ++step) {
+        const bool isAppended = step->rewritten.isEmpty();
+        added.push_back(
+            {isAppended ? content.mid(static_cast<int>(step->size)) : content, isAppended, step->formField});
+        content = isAppended ? content.left(static_cast<int>(step->size)) : step->rewritten;
+    }
+    std::reverse(added.begin(), added.end());
+    return added;
+}
+
+QByteArray DeskDocument::base() const
+{
+    if (m_opened->isPdf() || m_steps.empty())
+        return {};
+    const Step &first = m_steps.front();
+    return first.rewritten.isEmpty() ? m_bytes.content.left(static_cast<int>(first.size)) : first.rewritten;
+}
+
+void DeskDocument::restore(const UnsavedSignature &unsaved)
+{
+    reset();
+    if (!unsaved.base.isEmpty())
+        m_bytes = {unsaved.base, m_opened->password()};
+    try {
+        for (const AddedSignature &signature : unsaved.added)
+            addStep(signature);
+    } catch (const Trouble &) {
+        reset();
+        throw;
+    } catch (const PasswordNeeded &) { // the password is another one, but not the file
+        reset();
+        throw unreadable(unsaved.path, QCoreApplication::translate("signdesk::Pages", "it is a damaged PDF."));
+    }
 }
 
 void DeskDocument::undo()

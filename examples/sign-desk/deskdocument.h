@@ -4,7 +4,7 @@
 #define DESKDOCUMENT_H
 
 #include "pages.h"
-#include "signingwork.h"
+#include "unsavedsignature.h"
 
 #include <vector>
 
@@ -43,6 +43,14 @@ public:
     /// As it was opened.
     void reset();
 
+    /// What restore() needs to add the same signatures again, byte by byte: they themselves, and what the first one was
+    /// added to, empty when that is the opened file.
+    std::vector<AddedSignature> signatures() const;
+    QByteArray base() const;
+
+    /// Adds them to the document as it was opened. Throws a Trouble; the document is as it was opened then.
+    void restore(const UnsavedSignature &unsaved);
+
 private:
     /// What was there before a signature was added.
     struct Step
@@ -53,6 +61,7 @@ private:
     };
 
     void setContent(const QByteArray &content);
+    void addStep(const AddedSignature &signature);
     void forget();
 
     std::unique_ptr<Pages> m_opened;

@@ -79,12 +79,12 @@ void DeskWindow::connectFileActions()
         if (!mayLeave())
             return;
         const QString path = m_files.askForPage();
-        if (!path.isEmpty())
-            openPage(path);
+        if (!path.isEmpty() && openPage(path))
+            offerLeft(path);
     });
     connect(&m_actions, &DeskActions::recentChosen, this, [this](const QString &path) {
-        if (mayLeave())
-            openPage(path);
+        if (mayLeave() && openPage(path))
+            offerLeft(path);
     });
     on(m_actions.savePage, [this] { savePage(); });
     on(m_actions.exportSignature, [this] { exportSignature(); });
@@ -205,6 +205,8 @@ void DeskWindow::aboutDesk()
 void DeskWindow::closeEvent(QCloseEvent *event)
 {
     event->setAccepted(mayLeave());
+    if (event->isAccepted())
+        discardKept();
 }
 
 } // namespace signdesk

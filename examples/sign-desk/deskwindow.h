@@ -14,7 +14,9 @@
 #include "penpanel.h"
 #include "placepanel.h"
 #include "rates.h"
+#include "safekeeping.h"
 #include "signatorypanel.h"
+#include "unsavedquestions.h"
 
 #include <QMainWindow>
 #include <QTimer>
@@ -33,6 +35,15 @@ public:
     void setModel(const PadFamily &model) { m_padPanel->setModel(model); }
     void acceptAnyDriver() { m_counter.session().acceptAnyDriver(); }
 
+    /// From now on, what is confirmed and not saved outlasts the program.
+    void keepConfirmed();
+
+    void discardKept();
+
+    /// Offers to go on with what desks left that ended too soon: with all of it, or with what belongs to the document.
+    /// True when it is in the window now.
+    bool offerLeft(const QString &path = {});
+
     /// Opens the pad, as the button does.
     void start();
 
@@ -48,6 +59,11 @@ private:
     void connectOtherActions();
     void connectPanels();
     void connectCounter();
+
+    void showPages(std::unique_ptr<Pages> pages);
+    bool goOnWith(const LeftSignature &left);
+    LeftAnswer openFor(const UnsavedSignature &left, std::unique_ptr<Pages> &pages);
+    bool chooseSignatoryOf(const UnsavedSignature &left);
 
     void chooseModel();
     void chooseFingerprintPlace();
@@ -76,7 +92,7 @@ private:
     void confirmDoubtful(int points);
     bool prepare();
     std::shared_ptr<const SignedDocument> result();
-    void chooseSignatory();
+    bool chooseSignatory();
     void verify();
     void savePage();
     void print();
@@ -98,6 +114,7 @@ private:
     OutputPanel *m_outputPanel;
     DeskStatus *m_status;
     QTimer m_inkTimer;
+    std::unique_ptr<SafeKeeping> m_keeping;
     bool m_isAsking = false; ///< whether to confirm although strokes may be missing
 };
 

@@ -25,13 +25,18 @@ bool DeskWindow::openPage(const QString &path)
     std::unique_ptr<Pages> pages = m_files.open(path);
     if (pages == nullptr)
         return false;
-    end({});
-    m_counter.setDocument(std::move(pages));
-    placeField();
+    showPages(std::move(pages));
     m_settings.addRecentDocument(QFileInfo(path).absoluteFilePath());
     m_actions.showRecent(m_settings.recentDocuments());
     m_status->note(tr("Move the field to where the signature belongs, then start signing."));
     return true;
+}
+
+void DeskWindow::showPages(std::unique_ptr<Pages> pages)
+{
+    end({});
+    m_counter.setDocument(std::move(pages));
+    placeField();
 }
 
 /// Shows the document as it stands, on the page that was shown before.
@@ -166,9 +171,13 @@ void DeskWindow::savePage()
     rememberPlace();
     m_settings.addRecentDocument(path);
     m_actions.showRecent(m_settings.recentDocuments());
-    m_status->note(m_counter.document().opened().isOutdated()
-            ? tr("The page is saved as it was when it was opened: its file has changed since then.")
-            : tr("Saved as %1. Press Done for the next customer.").arg(QFileInfo(path).fileName()));
+    const QString name = QFileInfo(path).fileName();
+    if (m_counter.isUnsaved())
+        m_status->note(tr("Saved as %1, but without what was written since: confirm that, and save again.").arg(name));
+    else
+        m_status->note(m_counter.document().opened().isOutdated()
+                ? tr("The page is saved as it was when it was opened: its file has changed since then.")
+                : tr("Saved as %1. Press Done for the next customer.").arg(name));
 }
 
 void DeskWindow::print()
@@ -177,18 +186,22 @@ void DeskWindow::print()
     if (document == nullptr || !m_files.print(document, m_counter.document().pages().count()))
         return;
     m_counter.keep();
-    m_status->note(m_counter.document().opened().isOutdated()
-            ? tr("The page is printed as it was when it was opened: its file has changed since then.")
-            : tr("The page is printed."));
+    if (m_counter.isUnsaved())
+        m_status->note(tr("The page is printed, but without what was written since: confirm that, and print again."));
+    else
+        m_status->note(m_counter.document().opened().isOutdated()
+                ? tr("The page is printed as it was when it was opened: its file has changed since then.")
+                : tr("The page is printed."));
 }
 
-void DeskWindow::chooseSignatory()
+bool DeskWindow::chooseSignatory()
 {
     SignatoryDialog dialog(m_settings, m_counter.signatory(), this);
     if (dialog.exec() != QDialog::Accepted)
-        return;
+        return false;
     m_counter.setSignatory(dialog.signatory());
     m_signatoryPanel->show(m_counter.signatory());
+    return true;
 }
 
 void DeskWindow::verify()

@@ -116,11 +116,13 @@ int run(const QCommandLineParser &parser, const Options &options)
     }
     window.show();
     const bool isPictured = parser.isSet(options.screenshot);
+    window.keepConfirmed();
     if (isPictured)
         takeScreenshotAndQuit(window, picture);
     // Inside exec(): a message box before it could not end the program.
     QTimer::singleShot(0, &window, [&window, page, isPictured] {
-        if (!page.isEmpty())
+        const bool isSignedAlready = !isPictured && window.offerLeft();
+        if (!page.isEmpty() && !isSignedAlready)
             window.openPage(page);
         if (isPictured)
             QTimer::singleShot(kBeforeStart, &window, [&window] { window.start(); });

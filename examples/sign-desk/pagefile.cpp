@@ -3,6 +3,7 @@
 #include "trouble.h"
 
 #include <QCoreApplication>
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -46,6 +47,7 @@ PageFile readPageFile(const QString &path)
     if (page.size > kMostBytes)
         throw unreadable(path, PageFileWords::tr("it is too large."));
     page.content = file.read(kMostBytes);
+    page.digest = QCryptographicHash::hash(page.content, QCryptographicHash::Sha256);
     return page;
 }
 

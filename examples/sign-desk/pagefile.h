@@ -18,6 +18,7 @@ struct PageFile
     QByteArray content;
     QDateTime time; ///< of the last change before it was read
     qint64 size = 0; ///< kept even when the content is dropped
+    QByteArray digest = {}; ///< of the content (SHA-256), also then
 
     /// True when the path now leads to another file or the file was changed; false when it is gone.
     bool hasChanged() const;

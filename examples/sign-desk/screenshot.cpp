@@ -16,6 +16,7 @@ constexpr int kSettle = 300; ///< for what is painted last: fingerprint, rates
 void finish(DeskWindow &window, const QString &path, bool isSigned)
 {
     const bool isWritten = window.grab().save(path);
+    window.discardKept(); // the picture is all that was wanted
     if (!isSigned)
         std::fputs("kv-sign-desk: no signature was confirmed\n", stderr);
     if (!isWritten)

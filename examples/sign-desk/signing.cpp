@@ -64,6 +64,8 @@ void Signing::confirmDoubtful(int points)
     if (isAnother)
         setKept(false);
     setState(SigningState::Confirmed);
+    if (isAnother)
+        emit confirmed();
 }
 
 bool Signing::clear()

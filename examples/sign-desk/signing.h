@@ -67,6 +67,9 @@ signals:
     void looked(int points);
     void confirmedWithoutInk();
 
+    /// The state is Confirmed now, with other ink than before.
+    void confirmed();
+
     /// Not confirmed: the pad was away since the last begin or clear.
     void doubted(int points);
 

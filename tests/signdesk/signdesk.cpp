@@ -20,6 +20,7 @@
 SignDesk::SignDesk()
 {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
+    qputenv("XDG_STATE_HOME", file("state").toLocal8Bit());
     openWindow();
     window->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(window.get(), 60000));
@@ -35,6 +36,7 @@ void SignDesk::openWindow()
 {
     window = std::make_unique<signdesk::DeskWindow>();
     window->acceptAnyDriver();
+    window->keepConfirmed();
     window->show();
 }
 

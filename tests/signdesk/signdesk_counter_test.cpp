@@ -55,10 +55,12 @@ TEST_F(Counter, WhatIsWrittenWhileTheFileIsChosenIsNotSavedYet)
     click("Save page...");
     ASSERT_TRUE(happened());
     EXPECT_TRUE(QFile::exists(file("note-signed.pdf")));
+    EXPECT_EQ(note(), "Saved as note-signed.pdf, but without what was written since: confirm that, and save again.");
     settle();
     EXPECT_TRUE(window->isWindowModified());
     save(file("again.pdf"));
     EXPECT_FALSE(window->isWindowModified());
+    EXPECT_EQ(note(), "Saved as again.pdf. Press Done for the next customer.");
 }
 
 TEST_F(Counter, SpaceConfirmsAfterTheStart)

@@ -491,6 +491,38 @@
         <source>The pad answers again. The signer may write on the pad.</source>
         <translation>Das Pad antwortet wieder. Auf dem Pad kann unterschrieben werden.</translation>
     </message>
+    <message>
+        <source>Saved as %1, but without what was written since: confirm that, and save again.</source>
+        <translation>Gespeichert als %1, aber ohne das, was seither geschrieben wurde: bestätigen Sie es und speichern Sie noch einmal.</translation>
+    </message>
+    <message>
+        <source>The page is printed, but without what was written since: confirm that, and print again.</source>
+        <translation>Die Seite ist gedruckt, aber ohne das, was seither geschrieben wurde: bestätigen Sie es und drucken Sie noch einmal.</translation>
+    </message>
+    <message>
+        <source>Save or print it now: if the computer or Sign Desk stopped, the signature would be lost, for %1 cannot be written.</source>
+        <translation>Speichern oder drucken Sie jetzt: fiele der Rechner oder das Programm aus, so wäre die Unterschrift verloren, denn %1 lässt sich nicht schreiben.</translation>
+    </message>
+    <message>
+        <source>An earlier Sign Desk left a signature that was not saved, but its file is damaged.</source>
+        <translation>Das Programm wurde beendet, bevor eine Unterschrift gespeichert war, doch die Datei mit ihr ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>It was put aside as %1. Ask the signer to sign anew.</source>
+        <translation>Sie liegt jetzt als %1. Bitten Sie darum, noch einmal zu unterschreiben.</translation>
+    </message>
+    <message>
+        <source>The document is signed as before Sign Desk ended. Save or print it, then press Done.</source>
+        <translation>Das Dokument ist unterschrieben wie vor dem Ende des Programms. Speichern oder drucken Sie es und drücken Sie dann Fertig.</translation>
+    </message>
+    <message>
+        <source>The signature was to be made with the certificate of %1.</source>
+        <translation>Die Unterschrift sollte mit dem Zertifikat von %1 geleistet werden.</translation>
+    </message>
+    <message>
+        <source>Choose it again: Sign Desk keeps no keys.</source>
+        <translation>Wählen Sie es noch einmal: das Programm bewahrt keine Schlüssel auf.</translation>
+    </message>
 </context>
 <context>
     <name>signdesk::Document</name>
@@ -696,6 +728,53 @@
     <message>
         <source>Grows while the signer writes on the pad</source>
         <translation>Wächst, während auf dem Pad geschrieben wird</translation>
+    </message>
+</context>
+<context>
+    <name>signdesk::LeftSignature</name>
+    <message>
+        <source>&amp;Later</source>
+        <translation>&amp;Später</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>&amp;Verwerfen</translation>
+    </message>
+    <message>
+        <source>The blank sheet was signed on %1, but neither saved nor printed: Sign Desk ended before.</source>
+        <translation>Das leere Blatt wurde am %1 unterschrieben, aber weder gespeichert noch gedruckt: das Programm endete vorher.</translation>
+    </message>
+    <message>
+        <source>%1 was signed on %2, but neither saved nor printed: Sign Desk ended before.</source>
+        <translation>%1 wurde am %2 unterschrieben, aber weder gespeichert noch gedruckt: das Programm endete vorher.</translation>
+    </message>
+    <message>
+        <source>The signature is still here. Shall it be put on the document again?</source>
+        <translation>Die Unterschrift ist noch da. Soll sie wieder auf das Dokument?</translation>
+    </message>
+    <message>
+        <source>&amp;Go on with it</source>
+        <translation>Damit &amp;fortfahren</translation>
+    </message>
+    <message>
+        <source>%1 is no longer there.</source>
+        <translation>%1 ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>%1 has changed since it was signed.</source>
+        <translation>%1 ist nicht mehr so, wie es unterschrieben wurde.</translation>
+    </message>
+    <message>
+        <source>%1 is not the document that was signed.</source>
+        <translation>%1 ist nicht das Dokument, das unterschrieben wurde.</translation>
+    </message>
+    <message>
+        <source>The signature is not put on another document than its signer saw. It is still here: choose the document as it was signed, or bring it back and start again.</source>
+        <translation>Die Unterschrift kommt nur auf das Dokument, das vorlag, als sie geschrieben wurde. Sie ist noch da: wählen Sie dieses Dokument oder bringen Sie es zurück und starten Sie das Programm noch einmal.</translation>
+    </message>
+    <message>
+        <source>&amp;Choose the document...</source>
+        <translation>Dokument &amp;wählen...</translation>
     </message>
 </context>
 <context>
