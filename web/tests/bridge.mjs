@@ -1,7 +1,7 @@
 // Starts the bridge on the simulated pad, and serves pages that it lets in.
 import { execFileSync, spawn } from "node:child_process";
 import { readFile } from "node:fs/promises";
-import { mkdtempSync, readFileSync, rmSync } from "node:fs";
+import { mkdirSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from "node:fs";
 import { createServer } from "node:https";
 import { tmpdir } from "node:os";
 import path from "node:path";
@@ -49,6 +49,15 @@ export function startBridge(options, environment = {}) {
     child.stdout.on("data", (data) => { said += data; });
     child.once("exit", () => reject(new Error(`the bridge ended: ${said}`)));
   });
+}
+
+/** The managed policies for an administrator's list with this page. @returns {string} the folder in which etc is */
+export function writePolicies(origin) {
+  const managed = path.join(home, "managed");
+  mkdirSync(path.join(managed, "etc/kvsignpad/origins.d"), { recursive: true });
+  writeFileSync(path.join(managed, "etc/kvsignpad/origins.d/shop"), `${origin} # the counter\n`, { mode: 0o644 });
+  execFileSync(path.join(root, "bridge/system/kv-sign-policies"), [managed]);
+  return managed;
 }
 
 const types = { ".html": "text/html", ".js": "text/javascript", ".css": "text/css" };

@@ -1,10 +1,9 @@
 // The page's side in Debian's Chromium: signing on every screen pad, pixels, forms, permissions, troubles, axe.
 import assert from "node:assert/strict";
-import { execFileSync } from "node:child_process";
 import { mkdirSync, readFileSync, writeFileSync } from "node:fs";
 import path from "node:path";
 import { chromium } from "playwright-core";
-import { build, certificate, home, servePages, startBridge } from "./bridge.mjs";
+import { build, certificate, home, servePages, startBridge, writePolicies } from "./bridge.mjs";
 
 const pages = await servePages(...certificate());
 const desk = `https://desk.test:${pages.port}`;
@@ -188,10 +187,7 @@ const tests = {
   },
 
   async "is not asked for where a managed policy names it"() {
-    const root = path.join(home, "managed");
-    mkdirSync(path.join(root, "etc/kvsignpad/origins.d"), { recursive: true });
-    writeFileSync(path.join(root, "etc/kvsignpad/origins.d/shop"), `${desk} # the counter\n`);
-    execFileSync(path.resolve(import.meta.dirname, "../../bridge/system/kv-sign-policies"), [root]);
+    const root = writePolicies(desk);
     // Chromium reads its policies from one place alone: there, for this one process, are ours.
     const wrapper = path.join(home, "managed-chromium");
     writeFileSync(wrapper, `#!/bin/bash
@@ -263,20 +259,23 @@ exec unshare --map-root-user --mount bash -c 'mount --bind "$0" /etc/chromium &&
     await bridge.stop();
   },
 
-  async "axe finds nothing, in light and dark, on every example"() {
+  async "axe finds nothing, in light, in dark and on a phone, on every example"() {
     const bridge = await startBridge(["--port", "0", "--demo", "--no-browser"], { KVSIM_RECORDING: "none" });
     const axe = readFileSync(path.resolve(import.meta.dirname, "../node_modules/axe-core/axe.min.js"), "utf8");
     for (const name of ["", "delivery-note.html", "consent-form.html", "two-signers.html"]) {
-      for (const colorScheme of ["light", "dark"]) {
-        const page = await open(`http://127.0.0.1:${bridge.port}/${name}`, { permissions: [], colorScheme, bypassCSP: true });
-        if (name && colorScheme === "dark") {
+      for (const look of ["light", "dark", "phone"]) {
+        const page = await open(`http://127.0.0.1:${bridge.port}/${name}`, { permissions: [], bypassCSP: true,
+          colorScheme: look === "dark" ? "dark" : "light",
+          ...(look === "phone" ? { viewport: { width: 360, height: 740 }, deviceScaleFactor: 3 } : {}) });
+        if (name && look === "dark") {
           await sign(page);
           await reaches(page, "ready");
         }
         await page.evaluate(axe);
         const { violations } = await page.evaluate(() => window.axe.run());
-        assert.deepEqual(violations.map(({ id, nodes }) => [id, nodes[0].html]), [], `${name} ${colorScheme}`);
-        await page.screenshot({ path: path.join(pictures, `${name || "index"}-${colorScheme}.png`) });
+        assert.deepEqual(violations.map(({ id, nodes }) => [id, nodes[0].html]), [], `${name} ${look}`);
+        assert.ok(await page.evaluate(() => document.documentElement.scrollWidth <= window.innerWidth), `${name} ${look}: too wide`);
+        await page.screenshot({ path: path.join(pictures, `${name || "index"}-${look}.png`) });
         await page.context().close();
       }
     }
