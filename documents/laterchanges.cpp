@@ -1,9 +1,11 @@
 #include "laterchanges.h"
 
+#include "appendedbytes.h"
 #include "formfields.h"
 #include "objectdifferences.h"
-#include "pagetree.h"
+#include "pageplace.h"
 #include "permissions.h"
+#include "roles.h"
 
 #include <algorithm>
 #include <map>
@@ -15,11 +17,12 @@ namespace {
 
 using Keys = std::set<std::string>;
 
-const Keys kOfCatalogue{"/AcroForm", "/DSS", "/Extensions", "/Metadata", "/StructTreeRoot", "/Version"};
+const Keys kOfCatalogue{"/AcroForm", "/DSS", "/Extensions", "/Metadata", "/Version"};
 const Keys kOfForm{"/Fields", "/SigFlags", "/DR", "/DA"};
 const Keys kOfPage{"/Annots", "/LastModified", "/StructParents", "/Tabs"};
 const Keys kOfFilledField{"/AP", "/AS", "/I", "/M", "/MK", "/RV", "/V"};
 const Keys kOfSignedField{"/AP", "/F", "/M", "/StructParent", "/TU", "/V"};
+const Keys kOfTags{"/IDTree", "/K", "/Kids", "/Limits", "/Nums", "/ParentTree", "/ParentTreeNextKey"};
 
 /// A signature with a lock may make the fields read-only that it locks: nobody sees a difference.
 bool isMadeReadOnly(QPDFObjectHandle before, QPDFObjectHandle after)
@@ -40,42 +43,114 @@ std::vector<QPDFObjectHandle> itemsOf(QPDFObjectHandle array)
     return array.isArray() ? array.getArrayAsVector() : std::vector<QPDFObjectHandle>();
 }
 
+/// Whether all items are still there, in their order. One item may be without an array.
+bool keepsItems(QPDFObjectHandle before, QPDFObjectHandle after)
+{
+    const auto textsOf = [](QPDFObjectHandle items) {
+        std::vector<std::string> texts;
+        for (QPDFObjectHandle item : items.isArray() ? items.getArrayAsVector() : std::vector<QPDFObjectHandle>{items})
+            texts.push_back(item.unparse());
+        return texts;
+    };
+    const std::vector<std::string> old = textsOf(before), now = textsOf(after);
+    size_t kept = 0;
+    for (size_t i = 0; i < now.size() && kept < old.size(); ++i)
+        kept += now[i] == old[kept] ? 1 : 0;
+    return before.isNull() || kept == old.size();
+}
+
+/// Whether a dictionary of dictionaries has all of its entries still.
+bool keepsEntries(QPDFObjectHandle before, QPDFObjectHandle after)
+{
+    if (!before.isDictionary() || !after.isDictionary())
+        return before.isNull();
+    for (const std::string &key : differingKeys(before, after)) {
+        QPDFObjectHandle old = before.getKey(key), now = after.getKey(key);
+        if (!old.isNull() && (old.isIndirect() || !old.isDictionary() || !keepsEntries(old, now)))
+            return false;
+    }
+    return true;
+}
+
+QString shownValue(QPDFObjectHandle value)
+{
+    constexpr int kMost = 60; // letters
+    QString text;
+    if (value.isString())
+        text = QString::fromStdString(value.getUTF8Value());
+    else if (value.isName())
+        text = QString::fromStdString(value.getName()).mid(1);
+    else if (!value.isNull())
+        text = "...";
+    return "\"" + (text.size() > kMost ? text.left(kMost) + "..." : text) + "\"";
+}
+
+/// A push button has no value: it only shows something.
+bool isPushButton(const FormField &field)
+{
+    constexpr long long kPushButton = 1 << 16;
+    QPDFObjectHandle flags = QPDFObjectHandle(field.field).getKey("/Ff");
+    return field.type == "/Btn" && flags.isInteger() && (flags.getIntValue() & kPushButton) != 0;
+}
+
 /// One comparison of a document with what it was.
 class Comparison
 {
 public:
-    Comparison(Reader &signedOne, Reader &now, const QPDFObjectHandle &signature)
-        : m_earlier(signedOne)
+    Comparison(const Source &source, qint64 end, Reader &signedOne, Reader &now, const QPDFObjectHandle &signature)
+        : m_source(source)
+        , m_end(end)
+        , m_earlier(signedOne)
         , m_now(now)
         , m_signature(signature)
         , m_differences(differencesOf(signedOne.pdf, now.pdf))
         , m_earlierFields(fieldsOf(signedOne.pdf))
         , m_nowFields(fieldsOf(now.pdf))
+        , m_earlierPages(pagesOf(signedOne.pdf))
+        , m_nowPages(pagesOf(now.pdf))
         , m_certification(certificationOf(signedOne.pdf, m_earlierFields))
+        , m_allowsAnnotations(m_certification == Certification::Annotations
+              && certificationBySignatures(m_earlierFields) == Certification::Annotations)
     {
     }
 
     LaterChanges run()
     {
-        if (m_now.rewrite == Rewrite::Damaged)
-            change("what follows it is damaged");
-        if (m_earlier.pdf.getRoot().getObjGen() != m_now.pdf.getRoot().getObjGen())
-            change("the document has another catalogue");
-        if (m_earlier.pdf.isEncrypted() != m_now.pdf.isEncrypted())
-            change("the document was encrypted, or is no longer");
-        if (!m_differences.removed.empty() || !m_differences.filled.empty())
-            change("objects of the document were taken away or filled in behind it");
+        lookAtFile();
         lookAtFields();
         lookAtPages();
         lookAtForm();
         for (const QPDFObjGen &number : m_differences.replaced)
             lookAt(number);
+        for (const int number : m_differences.doubled)
+            change(QString("something that it covers (object %1)").arg(number));
         if (m_certification == Certification::NoChanges && !m_found.added.isEmpty())
             change("it forbids every change, also those");
+        m_found.added += m_harmless;
+        m_found.added.removeDuplicates();
         return m_found;
     }
 
 private:
+    void lookAtFile()
+    {
+        QPDFObjectHandle before = m_earlier.pdf.getTrailer(), after = m_now.pdf.getTrailer();
+        if (m_now.rewrite == Rewrite::Damaged)
+            change("what follows it is damaged");
+        else if (hasStrayBytes(m_source, m_end, m_now.pdf, m_differences.dangling))
+            change("bytes that belong to none of its revisions");
+        if (m_now.rewrite == Rewrite::Hybrid && m_now.last.place >= m_end)
+            change("cross-references in two forms at once");
+        if (m_earlier.pdf.getRoot().getObjGen() != m_now.pdf.getRoot().getObjGen())
+            change("the document has another catalogue");
+        if (before.getKey("/Encrypt").unparse() != after.getKey("/Encrypt").unparse())
+            change("the document was encrypted, or is no longer, or otherwise");
+        if (!m_differences.removed.empty() || m_differences.areFilled)
+            change("objects of the document were taken away or filled in behind it");
+        if (before.getKey("/Info").unparse() != after.getKey("/Info").unparse())
+            add("the document information (title, author and so on)");
+    }
+
     void change(const QString &what)
     {
         if (!m_found.changed.contains(what))
@@ -96,8 +171,46 @@ private:
         if (!signature.isDictionary() || !signature.hasKey("/ByteRange"))
             return;
         m_ofSignatures.insert(field.field.getObjGen());
-        for (const QPDFObjectHandle &widget : field.widgets)
-            m_ofSignatures.insert(widget.getObjGen());
+        for (QPDFObjectHandle widget : field.widgets) {
+            if (widget.isDictionary() && widget.getKey("/Subtype").isNameAndEquals("/Widget"))
+                m_ofSignatures.insert(widget.getObjGen());
+        }
+    }
+
+    /// " (page 1, 70 by 40 mm)" for each widget that shows something.
+    QString placesOf(const FormField &field)
+    {
+        if (m_pageOf.empty()) {
+            for (size_t i = 0; i < m_nowPages.size(); ++i) {
+                for (const QPDFObjectHandle &item : itemsOf(m_nowPages[i].page.getKey("/Annots")))
+                    m_pageOf.emplace(item.getObjGen(), i);
+            }
+        }
+        QStringList places;
+        for (QPDFObjectHandle widget : field.widgets) {
+            const auto page = m_pageOf.find(widget.getObjGen());
+            const QRectF own = widget.isDictionary() ? rectangleOf(widget.getKey("/Rect")) : QRectF();
+            if (page == m_pageOf.end() || !widget.isIndirect() || own.isEmpty())
+                continue;
+            const QSizeF size = PagePlace(m_nowPages[page->second]).shown(own).size();
+            places += QString("page %1, %2 by %3 mm")
+                          .arg(page->second + 1)
+                          .arg(size.width(), 0, 'f', 0)
+                          .arg(size.height(), 0, 'f', 0);
+        }
+        return places.isEmpty() ? QString() : " (" + places.join("; ") + ")";
+    }
+
+    /// A time stamp of the whole document is not counted as a change even where none is allowed.
+    void addSignature(const FormField &field)
+    {
+        const QString text =
+            QString("a signature in the field \"%1\"%2").arg(QString::fromStdString(field.name), placesOf(field));
+        const bool isStamp = field.signature().getKey("/SubFilter").isNameAndEquals("/ETSI.RFC3161");
+        if (isStamp)
+            m_harmless += text;
+        else
+            add(text);
     }
 
     void lookAtFields()
@@ -109,15 +222,28 @@ private:
             noteSignature(field);
             const auto same = earlier.find(field.name);
             const FormField *const before = same == earlier.end() ? nullptr : same->second;
-            const QString name = QString::fromStdString(field.name);
             if (!field.signature().isNull() && (before == nullptr || before->signature().isNull()))
-                add(QString("a signature in the field \"%1\"").arg(name));
+                addSignature(field);
             if (before == nullptr)
                 continue;
+            lookAtValue(*before, field);
             m_places[before->field.getObjGen()] = before;
             for (const QPDFObjectHandle &widget : before->widgets)
                 m_places[widget.getObjGen()] = before;
         }
+    }
+
+    void lookAtValue(const FormField &earlier, const FormField &field)
+    {
+        QPDFObjectHandle before = QPDFObjectHandle(earlier.field).getKey("/V"),
+                         after = QPDFObjectHandle(field.field).getKey("/V");
+        if (field.isSignature() || before.unparseResolved() == after.unparseResolved())
+            return;
+        const QString name = QString::fromStdString(field.name) + "\"" + placesOf(field);
+        m_filled.insert(field.name);
+        add(before.isNull() ? QString("the form field \"%1 was filled in with %2").arg(name, shownValue(after))
+                            : QString("the form field \"%1 was changed from %2 to %3")
+                                  .arg(name, shownValue(before), shownValue(after)));
     }
 
     /// Every entry of the earlier list must still be there, and every new entry must be a signature.
@@ -133,7 +259,7 @@ private:
             if (!item.isIndirect() && old.count(item.getObjGen()) > 0
                 && before.unparseResolved() == after.unparseResolved())
                 continue;
-            if (m_certification == Certification::Annotations && what == "annotations")
+            if (m_allowsAnnotations && what == "annotations")
                 add(QString("annotations on %1").arg(place));
             else
                 change(QString("%1 were added to %2").arg(what, place));
@@ -144,7 +270,7 @@ private:
 
     void lookAtPages()
     {
-        const std::vector<TreePage> before = pagesOf(m_earlier.pdf), after = pagesOf(m_now.pdf);
+        const std::vector<TreePage> &before = m_earlierPages, &after = m_nowPages;
         if (before.size() != after.size())
             change("pages were added or taken away");
         for (size_t i = 0; i < std::min(before.size(), after.size()); ++i) {
@@ -153,10 +279,8 @@ private:
                 change("pages were exchanged");
             m_pages[old.getObjGen()] = static_cast<int>(i) + 1;
             QPDFObjectHandle oldList = old.getKey("/Annots"), nowList = now.getKey("/Annots");
-            for (const QPDFObjectHandle &list : {oldList, nowList}) {
-                if (list.isIndirect())
-                    m_lists.insert(list.getObjGen());
-            }
+            if (oldList.isIndirect())
+                m_lists.insert(oldList.getObjGen());
             const bool isTouched = m_differences.replaced.count(old.getObjGen()) > 0
                 || m_differences.replaced.count(oldList.getObjGen()) > 0;
             if (isTouched)
@@ -172,7 +296,9 @@ private:
             before = QPDFObjectHandle::newDictionary();
         if (!after.isDictionary())
             after = QPDFObjectHandle::newDictionary();
-        if (!areAmong(differingKeys(before, after), kOfForm))
+        const bool isOldText = before.hasKey("/DA") && before.getKey("/DA").unparse() != after.getKey("/DA").unparse();
+        if (!areAmong(differingKeys(before, after), kOfForm) || isOldText
+            || !keepsEntries(before.getKey("/DR"), after.getKey("/DR")))
             change("the form was changed");
         lookAtList(before.getKey("/Fields"), after.getKey("/Fields"), "the form", "fields");
         for (const QPDFObjectHandle &part : {before, before.getKey("/Fields")}) {
@@ -186,18 +312,34 @@ private:
         QPDFObjectHandle before = m_earlier.pdf.getObject(number), after = m_now.pdf.getObject(number);
         if (before.unparseResolved() == after.unparseResolved() && !before.isStream())
             return; // written again without a change
+        if (m_differences.holders.count(number) > 0 || isShown(number)) {
+            change(QString("something that it covers (object %1)").arg(number.getObj()));
+            return;
+        }
         if (m_lists.count(number) > 0)
             return;
         const auto page = m_pages.find(number);
         const auto place = m_places.find(number);
         if (number == m_earlier.pdf.getRoot().getObjGen())
-            lookAtKeys(before, after, kOfCatalogue, "the document's catalogue");
+            lookAtCatalogue(before, after);
         else if (page != m_pages.end())
             lookAtKeys(before, after, kOfPage, QString("page %1").arg(page->second));
         else if (place != m_places.end())
             lookAtField(*place->second, before, after);
-        else if (!isBeside(number))
-            change(QString("something that it covers (object %1)").arg(number.getObj()));
+        else
+            lookBesidePages(number, before, after);
+    }
+
+    void lookAtCatalogue(QPDFObjectHandle before, QPDFObjectHandle after)
+    {
+        lookAtKeys(before, after, kOfCatalogue, "the document's catalogue");
+        const Keys keys = before.isDictionary() && after.isDictionary() ? differingKeys(before, after) : Keys();
+        if (keys.count("/Metadata") > 0)
+            add("the metadata");
+        if (keys.count("/DSS") > 0)
+            m_harmless += "data that helps to verify";
+        if (keys.count("/Version") > 0 || keys.count("/Extensions") > 0)
+            add("the version of PDF");
     }
 
     void lookAtKeys(QPDFObjectHandle before, QPDFObjectHandle after, const Keys &allowed, const QString &what)
@@ -223,57 +365,84 @@ private:
                 change(QString("the signature field \"%1\", which it locks").arg(name));
             return;
         }
-        if (!areAmong(keys, kOfFilledField))
+        if (!areAmong(keys, kOfFilledField) || isPushButton(field))
             change(QString("the form field \"%1\"").arg(name));
         else if (isLockedBy(m_signature, field.name))
             change(QString("the form field \"%1\", which it locks").arg(name));
-        else
-            add(QString("the form field \"%1\" was filled in").arg(name));
+        else if (m_filled.count(field.name) == 0)
+            add(QString("the form field \"%1\"%2 shows something else").arg(name, placesOf(field)));
     }
 
-    /// Whether no page shows the object: document information, structure for screen readers, data that helps to verify.
-    /// Not for an object that something else in the document refers to as well.
-    bool isBeside(const QPDFObjGen &number)
+    /// Whether a page draws with the object: then it must stay, whatever else it is.
+    bool isShown(const QPDFObjGen &number)
     {
-        if (!m_beside.has_value()) {
-            m_beside.emplace();
-            QPDFObjectHandle root = m_earlier.pdf.getRoot();
-            m_beside->insert(m_earlier.pdf.getTrailer().getKey("/Info").getObjGen());
-            m_beside->insert(root.getKey("/Metadata").getObjGen());
-            for (const char *key : {"/StructTreeRoot", "/DSS"}) {
-                const std::set<QPDFObjGen> part = reachable(root.getKey(key), {"/Pg", "/Obj", "/Stm", "/AF", "/Ref"});
-                m_beside->insert(part.begin(), part.end());
-            }
-            for (const auto &entry : root.getDictAsMap()) {
-                if (Keys{"/StructTreeRoot", "/DSS", "/Metadata"}.count(entry.first) > 0)
-                    continue;
-                for (const QPDFObjGen &seen : reachable(entry.second, {}))
-                    m_beside->erase(seen);
-            }
-        }
-        return m_beside->count(number) > 0;
+        if (!m_shown.has_value())
+            m_shown = shownOn(m_earlierPages);
+        return m_shown->count(number) > 0;
     }
 
+    /// Document information, structure for screen readers, data that helps to verify.
+    void lookBesidePages(const QPDFObjGen &number, QPDFObjectHandle before, QPDFObjectHandle after)
+    {
+        if (!m_beside.has_value())
+            m_beside = besidePages(m_earlier.pdf);
+        const auto found = m_beside->find(number);
+        if (found == m_beside->end())
+            change(QString("something that it covers (object %1)").arg(number.getObj()));
+        else if (found->second == Beside::Tags)
+            lookAtTags(before, after);
+        else if (found->second == Beside::Verifying)
+            m_harmless += "data that helps to verify";
+        else
+            add(found->second == Beside::Metadata ? QString("the metadata")
+                                                  : QString("the document information (title, author and so on)"));
+    }
+
+    /// Tags may be added, for what is added to the pages.
+    void lookAtTags(QPDFObjectHandle before, QPDFObjectHandle after)
+    {
+        bool isKept = before.isArray() && after.isArray() && keepsItems(before, after);
+        if (before.isDictionary() && after.isDictionary()) {
+            const Keys keys = differingKeys(before, after);
+            isKept = areAmong(keys, kOfTags);
+            for (const char *list : {"/K", "/Kids", "/Nums"})
+                isKept = isKept && (keys.count(list) == 0 || keepsItems(before.getKey(list), after.getKey(list)));
+        }
+        if (isKept)
+            add("tags that are read aloud");
+        else
+            change("the tags that are read aloud");
+    }
+
+    const Source &m_source;
+    const qint64 m_end;
     Reader &m_earlier;
     Reader &m_now;
     const QPDFObjectHandle m_signature;
     const ObjectDifferences m_differences;
     const std::vector<FormField> m_earlierFields;
     const std::vector<FormField> m_nowFields;
+    const std::vector<TreePage> m_earlierPages;
+    std::vector<TreePage> m_nowPages;
     const Certification m_certification;
+    const bool m_allowsAnnotations;
     std::map<QPDFObjGen, int> m_pages; ///< numbers from 1
     std::map<QPDFObjGen, const FormField *> m_places; ///< fields and their widgets, as they were
     std::set<QPDFObjGen> m_ofSignatures; ///< their fields and widgets, as they are now
     std::set<QPDFObjGen> m_lists; ///< judged by what is in them
-    std::optional<std::set<QPDFObjGen>> m_beside;
+    std::map<QPDFObjGen, size_t> m_pageOf; ///< annotations, as they are now
+    std::set<std::string> m_filled; ///< fields with another value
+    std::optional<std::map<QPDFObjGen, Beside>> m_beside;
+    std::optional<std::set<QPDFObjGen>> m_shown;
+    QStringList m_harmless; ///< allowed even where every change is forbidden
     LaterChanges m_found;
 };
 
 } // namespace
 
-LaterChanges changesAfter(Reader &signedOne, Reader &now, QPDFObjectHandle signature)
+LaterChanges changesAfter(const Source &source, qint64 end, Reader &signedOne, Reader &now, QPDFObjectHandle signature)
 {
-    return Comparison(signedOne, now, signature).run();
+    return Comparison(source, end, signedOne, now, signature).run();
 }
 
 } // namespace documents

@@ -17,8 +17,9 @@ struct LaterChanges
 
 /// Compares the document as it was signed with its present state. An object at the same place of the file is unchanged.
 /// Any other object of the signed document must be one that may change, and only its parts that may change may differ.
+/// @param end where the signed document ends in the file
 /// @param signature the dictionary, as it is in the signed document: its own locks count
-LaterChanges changesAfter(Reader &signedOne, Reader &now, QPDFObjectHandle signature);
+LaterChanges changesAfter(const Source &source, qint64 end, Reader &signedOne, Reader &now, QPDFObjectHandle signature);
 
 } // namespace documents
 

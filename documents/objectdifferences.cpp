@@ -1,5 +1,7 @@
 #include "objectdifferences.h"
 
+#include <qpdf/Pipeline.hh>
+
 #include <vector>
 
 namespace documents {
@@ -51,18 +53,62 @@ void addReferences(QPDFObjectHandle object, std::set<QPDFObjGen> &found)
     }
 }
 
-/// References to objects that do not exist. A later revision can add such an object and so change what refers to it.
-std::set<QPDFObjGen> danglingIn(QPDF &pdf, const Table &table)
+/// Numbers to which the objects of a document refer though there are none. A later revision can add such an object and
+/// so change what refers to it.
+std::set<int> danglingIn(QPDF &pdf, const Table &table)
 {
-    std::set<QPDFObjGen> all, dangling;
+    std::set<QPDFObjGen> all;
     for (const auto &entry : table)
         addReferences(pdf.getObject(entry.first), all);
     addReferences(pdf.getTrailer(), all);
+    std::set<int> dangling;
     for (const QPDFObjGen &number : all) {
         if (table.count(number) == 0)
-            dangling.insert(number);
+            dangling.insert(number.getObj());
     }
     return dangling;
+}
+
+class Counter : public Pipeline
+{
+public:
+    Counter()
+        : Pipeline("counter", nullptr)
+    {
+    }
+    void write(unsigned char const *, size_t size) override { count += size; }
+    void finish() override { }
+
+    size_t count = 0;
+};
+
+/// How many bytes a stream has in the file.
+size_t sizeOf(QPDFObjectHandle stream)
+{
+    Counter counter;
+    stream.pipeStreamData(&counter, 0, qpdf_dl_none);
+    return counter.count;
+}
+
+/// Compares two objects that begin at the same place of a file.
+bool isSame(QPDFObjectHandle one, QPDFObjectHandle other)
+{
+    if (one.getTypeCode() != other.getTypeCode())
+        return false;
+    if (!one.isStream())
+        return one.unparseResolved() == other.unparseResolved();
+    return one.getDict().unparse() == other.getDict().unparse() && sizeOf(one) == sizeOf(other);
+}
+
+/// Adds what begins in the earlier revision but does not end in it. qpdf has warned of such an object.
+void addContinued(QPDF &earlier, QPDF &now, const Table &before, ObjectDifferences &differences)
+{
+    if (!earlier.anyWarnings())
+        return;
+    for (const auto &entry : before) {
+        if (!isSame(earlier.getObject(entry.first), now.getObject(entry.first)))
+            differences.replaced.insert(entry.first);
+    }
 }
 
 } // namespace
@@ -71,24 +117,26 @@ ObjectDifferences differencesOf(QPDF &earlier, QPDF &now)
 {
     ObjectDifferences differences;
     const Table before = earlier.getXRefTable(), after = now.getXRefTable();
-    bool hasNew = false;
-    for (const auto &entry : after) {
-        const auto old = before.find(entry.first);
-        if (old == before.end())
-            hasNew = true;
-        else if (!isSameEntry(old->second, entry.second))
-            differences.replaced.insert(entry.first);
-    }
+    std::set<int> numbers;
     for (const auto &entry : before) {
+        numbers.insert(entry.first.getObj());
+        if (QPDFXRefEntry(entry.second).getType() == 2)
+            differences.holders.insert(QPDFObjGen(QPDFXRefEntry(entry.second).getObjStreamNumber(), 0));
         if (after.count(entry.first) == 0)
             differences.removed.insert(entry.first);
     }
-    if (hasNew) {
-        for (const QPDFObjGen &number : danglingIn(earlier, before)) {
-            if (after.count(number) != 0)
-                differences.filled.insert(number);
-        }
+    differences.dangling = danglingIn(earlier, before);
+    for (const auto &entry : after) {
+        const int number = entry.first.getObj();
+        const auto old = before.find(entry.first);
+        if (old != before.end() && !isSameEntry(old->second, entry.second))
+            differences.replaced.insert(entry.first);
+        else if (old == before.end() && numbers.count(number) != 0)
+            differences.doubled.insert(number);
+        else if (old == before.end() && differences.dangling.count(number) != 0)
+            differences.areFilled = true;
     }
+    addContinued(earlier, now, before, differences);
     return differences;
 }
 

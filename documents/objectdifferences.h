@@ -12,9 +12,12 @@ namespace documents {
 
 struct ObjectDifferences
 {
-    std::set<QPDFObjGen> replaced; ///< at another place now
+    std::set<QPDFObjGen> replaced; ///< at another place now, or another where the earlier revision is damaged
     std::set<QPDFObjGen> removed;
-    std::set<QPDFObjGen> filled; ///< new objects to which the earlier revision refers without having them
+    std::set<int> doubled; ///< numbers that another generation has now too: most programs look for the number alone
+    std::set<QPDFObjGen> holders; ///< streams of the earlier revision that hold other objects
+    std::set<int> dangling; ///< numbers to which the earlier revision refers without having them
+    bool areFilled = false; ///< some of them are there now
 };
 
 ObjectDifferences differencesOf(QPDF &earlier, QPDF &now);

@@ -36,6 +36,17 @@ Certification certificationBy(QPDFObjectHandle signature)
     return strictest;
 }
 
+Certification strictestOf(const std::vector<QPDFObjectHandle> &signatures)
+{
+    Certification strictest = Certification::None;
+    for (const QPDFObjectHandle &signature : signatures) {
+        const Certification own = certificationBy(signature);
+        if (own != Certification::None && (strictest == Certification::None || own < strictest))
+            strictest = own;
+    }
+    return strictest;
+}
+
 /// Whether a list of field names contains this field or one of its parents.
 bool isNamed(QPDFObjectHandle list, const std::string &name)
 {
@@ -73,21 +84,21 @@ QString forbiddenByOwner(QPDF &pdf, OwnersRight right)
     return QString("its owner forbids %1; with the owner's password it can be done").arg(what);
 }
 
-Certification certificationOf(QPDF &pdf, const std::vector<FormField> &fields)
+Certification certificationBySignatures(const std::vector<FormField> &fields)
 {
     std::vector<QPDFObjectHandle> signatures;
-    QPDFObjectHandle permissions = pdf.getRoot().getKey("/Perms");
-    if (permissions.isDictionary())
-        signatures.push_back(permissions.getKey("/DocMDP"));
     for (const FormField &field : fields)
         signatures.push_back(field.signature());
-    Certification strictest = Certification::None;
-    for (const QPDFObjectHandle &signature : signatures) {
-        const Certification own = certificationBy(signature);
-        if (own != Certification::None && (strictest == Certification::None || own < strictest))
-            strictest = own;
-    }
-    return strictest;
+    return strictestOf(signatures);
+}
+
+Certification certificationOf(QPDF &pdf, const std::vector<FormField> &fields)
+{
+    const Certification own = certificationBySignatures(fields);
+    QPDFObjectHandle permissions = pdf.getRoot().getKey("/Perms");
+    const Certification claimed =
+        permissions.isDictionary() ? strictestOf({permissions.getKey("/DocMDP")}) : Certification::None;
+    return own == Certification::None || (claimed != Certification::None && claimed < own) ? claimed : own;
 }
 
 bool isLockedBy(QPDFObjectHandle signature, const std::string &name)

@@ -32,7 +32,11 @@ enum class OwnersRight
 /// it was opened with its owner's password.
 QString forbiddenByOwner(QPDF &pdf, OwnersRight right);
 
-/// The strictest certification of all signatures.
+/// The strictest certification of all signatures of fields.
+Certification certificationBySignatures(const std::vector<FormField> &fields);
+
+/// The same with the one that the catalogue claims, which may be nobody's signature: it can forbid something, but
+/// allows nothing.
 Certification certificationOf(QPDF &pdf, const std::vector<FormField> &fields);
 
 /// Whether a signature forbids that this field changes.

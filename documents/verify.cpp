@@ -1,5 +1,6 @@
 #include "verify.h"
 
+#include "appendedbytes.h"
 #include "coveredbytes.h"
 #include "documentinside.h"
 #include "laterchanges.h"
@@ -74,14 +75,14 @@ std::string nameIn(QPDFObjectHandle signature, const char *key)
     return name.isName() ? name.getName() : std::string();
 }
 
-bool hasOnlyBlanks(const Source &source, qint64 begin)
+/// Whether a revision has the signature as it is now. Otherwise its own bytes do not cover what it says of itself.
+bool hasSignature(Reader &revision, const FormField &field, QPDFObjectHandle signature)
 {
-    bool isBlank = true;
-    source.forEach(begin, source.size(), [&](const char *bytes, qint64 count) {
-        isBlank = isBlank
-            && std::all_of(bytes, bytes + count, [](char byte) { return byte == '\n' || byte == '\r' || byte == ' '; });
+    const std::vector<FormField> fields = fieldsOf(revision.pdf);
+    return std::any_of(fields.begin(), fields.end(), [&](const FormField &own) {
+        return own.name == field.name && own.signature().isDictionary()
+            && own.signature().unparseResolved() == signature.unparseResolved();
     });
-    return isBlank;
 }
 
 /// Lists of revoked certificates that somebody put into the document's security store. Their issuers signed them:
@@ -167,7 +168,13 @@ private:
     {
         try {
             const std::unique_ptr<Reader> before = openReader(m_inside.source, found.bytes.end, m_inside.password);
-            const LaterChanges later = changesAfter(*before, *m_inside.reader, found.signature);
+            if (!hasSignature(*before, *found.field, found.signature)) {
+                report.isIntact = false;
+                report.problem = "it is not in the revision that it covers";
+                return;
+            }
+            const LaterChanges later =
+                changesAfter(m_inside.source, found.bytes.end, *before, *m_inside.reader, found.signature);
             report.added = later.added;
             report.changed = later.changed;
         } catch (const Problem &) {

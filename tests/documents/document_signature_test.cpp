@@ -76,7 +76,9 @@ TEST_F(DocumentSignature, OfSeveralPeopleAreAllValid)
     ASSERT_EQ(rows.size(), 3);
     EXPECT_EQ(rows[1].toObject()["signer"].toString(), "Ben Example");
     EXPECT_FALSE(rows[1].toObject()["coversWholeFile"].toBool());
-    EXPECT_EQ(rows[0].toObject()["addedAfter"].toArray().size(), 2);
+    EXPECT_EQ(rows[0].toObject()["addedAfter"],
+        QJsonValue(QJsonArray{"a signature in the field \"Signature2\" (page 1, 60 by 30 mm)",
+            "a signature in the field \"Signature3\" (page 1, 60 by 30 mm)", "tags that are read aloud"}));
     EXPECT_EQ(rows[0].toObject()["changedAfter"], QJsonValue(QJsonArray()));
 }
 

@@ -21,14 +21,6 @@ void makePerson(const QString &folder, const QString &file, const QString &name)
     EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
 }
 
-/// The number behind a key of the last trailer.
-int numberBehind(const QByteArray &document, const QByteArray &key)
-{
-    const int place = document.lastIndexOf(key);
-    EXPECT_GE(place, 0) << key.toStdString();
-    return document.mid(place + key.size(), 12).simplified().split(' ').first().toInt();
-}
-
 /// Objects with their table and trailer, behind what is there already.
 QByteArray withObjects(
     QByteArray document, const QList<QPair<int, QByteArray>> &objects, int size, const QByteArray &trailer)
@@ -147,6 +139,13 @@ void Documents::needSound(const QString &name, const QStringList &options) const
 {
     const CommandResult result = runProgram(QStringList{"qpdf", "--check"} + options + QStringList(name), file("."));
     EXPECT_EQ(result.exitCode, 0) << name.toStdString() << '\n' << testing::PrintToString(result);
+}
+
+int numberBehind(const QByteArray &document, const QByteArray &key)
+{
+    const int place = document.lastIndexOf(key);
+    EXPECT_GE(place, 0) << key.toStdString();
+    return document.mid(place + key.size(), 12).simplified().split(' ').first().toInt();
 }
 
 QRectF redBox(const QImage &image, int dpi)

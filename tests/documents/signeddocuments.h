@@ -64,6 +64,9 @@ protected:
     void needSound(const QString &name, const QStringList &options = {}) const;
 };
 
+/// The number behind a key of a document's last trailer.
+int numberBehind(const QByteArray &document, const QByteArray &key);
+
 /// The box of the pixels that are of a clear red, in millimetres.
 QRectF redBox(const QImage &image, int dpi);
 
