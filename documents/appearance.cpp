@@ -17,8 +17,11 @@ std::string pair(const QPointF &point)
     return numberText(point.x(), kDecimals) + " " + numberText(point.y(), kDecimals);
 }
 
+/// Grey as such: a document for archives may allow it without allowing red, green and blue.
 std::string colourOperator(const QColor &colour)
 {
+    if (colour.red() == colour.green() && colour.green() == colour.blue())
+        return numberText(colour.redF()) + " G\n";
     return numberText(colour.redF()) + " " + numberText(colour.greenF()) + " " + numberText(colour.blueF()) + " RG\n";
 }
 
@@ -67,19 +70,47 @@ QPDFObjectHandle imageStream(Revision &revision, const QImage &image, const char
     return revision.addStream(dictionary, bytesOf(image, bytesPerPixel));
 }
 
-/// A mask that is opaque where the picture is not white.
-QImage maskOf(const QImage &picture)
+/// Opaque where the picture is not white.
+int opacityOf(QRgb pixel)
+{
+    return (pixel & RGB_MASK) == RGB_MASK ? 0 : qAlpha(pixel);
+}
+
+/// The opacity of each pixel.
+QImage maskOf(const QImage &picture, bool &isBinary)
 {
     QImage mask(picture.size(), QImage::Format_Grayscale8);
+    isBinary = true;
     for (int y = 0; y < picture.height(); ++y) {
         const QRgb *pixels = reinterpret_cast<const QRgb *>(picture.constScanLine(y));
         uchar *row = mask.scanLine(y);
         for (int x = 0; x < picture.width(); ++x) {
-            const bool isWhite = (pixels[x] & RGB_MASK) == RGB_MASK;
-            row[x] = isWhite ? 0 : static_cast<uchar>(qAlpha(pixels[x]));
+            row[x] = static_cast<uchar>(opacityOf(pixels[x]));
+            isBinary = isBinary && (row[x] == 0 || row[x] == 255);
         }
     }
     return mask;
+}
+
+/// A bit for each pixel, 1 where nothing is painted; rows begin at whole bytes. PDF/A-1 allows it, unlike shades of
+/// opacity.
+QPDFObjectHandle stencil(Revision &revision, const QImage &mask)
+{
+    std::string bits;
+    for (int y = 0; y < mask.height(); ++y) {
+        const uchar *const row = mask.constScanLine(y);
+        for (int x = 0; x < mask.width(); ++x) {
+            if (x % 8 == 0)
+                bits += '\0';
+            if (row[x] == 0)
+                bits.back() = static_cast<char>(bits.back() | (0x80 >> x % 8));
+        }
+    }
+    QPDFObjectHandle dictionary =
+        QPDFObjectHandle::parse("<< /Type /XObject /Subtype /Image /ImageMask true /BitsPerComponent 1 >>");
+    dictionary.replaceKey("/Width", QPDFObjectHandle::newInteger(mask.width()));
+    dictionary.replaceKey("/Height", QPDFObjectHandle::newInteger(mask.height()));
+    return revision.addStream(dictionary, bits);
 }
 
 QPDFObjectHandle pictureOf(Revision &revision, const QImage &picture)
@@ -87,12 +118,16 @@ QPDFObjectHandle pictureOf(Revision &revision, const QImage &picture)
     const QImage pixels = picture.convertToFormat(QImage::Format_ARGB32);
     const bool isGrey = pixels.isGrayscale();
     const QImage shades = pixels.convertToFormat(isGrey ? QImage::Format_Grayscale8 : QImage::Format_RGB888);
-    const QPDFObjectHandle mask = imageStream(revision, maskOf(pixels), "/DeviceGray", 1);
+    bool isBinary = false;
+    const QImage mask = maskOf(pixels, isBinary);
     QPDFObjectHandle dictionary = QPDFObjectHandle::parse("<< /Type /XObject /Subtype /Image /BitsPerComponent 8 >>");
     dictionary.replaceKey("/ColorSpace", QPDFObjectHandle::newName(isGrey ? "/DeviceGray" : "/DeviceRGB"));
     dictionary.replaceKey("/Width", QPDFObjectHandle::newInteger(shades.width()));
     dictionary.replaceKey("/Height", QPDFObjectHandle::newInteger(shades.height()));
-    dictionary.replaceKey("/SMask", mask);
+    if (isBinary)
+        dictionary.replaceKey("/Mask", stencil(revision, mask));
+    else
+        dictionary.replaceKey("/SMask", imageStream(revision, mask, "/DeviceGray", 1));
     return revision.addStream(dictionary, bytesOf(shades, isGrey ? 1 : 3));
 }
 

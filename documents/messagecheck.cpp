@@ -63,25 +63,58 @@ void nameAlgorithm(SignatureReport &report, const Message &message)
     const int digest = EVP_MD_get_type(message.digest);
     const QString digestName = QString(OBJ_nid2sn(digest)).replace("SHA2", "SHA-2").replace("SHA1", "SHA-1");
     report.algorithm = QString("%1 %2, %3").arg(name).arg(bits).arg(digestName);
-    report.isAlgorithmWeak = report.isAlgorithmWeak || EVP_MD_get_size(message.digest) < 28
+    report.isAlgorithmWeak = report.isAlgorithmWeak || isWeakDigest(message.digest)
         || (kind == EVP_PKEY_RSA && bits < 2048) || (kind == EVP_PKEY_EC && bits < 224);
 }
 
-/// Whether a signed attribute names the certificate. It prevents an exchange for another certificate of the same key.
-bool namesItsCertificate(const Message &message)
+const ASN1_STRING *attributeOf(const Message &message, int kind, int type)
 {
-    const auto *data = static_cast<const ASN1_STRING *>(CMS_signed_get0_data_by_OBJ(
-        message.signer, OBJ_nid2obj(NID_id_smime_aa_signingCertificateV2), -3, V_ASN1_SEQUENCE));
-    if (data == nullptr)
-        return false;
-    const unsigned char *place = ASN1_STRING_get0_data(data);
-    const std::unique_ptr<ESS_SIGNING_CERT_V2, Release<ESS_SIGNING_CERT_V2_free>> named(
-        d2i_ESS_SIGNING_CERT_V2(nullptr, &place, ASN1_STRING_length(data)));
+    return static_cast<const ASN1_STRING *>(CMS_signed_get0_data_by_OBJ(message.signer, OBJ_nid2obj(kind), -3, type));
+}
+
+bool hasAttribute(const Message &message, int kind)
+{
+    return CMS_signed_get_attr_by_NID(message.signer, kind, -1) >= 0;
+}
+
+enum class Named
+{
+    Nobody,
+    Signer,
+    Other ///< somebody else, or more than one, or nothing that can be read
+};
+
+/// Whom the signed attributes name. That prevents an exchange of the certificate for another one of the same key.
+Named namedIn(const Message &message)
+{
+    const int oldKind = NID_id_smime_aa_signingCertificate, newKind = NID_id_smime_aa_signingCertificateV2;
+    if (!hasAttribute(message, oldKind) && !hasAttribute(message, newKind))
+        return Named::Nobody;
+    std::unique_ptr<ESS_SIGNING_CERT, Release<ESS_SIGNING_CERT_free>> byOld;
+    std::unique_ptr<ESS_SIGNING_CERT_V2, Release<ESS_SIGNING_CERT_V2_free>> byNew;
+    if (const ASN1_STRING *const data = attributeOf(message, oldKind, V_ASN1_SEQUENCE)) {
+        const unsigned char *place = ASN1_STRING_get0_data(data);
+        byOld.reset(d2i_ESS_SIGNING_CERT(nullptr, &place, ASN1_STRING_length(data)));
+    }
+    if (const ASN1_STRING *const data = attributeOf(message, newKind, V_ASN1_SEQUENCE)) {
+        const unsigned char *place = ASN1_STRING_get0_data(data);
+        byNew.reset(d2i_ESS_SIGNING_CERT_V2(nullptr, &place, ASN1_STRING_length(data)));
+    }
+    if (hasAttribute(message, oldKind) != (byOld != nullptr) || hasAttribute(message, newKind) != (byNew != nullptr))
+        return Named::Other;
     STACK_OF(X509) *const own = sk_X509_new_null();
     sk_X509_push(own, message.certificate);
-    const bool isNamed = named != nullptr && OSSL_ESS_check_signing_certs(nullptr, named.get(), own, 1) > 0;
+    const bool isSigner = OSSL_ESS_check_signing_certs(byOld.get(), byNew.get(), own, 1) > 0;
     sk_X509_free(own);
-    return isNamed;
+    return isSigner ? Named::Signer : Named::Other;
+}
+
+/// Attributes always say what kind of content they are for: otherwise they could pass for content themselves.
+bool isForData(const Message &message)
+{
+    const void *const kind =
+        CMS_signed_get0_data_by_OBJ(message.signer, OBJ_nid2obj(NID_pkcs9_contentType), -3, V_ASN1_OBJECT);
+    return kind != nullptr && OBJ_obj2nid(static_cast<const ASN1_OBJECT *>(kind)) == NID_pkcs7_data;
 }
 
 /// Checks the digest. Messages without signed attributes sign it directly.
@@ -100,11 +133,12 @@ bool signsDigest(const Message &message, const QByteArray &digest)
 QString checked(const Message &message, const DigestBytes &digestOf, bool needsName)
 {
     const QByteArray digest = digestOf(message.digest);
+    if (CMS_signed_get_attr_count(message.signer) < 0 && needsName)
+        return "its message signs no attributes, which its kind demands";
     if (CMS_signed_get_attr_count(message.signer) < 0)
         return signsDigest(message, digest) ? QString() : QString("the signed bytes were changed");
-    const auto *stated = static_cast<const ASN1_OCTET_STRING *>(
-        CMS_signed_get0_data_by_OBJ(message.signer, OBJ_nid2obj(NID_pkcs9_messageDigest), -3, V_ASN1_OCTET_STRING));
-    if (stated == nullptr)
+    const ASN1_STRING *const stated = attributeOf(message, NID_pkcs9_messageDigest, V_ASN1_OCTET_STRING);
+    if (stated == nullptr || !isForData(message))
         return "its message does not say what it signs";
     const QByteArray statedDigest(
         reinterpret_cast<const char *>(ASN1_STRING_get0_data(stated)), ASN1_STRING_length(stated));
@@ -112,7 +146,10 @@ QString checked(const Message &message, const DigestBytes &digestOf, bool needsN
         return "the signed bytes were changed";
     if (CMS_SignerInfo_verify(message.signer) != 1)
         return "its message was changed, or signed by another key";
-    if (needsName && !namesItsCertificate(message))
+    const Named named = namedIn(message);
+    if (named == Named::Other)
+        return "it names another certificate than the one that it was made with";
+    if (named == Named::Nobody && needsName)
         return "it does not name the certificate that it was made with";
     return {};
 }
@@ -123,8 +160,10 @@ void checkStamp(SignatureReport &report, const Message &message, X509_STORE *tru
     if (place < 0)
         return;
     ASN1_TYPE *const value = X509_ATTRIBUTE_get0_type(CMS_unsigned_get_attr(message.signer, place), 0);
-    if (value == nullptr || value->type != V_ASN1_SEQUENCE)
+    if (value == nullptr || value->type != V_ASN1_SEQUENCE) {
+        report.stampProblem = "it cannot be read";
         return;
+    }
     const QByteArray token(reinterpret_cast<const char *>(ASN1_STRING_get0_data(value->value.sequence)),
         ASN1_STRING_length(value->value.sequence));
     const ASN1_OCTET_STRING *const signature = CMS_SignerInfo_get0_signature(message.signer);
@@ -136,6 +175,7 @@ void checkStamp(SignatureReport &report, const Message &message, X509_STORE *tru
             return digest.result();
         },
         trusted);
+    report.stampProblem = stamp.isIntact ? QString() : "it is for another signature, or was changed";
     if (!stamp.isIntact)
         return;
     report.stampedTime = stamp.time;
@@ -153,6 +193,7 @@ void checkDocumentStamp(
     report.authority = stamp.authority;
     report.isStampTrusted = stamp.isTrusted;
     report.isIntact = stamp.isIntact;
+    report.isAlgorithmWeak = stamp.isWeak;
     report.trust = stamp.isTrusted ? Trust::Trusted : Trust::Unknown;
     if (!stamp.isIntact)
         report.problem = "the time stamp is for other bytes, or was changed";

@@ -2,6 +2,8 @@
 
 #include <qpdf/Pipeline.hh>
 
+#include <algorithm>
+#include <cmath>
 #include <vector>
 
 namespace documents {
@@ -100,6 +102,22 @@ bool isSame(QPDFObjectHandle one, QPDFObjectHandle other)
     return one.getDict().unparse() == other.getDict().unparse() && sizeOf(one) == sizeOf(other);
 }
 
+/// Some programs write the numbers of a page's boxes again with fewer decimals.
+bool isSameValue(QPDFObjectHandle one, QPDFObjectHandle other)
+{
+    constexpr double kNothing = 1e-6;
+    if (one.unparse() == other.unparse())
+        return true;
+    if (one.isIndirect() || other.isIndirect() || !one.isArray() || !other.isArray())
+        return false;
+    const std::vector<QPDFObjectHandle> numbers = one.getArrayAsVector(), others = other.getArrayAsVector();
+    return std::equal(numbers.begin(), numbers.end(), others.begin(), others.end(),
+        [](QPDFObjectHandle number, QPDFObjectHandle same) {
+            return number.isNumber() && same.isNumber() && !number.isIndirect() && !same.isIndirect()
+                && std::abs(number.getNumericValue() - same.getNumericValue()) < kNothing;
+        });
+}
+
 /// Adds what begins in the earlier revision but does not end in it. qpdf has warned of such an object.
 void addContinued(QPDF &earlier, QPDF &now, const Table &before, ObjectDifferences &differences)
 {
@@ -149,7 +167,7 @@ std::set<std::string> differingKeys(QPDFObjectHandle earlier, QPDFObjectHandle n
         keys.insert(entry.first);
     std::set<std::string> differing;
     for (const std::string &key : keys) {
-        if (earlier.getKey(key).unparse() != now.getKey(key).unparse())
+        if (!isSameValue(earlier.getKey(key), now.getKey(key)))
             differing.insert(key);
     }
     return differing;

@@ -52,6 +52,12 @@ QString nameOf(const X509_NAME *name)
     return QString::fromUtf8(contentOf(text.get()));
 }
 
+bool isWeakDigest(const EVP_MD *kind)
+{
+    constexpr int kLeast = 28; // bytes, as of SHA-224
+    return kind == nullptr || EVP_MD_get_size(kind) < kLeast;
+}
+
 Digest::Digest(const EVP_MD *kind)
     : m_context(EVP_MD_CTX_new())
 {

@@ -66,6 +66,9 @@ QByteArray derOf(const Object *object, int (*encode)(const Object *, unsigned ch
 /// The common name, else the organisation, else all of it.
 QString nameOf(const X509_NAME *name);
 
+/// SHA-1 and older ones, of which two inputs with one digest can be made.
+bool isWeakDigest(const EVP_MD *kind);
+
 /// SHA-256 of pieces.
 class Digest
 {

@@ -14,13 +14,15 @@ namespace {
 
 constexpr qint64 kMostContent = 128 << 20; // bytes; a few compressed bytes can expand to far more
 
-/// How many graphics states a page's content leaves open, and how many it closes that it has not opened.
-class StateCounter
+/// What a page's content leaves open at its end, and how many graphics states it closes that it has not opened.
+class OpenEnds
 {
 public:
-    explicit StateCounter(QByteArray content)
+    explicit OpenEnds(PageBytes content)
+        : m_isCut(content.isBroken)
     {
-        Buffer bytes(reinterpret_cast<unsigned char *>(content.data()), static_cast<size_t>(content.size()));
+        Buffer bytes(
+            reinterpret_cast<unsigned char *>(content.bytes.data()), static_cast<size_t>(content.bytes.size()));
         const std::shared_ptr<InputSource> input = std::make_shared<BufferInputSource>("content", &bytes, false);
         QPDFTokenizer tokenizer;
         tokenizer.allowEOF();
@@ -28,32 +30,71 @@ public:
             const QPDFTokenizer::Token token = tokenizer.readToken(input, "content", true);
             if (token.getType() == QPDFTokenizer::tt_eof)
                 return;
-            const std::string word = token.getType() == QPDFTokenizer::tt_word ? token.getValue() : std::string();
-            if (word == "ID")
-                skipPicture(tokenizer, input);
-            else if (word == "q")
-                ++m_open;
-            else if (word == "Q")
-                m_least = std::min(m_least, --m_open);
+            if (token.getType() == QPDFTokenizer::tt_bad)
+                m_isCut = m_isCut || token.getErrorMessage().find("EOF") != std::string::npos;
+            else if (token.getType() == QPDFTokenizer::tt_word)
+                takeWord(token.getValue(), tokenizer, input);
+            else
+                takeBracket(token.getType());
         }
     }
 
     int needed() const { return 1 - m_least; }
     int leftOpen() const { return m_open; }
+    int marks() const { return m_marks; }
+    bool isInText() const { return m_isInText; }
+
+    /// Whether it cannot be decoded, or ends within something: nobody would see what follows.
+    bool isBrokenOff() const { return m_isCut || m_brackets > 0; }
 
 private:
+    void takeWord(const std::string &word, QPDFTokenizer &tokenizer, const std::shared_ptr<InputSource> &input)
+    {
+        if (word == "ID")
+            skipPicture(tokenizer, input);
+        else if (word == "q")
+            ++m_open;
+        else if (word == "Q")
+            m_least = std::min(m_least, --m_open);
+        else if (word == "BMC" || word == "BDC")
+            ++m_marks;
+        else if (word == "EMC")
+            m_marks = std::max(0, m_marks - 1);
+        else if (word == "BT" || word == "ET")
+            m_isInText = word == "BT";
+    }
+
+    void takeBracket(QPDFTokenizer::token_type_e type)
+    {
+        if (type == QPDFTokenizer::tt_array_open || type == QPDFTokenizer::tt_dict_open)
+            ++m_brackets;
+        else if (type == QPDFTokenizer::tt_array_close || type == QPDFTokenizer::tt_dict_close)
+            m_brackets = std::max(0, m_brackets - 1);
+    }
+
     /// Skips the bytes of an inline picture, which are no operators.
-    static void skipPicture(QPDFTokenizer &tokenizer, const std::shared_ptr<InputSource> &input)
+    void skipPicture(QPDFTokenizer &tokenizer, const std::shared_ptr<InputSource> &input)
     {
         char blank = 0;
         input->read(&blank, 1);
         tokenizer.expectInlineImage(input);
         tokenizer.readToken(input, "content", true);
+        const QPDFTokenizer::Token end = tokenizer.readToken(input, "content", true);
+        m_isCut = m_isCut || end.getType() != QPDFTokenizer::tt_word || end.getValue() != "EI";
     }
 
     int m_open = 0;
     int m_least = 0;
+    int m_marks = 0;
+    int m_brackets = 0;
+    bool m_isInText = false;
+    bool m_isCut;
 };
+
+OpenEnds endsOf(QPDFObjectHandle page)
+{
+    return OpenEnds(contentBytes(page, kMostContent));
+}
 
 /// A page with more of them than this is broken beyond repair.
 constexpr int kMostStates = 1000;
@@ -72,6 +113,11 @@ QPDFObjectHandle copyOrEmpty(QPDFObjectHandle dictionary)
 }
 
 } // namespace
+
+bool endsBrokenOff(const TreePage &page)
+{
+    return endsOf(page.page).isBrokenOff();
+}
 
 std::string matrixOperator(const QTransform &matrix)
 {
@@ -116,14 +162,17 @@ void PageContent::append(const std::string &operators)
         contents.appendItem(m_revision.addStream(QPDFObjectHandle::newDictionary(), "q\n" + operators + "Q\n"));
         return;
     }
-    const StateCounter states(streams.empty() ? QByteArray() : contentBytes(m_page.page, kMostContent));
-    const int before = std::min(states.needed(), kMostStates);
-    const int after = std::clamp(states.leftOpen() + before, 1, kMostStates);
+    const OpenEnds ends = endsOf(m_page.page);
+    const int before = std::min(ends.needed(), kMostStates);
+    const int after = std::clamp(ends.leftOpen() + before, 1, kMostStates);
     QPDFObjectHandle all = QPDFObjectHandle::newArray();
     all.appendItem(m_revision.addStream(QPDFObjectHandle::newDictionary(), repeated("q\n", before)));
-    for (const QPDFObjectHandle &stream : streams)
-        all.appendItem(stream);
-    const std::string text = "\n" + repeated("Q\n", after) + "q\n" + operators + "Q\n";
+    for (const QPDFObjectHandle &stream : streams) {
+        if (QPDFObjectHandle(stream).isStream()) // some programs show nothing behind anything else
+            all.appendItem(stream);
+    }
+    const std::string text = (ends.isInText() ? "\nET\n" : "\n")
+        + repeated("EMC\n", std::min(ends.marks(), kMostStates)) + repeated("Q\n", after) + "q\n" + operators + "Q\n";
     all.appendItem(m_revision.addStream(QPDFObjectHandle::newDictionary(), text));
     m_page.page.replaceKey("/Contents", all);
 }

@@ -28,6 +28,10 @@ private:
     int m_names = 0;
 };
 
+/// Whether the page's content cannot be decoded, or ends within a text, a list or a picture: nobody would see what is
+/// drawn behind it.
+bool endsBrokenOff(const TreePage &page);
+
 /// `a b c d e f cm`
 std::string matrixOperator(const QTransform &matrix);
 

@@ -105,6 +105,11 @@ void SignatureField::create(const QString &name, const QRectF &place, const QPDF
     widget.replaceKey("/V", m_revision.add(signature));
     QPDFObjectHandle added = m_revision.add(widget);
     QPDFObjectHandle root = m_revision.pdf().getRoot();
+    // A form of its own object, because other programs that sign later do not write one in the catalogue again.
+    if (!root.getKey("/AcroForm").isDictionary()) {
+        root.replaceKey("/AcroForm", m_revision.add(QPDFObjectHandle::newDictionary()));
+        m_revision.touch(root);
+    }
     QPDFObjectHandle acroForm = m_revision.dictionaryIn(root, "/AcroForm");
     m_revision.arrayIn(acroForm, "/Fields").appendItem(added);
     if (!acroForm.isIndirect())

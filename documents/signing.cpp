@@ -2,6 +2,7 @@
 
 #include "appearance.h"
 #include "byterange.h"
+#include "conformance.h"
 #include "documentinside.h"
 #include "flatten.h"
 #include "pagecontent.h"
@@ -64,6 +65,8 @@ public:
     {
         needAllowed();
         findPlace();
+        needVisible();
+        noteConformance();
     }
 
     SigningResult run(QIODevice &output, const ShowProgress &progress)
@@ -121,6 +124,37 @@ private:
         if (isSigned && m_request.key == nullptr)
             m_result.notes += "the document is signed already: ink on its page is a change behind that signature; "
                               "with a certificate it would be a signature too";
+    }
+
+    /// Whoever signs must see it afterwards.
+    void needVisible()
+    {
+        const Xfa xfa = xfaOf(m_inside.reader->pdf);
+        if (xfa == Xfa::Instead)
+            throw refused(m_inside,
+                "is an XFA form, whose pages are made only when it is shown: nobody would see the ink; print it to a "
+                "PDF and sign that");
+        if (xfa == Xfa::Beside && !m_request.flatten)
+            m_result.notes += "the form is also one of XFA: programs that show that instead of the pages may not show "
+                              "the ink";
+        for (size_t i = 0; i < m_inside.pages.size(); ++i) {
+            const bool isDrawnOn = m_request.key == nullptr && static_cast<int>(i) == m_result.page;
+            const bool isFlattened = m_request.flatten && m_inside.pages[i].page.hasKey("/Annots");
+            if ((isDrawnOn || isFlattened) && endsBrokenOff(m_inside.pages[i]))
+                throw refused(m_inside,
+                    QString("the content of page %1 is broken, and what is drawn behind it would not be seen; sign "
+                            "with a certificate, without flattening")
+                        .arg(i + 1));
+        }
+    }
+
+    void noteConformance()
+    {
+        const int part = m_request.sealed.isEmpty() ? 0 : archivePart(m_inside.reader->pdf);
+        if (part == 1 || part == 2)
+            m_result.notes +=
+                QString("PDF/A-%1 allows no such attachment as sealed pen data: the document is none any more")
+                    .arg(part);
     }
 
     OwnersRight changeOfRequest() const

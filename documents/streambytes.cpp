@@ -3,6 +3,7 @@
 #include <qpdf/Pipeline.hh>
 
 #include <stdexcept>
+#include <vector>
 
 namespace documents {
 
@@ -19,13 +20,15 @@ public:
 
     void write(unsigned char const *data, size_t size) override
     {
-        if (static_cast<qint64>(size) > m_most - bytes.size())
+        isFull = isFull || static_cast<qint64>(size) > m_most - bytes.size();
+        if (isFull)
             throw std::runtime_error("a stream is larger than it may be");
         bytes.append(reinterpret_cast<const char *>(data), static_cast<int>(size));
     }
     void finish() override { }
 
     QByteArray bytes;
+    bool isFull = false;
 
 private:
     const qint64 m_most;
@@ -41,11 +44,24 @@ QByteArray streamBytes(QPDFObjectHandle stream, qint64 most)
     return bounded.bytes;
 }
 
-QByteArray contentBytes(QPDFObjectHandle page, qint64 most)
+PageBytes contentBytes(QPDFObjectHandle page, qint64 most)
 {
+    QPDFObjectHandle contents = page.getKey("/Contents");
     Bounded bounded(most);
-    page.pipePageContents(&bounded);
-    return bounded.bytes;
+    PageBytes content;
+    for (QPDFObjectHandle stream :
+        contents.isArray() ? contents.getArrayAsVector() : std::vector<QPDFObjectHandle>{contents}) {
+        if (!stream.isStream())
+            continue;
+        bool isTried = false;
+        const bool isDone = stream.pipeStreamData(&bounded, &isTried, 0, qpdf_dl_generalized, true, true);
+        content.isBroken = content.isBroken || !isTried || !isDone;
+        if (bounded.isFull)
+            throw std::runtime_error("a page's content is larger than it may be");
+        bounded.bytes += '\n';
+    }
+    content.bytes = bounded.bytes;
+    return content;
 }
 
 } // namespace documents

@@ -12,8 +12,15 @@ namespace documents {
 /// Throws a std::runtime_error when they are more than `most` or cannot be decoded.
 QByteArray streamBytes(QPDFObjectHandle stream, qint64 most);
 
-/// The same for all that a page shows.
-QByteArray contentBytes(QPDFObjectHandle page, qint64 most);
+struct PageBytes
+{
+    QByteArray bytes;
+    bool isBroken = false; ///< a stream of it cannot be decoded: some programs show nothing behind that
+};
+
+/// All that a page draws; what is no stream counts for nothing. Throws a std::runtime_error when it is more than
+/// `most`.
+PageBytes contentBytes(QPDFObjectHandle page, qint64 most);
 
 } // namespace documents
 

@@ -256,7 +256,8 @@ TimestampReport checkTimestamp(
         report.authority = authorityOf(message.get());
         report.isIntact =
             digestKind != nullptr && digestOfBytes(digestKind) == expected && isSignedByItsCertificate(message.get());
-        report.isTrusted = report.isIntact && isTrustedToken(message.get(), trusted);
+        report.isWeak = isWeakDigest(digestKind);
+        report.isTrusted = report.isIntact && !report.isWeak && isTrustedToken(message.get(), trusted);
     }
     opensslReason();
     return report;

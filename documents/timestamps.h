@@ -21,7 +21,8 @@ struct TimestampReport
     QDateTime time;
     QString authority;
     bool isIntact = false; ///< it is a time stamp of these bytes, and its signature is valid
-    bool isTrusted = false;
+    bool isWeak = false; ///< its digest of the bytes is too weak to prove anything
+    bool isTrusted = false; ///< and not weak
 };
 
 /// @param digestOfBytes computes the digest of the stamped bytes with a given algorithm

@@ -14,6 +14,7 @@ namespace documents {
 namespace {
 
 constexpr qint64 kMostFile = 16 << 20;
+constexpr int kSecurityLevel = 2; // 112 bits, as of RSA 2048 and SHA-224
 
 /// Extended uses: documents (RFC 9336), e-mail, anything, and two that makers of programs have for documents.
 constexpr const char *kUsesForSigning[] = {
@@ -94,6 +95,8 @@ StoreOwner trustedStore(const QStringList &files)
     X509_STORE_set_default_paths(store.get());
     // Trusts a certificate that the user names even when its issuer is not trusted.
     X509_STORE_set_flags(store.get(), X509_V_FLAG_PARTIAL_CHAIN);
+    // No SHA-1 and no short keys above the signer: whoever can make two certificates of one digest needs no issuer.
+    X509_VERIFY_PARAM_set_auth_level(X509_STORE_get0_param(store.get()), kSecurityLevel);
     ERR_clear_error();
     for (const QString &file : files)
         addFile(store.get(), file);

@@ -35,6 +35,7 @@ struct SignatureReport
     QDateTime stampedTime; ///< by a time-stamp authority; invalid without one
     QString authority; ///< of the time stamp
     bool isStampTrusted = false;
+    QString stampProblem; ///< why a time stamp that is there counts for nothing
 
     bool isIntact = false; ///< the covered bytes have not changed since they were signed
     QString problem; ///< why it is not intact, or cannot be looked at

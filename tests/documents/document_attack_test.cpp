@@ -76,7 +76,7 @@ protected:
     {
         const QByteArray bytes = read("signed.pdf");
         const int begin = bytes.lastIndexOf("\n" + QByteArray::number(number) + " 0 obj\n");
-        static const QRegularExpression added("/AcroForm << [^>]*>>|/Annots \\[[^\\]]*");
+        static const QRegularExpression added("/AcroForm (<< [^>]*>>|\\d+ 0 R)|/Annots \\[[^\\]]*");
         QString entry =
             added.match(QString::fromLatin1(bytes.mid(begin, bytes.indexOf("endobj", begin) - begin))).captured();
         EXPECT_FALSE(entry.isEmpty()) << begin;
@@ -145,6 +145,7 @@ TEST_F(DocumentAttack, HidesObjectsFromTheCrossReferences)
     EXPECT_EQ(changed(withOdd({{4, kSmall}, {4, kBlack, 0, false}, {90, "null"}})),
         "bytes that belong to none of its revisions; something that it covers (object 4)");
     EXPECT_TRUE(looked(withOdd({})).isValid());
+    EXPECT_TRUE(looked(read("signed.pdf") + "\n").isValid());
     EXPECT_TRUE(looked(withOdd({{90, "null"}}) + "\r\n" + QByteArray(2, '\0')).isValid());
 }
 
@@ -211,6 +212,49 @@ TEST_F(DocumentAttack, MovesTheMessage)
             + "\nendobj\n"
               "trailer\n<< /Root 1 0 R >>\nstartxref\n0\n%%EOF\n");
     EXPECT_FALSE(looked(read("moved.pdf")).isValid());
+}
+
+TEST_F(DocumentAttack, ForgesTheRanges)
+{
+    makeSigned({{1, kCatalogue}, {2, kPages}, {3, kPage}, {4, kSmall}});
+    const QByteArray bytes = read("signed.pdf");
+    const int begin = bytes.lastIndexOf("/ByteRange [") + 11, end = bytes.indexOf(']', begin) + 1;
+    const int gap = bytes.lastIndexOf("/Contents <") + 10, behind = bytes.indexOf('>', gap) + 1;
+    const auto ranges = [](const QList<qint64> &numbers) {
+        QByteArray text = "[";
+        for (const qint64 number : numbers)
+            text += QByteArray::number(number) + " ";
+        return text + "]";
+    };
+    const QByteArray nonsense = "its ranges of bytes make no sense",
+                     more = "it leaves out more of the file than itself", changed = "the signed bytes were changed";
+    const qint64 rest = bytes.size() - behind;
+    const QPair<QByteArray, QByteArray> rows[] = {{"null", nonsense}, {"[]", nonsense}, {"(0 1 2 3)", nonsense},
+        {ranges({0, 0, 0, 0}), nonsense}, {ranges({0, gap, behind, rest, 0, 0}), nonsense},
+        {ranges({0, gap, behind}), nonsense}, {ranges({-1, gap, behind, rest}), nonsense},
+        {ranges({1, gap, behind, rest}), nonsense}, {ranges({0, behind, gap, rest}), nonsense},
+        {ranges({0, gap, gap, rest}), nonsense}, {ranges({0, gap, behind, -rest}), nonsense},
+        {ranges({0, gap, behind, 9223372036854775807}), nonsense}, {"[0.0 1.5 2.5 3]", nonsense},
+        {"[0 (a) 9 9]", nonsense}, {ranges({0, gap - 20, behind, rest}), more},
+        {ranges({0, gap, behind + 5, rest - 5}), more}, {ranges({0, gap + 1, behind - 1, rest + 1}), more},
+        {ranges({0, 20, 60, rest}), more},
+        {ranges({0, gap, behind, rest + 1}), "the file is shorter than what was signed"},
+        {ranges({0, gap, behind, 0}), changed}, {ranges({0, gap, behind, rest - 1}), changed}};
+    for (const auto &row : rows) {
+        const QByteArray forged = QByteArray(bytes).replace(begin, end - begin, row.first.leftJustified(end - begin));
+        const documents::VerifyReport report = looked(forged);
+        ASSERT_EQ(report.signatures.size(), 1U);
+        EXPECT_FALSE(report.isValid()) << row.first.toStdString();
+        EXPECT_EQ(report.signatures[0].problem.toStdString(), row.second.toStdString()) << row.first.toStdString();
+    }
+    for (const QByteArray &contents : {QByteArray("null"), QByteArray("<>"), QByteArray("()"), QByteArray("<00>"),
+             QByteArray("<30") + QByteArray(100, '0') + ">", "<" + QByteArray(behind - gap - 2, '0') + ">",
+             QByteArray("6 0 R")}) {
+        const QByteArray forged = QByteArray(bytes).replace(gap, behind - gap, contents.leftJustified(behind - gap));
+        const documents::VerifyReport report = looked(forged);
+        EXPECT_FALSE(report.isValid()) << contents.left(9).toStdString();
+        EXPECT_FALSE(report.signatures[0].problem.isEmpty()) << contents.left(9).toStdString();
+    }
 }
 
 // Kids of a signature field that are no widgets of it: they would pass for a part of the signature.

@@ -138,6 +138,23 @@ TEST_F(DocumentBadInput, SearchesNoFileWithoutEnd)
 }
 #endif
 
+// Almost ten gigabytes, of which the disk has a few hundred bytes: in a larger file places would have eleven digits.
+TEST_F(DocumentBadInput, AppendsToNoFileOfTenGigabytes)
+{
+    constexpr qint64 kEnd = 9'900'000'000;
+    writeDocument("large.pdf",
+        {{1, "<< /Type /Catalog /Pages 2 0 R >>"},
+            {2, "<< /Type /Pages /Kids [3 0 R] /Count 1 /MediaBox [0 0 400 500] >>"},
+            {3, "<< /Type /Page /Parent 2 0 R >>"}});
+    const int previous = numberBehind(read("large.pdf"), "startxref");
+    QFile large(file("large.pdf"));
+    ASSERT_TRUE(large.open(QIODevice::ReadWrite) && large.resize(kEnd) && large.seek(kEnd));
+    large.write("xref\n0 0\ntrailer\n<< /Size 4 /Root 1 0 R /Prev " + QByteArray::number(previous)
+        + " >>\nstartxref\n9900000000\n%%EOF\n");
+    large.close();
+    needRefused("large.pdf", {}, "is too large: places in a PDF have ten digits");
+}
+
 TEST_F(DocumentBadInput, LooksAtSoManySignaturesOnly)
 {
     QByteArray fields;

@@ -1,6 +1,10 @@
 // Messages that openssl makes over a document's bytes, right ones and odd ones: verify says what is odd about them.
 #include "signeddocuments.h"
 
+#include <documents/openssl_types.h>
+
+#include <openssl/pem.h>
+
 namespace {
 
 using namespace signeddocuments;
@@ -10,16 +14,17 @@ class DocumentMessage : public Documents
 protected:
     DocumentMessage()
     {
-        for (const char *person : {"anna", "ben"}) {
+        for (const char *person : {"anna", "ben", "authority"}) {
             EXPECT_TRUE(QFile::copy(People::get().folder + "/" + person + ".pem", file(QString(person) + ".pem")));
             EXPECT_TRUE(QFile::copy(People::get().folder + "/" + person + ".key", file(QString(person) + ".key")));
         }
     }
 
+    static constexpr int kRoom = 16384;
+
     /// A document with a signature of this kind, whose message is by these people.
     void writeSigned(const QByteArray &kind, const QStringList &options, const QStringList &people) const
     {
-        constexpr int kRoom = 16384;
         writeDocument("signed.pdf",
             {{1, "<< /Type /Catalog /Pages 2 0 R /AcroForm << /Fields [4 0 R] >> >>"},
                 {2, "<< /Type /Pages /Kids [3 0 R] /Count 1 /MediaBox [0 0 400 500] >>"},
@@ -49,7 +54,12 @@ protected:
                      "DER", "-out", "message"}
                 + by(people[i]) + options + (isThere ? QStringList("-nocerts") : QStringList()));
         }
-        const QByteArray message = read("message").toHex();
+        fillIn(content, begin, read("message"));
+    }
+
+    void fillIn(QByteArray content, int begin, const QByteArray &bytes) const
+    {
+        const QByteArray message = bytes.toHex();
         ASSERT_LE(message.size(), kRoom);
         write("signed.pdf", content.replace(begin + 1, message.size(), message));
     }
@@ -71,6 +81,9 @@ TEST_F(DocumentMessage, IsReadAsItWasMade)
         crowd += "anna";
     const Row rows[] = {{cades, {"-cades"}, {"anna"}, ""}, {pkcs7, {}, {"anna"}, ""},
         {pkcs7, {"-noattr"}, {"anna"}, ""}, {pkcs7, {"-md", "sha512"}, {"ben"}, ""}, {pkcs7, {}, {"anna", "anna"}, ""},
+        {pkcs7, {"-stream"}, {"anna"}, ""}, {pkcs7, {"-keyopt", "rsa_padding_mode:pss"}, {"authority"}, ""},
+        {cades, {"-cades", "-keyopt", "rsa_padding_mode:pss"}, {"authority"}, ""},
+        {cades, {"-noattr"}, {"anna"}, "its message signs no attributes, which its kind demands"},
         {cades, {}, {"anna"}, "it does not name the certificate that it was made with"},
         {cades, {"-cades"}, {"anna", "anna"}, "its message is not signed by exactly one"},
         {pkcs7, {}, {"anna", "ben"}, "its message is signed by several people"},
@@ -85,6 +98,92 @@ TEST_F(DocumentMessage, IsReadAsItWasMade)
         EXPECT_EQ(found["problem"].toString().toStdString(), entry.problem);
         EXPECT_EQ(found["intact"].toBool(), isRight);
         EXPECT_TRUE(found["coversWholeFile"].toBool());
+    }
+}
+
+// Two inputs of one digest can be made, so it proves nothing.
+TEST_F(DocumentMessage, NeedsAStrongDigest)
+{
+    for (const char *digest : {"sha1", "md5"}) {
+        writeSigned("adbe.pkcs7.detached", {"-md", digest}, {"authority"});
+        const QJsonObject found = row(trusted("signed.pdf", 1));
+        EXPECT_TRUE(found["intact"].toBool()) << digest;
+        EXPECT_TRUE(found["weakAlgorithm"].toBool()) << digest;
+        EXPECT_EQ(found["trust"].toString(), "trusted");
+    }
+}
+
+// Two certificates of one key: the signed one counts, not the one that was put beside it.
+TEST_F(DocumentMessage, IsOfTheCertificateThatItNames)
+{
+    says({"bash", "-c",
+        "set -e; openssl req -x509 -newkey rsa:2048 -nodes -keyout one.key -out one.pem -days 2 -subj /CN=One 2> "
+        "/dev/null; openssl req -x509 -key one.key -out two.pem -days 2 -subj /CN=Two; cp one.key two.key"});
+    for (const QStringList &options : {QStringList{"-cades", "-keyid"}, QStringList{"-keyid"}}) {
+        const bool isNamed = options.size() == 2;
+        writeSigned("adbe.pkcs7.detached", options + QStringList{"-nocerts", "-certfile", "one.pem"}, {"two"});
+        const QJsonObject found = row(verified("signed.pdf", isNamed ? 1 : 0, {"--trust", "one.pem"}));
+        EXPECT_EQ(found["signer"].toString(), "One");
+        EXPECT_EQ(found["problem"].toString().toStdString(),
+            isNamed ? "it names another certificate than the one that it was made with" : "");
+    }
+}
+
+// Attributes without the kind of their content could be a content themselves.
+TEST_F(DocumentMessage, SaysWhatKindOfContentItIsFor)
+{
+    const QByteArray pem = read("anna.pem"), keyPem = read("anna.key");
+    const documents::CertificateOwner certificate(
+        PEM_read_bio_X509(documents::bioOf(pem).get(), nullptr, nullptr, nullptr));
+    const documents::KeyOwner key(PEM_read_bio_PrivateKey(documents::bioOf(keyPem).get(), nullptr, nullptr, nullptr));
+    ASSERT_TRUE(certificate != nullptr && key != nullptr);
+    for (const bool saysKind : {true, false}) {
+        writeSigned("adbe.pkcs7.detached", {}, {"anna"});
+        documents::Digest digest;
+        const QByteArray covered = read("covered");
+        digest.add(covered.constData(), covered.size());
+        const QByteArray own = digest.result();
+        constexpr unsigned int kFlags = CMS_PARTIAL | CMS_DETACHED | CMS_BINARY | CMS_NOSMIMECAP;
+        const documents::CmsOwner message(CMS_sign(nullptr, nullptr, nullptr, nullptr, kFlags));
+        CMS_SignerInfo *const signer =
+            CMS_add1_signer(message.get(), certificate.get(), key.get(), EVP_sha256(), kFlags);
+        QByteArray attributes;
+        if (saysKind)
+            CMS_signed_add1_attr_by_NID(signer, NID_pkcs9_contentType, V_ASN1_OBJECT, OBJ_nid2obj(NID_pkcs7_data), -1);
+        CMS_signed_add1_attr_by_NID(signer, NID_pkcs9_messageDigest, V_ASN1_OCTET_STRING, own.constData(), own.size());
+        for (int i = 0; i < CMS_signed_get_attr_count(signer); ++i)
+            attributes += documents::derOf(CMS_signed_get_attr(signer, i), i2d_X509_ATTRIBUTE);
+        attributes.prepend(static_cast<char>(attributes.size())).prepend('\x31'); // a SET of less than 128 bytes
+        const documents::DigestOwner context(EVP_MD_CTX_new());
+        std::vector<unsigned char> signature(256);
+        size_t size = signature.size();
+        const auto *data = reinterpret_cast<const unsigned char *>(attributes.constData());
+        ASSERT_EQ(EVP_DigestSignInit(context.get(), nullptr, EVP_sha256(), nullptr, key.get()), 1);
+        ASSERT_EQ(
+            EVP_DigestSign(context.get(), signature.data(), &size, data, static_cast<size_t>(attributes.size())), 1);
+        ASN1_STRING_set(CMS_SignerInfo_get0_signature(signer), signature.data(), static_cast<int>(size));
+        const QByteArray content = read("signed.pdf");
+        fillIn(QByteArray(content).replace(content.indexOf("/Contents <") + 11, kRoom, QByteArray(kRoom, '0')),
+            content.indexOf("/Contents <") + 10, documents::derOf(message.get(), i2d_CMS_ContentInfo));
+        EXPECT_EQ(row(trusted("signed.pdf", saysKind ? 0 : 1))["problem"].toString().toStdString(),
+            saysKind ? "" : "its message does not say what it signs");
+    }
+}
+
+// An authority that signs with SHA-1 vouches for nobody: a second certificate of the same digest can be made.
+TEST_F(DocumentMessage, NeedsAStrongChain)
+{
+    const char *const script =
+        "set -e; openssl x509 -req -in \"$0/anna.csr\" -CA authority.pem -CAkey authority.key -days 3 -sha1 -out old.pem "
+        "2> /dev/null; cp anna.key old.key; openssl req -x509 -newkey rsa:2048 -nodes -keyout same.key -out same.pem -days "
+        "2 -subj '/CN=Test Authority' 2> /dev/null";
+    says({"bash", "-c", script, People::get().folder});
+    const QPair<const char *, const char *> rows[] = {{"old", "unknown"}, {"same", "self-signed"}};
+    for (const auto &entry : rows) {
+        writeSigned("adbe.pkcs7.detached", {}, {entry.first});
+        const QJsonObject found = row(trusted("signed.pdf", 1));
+        EXPECT_TRUE(found["intact"].toBool()) << entry.first;
+        EXPECT_EQ(found["trust"].toString(), entry.second) << found["trustReason"].toString().toStdString();
     }
 }
 

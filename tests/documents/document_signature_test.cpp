@@ -2,6 +2,7 @@
 #include "signeddocuments.h"
 
 #include <QJsonArray>
+#include <QRegularExpression>
 
 namespace {
 
@@ -80,6 +81,25 @@ TEST_F(DocumentSignature, OfSeveralPeopleAreAllValid)
         QJsonValue(QJsonArray{"a signature in the field \"Signature2\" (page 1, 60 by 30 mm)",
             "a signature in the field \"Signature3\" (page 1, 60 by 30 mm)", "tags that are read aloud"}));
     EXPECT_EQ(rows[0].toObject()["changedAfter"], QJsonValue(QJsonArray()));
+}
+
+// Another program signs later. Some do not write the catalogue again, and round the numbers that they do write again.
+TEST_F(DocumentSignature, LeavesRoomForOtherPrograms)
+{
+    signAs(People::get().anna(), given("libreoffice.pdf"), "one.pdf", {"--field", "20,50,60x30"});
+    const QByteArray bytes = read("one.pdf");
+    const QString text = QString::fromLatin1(bytes.constData(), bytes.size());
+    static const QRegularExpression form("/AcroForm \\d+ 0 R"), page("\n(\\d+) 0 obj\n(<< /Annots [^\n]*)\n");
+    EXPECT_TRUE(form.match(text).hasMatch());
+    QRegularExpressionMatch found = page.match(text);
+    ASSERT_TRUE(found.hasMatch());
+    const QByteArray before = found.captured(2).toLatin1();
+    ASSERT_TRUE(before.contains("595.303937007874")) << before.toStdString();
+    for (const char *width : {"595.3039370079", "595.31"}) {
+        appendRevision(
+            "one.pdf", "two.pdf", {{found.captured(1).toInt(), QByteArray(before).replace("595.303937007874", width)}});
+        trusted("two.pdf", QByteArray(width) == "595.31" ? 1 : 0);
+    }
 }
 
 TEST_F(DocumentSignature, FillsAFieldOfTheForm)

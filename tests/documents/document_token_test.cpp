@@ -1,6 +1,8 @@
 // Keys on tokens and time stamps from servers, both of which run beside the test.
 #include "signeddocuments.h"
 
+#include <documents/openssl_types.h>
+
 #include <QJsonArray>
 #include <QProcess>
 
@@ -10,6 +12,28 @@ using namespace signeddocuments;
 
 class DocumentToken : public Documents
 {
+protected:
+    /// A document's message, and where its digits are.
+    static documents::CmsOwner messageOf(const QByteArray &document, int &begin, int &end)
+    {
+        begin = document.lastIndexOf("/Contents <") + 11;
+        end = document.indexOf('>', begin);
+        return documents::CmsOwner(
+            d2i_CMS_bio(documents::bioOf(QByteArray::fromHex(document.mid(begin, end - begin))).get(), nullptr));
+    }
+
+    /// The document with the time stamp of another one.
+    static QByteArray withStampOf(QByteArray document, const QByteArray &other)
+    {
+        int begin = 0, end = 0;
+        const documents::CmsOwner from = messageOf(other, begin, end), to = messageOf(document, begin, end);
+        CMS_SignerInfo *const signer = sk_CMS_SignerInfo_value(CMS_get0_SignerInfos(to.get()), 0);
+        X509_ATTRIBUTE_free(CMS_unsigned_delete_attr(signer, 0));
+        CMS_unsigned_add1_attr(
+            signer, CMS_unsigned_get_attr(sk_CMS_SignerInfo_value(CMS_get0_SignerInfos(from.get()), 0), 0));
+        return document.replace(begin, end - begin,
+            documents::derOf(to.get(), i2d_CMS_ContentInfo).toHex().leftJustified(end - begin, '0'));
+    }
 };
 
 const char *const kMakeToken = R"(set -e
@@ -119,6 +143,13 @@ TEST_F(DocumentToken, IsStampedByAServer)
     EXPECT_TRUE(found["stampTrusted"].toBool());
     EXPECT_FALSE(found["stampedTime"].isNull());
     EXPECT_TRUE(runProgram({"pdfsig", "-nocert", "signed.pdf"}, file(".")).output.contains("Signature is Valid"));
+    // The stamp of this signature at another one of Anna's.
+    signAs(People::get().anna(), given("chromium.pdf"), "other.pdf", {"--timestamp", address + "/stamp"});
+    write("borrowed.pdf", withStampOf(read("other.pdf"), read("signed.pdf")));
+    const QJsonObject borrowed = row(trusted("borrowed.pdf", 0));
+    EXPECT_EQ(borrowed["stampProblem"].toString(), "it is for another signature, or was changed");
+    EXPECT_TRUE(borrowed["stampedTime"].isNull() && !borrowed["stampTrusted"].toBool());
+    EXPECT_TRUE(run({"verify", "borrowed.pdf"}).output.contains("  time stamp     NOT usable: it is for another"));
     // What was signed before the certificate was revoked stays valid, since the stamp says so.
     const CommandResult revoked = runProgram({"bash", "-c", kRevoke, "bash", People::get().folder}, file("."));
     ASSERT_EQ(revoked.exitCode, 0) << testing::PrintToString(revoked);

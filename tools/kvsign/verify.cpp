@@ -64,7 +64,7 @@ QJsonObject shown(const SignatureReport &report)
         {"signer", report.signer}, {"statedName", report.statedName}, {"issuer", report.issuer},
         {"reason", report.reason}, {"location", report.location}, {"statedTime", isoOrNull(report.statedTime)},
         {"stampedTime", isoOrNull(report.stampedTime)}, {"authority", report.authority},
-        {"stampTrusted", report.isStampTrusted}, {"intact", report.isIntact}, {"problem", report.problem},
+        {"stampTrusted", report.isStampTrusted}, {"stampProblem", report.stampProblem}, {"intact", report.isIntact}, {"problem", report.problem},
         {"coversWholeFile", report.coversWholeFile}, {"coveredBytes", report.coveredSize},
         {"revision", report.revision}, {"algorithm", report.algorithm}, {"weakAlgorithm", report.isAlgorithmWeak},
         {"trust", rowOf(report.trust).word}, {"trustReason", report.trustReason},
@@ -107,6 +107,8 @@ void tellTimes(const SignatureReport &report)
         sayRow("time stamp",
             QString("%1 by %2, which is %3")
                 .arg(moment(report.stampedTime), report.authority, report.isStampTrusted ? "trusted" : "NOT trusted"));
+    if (!report.stampProblem.isEmpty())
+        sayRow("time stamp", "NOT usable: " + report.stampProblem);
     if (!report.reason.isEmpty())
         sayRow("reason", report.reason);
     if (!report.location.isEmpty())
