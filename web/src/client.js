@@ -34,8 +34,12 @@ export function isMessage(message, rules) {
 
 const isPoint = (point) => Array.isArray(point) && point.length === 5 && point.every(Number.isInteger);
 
+// No browser asks for a page that is on the own computer itself, but Chromium says prompt all the same.
+const isOfThisComputer = () => /^(localhost|.+\.localhost|127(\.\d+){3}|\[::1\])$/.test(globalThis.location?.hostname);
+
 /** granted, prompt, denied; or unknown where the browser asks nobody. */
 export async function loopbackPermission() {
+  if (isOfThisComputer()) return "unknown";
   for (const name of ["loopback-network", "local-network-access"]) {
     try {
       return (await navigator.permissions.query({ name })).state;

@@ -25,7 +25,8 @@ const ENDED = [1008, 4000];
 const FINAL = ["denied", "browser-denied", "not-allowed"];
 const SIGNING = ["connecting", "asking", "ready", "pointer", "lost", "reconnecting", "busy"];
 
-export class KvSignature extends HTMLElement {
+// A page may be made on a server, where there are no elements.
+export class KvSignature extends (globalThis.HTMLElement ?? Object) {
   static formAssociated = true;
   static observedAttributes = ["disabled", "required", "label"];
 
@@ -301,4 +302,5 @@ export class KvSignature extends HTMLElement {
   }
 }
 
-customElements.define("kv-signature", KvSignature);
+const { customElements: known } = globalThis;
+if (known && !known.get("kv-signature")) known.define("kv-signature", KvSignature);

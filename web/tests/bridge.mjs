@@ -7,7 +7,7 @@ import { tmpdir } from "node:os";
 import path from "node:path";
 
 export const build = path.resolve(process.argv[2] ?? "build/release");
-const root = path.resolve(import.meta.dirname, "../..");
+export const root = path.resolve(import.meta.dirname, "../..");
 export const home = mkdtempSync(path.join(tmpdir(), "kvsign-web-"));
 
 const running = new Set();
@@ -25,31 +25,36 @@ export function certificate() {
   return [readFileSync(key), readFileSync(cert)];
 }
 
-/** @returns {Promise<{port: number, stop: () => Promise<void>, said: () => string}>} */
-export function startBridge(options, environment = {}) {
-  const child = spawn(path.join(build, "bridge/kv-sign-bridge"),
-    ["--no-lists", "--unsafe-driver", "--driver", path.join(build, "simulator"), ...options], {
-      env: { ...process.env, HOME: home, XDG_CONFIG_HOME: home, XDG_RUNTIME_DIR: home, QT_QPA_PLATFORM: "offscreen",
-        LD_LIBRARY_PATH: path.join(build, "kvsignpadsdk"), ...environment },
-      stdio: ["ignore", "pipe", "pipe"],
-    });
+export const bridgeEnvironment = { ...process.env, HOME: home, XDG_CONFIG_HOME: home, XDG_RUNTIME_DIR: home,
+  QT_QPA_PLATFORM: "offscreen", LD_LIBRARY_PATH: path.join(build, "kvsignpadsdk") };
+
+/**
+ * Starts a program that says on which port it listens, by a pattern with that in it.
+ * @returns {Promise<{port: number, stop: () => Promise<void>, said: () => string}>}
+ */
+export function startProgram(command, options, pattern, more = {}) {
+  const child = spawn(command, options, { stdio: ["ignore", "pipe", "pipe"], ...more });
   running.add(child);
   const ended = new Promise((resolve) => child.once("exit", resolve)).then(() => running.delete(child));
   let said = "";
   return new Promise((resolve, reject) => {
     const hear = (data) => {
       said += data;
-      const found = /listens on port (\d+)/.exec(said);
+      const found = pattern.exec(said);
       if (found) {
         resolve({ port: Number(found[1]), said: () => said,
           stop: (signal = "SIGTERM") => { child.kill(signal); return ended; } });
       }
     };
     child.stderr.on("data", hear);
-    child.stdout.on("data", (data) => { said += data; });
-    child.once("exit", () => reject(new Error(`the bridge ended: ${said}`)));
+    child.stdout.on("data", hear);
+    child.once("exit", () => reject(new Error(`${command} ended: ${said}`)));
   });
 }
+
+export const startBridge = (options, environment = {}) => startProgram(path.join(build, "bridge/kv-sign-bridge"),
+  ["--no-lists", "--unsafe-driver", "--driver", path.join(build, "simulator"), ...options], /listens on port (\d+)/,
+  { env: { ...bridgeEnvironment, ...environment } });
 
 /** The managed policies for an administrator's list with this page. @returns {string} the folder in which etc is */
 export function writePolicies(origin) {

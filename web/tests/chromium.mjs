@@ -1,9 +1,9 @@
 // The page's side in Debian's Chromium: signing on every screen pad, pixels, forms, permissions, troubles, axe.
 import assert from "node:assert/strict";
-import { mkdirSync, readFileSync, writeFileSync } from "node:fs";
+import { cpSync, mkdirSync, readFileSync, writeFileSync } from "node:fs";
 import path from "node:path";
 import { chromium } from "playwright-core";
-import { build, certificate, home, servePages, startBridge, writePolicies } from "./bridge.mjs";
+import { bridgeEnvironment, build, certificate, home, root, servePages, startBridge, startProgram, writePolicies } from "./bridge.mjs";
 
 const pages = await servePages(...certificate());
 const desk = `https://desk.test:${pages.port}`;
@@ -100,6 +100,32 @@ const tests = {
     assert.equal((await form()).valid, false);
     await page.context().close();
     await bridge.stop();
+  },
+
+  async "works as docs/web.md says, from an empty folder"() {
+    const folder = path.join(home, "site");
+    cpSync(path.join(root, "web/src"), path.join(folder, "kvsignpad"), { recursive: true });
+    const [, page_] = /\n\n((?: {4}.*\n)+)/.exec(readFileSync(path.join(root, "docs/web.md"), "utf8"));
+    writeFileSync(path.join(folder, "index.html"), `<!doctype html>\n${page_}`);
+    const server = await startProgram("python3", ["-u", "-m", "http.server", "0"], /port (\d+)/, { cwd: folder });
+    const here = `http://localhost:${server.port}`;
+    const page = await open(`${here}/`, { permissions: [] });
+    await page.waitForFunction(() => document.querySelector("kv-signature").shadowRoot);
+    assert.match(await says(page), /^Not signed yet/, "no browser asks a page of the own computer");
+    await setUp(page, { port: 9 });
+    await sign(page);
+    await reaches(page, "no-bridge");
+    await field(page).evaluate((element) => element.removeAttribute("port"));
+    const bridge = await startProgram(path.join(build, "bridge/kv-sign-bridge"),
+      ["--driver", "simulator", "--allow-origin", here, "--no-consent", "--unsafe-driver"], /listens on port (\d+)/,
+      { env: { ...bridgeEnvironment, KVSIM_SPEED: "max" } });
+    await sign(page);
+    await reaches(page, "done");
+    const posted = page.waitForRequest(`${here}/received`);
+    await page.getByRole("button", { name: "Send" }).click();
+    assert.match((await posted).postData(), /^received=data%3Aimage%2Fpng%3Bbase64%2C/);
+    await page.context().close();
+    await Promise.all([bridge.stop(), server.stop()]);
   },
 
   async "tells the permissions apart"() {
