@@ -1,5 +1,6 @@
 #include "deskfiles.h"
 
+#include "pagefile.h"
 #include "passworddialog.h"
 #include "safefile.h"
 #include "trouble.h"
@@ -33,6 +34,12 @@ QString suffixOf(const QString &kind)
 {
     static const QRegularExpression pattern(QStringLiteral("\\*(\\.\\w+)"));
     return pattern.match(kind).captured(1);
+}
+
+QString pathOf(const Pages &document)
+{
+    const PageFile *const file = document.file();
+    return file == nullptr ? QString() : file->path;
 }
 
 /// "note-signed.pdf" for "note.pdf"; another one when there is such a file.
@@ -117,14 +124,15 @@ std::unique_ptr<Pages> DeskFiles::open(const QString &path)
 }
 
 /// Asks again until the name is another one than the opened file's, or the clerk wants that.
-QString DeskFiles::askForSignedName(const QString &opened)
+QString DeskFiles::askForSignedName(const Pages &document)
 {
+    const QString opened = pathOf(document);
     const QStringList kinds{tr("PDF with all pages (*.pdf)"), tr("PNG picture of the signed page (*.png)")};
     for (;;) {
         const QString path = askForName(tr("Save signed page"), signedNameFor(opened), kinds);
         const bool isOpened = !path.isEmpty() && !opened.isEmpty()
             && QFileInfo(path).canonicalFilePath() == QFileInfo(opened).canonicalFilePath() && QFileInfo::exists(path);
-        if (!isOpened || mayOverwriteOpened(path))
+        if (!isOpened || mayOverwriteOpened(path, document.isOutdated()))
             return path;
     }
 }
@@ -139,17 +147,22 @@ bool DeskFiles::attemptBeside(const QString &what, const std::function<void(Prog
     }
 }
 
-bool DeskFiles::mayOverwriteOpened(const QString &path)
+bool DeskFiles::mayOverwriteOpened(const QString &path, bool isOutdated)
 {
+    if (isOutdated) // by the customer before, perhaps, or at another desk
+        return ask(tr("%1 has changed since you opened it.").arg(QFileInfo(path).fileName()),
+            tr("What it has got since, perhaps another signature, would be lost. To keep both, choose another name."),
+            tr("&Overwrite"), tr("Choose &another name"));
     return ask(tr("%1 is the document that you opened.").arg(QFileInfo(path).fileName()),
         tr("Shall the signed document take its place?"), tr("&Overwrite"), tr("Choose &another name"));
 }
 
-QString DeskFiles::saveSignedPage(const std::shared_ptr<const SignedDocument> &document, const QString &opened)
+QString DeskFiles::saveSignedPage(const std::shared_ptr<const SignedDocument> &document, const Pages &source)
 {
+    const QString opened = pathOf(source);
     if (!opened.isEmpty() && QFileInfo(QFileInfo(opened).path()).isWritable())
         m_directory = QFileInfo(opened).path();
-    const QString path = askForSignedName(opened);
+    const QString path = askForSignedName(source);
     const auto save = [=](Progress &progress) {
         document->save(path, [&](qint64 done, qint64 total) { progress.show(done, total); });
     };

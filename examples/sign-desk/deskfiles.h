@@ -29,8 +29,8 @@ public:
     std::unique_ptr<Pages> open(const QString &path);
 
     /// Each returns where something was written, or whether. A name without a suffix gets that of the chosen kind.
-    /// @param opened the file that is signed, which is not overwritten without a question; empty for none
-    QString saveSignedPage(const std::shared_ptr<const SignedDocument> &document, const QString &opened);
+    /// @param source the document that is signed, whose file is not overwritten without a question
+    QString saveSignedPage(const std::shared_ptr<const SignedDocument> &document, const Pages &source);
     bool exportSignature(const PadSession &session, const OutputOptions &options);
     bool exportFingerprint(const PadSession &session);
     bool print(const std::shared_ptr<const SignedDocument> &document, int pageCount);
@@ -53,8 +53,8 @@ public:
 
 private:
     QString askForName(const QString &title, const QString &proposal, const QStringList &kinds);
-    QString askForSignedName(const QString &opened);
-    bool mayOverwriteOpened(const QString &path);
+    QString askForSignedName(const Pages &document);
+    bool mayOverwriteOpened(const QString &path, bool isOutdated);
     bool ask(const QString &what, const QString &question, const QString &yes, const QString &no);
 
     QWidget &m_window;

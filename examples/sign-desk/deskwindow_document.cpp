@@ -163,8 +163,10 @@ bool DeskWindow::prepare()
 
 void DeskWindow::savePage()
 {
+    const Pages &opened = m_counter.document().opened();
+    const bool wasOutdated = opened.isOutdated(); // and not only by this save
     const std::shared_ptr<const SignedDocument> document = result();
-    const QString path = document == nullptr ? QString() : m_files.saveSignedPage(document, openedFile());
+    const QString path = document == nullptr ? QString() : m_files.saveSignedPage(document, opened);
     if (path.isEmpty())
         return;
     m_counter.keep();
@@ -175,7 +177,7 @@ void DeskWindow::savePage()
     if (m_counter.isUnsaved())
         m_status->note(tr("Saved as %1, but without what was written since: confirm that, and save again.").arg(name));
     else
-        m_status->note(m_counter.document().opened().isOutdated()
+        m_status->note(wasOutdated
                 ? tr("The page is saved as it was when it was opened: its file has changed since then.")
                 : tr("Saved as %1. Press Done for the next customer.").arg(name));
 }

@@ -170,7 +170,18 @@ private:
             throw PasswordNeeded{!password.isEmpty()};
         if (document->numPages() < 1)
             throw unreadable(file.path, PagesWords::tr("it has no page."));
+        needSizes(*document, file.path);
         return document;
+    }
+
+    /// A page without a size can be neither shown nor signed.
+    static void needSizes(const Poppler::Document &document, const QString &path)
+    {
+        for (int i = 0; i < document.numPages(); ++i) {
+            const std::unique_ptr<Poppler::Page> page(document.page(i));
+            if (page == nullptr || page->pageSizeF().isEmpty())
+                throw unreadable(path, PagesWords::tr("its page %1 has no size.").arg(i + 1));
+        }
     }
 
     PageFile m_file;

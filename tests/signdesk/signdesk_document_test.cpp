@@ -169,6 +169,39 @@ TEST_F(SignedDocuments, AreNotOverwrittenUnlessToldSo)
     EXPECT_GT(bytesOf(source).size(), bytesOf(kNote).size());
 }
 
+// The customer before, or a clerk at another desk, may have saved a signature over the document.
+TEST_F(SignedDocuments, SavedOverTheirSourceAreNotLostToTheNextCustomer)
+{
+    const QString source = opened(kNote, "note.pdf");
+    const auto saveOver = [&](const QString &answerToDesk) {
+        whenDialogComes([=](QDialog &dialog) {
+            whenDialogComes([=](QDialog &question) {
+                whenDialogComes([=](QDialog &box) {
+                    if (answerToDesk != "Overwrite")
+                        whenDialogComes([](QDialog &again) { again.reject(); });
+                    answer(box, answerToDesk);
+                });
+                answer(question, "Yes");
+            });
+            giveFile(dialog, source);
+        });
+        click("Save page...");
+        ASSERT_TRUE(happened());
+    };
+    signAndConfirm(kS300Family);
+    saveOver("Overwrite");
+    EXPECT_EQ(note(), "Saved as note.pdf. Press Done for the next customer.");
+    const QByteArray first = bytesOf(source);
+    click("Done, next customer");
+    startAgain(kS300Family, 0.3);
+    saveOver("Choose another name");
+    EXPECT_EQ(said,
+        "note.pdf has changed since you opened it.\n"
+        "What it has got since, perhaps another signature, would be lost. To keep both, choose another name.");
+    EXPECT_EQ(bytesOf(source), first);
+    EXPECT_TRUE(window->isWindowModified());
+}
+
 TEST_F(SignedDocuments, AreProposedBesideTheirSource)
 {
     opened(kNote, "note.pdf");

@@ -333,6 +333,14 @@
         <source>See that the computer has memory to spare. Nothing was written; the fingerprint is still here.</source>
         <translation>Sorgen Sie dafür, dass der Rechner genug Speicher frei hat. Es wurde nichts geschrieben; der Fingerabdruck ist noch da.</translation>
     </message>
+    <message>
+        <source>%1 has changed since you opened it.</source>
+        <translation>%1 hat sich geändert, seit Sie es geöffnet haben.</translation>
+    </message>
+    <message>
+        <source>What it has got since, perhaps another signature, would be lost. To keep both, choose another name.</source>
+        <translation>Was seither dazukam, vielleicht eine andere Unterschrift, ginge verloren. Um beides zu behalten, wählen Sie einen anderen Namen.</translation>
+    </message>
 </context>
 <context>
     <name>signdesk::DeskStatus</name>
@@ -1013,6 +1021,10 @@
     <message>
         <source>it has no page.</source>
         <translation>sie hat keine Seite.</translation>
+    </message>
+    <message>
+        <source>its page %1 has no size.</source>
+        <translation>ihre Seite %1 hat keine Größe.</translation>
     </message>
 </context>
 <context>
