@@ -7,9 +7,10 @@ using bridgerun::until;
 namespace {
 
 /// A client's frame whose mask is zero, so that its bytes are the content.
+/// @param kind with kFirst where further frames belong to the message
 QByteArray frame(quint8 kind, const QByteArray &content)
 {
-    QByteArray head(1, static_cast<char>(0x80U | kind));
+    QByteArray head(1, static_cast<char>(0x80U ^ kind));
     if (content.size() < 126) {
         head += static_cast<char>(0x80 | content.size());
     } else if (content.size() < 65536) {
@@ -24,6 +25,8 @@ QByteArray frame(quint8 kind, const QByteArray &content)
     return head + QByteArray(4, 0) + content;
 }
 
+constexpr quint8 kFirst = 0x80;
+constexpr quint8 kGoesOn = 0;
 constexpr quint8 kText = 1;
 constexpr quint8 kBinary = 2;
 constexpr quint8 kPing = 9;
@@ -131,13 +134,58 @@ TEST_F(BridgeClosing, WhoIsShownOutHearsWhy)
     EXPECT_EQ(refused(Refusal::LargeMessage), 1);
 }
 
+TEST_F(BridgeClosing, AMessageInPiecesIsOne)
+{
+    start();
+    RawClient client(running->port());
+    ASSERT_TRUE(client.hears("\"welcome\""));
+    QByteArray pieces = frame(kFirst | kText, R"({"op":"cle)");
+    for (int i = 0; i < 1000; ++i)
+        pieces += frame(kFirst | kGoesOn, "");
+    client.socket().write(pieces + frame(kPing, "between") + frame(kGoesOn, R"(ar","id":7})"));
+    EXPECT_TRUE(client.hears(R"("id":7)"));
+    EXPECT_TRUE(client.hears("between")) << "the answer to the ping";
+}
+
+TEST_F(BridgeClosing, WhatIsNoMessageEndsTheConnection)
+{
+    start();
+    const QByteArray half(50000, ' ');
+    const struct
+    {
+        const char *what;
+        QByteArray bytes;
+        int code; // of RFC 6455
+    } rows[] = {
+        {"pieces that are too large together", frame(kFirst | kText, half) + frame(kGoesOn, half), 1009},
+        {"a piece without a beginning", frame(kGoesOn, "{}"), 1002},
+        {"a message in another", frame(kFirst | kText, "{") + frame(kText, "{}"), 1002},
+        {"a kind that there is not", frame(3, "{}"), 1002},
+        {"a ping in pieces", frame(kFirst | kPing, "x"), 1002},
+        {"a large ping", frame(kPing, QByteArray(126, 'x')), 1002},
+        {"a reserved bit", QByteArray("\xc1\x80\0\0\0\0", 6), 1002},
+        {"a length with zeros before it", QByteArray("\x81\xfe\0\x02\0\0\0\0{}", 10), 1002},
+        {"a length beyond all", QByteArray("\x81\xff\xff\xff\xff\xff\xff\xff\xff\xff\0\0\0\0", 14), 1002},
+        {"no UTF-8", frame(kText, "{\"op\":\"\xff\"}"), 1007},
+    };
+    for (const auto &row : rows) {
+        RawClient client(running->port());
+        EXPECT_EQ(client.closedBy(row.bytes).left(2), codeAndReason(row.code, "")) << row.what;
+        EXPECT_TRUE(until([&] { return client.hasEnded(); })) << row.what;
+    }
+    EXPECT_TRUE(until([this] { return running->conversations() == 0; }));
+    EXPECT_EQ(page()->next("event")["event"], "welcome");
+}
+
 TEST_F(BridgeClosing, WhoGoesOnAfterItIsNotWaitedFor)
 {
     start();
     RawClient client(running->port());
-    EXPECT_NE(client.closedBy(frame(kBinary, "{}")), "");
-    // It neither answers nor closes.
+    ASSERT_TRUE(client.hears("\"welcome\""));
+    client.socket().setReadBufferSize(1); // so that it sees no end, and neither answers nor closes
+    client.socket().write(frame(kBinary, "{}"));
     EXPECT_TRUE(until([this] { return running->conversations() == 0; }));
+    EXPECT_EQ(refused(Refusal::BinaryMessage), 1);
 }
 
 TEST_F(BridgeClosing, WhoIsAnsweredAndReadsNothingEndsBeforeTheMemoryDoes)
