@@ -166,6 +166,14 @@ void Counter::add()
     emit documentChanged();
 }
 
+std::set<int> Counter::signedPages() const
+{
+    std::set<int> pages = m_document->signedPages();
+    if (m_signing.state() == SigningState::Confirmed)
+        pages.insert(m_place.page);
+    return pages;
+}
+
 bool Counter::canUndo() const
 {
     return m_signing.state() == SigningState::Closed && !isDocumentKept();

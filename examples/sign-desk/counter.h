@@ -77,6 +77,9 @@ public:
     /// What is confirmed becomes a part of the document. Throws a Trouble; everything is as it was then.
     void add();
 
+    /// The pages that were signed here and confirmed.
+    std::set<int> signedPages() const;
+
     /// The last signature that is a part of the document and was not saved.
     bool canUndo() const;
     void undo();

@@ -11,6 +11,7 @@ DeskActions::DeskActions(QMainWindow &window)
 {
     makeFileActions();
     makeSignatureActions();
+    makeViewActions();
     makeOtherActions();
     makeMenus(window);
 }
@@ -49,11 +50,24 @@ void DeskActions::makeSignatureActions()
     cancel = make(tr("C&ancel"), "Shift+Esc", tr("Give up this signature and close the pad"));
 }
 
-void DeskActions::makeOtherActions()
+void DeskActions::makeViewActions()
 {
     zoomIn = make(tr("Zoom &in"), "Ctrl++", tr("Show the page larger"));
     zoomOut = make(tr("Zoom &out"), "Ctrl+-", tr("Show the page smaller"));
     fitWidth = make(tr("&Fit width"), "Ctrl+0", tr("Show the page as wide as the window"));
+    nextPage = make(tr("&Next page"), "Ctrl+PgDown", tr("Show the next page; the signature's field stays"));
+    previousPage = make(tr("&Previous page"), "Ctrl+PgUp", tr("Show the page before; the signature's field stays"));
+    goToPage = make(tr("&Go to page"), "Ctrl+G", tr("Type the number of the page to be shown"));
+    fieldHere = make(tr("&Signature on this page"), "F6", tr("Move the signature's field to the page that is shown"));
+    find = make(tr("Find &text"), "Ctrl+F", tr("Find a text on the pages"));
+    findNext = make(tr("Find ne&xt"), "F3", tr("Show the next place with the text"));
+    findPrevious = make(tr("Find pre&vious"), "Shift+F3", tr("Show the place with the text before this one"));
+    thumbnails = make(tr("Page pict&ures"), "F7", tr("Show all pages as small pictures at the side"));
+    thumbnails->setCheckable(true);
+}
+
+void DeskActions::makeOtherActions()
+{
     aboutDesk = make(tr("&About Sign Desk"), "", tr("What this program is"));
     aboutLibrary = make(tr("About the pad &library"), "", tr("The version of the signature pads' library"));
 }
@@ -73,7 +87,14 @@ void DeskActions::makeMenus(QMainWindow &window)
     file->addSeparator();
     file->addAction(quit);
     bar.addMenu(tr("&Signature"))->addActions({start, confirm, clear, cancel, undo, done, signatory, verify});
-    bar.addMenu(tr("Vie&w"))->addActions({zoomIn, zoomOut, fitWidth});
+    QMenu *const view = bar.addMenu(tr("Vie&w"));
+    view->addActions({zoomIn, zoomOut, fitWidth});
+    view->addSeparator();
+    view->addActions({nextPage, previousPage, goToPage, fieldHere});
+    view->addSeparator();
+    view->addActions({find, findNext, findPrevious});
+    view->addSeparator();
+    view->addAction(thumbnails);
     bar.addMenu(tr("&Help"))->addActions({aboutDesk, aboutLibrary});
 }
 
@@ -90,6 +111,7 @@ void DeskActions::follow(const Counter &counter, bool hasFingerprintSensor)
     cancel->setEnabled(isOpen);
     undo->setEnabled(counter.canUndo());
     signatory->setEnabled(!isOpen || isConfirmed);
+    fieldHere->setEnabled(!counter.signing().hasSignature());
     verify->setEnabled(counter.document().pages().isPdf());
     done->setEnabled(isOpen || counter.document().added() > 0);
     for (QAction *action : {savePage, print})

@@ -42,6 +42,14 @@ public:
     QAction *zoomIn;
     QAction *zoomOut;
     QAction *fitWidth;
+    QAction *nextPage;
+    QAction *previousPage;
+    QAction *goToPage;
+    QAction *fieldHere;
+    QAction *find;
+    QAction *findNext;
+    QAction *findPrevious;
+    QAction *thumbnails;
     QAction *aboutDesk;
     QAction *aboutLibrary;
 
@@ -52,6 +60,7 @@ private:
     QAction *make(const QString &text, const char *shortcut, const QString &statusTip);
     void makeFileActions();
     void makeSignatureActions();
+    void makeViewActions();
     void makeOtherActions();
     void makeMenus(QMainWindow &window);
 };

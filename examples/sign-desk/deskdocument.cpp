@@ -57,13 +57,13 @@ void DeskDocument::add(const SignatureWish &wish)
 {
     const SignedBytes outcome = with(wish);
     const QByteArray added = outcome.isAppended ? outcome.content.mid(bytes().content.size()) : outcome.content;
-    addStep({added, outcome.isAppended, wish.formField});
+    addStep({added, outcome.isAppended, wish.formField}, wish.page);
 }
 
-void DeskDocument::addStep(const AddedSignature &signature)
+void DeskDocument::addStep(const AddedSignature &signature, std::optional<int> page)
 {
     const QByteArray before = bytes().content;
-    const Step step{before.size(), signature.isAppended ? QByteArray() : before, signature.formField};
+    const Step step{before.size(), signature.isAppended ? QByteArray() : before, page, signature.formField};
     setContent(signature.isAppended ? before + signature.bytes : signature.bytes);
     m_steps.push_back(step);
 }
@@ -97,7 +97,7 @@ void DeskDocument::restore(const UnsavedSignature &unsaved)
         m_bytes = {unsaved.base, m_opened->password()};
     try {
         for (const AddedSignature &signature : unsaved.added)
-            addStep(signature);
+            addStep(signature, std::nullopt);
     } catch (const Trouble &) {
         reset();
         throw;
@@ -105,6 +105,16 @@ void DeskDocument::restore(const UnsavedSignature &unsaved)
         reset();
         throw unreadable(unsaved.path, QCoreApplication::translate("signdesk::Pages", "it is a damaged PDF."));
     }
+}
+
+std::set<int> DeskDocument::signedPages() const
+{
+    std::set<int> pages;
+    for (const Step &step : m_steps) {
+        if (step.page.has_value())
+            pages.insert(*step.page);
+    }
+    return pages;
 }
 
 void DeskDocument::undo()

@@ -6,6 +6,8 @@
 #include "pages.h"
 #include "unsavedsignature.h"
 
+#include <optional>
+#include <set>
 #include <vector>
 
 namespace signdesk {
@@ -35,6 +37,9 @@ public:
     /// From now on the signature is a part of the document. Throws a Trouble.
     void add(const SignatureWish &wish);
 
+    /// The pages of the signatures that were written and added here.
+    std::set<int> signedPages() const;
+
     int added() const { return static_cast<int>(m_steps.size()); }
 
     /// Takes the last added signature away.
@@ -57,11 +62,12 @@ private:
     {
         qint64 size; ///< of the document, in bytes
         QByteArray rewritten; ///< the document, when the signature was not appended to it; else empty
+        std::optional<int> page; ///< with the signature, when it was written in this window
         QString formField; ///< the form's field with the signature; empty for none
     };
 
     void setContent(const QByteArray &content);
-    void addStep(const AddedSignature &signature);
+    void addStep(const AddedSignature &signature, std::optional<int> page);
     void forget();
 
     std::unique_ptr<Pages> m_opened;

@@ -23,7 +23,11 @@ DeskWindow::DeskWindow(QWidget *parent)
     : QMainWindow(parent)
     , m_actions(*this)
     , m_files(*this)
-    , m_view(new PageView)
+    , m_search(m_renderer, this)
+    , m_view(new PageView(m_renderer, m_search.found()))
+    , m_thumbnails(new ThumbnailList(m_renderer))
+    , m_findBar(new FindBar(m_search))
+    , m_pageBox(new PageBox)
     , m_padPanel(new PadPanel(m_actions))
     , m_penPanel(new PenPanel)
     , m_placePanel(new PlacePanel)
@@ -34,9 +38,11 @@ DeskWindow::DeskWindow(QWidget *parent)
     layOut();
     connectFileActions();
     connectOtherActions();
+    connectReading();
+    connectFinding();
     connectPanels();
     connectCounter();
-    m_rates.watch(&m_view->sheet().inkView());
+    m_rates.watch(&m_view->inkView());
     m_inkTimer.setInterval(kInkEvery);
     connect(&m_inkTimer, &QTimer::timeout, this, &DeskWindow::lookAtInk);
     m_actions.showRecent(m_settings.recentDocuments());
@@ -63,11 +69,14 @@ void DeskWindow::layOut()
     auto *const left = new QVBoxLayout;
     left->setSpacing(0);
     left->addWidget(m_view, 1);
+    left->addWidget(m_findBar);
     left->addWidget(m_status->line());
+    layout->addWidget(m_thumbnails);
     layout->addLayout(left, 1);
     layout->addWidget(new SidePanel(
         {m_padPanel, new ResultPanel(m_actions), m_placePanel, m_signatoryPanel, m_penPanel, m_outputPanel}));
     setCentralWidget(centre);
+    statusBar()->insertPermanentWidget(0, m_pageBox);
     const QSize room = QGuiApplication::primaryScreen()->availableSize() - QSize(16, 48); // less a frame and a title
     resize(QSize(1120, 800).boundedTo(room));
 }
@@ -104,9 +113,6 @@ void DeskWindow::connectOtherActions()
     on(m_actions.done, [this] { done(); });
     on(m_actions.signatory, [this] { chooseSignatory(); });
     on(m_actions.verify, [this] { verify(); });
-    on(m_actions.zoomIn, [this] { m_view->zoomBy(1.25); });
-    on(m_actions.zoomOut, [this] { m_view->zoomBy(0.8); });
-    on(m_actions.fitWidth, [this] { m_view->fitWidth(); });
     on(m_actions.aboutDesk, [this] { aboutDesk(); });
     on(m_actions.aboutLibrary, [this] { m_padPanel->model().AboutBox(this); });
 }
@@ -117,16 +123,15 @@ void DeskWindow::connectPanels()
     connect(m_penPanel, &PenPanel::penChanged, this, [this] { m_counter.session().setPen(m_penPanel->pen()); });
     connect(m_placePanel, &PlacePanel::formFieldChosen, this, &DeskWindow::chooseFormField);
     connect(m_placePanel, &PlacePanel::pageChosen, this, [this](int page) {
-        m_view->setPage(m_counter.document().pages(), page);
-        takePlace();
+        m_view->setField(page, m_view->field());
+        m_view->showField();
     });
     connect(m_placePanel, &PlacePanel::fieldChosen, this, [this](const QRectF &field) {
-        m_view->sheet().setField(field);
+        m_view->setField(field);
         showPlace();
         m_view->showField();
     });
     connect(m_placePanel, &PlacePanel::fingerprintPlaceChosen, this, &DeskWindow::chooseFingerprintPlace);
-    connect(&m_view->sheet(), &PageSheet::fieldChanged, this, [this] { takePlace(); });
 }
 
 void DeskWindow::connectCounter()
@@ -148,7 +153,7 @@ void DeskWindow::connectCounter()
 
 void DeskWindow::chooseModel()
 {
-    m_view->sheet().setProportions(proportions(m_padPanel->model().row));
+    m_view->setProportions(proportions(m_padPanel->model().row));
     m_placePanel->setHasFingerprintSensor(m_padPanel->model().row.hasFingerprintSensor);
     follow();
 }
@@ -167,6 +172,8 @@ void DeskWindow::follow()
     m_actions.follow(m_counter, m_padPanel->model().row.hasFingerprintSensor);
     m_padPanel->follow(state(), isPadAway());
     m_placePanel->setLocked(hasInk);
+    m_view->setPageLocked(hasInk);
+    m_thumbnails->setSigned(m_counter.signedPages());
     m_penPanel->setHasInk(hasInk);
     setWindowModified(!m_counter.isKept());
 }
@@ -175,13 +182,13 @@ void DeskWindow::showRates(int points)
 {
     m_rates.look(points);
     m_status->show(points, m_rates);
-    m_view->sheet().setFingerprint(m_counter.printPlace(), m_counter.print());
+    m_view->setFingerprint(m_counter.printPlace(), m_counter.print());
 }
 
 void DeskWindow::lookAtInk()
 {
     const bool isGrown = m_counter.look();
-    m_view->sheet().setInk(m_counter.ink(), isGrown);
+    m_view->setInk(m_counter.ink(), isGrown);
 }
 
 /// Asks the clerk, unless everything confirmed was saved.

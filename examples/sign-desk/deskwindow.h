@@ -8,14 +8,17 @@
 #include "deskfiles.h"
 #include "desksettings.h"
 #include "deskstatus.h"
+#include "findbar.h"
 #include "outputpanel.h"
 #include "padpanel.h"
+#include "pagebox.h"
 #include "pageview.h"
 #include "penpanel.h"
 #include "placepanel.h"
 #include "rates.h"
 #include "safekeeping.h"
 #include "signatorypanel.h"
+#include "thumbnaillist.h"
 #include "unsavedquestions.h"
 
 #include <QMainWindow>
@@ -48,15 +51,18 @@ public:
     void start();
 
     SigningState state() const { return m_counter.signing().state(); }
+    bool isDrawn() const { return m_view->isDrawn(); } ///< the pages in sight
     bool isPadAway() const { return m_counter.signing().isPadAway(); }
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     void layOut();
     void connectFileActions();
     void connectOtherActions();
+    void connectReading();
     void connectPanels();
     void connectCounter();
 
@@ -71,6 +77,9 @@ private:
     void takePlace();
     void showPlace();
     void showDocument();
+    void connectFinding();
+    void renewPages();
+    void forgetPages();
     void offerFields();
     void placeField();
     void placeNextField();
@@ -106,7 +115,12 @@ private:
     Rates m_rates;
     DeskActions m_actions;
     DeskFiles m_files;
+    PageRenderer m_renderer;
+    TextSearch m_search;
     PageView *m_view;
+    ThumbnailList *m_thumbnails;
+    FindBar *m_findBar;
+    PageBox *m_pageBox;
     PadPanel *m_padPanel;
     PenPanel *m_penPanel;
     PlacePanel *m_placePanel;

@@ -35,6 +35,7 @@ bool DeskWindow::openPage(const QString &path)
 void DeskWindow::showPages(std::unique_ptr<Pages> pages)
 {
     end({});
+    forgetPages();
     m_counter.setDocument(std::move(pages));
     placeField();
 }
@@ -43,11 +44,9 @@ void DeskWindow::showPages(std::unique_ptr<Pages> pages)
 void DeskWindow::showDocument()
 {
     const Pages &pages = m_counter.document().pages();
-    const int page = std::min(m_counter.place().page, pages.count() - 1);
-    m_view->sheet().setFormField({});
-    m_view->setPage(pages, page);
+    renewPages();
     m_placePanel->setPageCount(pages.count());
-    m_placePanel->setPage(page);
+    m_placePanel->setPage(m_view->fieldPage());
     offerFields();
     const QString file = openedFile();
     setWindowTitle(tr("%1[*] - Sign Desk").arg(file.isEmpty() ? tr("blank sheet") : QFileInfo(file).fileName()));
@@ -75,10 +74,9 @@ void DeskWindow::placeField()
     const Pages &pages = m_counter.document().pages();
     const std::optional<RememberedPlace> last = m_settings.placeOf(pages.identity());
     const int page = last.has_value() ? std::clamp(last->page, 0, pages.count() - 1) : 0;
-    m_placePanel->setPage(page);
-    m_view->setPage(pages, page);
-    m_view->sheet().setFormField({});
-    m_view->sheet().setField(last.has_value() && !last->field.isEmpty()
+    m_view->setFormField(page, {});
+    m_view->setField(page,
+        last.has_value() && !last->field.isEmpty()
             ? last->field
             : usualField(pages.size(page), proportions(m_padPanel->model().row)));
     if (last.has_value())
@@ -106,23 +104,21 @@ void DeskWindow::placeNextField()
         return;
     }
     const Pages &pages = m_counter.document().pages();
-    m_view->sheet().setField(fieldBeside(m_counter.place().field, pages.size(m_counter.place().page)));
+    m_view->setField(fieldBeside(m_counter.place().field, pages.size(m_counter.place().page)));
 }
 
 void DeskWindow::chooseFormField(const QString &name)
 {
-    PageSheet &sheet = m_view->sheet();
-    sheet.setFormField({});
+    m_view->setFormField(0, {});
     if (!name.isEmpty()) {
         const Pages &pages = m_counter.document().pages();
         for (const EmptyField &field : m_counter.document().facts().emptyFields) {
             if (field.name != name)
                 continue;
-            m_placePanel->setPage(field.page);
-            m_view->setPage(pages, field.page);
             const QSizeF page = pages.size(field.page);
-            sheet.setFormField({field.share.x() * page.width(), field.share.y() * page.height(),
-                field.share.width() * page.width(), field.share.height() * page.height()});
+            m_view->setFormField(field.page,
+                {field.share.x() * page.width(), field.share.y() * page.height(), field.share.width() * page.width(),
+                    field.share.height() * page.height()});
         }
     }
     takePlace();
@@ -132,16 +128,15 @@ void DeskWindow::chooseFormField(const QString &name)
 /// Tells the counter where the field is.
 void DeskWindow::takePlace()
 {
-    const PageSheet &sheet = m_view->sheet();
-    m_counter.setPlace({m_placePanel->page(), sheet.field(), sheet.pageSize(), m_placePanel->formField()});
+    m_placePanel->setPage(m_view->fieldPage());
+    m_counter.setPlace({m_view->fieldPage(), m_view->field(), m_view->pageSize(), m_placePanel->formField()});
     showPlace();
 }
 
 void DeskWindow::showPlace()
 {
-    PageSheet &sheet = m_view->sheet();
-    m_placePanel->setField(sheet.field(), sheet.pageSize());
-    sheet.setFingerprint(m_counter.printPlace(), m_counter.print());
+    m_placePanel->setField(m_view->field(), m_view->pageSize());
+    m_view->setFingerprint(m_counter.printPlace(), m_counter.print());
 }
 
 /// The document with all signatures; null when it cannot be had, which the clerk has been told.

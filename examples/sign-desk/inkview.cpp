@@ -2,7 +2,16 @@
 
 #include <QPainter>
 
+#include <algorithm>
+#include <cmath>
+
 namespace signdesk {
+
+namespace {
+
+constexpr double kMostInkDots = 24e6; ///< in a field much larger than the screen the lines are a little less sharp
+
+} // namespace
 
 InkView::InkView(QWidget *parent)
     : QWidget(parent)
@@ -27,7 +36,9 @@ void InkView::show(const documents::Ink &ink, bool isGrown)
 /// Brings the picture of the lines up to date.
 void InkView::draw()
 {
-    const QSize size = (QSizeF(this->size()) * devicePixelRatioF()).toSize();
+    const double dots = QSizeF(this->size()).width() * this->size().height();
+    const double scale = std::min(devicePixelRatioF(), std::sqrt(kMostInkDots / dots));
+    const QSize size = (QSizeF(this->size()) * scale).toSize().expandedTo({1, 1});
     if (m_lines.size() != size || m_drawn == 0 || m_drawn > m_ink.lines.size()) {
         m_lines = QImage(size, QImage::Format_ARGB32_Premultiplied);
         m_lines.fill(Qt::transparent);

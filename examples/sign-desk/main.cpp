@@ -158,5 +158,10 @@ int main(int argc, char **argv)
     parser.process(application);
     if (parser.positionalArguments().size() > 1)
         return fail(Words::tr("one page at a time"));
-    return run(parser, options);
+    const int code = run(parser, options);
+    if (signdesk::PageRenderer::hasThreads()) { // a hostile page is still drawn: do not take from it what it uses
+        std::fflush(nullptr);
+        std::_Exit(code);
+    }
+    return code;
 }

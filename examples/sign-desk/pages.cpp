@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <mutex>
 
 namespace signdesk {
 
@@ -57,6 +58,10 @@ public:
     int count() const override { return 1; }
     QSizeF size(int /*page*/) const override { return {595, 842}; }
     QString identity() const override { return QStringLiteral("blank"); }
+    Open opener() const override
+    {
+        return [] { return blankPages(); };
+    }
     QByteArray pdf() const override { return onePage(size(0), {}); }
     QImage render(int page, double dotsPerPoint) const override
     {
@@ -82,10 +87,18 @@ class PicturePages : public Pages
 {
 public:
     explicit PicturePages(PageFile file)
-        : m_picture(readPicture(file))
+        : PicturePages(readPicture(file), file)
+    {
+    }
+    PicturePages(QImage picture, PageFile file)
+        : m_picture(std::move(picture))
         , m_file(std::move(file))
     {
         m_file.content.clear();
+    }
+    Open opener() const override
+    {
+        return [picture = m_picture, file = m_file] { return std::make_unique<PicturePages>(picture, file); };
     }
     const PageFile *file() const override { return &m_file; }
     QString identity() const override
@@ -116,6 +129,7 @@ public:
         : m_file(std::move(file))
         , m_password(password)
         , m_document(opened(m_file, password))
+        , m_sizes(sizesOf(*m_document, m_file.path))
     {
         m_document->setRenderHint(Poppler::Document::Antialiasing);
         m_document->setRenderHint(Poppler::Document::TextAntialiasing);
@@ -136,27 +150,44 @@ public:
                                  .arg(first.height(), 0, 'f', 1);
         return QString::fromLatin1(QCryptographicHash::hash(look.toUtf8(), QCryptographicHash::Sha1).toHex());
     }
-    int count() const override { return m_document->numPages(); }
-    QSizeF size(int page) const override
-    {
-        const std::unique_ptr<Poppler::Page> found(m_document->page(page));
-        return found == nullptr || found->pageSizeF().isEmpty() ? QSizeF(595, 842) : found->pageSizeF();
-    }
+    int count() const override { return static_cast<int>(m_sizes.size()); }
+    QSizeF size(int page) const override { return m_sizes[static_cast<size_t>(page)]; }
     QImage render(int page, double dotsPerPoint) const override
     {
-        const std::unique_ptr<Poppler::Page> found(m_document->page(page));
-        const double dots = 72 * affordableDots(size(page), dotsPerPoint);
-        const QImage image = found == nullptr ? QImage() : found->renderToImage(dots, dots);
-        return image.convertToFormat(QImage::Format_RGB32);
+        return draw({page, dotsPerPoint, {}}, [] { return false; });
     }
     QImage renderPart(int page, double dotsPerPoint, const QRect &part) const override
     {
-        const std::unique_ptr<Poppler::Page> found(m_document->page(page));
-        const double dots = 72 * dotsPerPoint;
-        const QImage image = found == nullptr
-            ? QImage()
-            : found->renderToImage(dots, dots, part.x(), part.y(), part.width(), part.height());
-        return image.convertToFormat(QImage::Format_RGB32);
+        return draw({page, dotsPerPoint, part}, [] { return false; });
+    }
+    QImage draw(const PageDrawing &drawing, const std::function<bool()> &isUnwanted) const override
+    {
+        const std::unique_ptr<Poppler::Page> found(m_document->page(drawing.page));
+        if (found == nullptr)
+            return {};
+        const bool isWhole = drawing.part.isNull();
+        const double dotsPerPoint =
+            isWhole ? affordableDots(size(drawing.page), drawing.dotsPerPoint) : drawing.dotsPerPoint;
+        const QRect part = isWhole ? QRect(-1, -1, -1, -1) : drawing.part; // as Poppler calls the whole page
+        const auto mayStop = [](const QVariant &asked) {
+            return (*static_cast<const std::function<bool()> *>(asked.value<void *>()))();
+        };
+        return found
+            ->renderToImage(72 * dotsPerPoint, 72 * dotsPerPoint, part.x(), part.y(), part.width(), part.height(),
+                Poppler::Page::Rotate0, nullptr, nullptr, mayStop,
+                QVariant::fromValue(const_cast<void *>(static_cast<const void *>(&isUnwanted))))
+            .convertToFormat(QImage::Format_RGB32);
+    }
+    std::vector<QRectF> find(int page, const QString &text) const override
+    {
+        const std::unique_ptr<Poppler::Page> searched(m_document->page(page));
+        const QList<QRectF> places =
+            searched == nullptr ? QList<QRectF>() : searched->search(text, Poppler::Page::IgnoreCase);
+        return {places.begin(), places.end()};
+    }
+    Open opener() const override
+    {
+        return [file = m_file, password = m_password] { return pagesOf(file, password); };
     }
 
 private:
@@ -170,23 +201,26 @@ private:
             throw PasswordNeeded{!password.isEmpty()};
         if (document->numPages() < 1)
             throw unreadable(file.path, PagesWords::tr("it has no page."));
-        needSizes(*document, file.path);
         return document;
     }
 
     /// A page without a size can be neither shown nor signed.
-    static void needSizes(const Poppler::Document &document, const QString &path)
+    static std::vector<QSizeF> sizesOf(const Poppler::Document &document, const QString &path)
     {
+        std::vector<QSizeF> sizes;
         for (int i = 0; i < document.numPages(); ++i) {
             const std::unique_ptr<Poppler::Page> page(document.page(i));
             if (page == nullptr || page->pageSizeF().isEmpty())
                 throw unreadable(path, PagesWords::tr("its page %1 has no size.").arg(i + 1));
+            sizes.push_back(page->pageSizeF());
         }
+        return sizes;
     }
 
     PageFile m_file;
     QByteArray m_password;
     std::unique_ptr<Poppler::Document> m_document;
+    std::vector<QSizeF> m_sizes;
 };
 
 } // namespace
@@ -208,6 +242,17 @@ QImage Pages::renderPart(int page, double dotsPerPoint, const QRect &part) const
     return render(page, dotsPerPoint).copy(part);
 }
 
+QImage Pages::draw(const PageDrawing &drawing, const std::function<bool()> & /*isUnwanted*/) const
+{
+    return drawing.part.isNull() ? render(drawing.page, drawing.dotsPerPoint)
+                                 : renderPart(drawing.page, drawing.dotsPerPoint, drawing.part);
+}
+
+std::vector<QRectF> Pages::find(int /*page*/, const QString & /*text*/) const
+{
+    return {};
+}
+
 QByteArray Pages::pdf() const
 {
     return onePage(size(0), render(0, kFineDots));
@@ -225,8 +270,10 @@ std::unique_ptr<Pages> openPages(const QString &path, const QByteArray &password
 
 std::unique_ptr<Pages> pagesOf(PageFile file, const QByteArray &password)
 {
-    Poppler::setDebugErrorFunction(
-        [](const QString &, const QVariant &) {}, {}); // errors are shown in the window instead
+    static std::once_flag once; // pages are opened on several threads
+    std::call_once(once, [] { // errors are shown in the window instead
+        Poppler::setDebugErrorFunction([](const QString &, const QVariant &) {}, {});
+    });
     if (file.content.left(1024).contains("%PDF-"))
         return std::make_unique<PdfPages>(std::move(file), password);
     return std::make_unique<PicturePages>(std::move(file));

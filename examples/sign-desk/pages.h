@@ -8,7 +8,9 @@
 #include <QSizeF>
 #include <QString>
 
+#include <functional>
 #include <memory>
+#include <vector>
 
 namespace signdesk {
 
@@ -18,9 +20,24 @@ constexpr double kPointsPerMillimetre = 72 / 25.4;
 constexpr int kFineDotsPerInch = 300; ///< of pictures that are kept or printed
 constexpr double kFineDots = kFineDotsPerInch / 72.0; ///< to the point
 
+/// A picture of a page that somebody wants.
+struct PageDrawing
+{
+    int page = 0;
+    double dotsPerPoint = 1;
+    QRect part; ///< in dots; null for the whole page
+
+    bool operator==(const PageDrawing &other) const
+    {
+        return page == other.page && qFuzzyCompare(dotsPerPoint, other.dotsPerPoint) && part == other.part;
+    }
+};
+
 class Pages
 {
 public:
+    using Open = std::function<std::unique_ptr<Pages>()>;
+
     Pages() = default;
     virtual ~Pages() = default;
     Pages(const Pages &) = delete;
@@ -37,6 +54,15 @@ public:
 
     /// That part of the page's picture, in dots. The dots to the point are never fewer than asked for.
     virtual QImage renderPart(int page, double dotsPerPoint, const QRect &part) const;
+
+    /// Either of the two above. It may give up, with any picture, as soon as `isUnwanted` says so.
+    virtual QImage draw(const PageDrawing &drawing, const std::function<bool()> &isUnwanted) const;
+
+    /// Where the text is on the page as it is shown, in points, in the order of reading; its case does not count.
+    virtual std::vector<QRectF> find(int page, const QString &text) const;
+
+    /// Opens the same pages once more, for another thread: these here serve one thread alone.
+    virtual Open opener() const = 0;
 
     /// As a PDF document: its own bytes, or one page with the picture. Throws a Trouble when it cannot be made.
     virtual QByteArray pdf() const;

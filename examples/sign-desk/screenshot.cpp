@@ -32,6 +32,8 @@ void takeScreenshotAndQuit(DeskWindow &window, const QString &path)
     auto *const look = new QTimer(&window);
     QObject::connect(look, &QTimer::timeout, &window, [&window, look, path] {
         const auto *const trouble = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (trouble == nullptr && !window.isDrawn())
+            return;
         if (trouble == nullptr && window.state() != SigningState::Confirmed && !window.isPadAway())
             return;
         look->stop();

@@ -1,6 +1,7 @@
 #include "sidepanel.h"
 
 #include <QEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -49,6 +50,12 @@ void SidePanel::fit()
     alignLabels(*widget());
     m_widest = std::max(m_widest, widget()->sizeHint().width());
     setFixedWidth(m_widest + verticalScrollBar()->sizeHint().width());
+}
+
+/// The panel scrolls to what has the focus; keys that scroll are the pages'.
+void SidePanel::keyPressEvent(QKeyEvent *event)
+{
+    event->ignore();
 }
 
 bool SidePanel::eventFilter(QObject *watched, QEvent *event)

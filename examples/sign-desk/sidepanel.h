@@ -15,6 +15,7 @@ public:
     explicit SidePanel(const QList<QWidget *> &panels, QWidget *parent = nullptr);
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:

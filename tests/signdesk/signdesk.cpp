@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPointer>
 #include <QProgressDialog>
 #include <QSettings>
@@ -160,6 +161,25 @@ QString SignDesk::written(const QString &name, const QByteArray &content) const
     return made.fileName();
 }
 
+QString SignDesk::printedPdf(const QString &name, const QStringList &texts) const
+{
+    QPdfWriter writer(file(name));
+    writer.setResolution(72);
+    writer.setPageMargins({});
+    writer.setPageSize(QPageSize(QSizeF(400, 500), QPageSize::Point, QString(), QPageSize::ExactMatch));
+    QPainter painter(&writer);
+    QFont font = painter.font();
+    font.setPixelSize(12);
+    painter.setFont(font);
+    for (const QString &text : texts) {
+        if (&text != &texts.first())
+            writer.newPage();
+        painter.drawText(40, 60, text);
+        painter.fillRect(0, 480, 400, 20, QColor(20, 20, 120));
+    }
+    return file(name);
+}
+
 void SignDesk::openInVain(const QString &path, const QString &why)
 {
     const QString before = window->windowTitle();
@@ -183,9 +203,9 @@ void SignDesk::answer(QDialog &dialog, const QString &buttonText)
     dialog.reject();
 }
 
-signdesk::PageSheet &SignDesk::sheet() const
+signdesk::PageView &SignDesk::sheet() const
 {
-    return *window->findChild<signdesk::PageSheet *>();
+    return *window->findChild<signdesk::PageView *>();
 }
 
 QWidget *SignDesk::signWidget() const

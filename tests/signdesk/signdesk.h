@@ -66,7 +66,7 @@ protected:
     QString said;
 
     QWidget *signWidget() const;
-    signdesk::PageSheet &sheet() const;
+    signdesk::PageView &sheet() const;
 
     /// Lets the signer write a line; positions are fractions of the writing area's width and height.
     void write(const Family &family, double fromX = 0.2, double fromY = 0.5, double toX = 0.8, double toY = 0.5);
@@ -79,6 +79,13 @@ protected:
 
     /// Writes a file and returns its path.
     QString written(const QString &name, const QByteArray &content) const;
+
+    /// Writes a PDF with a page of 400 by 500 points for each text, which begins 40 points from its left and 60 from
+    /// its top. The text is in letters of 12 points, and each page has a broad dark bar at its lower edge.
+    QString printedPdf(const QString &name, const QStringList &texts) const;
+
+    /// Whether every page in sight is drawn as it is.
+    bool isDrawn() const { return window->isDrawn(); }
 
     /// Expects that the path is not opened, that a message says why, and that the page stays.
     void openInVain(const QString &path, const QString &why);

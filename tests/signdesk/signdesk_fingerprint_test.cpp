@@ -43,9 +43,9 @@ TEST_P(FingerprintOnPage, IsWhereTheWindowShowsIt)
     write(kS310XFamily, 0.1, 0.05, 0.9, 0.05);
     layFingerOn();
     // The page shows it only after the pad's own screen does.
-    const auto shownBox = [&] { return boxOf(sheet().grab().toImage(), isRed); };
+    const auto shownBox = [&] { return boxOf(sheet().viewport()->grab().toImage(), isRed); };
     ASSERT_TRUE(until([&] { return !shownBox().isEmpty(); }));
-    const QRectF shown = shownBox().translated(-signdesk::PageSheet::kMargin, -signdesk::PageSheet::kMargin);
+    const QRectF shown = QRectF(shownBox()).translated(-sheet().pagePixels(0).topLeft());
     const double scale = sheet().scale();
     const QRectF shownAt(shown.topLeft() / scale, shown.size() / scale);
     EXPECT_EQ(sheet().field().contains(shownAt.center()), GetParam().isInField);
@@ -78,7 +78,7 @@ TEST_F(FingerprintOnPage, MayBeAllThereIs)
     ASSERT_TRUE(until([&] { return showsState("The signer writes"); }));
     tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON);
     ASSERT_TRUE(until([&] { return showsState("Confirmed"); }));
-    ASSERT_TRUE(until([&] { return !boxOf(sheet().grab().toImage(), isRed).isEmpty(); }));
+    ASSERT_TRUE(until([&] { return !boxOf(sheet().viewport()->grab().toImage(), isRed).isEmpty(); }));
     save(file("signed.pdf"));
     const QImage drawn = drawnPdf(file("signed.pdf"));
     EXPECT_TRUE(sheet().field().contains(inPoints(boxOf(drawn, isRed))));

@@ -61,7 +61,10 @@ protected:
     }
 
     /// Only the middle of the field has to be visible, because a small window may not have room for all of it.
-    void expectFieldInSight() const { EXPECT_TRUE(sheet().visibleRegion().contains(sheet().fieldPixels().center())); }
+    void expectFieldInSight() const
+    {
+        EXPECT_TRUE(sheet().viewport()->rect().contains(sheet().fieldPixels().center()));
+    }
 
     static std::string describe(const QWidget &widget)
     {
@@ -127,17 +130,18 @@ TEST_P(Layout, ThePageIsAsSharpAsTheScreen)
     ASSERT_TRUE(window->openPage(KV_SIGNDESK_SOURCES "/sample/delivery-note.pdf"));
     const double ratio = window->devicePixelRatioF();
     const std::unique_ptr<signdesk::Pages> pages = signdesk::openPages(KV_SIGNDESK_SOURCES "/sample/delivery-note.pdf");
-    const int margin = qRound(signdesk::PageSheet::kMargin * ratio);
     // Once the page has been redrawn at its final size, the text in the dark band at its top matches the rendered page
     // pixel by pixel. A page that was only scaled up would be blurred.
     const auto isSharp = [&] {
-        const QImage shown = sheet().grab().toImage();
+        sheet().showPage(0);
+        const QPoint corner = (sheet().pagePixels(0).topLeft() * ratio).toPoint();
+        const QImage shown = sheet().viewport()->grab().toImage();
         const QImage page = pages->render(0, sheet().scale() * ratio);
         const QRect band(0, 0, page.width(), page.height() / 22);
         int different = 0;
         for (int y = band.top(); y < band.bottom(); ++y)
             for (int x = band.left(); x < band.right(); ++x)
-                different += std::abs(qGray(page.pixel(x, y)) - qGray(shown.pixel(x + margin, y + margin))) > 60;
+                different += std::abs(qGray(page.pixel(x, y)) - qGray(shown.pixel(corner + QPoint(x, y)))) > 60;
         return different < band.width() * band.height() / 200;
     };
     EXPECT_TRUE(until(isSharp));

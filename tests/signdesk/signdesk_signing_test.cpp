@@ -198,12 +198,12 @@ TEST_F(SignDesk, TheFieldGoesWhereItIsPut)
     EXPECT_NEAR(left->value(), 21, 0.06);
 
     const QPoint grip = sheet().fieldPixels().center();
-    QTest::mousePress(&sheet(), Qt::LeftButton, Qt::NoModifier, grip);
-    QMouseEvent drag(QEvent::MouseMove, grip + QPoint(60, -50), sheet().mapToGlobal(grip + QPoint(60, -50)),
+    QTest::mousePress(sheet().viewport(), Qt::LeftButton, Qt::NoModifier, grip);
+    QMouseEvent drag(QEvent::MouseMove, grip + QPoint(60, -50), sheet().viewport()->mapToGlobal(grip + QPoint(60, -50)),
         Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
     const QRect dragged = sheet().fieldPixels().translated(60, -50);
-    QCoreApplication::sendEvent(&sheet(), &drag);
-    QTest::mouseRelease(&sheet(), Qt::LeftButton, Qt::NoModifier, grip + QPoint(60, -50));
+    QCoreApplication::sendEvent(sheet().viewport(), &drag);
+    QTest::mouseRelease(sheet().viewport(), Qt::LeftButton, Qt::NoModifier, grip + QPoint(60, -50));
     EXPECT_TRUE(near(sheet().fieldPixels(), dragged, 1));
 
     for (int i = 0; i < 60; ++i)

@@ -194,6 +194,70 @@
         <source>Keep this signature in the document, and let another one be written</source>
         <translation>Diese Unterschrift im Dokument behalten und eine weitere schreiben lassen</translation>
     </message>
+    <message>
+        <source>&amp;Next page</source>
+        <translation>&amp;Nächste Seite</translation>
+    </message>
+    <message>
+        <source>Show the next page; the signature&apos;s field stays</source>
+        <translation>Die nächste Seite zeigen; das Feld der Unterschrift bleibt, wo es ist</translation>
+    </message>
+    <message>
+        <source>&amp;Previous page</source>
+        <translation>&amp;Vorherige Seite</translation>
+    </message>
+    <message>
+        <source>Show the page before; the signature&apos;s field stays</source>
+        <translation>Die Seite davor zeigen; das Feld der Unterschrift bleibt, wo es ist</translation>
+    </message>
+    <message>
+        <source>&amp;Go to page</source>
+        <translation>Gehe zu Se&amp;ite</translation>
+    </message>
+    <message>
+        <source>Type the number of the page to be shown</source>
+        <translation>Die Nummer der Seite eingeben, die gezeigt werden soll</translation>
+    </message>
+    <message>
+        <source>&amp;Signature on this page</source>
+        <translation>&amp;Unterschrift auf diese Seite</translation>
+    </message>
+    <message>
+        <source>Move the signature&apos;s field to the page that is shown</source>
+        <translation>Das Feld der Unterschrift auf die gezeigte Seite legen</translation>
+    </message>
+    <message>
+        <source>Find &amp;text</source>
+        <translation>&amp;Text suchen</translation>
+    </message>
+    <message>
+        <source>Find a text on the pages</source>
+        <translation>Einen Text auf den Seiten suchen</translation>
+    </message>
+    <message>
+        <source>Find ne&amp;xt</source>
+        <translation>&amp;Weitersuchen</translation>
+    </message>
+    <message>
+        <source>Show the next place with the text</source>
+        <translation>Die nächste Stelle mit dem Text zeigen</translation>
+    </message>
+    <message>
+        <source>Find pre&amp;vious</source>
+        <translation>&amp;Rückwärts suchen</translation>
+    </message>
+    <message>
+        <source>Show the place with the text before this one</source>
+        <translation>Die Stelle davor mit dem Text zeigen</translation>
+    </message>
+    <message>
+        <source>Page pict&amp;ures</source>
+        <translation>S&amp;eitenbilder</translation>
+    </message>
+    <message>
+        <source>Show all pages as small pictures at the side</source>
+        <translation>Alle Seiten als kleine Bilder am Rand zeigen</translation>
+    </message>
 </context>
 <context>
     <name>signdesk::DeskFiles</name>
@@ -728,6 +792,53 @@
     </message>
 </context>
 <context>
+    <name>signdesk::FindBar</name>
+    <message>
+        <source>Find text</source>
+        <translation>Text suchen</translation>
+    </message>
+    <message>
+        <source>The text to be found on the pages; Return goes to the next place</source>
+        <translation>Der Text, der auf den Seiten gesucht wird; die Eingabetaste zeigt die nächste Stelle</translation>
+    </message>
+    <message>
+        <source>Text to be found</source>
+        <translation>Gesuchter Text</translation>
+    </message>
+    <message>
+        <source>Place before</source>
+        <translation>Vorherige Stelle</translation>
+    </message>
+    <message>
+        <source>To the place before, Shift+F3</source>
+        <translation>Zur vorherigen Stelle, Umschalt+F3</translation>
+    </message>
+    <message>
+        <source>Next place</source>
+        <translation>Nächste Stelle</translation>
+    </message>
+    <message>
+        <source>To the next place, F3</source>
+        <translation>Zur nächsten Stelle, F3</translation>
+    </message>
+    <message>
+        <source>more than %1</source>
+        <translation>mehr als %1</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>Searching...</source>
+        <translation>Wird gesucht...</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation>Nicht gefunden</translation>
+    </message>
+</context>
+<context>
     <name>signdesk::InkView</name>
     <message>
         <source>Signature</source>
@@ -950,14 +1061,37 @@
     </message>
 </context>
 <context>
-    <name>signdesk::PageSheet</name>
+    <name>signdesk::PageBox</name>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>Page in sight</source>
+        <translation>Gezeigte Seite</translation>
+    </message>
+    <message>
+        <source>Type a number to see that page; the signature&apos;s field stays on its own</source>
+        <translation>Eine Nummer eingeben, um diese Seite zu sehen; das Feld der Unterschrift bleibt auf seiner</translation>
+    </message>
+    <message>
+        <source>of %1</source>
+        <translation>von %1</translation>
+    </message>
+</context>
+<context>
+    <name>signdesk::PageView</name>
     <message>
         <source>Page to sign</source>
         <translation>Seite zum Unterschreiben</translation>
     </message>
     <message>
-        <source>The arrow keys move the signature&apos;s field by a millimetre, with Ctrl by ten; plus and minus change its size.</source>
-        <translation>Die Pfeiltasten schieben das Feld der Unterschrift um einen Millimeter, mit Strg um zehn; plus und minus ändern seine Größe.</translation>
+        <source>The arrow keys move the signature&apos;s field by a millimetre, with Ctrl by ten; plus and minus change its size. Page Up, Page Down, Home and End show other parts of the pages.</source>
+        <translation>Die Pfeiltasten schieben das Feld der Unterschrift um einen Millimeter, mit Strg um zehn; plus und minus ändern seine Größe. Bild auf, Bild ab, Pos1 und Ende zeigen andere Stellen der Seiten.</translation>
+    </message>
+    <message>
+        <source>Page %1</source>
+        <translation>Seite %1</translation>
     </message>
     <message>
         <source>This page cannot be shown.</source>
@@ -1380,6 +1514,28 @@
     <message>
         <source>See that the computer has memory to spare. The signature is still here.</source>
         <translation>Sorgen Sie dafür, dass der Rechner genug Speicher frei hat. Die Unterschrift ist noch da.</translation>
+    </message>
+</context>
+<context>
+    <name>signdesk::ThumbnailList</name>
+    <message>
+        <source>Pages</source>
+        <translation>Seiten</translation>
+    </message>
+    <message>
+        <source>All pages as small pictures; the chosen one is shown</source>
+        <translation>Alle Seiten als kleine Bilder; die gewählte wird gezeigt</translation>
+    </message>
+</context>
+<context>
+    <name>signdesk::ThumbnailModel</name>
+    <message>
+        <source>Page %1, signed here</source>
+        <translation>Seite %1, hier unterschrieben</translation>
+    </message>
+    <message>
+        <source>Page %1</source>
+        <translation>Seite %1</translation>
     </message>
 </context>
 <context>
