@@ -85,11 +85,16 @@ QString shownValue(QPDFObjectHandle value)
     return "\"" + (text.size() > kMost ? text.left(kMost) + "..." : text) + "\"";
 }
 
-/// A push button has no value: it only shows something.
+/// A push button has no value: it only shows something. It may have its flags from its parents.
 bool isPushButton(const FormField &field)
 {
     constexpr long long kPushButton = 1 << 16;
-    QPDFObjectHandle flags = QPDFObjectHandle(field.field).getKey("/Ff");
+    constexpr int kDeepest = 100;
+    QPDFObjectHandle node = field.field, flags = node.getKey("/Ff");
+    for (int i = 0; i < kDeepest && flags.isNull() && node.getKey("/Parent").isDictionary(); ++i) {
+        node = node.getKey("/Parent");
+        flags = node.getKey("/Ff");
+    }
     return field.type == "/Btn" && flags.isInteger() && (flags.getIntValue() & kPushButton) != 0;
 }
 
@@ -170,7 +175,8 @@ private:
         QPDFObjectHandle signature = field.signature();
         if (!signature.isDictionary() || !signature.hasKey("/ByteRange"))
             return;
-        m_ofSignatures.insert(field.field.getObjGen());
+        if (!QPDFObjectHandle(field.field).hasKey("/Subtype"))
+            m_ofSignatures.insert(field.field.getObjGen());
         for (QPDFObjectHandle widget : field.widgets) {
             if (widget.isDictionary() && widget.getKey("/Subtype").isNameAndEquals("/Widget"))
                 m_ofSignatures.insert(widget.getObjGen());

@@ -87,6 +87,7 @@ QString forbiddenByOwner(QPDF &pdf, OwnersRight right)
 Certification certificationBySignatures(const std::vector<FormField> &fields)
 {
     std::vector<QPDFObjectHandle> signatures;
+    signatures.reserve(fields.size());
     for (const FormField &field : fields)
         signatures.push_back(field.signature());
     return strictestOf(signatures);

@@ -176,8 +176,9 @@ private:
             throw unknown(m_inside,
                 QString("there is no page %1; it has %2").arg(m_request.page + 1).arg(m_document.pageCount()));
         const QSizeF size = m_document.page(m_request.page).size;
-        if (!QRectF(QPointF(-0.05, -0.05), size + QSizeF(0.1, 0.1)).contains(m_request.place)
-            || std::min(m_request.place.width(), m_request.place.height()) < kSmallest)
+        if (std::min(m_request.place.width(), m_request.place.height()) < kSmallest)
+            throw unknown(m_inside, QString("a field of less than %1 mm is too small for ink").arg(kSmallest));
+        if (!QRectF(QPointF(-0.05, -0.05), size + QSizeF(0.1, 0.1)).contains(m_request.place))
             throw unknown(m_inside,
                 QString("the field does not lie on page %1, which is %2 by %3 mm")
                     .arg(m_request.page + 1)

@@ -271,6 +271,14 @@ TEST_F(DocumentAttack, DisguisesANoteAsASignature)
             {90, "<< /FT /Sig /T (second) /Kids [91 0 R] /V << /Type /Sig /ByteRange [0 1 2 3] /Contents <00> >> >>"},
             {91, "<< /Type /Annot /Subtype /Square /Rect [0 0 400 500] /IC [1 1 1] /Parent 90 0 R >>"}});
     EXPECT_EQ(what, "annotations were added to page 1");
+    const std::string itself = changedBy({{1,
+                                              "<< /Type /Catalog /Pages 2 0 R /AcroForm << /SigFlags 3 /Fields ["
+                                                  + field + " 91 0 R] >> >>"},
+        {3, "<< /Type /Page /Parent 2 0 R /Contents 4 0 R /Annots [" + widget + " 91 0 R] >>"},
+        {91,
+            "<< /Type /Annot /Subtype /Square /Rect [0 0 400 500] /IC [1 1 1] /FT /Sig /T (second) /V << /Type /Sig "
+            "/ByteRange [0 1 2 3] /Contents <00> >> >>"}});
+    EXPECT_EQ(itself, "annotations were added to page 1; fields were added to the form");
 }
 
 // One object in two parts: it may change as the one, and the page shows it as the other.
@@ -342,15 +350,14 @@ TEST_F(DocumentAttack, ReplacesAStreamOfObjects)
 
 TEST_F(DocumentAttack, ChangesWhatAFormShowsByOtherMeans)
 {
-    const QByteArray form = "<< /Fields [6 0 R 7 0 R] /DR << /Font << /Helv 5 0 R >> >> ";
-    const QByteArray button =
-        "<< /Type /Annot /Subtype /Widget /FT /Btn /Ff 65536 /T (push) /Rect [0 0 400 500] /P 3 0 R ";
+    const QByteArray form = "<< /Fields [6 0 R 9 0 R] /DR << /Font << /Helv 5 0 R >> >> ";
+    const QByteArray button = "<< /Type /Annot /Subtype /Widget /Parent 9 0 R /T (push) /Rect [0 0 400 500] /P 3 0 R ";
     makeSigned({{1, "<< /Type /Catalog /Pages 2 0 R /AcroForm 8 0 R >>"}, {2, kPages},
         {3, "<< /Type /Page /Parent 2 0 R /Contents 4 0 R /Annots [6 0 R 7 0 R] >>"}, {4, kSmall},
         {5, "<< /Type /Font /Subtype /Type1 /BaseFont /Helvetica >>"},
         {6, "<< /Type /Annot /Subtype /Widget /FT /Sig /T (here) /Rect [0 0 100 50] /P 3 0 R >>"}, {7, button + ">>"},
-        {8, form + ">>"}});
-    EXPECT_EQ(changedBy({{7, button + "/AP << /N 90 0 R >> >>"}, {90, kBlackForm}}), "the form field \"push\"");
+        {8, form + ">>"}, {9, "<< /FT /Btn /Ff 65536 /T (all) /Kids [7 0 R] >>"}});
+    EXPECT_EQ(changedBy({{7, button + "/AP << /N 90 0 R >> >>"}, {90, kBlackForm}}), "the form field \"all.push\"");
     const QByteArray other = "<< /Type /Font /Subtype /Type1 /BaseFont /ZapfDingbats >>";
     EXPECT_EQ(changedBy({{8, QByteArray(form).replace("/Helv 5", "/Helv 90") + "/SigFlags 3 >>"}, {90, other}}),
         "the form was changed");

@@ -53,6 +53,21 @@ TEST_F(DocumentWhole, OnAFullDisk)
     needUntouched();
 }
 
+// A link is one more name of the document, and so is a second entry of a directory.
+TEST_F(DocumentWhole, AndTheDocumentStaysUnderAllItsNames)
+{
+    write("in.pdf", contentOf(given("cairo.pdf")));
+    ASSERT_EQ(runProgram({"bash", "-c", "ln in.pdf hard.pdf && ln -s in.pdf soft.pdf"}, file(".")).exitCode, 0);
+    for (const char *name : {"in.pdf", "./in.pdf", "hard.pdf", "soft.pdf"}) {
+        const CommandResult result = run({"sign", "--ink", "a.ink", "in.pdf", name});
+        EXPECT_EQ(result.exitCode, 2) << name << testing::PrintToString(result);
+        EXPECT_TRUE(result.errors.contains("is the document itself")) << testing::PrintToString(result);
+        EXPECT_EQ(read("in.pdf"), contentOf(given("cairo.pdf"))) << name;
+    }
+    const CommandResult small = run({"sign", "--ink", "a.ink", "--field", "10,10,0x5", "in.pdf", "b.pdf"});
+    EXPECT_TRUE(small.errors.contains("a field of less than 1 mm")) << testing::PrintToString(small);
+}
+
 TEST_F(DocumentWhole, WhenNobodyReadsIt)
 {
     const char *const program = "import os, subprocess, sys\n"

@@ -15,6 +15,7 @@
 #include <documents/seal.h>
 #include <documents/signing.h>
 
+#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QJsonArray>
@@ -22,6 +23,7 @@
 #include <QRegularExpression>
 
 #include <optional>
+#include <sys/stat.h>
 
 namespace {
 
@@ -76,6 +78,15 @@ QRectF parsedField(const QString &text)
     return {number(1), number(2), number(3), number(4)};
 }
 
+/// Also by another name: a link, or one of several names of a file.
+bool isSameFile(const QString &one, const QString &other)
+{
+    struct stat first = {}, second = {};
+    return stat(QFile::encodeName(one).constData(), &first) == 0
+        && stat(QFile::encodeName(other).constData(), &second) == 0 && first.st_dev == second.st_dev
+        && first.st_ino == second.st_ino;
+}
+
 void checkOptions(const Arguments &arguments)
 {
     if (arguments.isSet(kInkOption) == arguments.isSet(kCaptureOption))
@@ -92,8 +103,7 @@ void checkOptions(const Arguments &arguments)
     }
     if (arguments.isSet(kJsonOption) && arguments.positionals().at(1) == "-")
         throw misused("--json and an output on standard output do not go together");
-    const QFileInfo input(arguments.positionals().at(0)), output(arguments.positionals().at(1));
-    if (output.exists() && input.canonicalFilePath() == output.canonicalFilePath())
+    if (isSameFile(arguments.positionals().at(0), arguments.positionals().at(1)))
         throw misused(QString("%1 is the document itself; name another file").arg(arguments.positionals().at(1)));
     arguments.wholeNumber(kTimeoutOption, 0, 86400);
     arguments.choice(kModelOption);
