@@ -50,10 +50,10 @@ class Page(HTMLParser):
             self._begin(PARAGRAPH)
 
     def handle_endtag(self, tag: str) -> None:
-        if (self._kind, tag) in ((TITLE, "div"), (CELL, "td"), (PARAGRAPH, "p")) or (
-            self._kind == HEADING and tag in ("h1", "h2", "h3")
-        ):
-            self._end()
+        kind = self._kind
+        ends = {TITLE: ("div",), HEADING: ("h1", "h2", "h3"), CELL: ("td",), PARAGRAPH: ("p",)}
+        if kind is not None and tag in ends[kind]:
+            self._end(kind)
 
     def handle_data(self, data: str) -> None:
         self._text += data
@@ -61,12 +61,12 @@ class Page(HTMLParser):
     def _begin(self, kind: int) -> None:
         self._kind, self._text = kind, ""
 
-    def _end(self) -> None:
+    def _end(self, kind: int) -> None:
         text = " ".join(self._text.split())
-        if self._kind == TITLE:
+        if kind == TITLE:
             self.title = text
         if text:
-            self.texts.append((self._kind or TITLE, text, self.anchor if self._kind != TITLE else ""))
+            self.texts.append((kind, text, self.anchor))
         self._kind = None
 
 
