@@ -76,7 +76,7 @@ export async function findBridge(ports = PORTS) {
 
 /**
  * One pad, while it is open. Events: points (detail.points, detail.first), tap (detail.key), live (detail.blob), asking,
- * lost, found, queue (detail.ahead), free, end (detail.code, of the WebSocket).
+ * lost, found, queue (detail.ahead), free, end (detail.code and detail.reason, of the WebSocket).
  */
 export class BridgeClient extends EventTarget {
   #socket = null;
@@ -107,7 +107,7 @@ export class BridgeClient extends EventTarget {
     });
     this.#socket = socket;
     socket.onmessage = ({ data }) => (typeof data === "string" ? this.#onText(data) : this.#onBinary(data));
-    socket.onclose = ({ code }) => this.#onEnd(socket, code);
+    socket.onclose = ({ code, reason }) => this.#onEnd(socket, { code, reason });
   }
 
   /** Ends the connection; the pad is free then. */
@@ -190,11 +190,11 @@ export class BridgeClient extends EventTarget {
     resolve({ ...message, blob });
   }
 
-  #onEnd(socket, code) {
+  #onEnd(socket, detail) {
     if (socket !== this.#socket) return;
     this.#socket = null;
     this.#failAll();
-    this.#tell("end", { code });
+    this.#tell("end", detail);
   }
 
   #failAll() {

@@ -30,7 +30,7 @@ export interface ClientEvents {
   found: CustomEvent<{ kept: boolean }>;
   queue: CustomEvent<{ ahead: number }>;
   free: CustomEvent<unknown>;
-  end: CustomEvent<{ code: number }>;
+  end: CustomEvent<{ code: number; reason: string }>;
 }
 
 /** One pad, while it is open; an EventTarget of the events above. What goes wrong rejects with a BridgeError. */

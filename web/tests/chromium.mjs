@@ -203,8 +203,10 @@ const tests = {
     await setUp(page, { port: bridge.port });
     await sign(page);
     await page.waitForFunction(() => document.querySelector("kv-signature").ink.parts[0]?.points.length > 40);
+    await field(page).evaluate(({ client }) => client.addEventListener("end", ({ detail }) => { window.end = detail; }));
     await startBridge(["--revoke", desk]).catch(() => {}); // which ends at once
     await reaches(page, "ended");
+    assert.deepEqual(await page.evaluate(() => window.end), { code: 1008, reason: "the consent was taken back" });
     await page.getByRole("button", { name: "Done" }).click();
     await reaches(page, "done");
     assert.ok((await field(page).evaluate((element) => element.ink.parts[0].points.length)) > 40);
