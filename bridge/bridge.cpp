@@ -17,6 +17,9 @@ namespace {
 // A page that opens more sockets leaves room for the others.
 constexpr int kMostOfAPage = 8;
 
+// An editor may empty a list before it writes it, and no page is to lose its connection by that.
+constexpr int kSettleMs = 300;
+
 /// The sockets that systemd has opened for this process: from number 3 on, when they are meant for us.
 QList<int> handedSockets()
 {
@@ -44,11 +47,15 @@ Bridge::Bridge(const Settings &settings, bool canAsk, DoorLimits door, TalkLimit
     connect(&m_consents, &Consents::revoked, this, [this](const QByteArray &origin) {
         for (Conversation *conversation : qAsConst(m_conversations)) {
             if (conversation->origin() == origin)
-                conversation->dismiss();
+                conversation->dismiss(QStringLiteral("the consent was taken back"));
         }
     });
-    connect(&m_lists, &QFileSystemWatcher::directoryChanged, this, &Bridge::setRules);
-    connect(&m_lists, &QFileSystemWatcher::fileChanged, this, &Bridge::setRules);
+    const auto readSoon = [this] { m_listsSettle.start(); };
+    connect(&m_lists, &QFileSystemWatcher::directoryChanged, this, readSoon);
+    connect(&m_lists, &QFileSystemWatcher::fileChanged, this, readSoon);
+    m_listsSettle.setSingleShot(true);
+    m_listsSettle.setInterval(kSettleMs);
+    connect(&m_listsSettle, &QTimer::timeout, this, &Bridge::setRules);
 }
 
 Bridge::~Bridge()
@@ -104,14 +111,32 @@ void Bridge::setRules()
         rules.origins += lists.origins;
         for (const QString &complaint : lists.complaints)
             Journal::say(complaint);
-        for (const QString &folder : originFolders()) {
-            if (QDir(folder).exists() && !m_lists.directories().contains(folder))
-                m_lists.addPath(folder);
-            for (const QFileInfo &file : QDir(folder).entryInfoList(QDir::Files))
-                m_lists.addPath(file.filePath());
-        }
+        followLists();
     }
     m_door.setRules(rules);
+    for (Conversation *conversation : qAsConst(m_conversations)) {
+        if (!conversation->origin().isEmpty() && !rules.origins.contains(conversation->origin()))
+            conversation->dismiss(QStringLiteral("the page is no longer on the list"));
+    }
+}
+
+/// Hears of changes in the lists, and where there is no folder of them yet, in the one above.
+void Bridge::followLists()
+{
+    QStringList paths;
+    for (const QString &folder : originFolders()) {
+        QFileInfo nearest(folder);
+        while (!nearest.exists() && !nearest.isRoot())
+            nearest.setFile(nearest.absolutePath());
+        paths.append(nearest.filePath());
+        for (const QFileInfo &file : QDir(folder).entryInfoList(QDir::Files))
+            paths.append(file.filePath());
+    }
+    for (const QString &path : m_lists.directories() + m_lists.files()) {
+        if (!paths.contains(path))
+            m_lists.removePath(path);
+    }
+    m_lists.addPaths(paths); // those that it has it passes over
 }
 
 /// Those of the example pages.

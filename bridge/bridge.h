@@ -11,6 +11,7 @@
 
 #include <QFileSystemWatcher>
 #include <QSet>
+#include <QTimer>
 
 namespace bridge {
 
@@ -35,6 +36,7 @@ public:
 private:
     bool listen();
     void setRules();
+    void followLists();
     QSet<QByteArray> ownOrigins() const;
     int conversationsOf(const QByteArray &origin) const;
     void admit(QWebSocket *socket, const QByteArray &origin, bool hasToken);
@@ -47,6 +49,7 @@ private:
     PadDesk m_desk;
     FrontDoor m_door;
     QFileSystemWatcher m_lists;
+    QTimer m_listsSettle; ///< from a change to reading them
     QByteArray m_token;
     QString m_tokenPath;
     QSet<Conversation *> m_conversations;

@@ -47,10 +47,10 @@ Conversation::~Conversation()
     m_desk.leave(this);
 }
 
-void Conversation::dismiss()
+void Conversation::dismiss(const QString &reason)
 {
     m_isAllowed = false;
-    m_link.close(kPolicyViolation, QStringLiteral("the consent was taken back"));
+    m_link.close(kPolicyViolation, reason);
 }
 
 /// The pad or the place in the queue, and the question to the person.

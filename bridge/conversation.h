@@ -28,8 +28,8 @@ public:
     ~Conversation() override;
 
     const QByteArray &origin() const { return m_origin; }
-    /// Takes the pad away and ends the connection, when the person has changed their mind.
-    void dismiss();
+    /// Takes the pad away and ends the connection, when the page may no longer have it.
+    void dismiss(const QString &reason);
 
 private:
     void onText(const QString &text);
