@@ -43,6 +43,16 @@ struct Diary
             changed.wait_for(locked, 1ms);
         --waiting;
     }
+    std::vector<int> drawnPages()
+    {
+        const std::lock_guard<std::mutex> locked(lock);
+        return drawn;
+    }
+    std::set<std::thread::id> allThreads()
+    {
+        const std::lock_guard<std::mutex> locked(lock);
+        return threads;
+    }
     void release()
     {
         const std::lock_guard<std::mutex> locked(lock);
@@ -144,8 +154,8 @@ TEST_F(PageRendererTest, DrawsOnOneThreadThatIsNotTheWindows)
     renderer->find("x", 0);
     EXPECT_TRUE(until([&] { return seen.size() == 3 && searched.size() == 40; }));
     EXPECT_EQ(seen, (std::vector<int>{3, 4, 2}));
-    EXPECT_EQ(diary->threads.size(), 1u);
-    EXPECT_EQ(diary->threads.count(std::this_thread::get_id()), 0u);
+    EXPECT_EQ(diary->allThreads().size(), 1u);
+    EXPECT_EQ(diary->allThreads().count(std::this_thread::get_id()), 0u);
 }
 
 TEST_F(PageRendererTest, DrawsFirstWhatIsSeen)
@@ -159,7 +169,7 @@ TEST_F(PageRendererTest, DrawsFirstWhatIsSeen)
     renderer->want(PageUse::View, drawings({0, 1}));
     diary->release();
     EXPECT_TRUE(until([&] { return searched.size() == 40; }));
-    EXPECT_EQ(diary->drawn, (std::vector<int>{0, 1, 10, 11}));
+    EXPECT_EQ(diary->drawnPages(), (std::vector<int>{0, 1, 10, 11}));
     EXPECT_EQ(seen, (std::vector<int>{0, 1}));
     EXPECT_EQ(thumbnails, (std::vector<int>{10, 11}));
 }
@@ -173,7 +183,7 @@ TEST_F(PageRendererTest, GivesUpWhatNobodyWantsAnyMore)
     renderer->want(PageUse::View, drawings({7})); // somebody has scrolled on
     EXPECT_TRUE(until([&] { return !seen.empty(); }));
     EXPECT_EQ(seen, (std::vector<int>{7}));
-    EXPECT_EQ(diary->drawn, (std::vector<int>{0, 7}));
+    EXPECT_EQ(diary->drawnPages(), (std::vector<int>{0, 7}));
 }
 
 TEST_F(PageRendererTest, PutsAThumbnailOffForAPageThatIsSeen)
@@ -200,7 +210,7 @@ TEST_F(PageRendererTest, LeavesAPageBehindThatDoesNotListen)
     renderer->want(PageUse::View, drawings({7}));
     EXPECT_TRUE(until([&] { return !seen.empty(); }));
     EXPECT_EQ(seen, (std::vector<int>{7}));
-    EXPECT_EQ(diary->threads.size(), 2u);
+    EXPECT_EQ(diary->allThreads().size(), 2u);
     diary->release();
     EXPECT_TRUE(until([&] { return signdesk::DrawingThread::count() == 1; })) << "the thread that was left behind ends";
     EXPECT_TRUE(failed.empty());
@@ -234,7 +244,7 @@ TEST_F(PageRendererTest, LeavesFewThreadsBehind)
     renderer->want(PageUse::View, drawings(all));
     renderer->find("x", 0);
     EXPECT_TRUE(until([&] { return failed.size() == 40 && searched.size() == 40; }));
-    EXPECT_LE(diary->threads.size(), 4u);
+    EXPECT_LE(diary->allThreads().size(), 4u);
     renderer->want(PageUse::Thumbnail, drawings({3}));
     EXPECT_TRUE(until([&] { return failed.size() == 41; })) << "and it still gets an answer";
     renderer->setPatience(kPatience * 10, kPatience * 10);

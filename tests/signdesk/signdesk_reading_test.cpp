@@ -1,6 +1,7 @@
 // The pages on the screen: they scroll and zoom at any time, and the signature's field stays on its page.
 #include "signdesk.h"
 
+#include <QDir>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QWheelEvent>
@@ -341,23 +342,46 @@ TEST_F(Reading, NothingOfTheDocumentBeforeIsSeen)
     EXPECT_FALSE(showsBarOf(0));
 }
 
+/// While it lives the desktop has a dark theme.
+class DarkTheme
+{
+public:
+    DarkTheme()
+    {
+        QPalette dark(QColor(49, 54, 59), QColor(42, 46, 50)); // from which Qt makes the other colours
+        dark.setColor(QPalette::Base, QColor(27, 30, 32));
+        dark.setColor(QPalette::Highlight, QColor(130, 200, 250)); // too light for white paper
+        dark.setColor(QPalette::HighlightedText, Qt::black);
+        QApplication::setPalette(dark);
+    }
+    ~DarkTheme() { QApplication::setPalette(m_before); }
+    DarkTheme(const DarkTheme &) = delete;
+    DarkTheme &operator=(const DarkTheme &) = delete;
+
+private:
+    QPalette m_before = QApplication::palette();
+};
+
 TEST_F(Reading, PaperIsWhiteInADarkTheme)
 {
-    QPalette dark;
-    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Mid, QPalette::Button})
-        dark.setColor(role, QColor(40, 40, 44));
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        dark.setColor(role, QColor(235, 235, 235));
-    const QPalette before = QApplication::palette();
-    QApplication::setPalette(dark);
-    open(2);
+    const DarkTheme dark;
+    open(3);
     press(Qt::Key_Home, Qt::ControlModifier);
-    EXPECT_TRUE(until([&] { return isDrawn(); }));
+    press(Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClicks(window->focusWidget(), "page");
+    QTest::keyClick(window->focusWidget(), Qt::Key_Return);
+    EXPECT_TRUE(until([&] { return showsState("1 of 3") && isDrawn(); }));
     const QImage seen = sheet().viewport()->grab().toImage();
     const QRectF paper = sheet().pagePixels(0);
-    EXPECT_EQ(QColor(seen.pixel((paper.topLeft() + QPointF(5, 5)).toPoint())), QColor(Qt::white));
-    EXPECT_EQ(QColor(seen.pixel(3, 300)), QColor(40, 40, 44)) << "around the paper";
-    QApplication::setPalette(before);
+    EXPECT_EQ(QColor(seen.pixel(qRound(paper.left()) + 8, 300)), QColor(Qt::white));
+    EXPECT_LT(QColor(seen.pixel(3, 300)).lightness(), 80) << "around the paper";
+    EXPECT_TRUE(QDir().mkpath(KV_SIGNDESK_PICTURES));
+    EXPECT_TRUE(window->grab().save(KV_SIGNDESK_PICTURES "/dark.png"));
+    sheet().showField();
+    const QRect field = sheet().fieldPixels();
+    const auto isFrame = [](const QColor &colour) { return colour.lightness() < 160; };
+    const QRect edges = boxOf(sheet().viewport()->grab(field.adjusted(-4, -4, 4, 4)).toImage(), isFrame);
+    EXPECT_GT(edges.width(), field.width() - 4) << "the field's frame is seen on the paper";
 }
 
 } // namespace
