@@ -3,6 +3,8 @@
 
 #include <documents/openssl_types.h>
 
+#include <QJsonArray>
+
 #include <openssl/pem.h>
 
 namespace {
@@ -21,17 +23,20 @@ protected:
     }
 
     static constexpr int kRoom = 16384;
+    static constexpr char kPage[] = "<< /Type /Page /Parent 2 0 R /Annots [4 0 R 6 0 R] >>";
+    static constexpr char kText[] = "<< /Type /Annot /Subtype /Widget /FT /Tx /T (text) /Rect [9 9 90 30] /P 3 0 R >>";
 
     /// A document with a signature of this kind, whose message is by these people.
-    void writeSigned(const QByteArray &kind, const QStringList &options, const QStringList &people) const
+    /// @param more entries of the signature's dictionary
+    void writeSigned(const QByteArray &kind, const QStringList &options, const QStringList &people,
+        const QByteArray &more = {}) const
     {
         writeDocument("signed.pdf",
-            {{1, "<< /Type /Catalog /Pages 2 0 R /AcroForm << /Fields [4 0 R] >> >>"},
-                {2, "<< /Type /Pages /Kids [3 0 R] /Count 1 /MediaBox [0 0 400 500] >>"},
-                {3, "<< /Type /Page /Parent 2 0 R /Annots [4 0 R] >>"},
+            {{1, "<< /Type /Catalog /Pages 2 0 R /AcroForm << /Fields [4 0 R 6 0 R] >> >>"},
+                {2, "<< /Type /Pages /Kids [3 0 R] /Count 1 /MediaBox [0 0 400 500] >>"}, {3, kPage}, {6, kText},
                 {4, "<< /Type /Annot /Subtype /Widget /FT /Sig /T (here) /Rect [0 0 0 0] /P 3 0 R /V 5 0 R >>"},
                 {5,
-                    "<< /Type /Sig /Filter /Adobe.PPKLite /SubFilter /" + kind
+                    "<< /Type /Sig /Filter /Adobe.PPKLite /SubFilter /" + kind + more
                         + " /ByteRange [0 1111111 2222222 3333333] "
                           "/Contents <"
                         + QByteArray(kRoom, '0') + "> >>"}});
@@ -98,6 +103,40 @@ TEST_F(DocumentMessage, IsReadAsItWasMade)
         EXPECT_EQ(found["problem"].toString().toStdString(), entry.problem);
         EXPECT_EQ(found["intact"].toBool(), isRight);
         EXPECT_TRUE(found["coversWholeFile"].toBool());
+    }
+}
+
+// Each level of a certification, and what came after it.
+TEST_F(DocumentMessage, AllowsWhatItsCertificationSays)
+{
+    const QByteArray page = QByteArray(kPage).replace("6 0 R", "6 0 R 90 0 R"),
+                     root = "<< /Type /Catalog /Pages 2 0 R ";
+    const Objects filled{{6, QByteArray(kText).replace("/P 3", "/V (1) /P 3")}},
+        note{{3, page}, {90, "<< /Type /Annot /Subtype /Square /Rect [0 0 400 500] /IC [1 1 1] >>"}},
+        proofs{{1, root + "/AcroForm << /Fields [4 0 R 6 0 R] >> /DSS << /Certs [] >> >>"}};
+    struct Case
+    {
+        const char *level;
+        const Objects &objects;
+        const char *changed; ///< empty: it is allowed
+        const char *added;
+    };
+    const char *const isFilled = "the form field \"text\" (page 1, 29 by 7 mm) was filled in with \"1\"";
+    const Case cases[] = {{"1", filled, "it forbids every change, also those", isFilled}, {"2", filled, "", isFilled},
+        {"3", filled, "", isFilled}, {"1", note, "annotations were added to page 1", ""},
+        {"2", note, "annotations were added to page 1", ""}, {"3", note, "", "annotations on page 1"},
+        {"1", proofs, "", "data that helps to verify"}};
+    for (const Case &entry : cases) {
+        SCOPED_TRACE(std::string(entry.level) + " " + entry.added);
+        writeSigned("adbe.pkcs7.detached", {}, {"anna"},
+            " /Reference [ << /Type /SigRef /TransformMethod /DocMDP /TransformParams << /P " + QByteArray(entry.level)
+                + " >> >> ]");
+        appendRevision("signed.pdf", "later.pdf", entry.objects);
+        const bool isAllowed = QByteArray(entry.changed).isEmpty();
+        const QJsonObject found = row(trusted("later.pdf", isAllowed ? 0 : 1));
+        EXPECT_EQ(found["changedAfter"], QJsonValue(isAllowed ? QJsonArray() : QJsonArray{entry.changed}));
+        EXPECT_EQ(found["addedAfter"],
+            QJsonValue(QByteArray(entry.added).isEmpty() ? QJsonArray() : QJsonArray{entry.added}));
     }
 }
 
