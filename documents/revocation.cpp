@@ -34,11 +34,10 @@ bool isWhole(const X509_CRL *list)
 }
 
 /// Made after the certificate was used, or the newest that there is.
-bool isCurrent(const X509_CRL *list, const QDateTime &used)
+bool isCurrent(const ASN1_TIME *made, const ASN1_TIME *next, const QDateTime &used)
 {
-    if (used.isValid() && !isBefore(X509_CRL_get0_lastUpdate(list), secondsOf(used)))
+    if (used.isValid() && made != nullptr && !isBefore(made, secondsOf(used)))
         return true;
-    const ASN1_TIME *const next = X509_CRL_get0_nextUpdate(list);
     return next != nullptr && !isBefore(next, std::time(nullptr));
 }
 
@@ -55,18 +54,22 @@ QString dayOf(const ASN1_TIME *time)
     return QDate(parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday).toString(Qt::ISODate);
 }
 
-/// Whose certificate was taken back and when; empty when it was not, or only after it had been used.
+/// Whose certificate was taken back and when; empty when that was only after it had been used.
+QString revokedOn(const X509 *certificate, const ASN1_TIME *day, const QDateTime &used)
+{
+    if (used.isValid() && !isBefore(day, secondsOf(used)))
+        return {};
+    return QString("the certificate of %1 was revoked on %2")
+        .arg(nameOf(X509_get_subject_name(certificate)), dayOf(day));
+}
+
 QString revokedBy(X509_CRL *list, X509 *certificate, const QDateTime &used)
 {
     constexpr int kIsRevoked = 1; // 2 takes a certificate off the list again
     X509_REVOKED *entry = nullptr;
     if (X509_CRL_get0_by_cert(list, &entry, certificate) != kIsRevoked)
         return {};
-    const ASN1_TIME *const day = X509_REVOKED_get0_revocationDate(entry);
-    if (used.isValid() && !isBefore(day, secondsOf(used)))
-        return {};
-    return QString("the certificate of %1 was revoked on %2")
-        .arg(nameOf(X509_get_subject_name(certificate)), dayOf(day));
+    return revokedOn(certificate, X509_REVOKED_get0_revocationDate(entry), used);
 }
 
 } // namespace
@@ -97,24 +100,49 @@ void RevocationLists::addDer(const QByteArray &bytes)
         m_lists.push_back(std::move(list));
 }
 
+void RevocationLists::addAnswer(const QByteArray &bytes)
+{
+    OcspOwner answer = ocspAnswer(bytes);
+    if (answer != nullptr)
+        m_answers.push_back(std::move(answer));
+}
+
+void RevocationLists::lookAtLists(X509 *certificate, const X509 *issuer, const QDateTime &used, Answer &answer) const
+{
+    for (const CrlOwner &list : m_lists) {
+        if (!isOf(list.get(), issuer))
+            continue;
+        answer.isChecked = answer.isChecked
+            || (isWhole(list.get())
+                && isCurrent(X509_CRL_get0_lastUpdate(list.get()), X509_CRL_get0_nextUpdate(list.get()), used));
+        if (answer.revoked.isEmpty())
+            answer.revoked = revokedBy(list.get(), certificate, used);
+    }
+}
+
+void RevocationLists::lookAtAnswers(X509 *certificate, X509 *issuer, const QDateTime &used, Answer &answer) const
+{
+    for (const OcspOwner &own : m_answers) {
+        const OcspStatus status = ocspStatus(own.get(), certificate, issuer);
+        answer.isChecked = answer.isChecked || (status.isThere && isCurrent(status.made, status.next, used));
+        if (status.isThere && status.isRevoked && answer.revoked.isEmpty())
+            answer.revoked = revokedOn(certificate, status.revoked, used);
+    }
+}
+
 RevocationLists::Answer RevocationLists::look(STACK_OF(X509) * chain, const QDateTime &used) const
 {
-    Answer answer{sk_X509_num(chain) > 1, {}};
+    Answer all{sk_X509_num(chain) > 1, {}};
     for (int i = 0; i + 1 < sk_X509_num(chain); ++i) {
-        X509 *const certificate = sk_X509_value(chain, i);
-        const X509 *const issuer = sk_X509_value(chain, i + 1);
-        bool isChecked = false;
-        for (const CrlOwner &list : m_lists) {
-            if (!isOf(list.get(), issuer))
-                continue;
-            isChecked = isChecked || (isWhole(list.get()) && isCurrent(list.get(), used));
-            if (answer.revoked.isEmpty())
-                answer.revoked = revokedBy(list.get(), certificate, used);
-        }
-        answer.isChecked = answer.isChecked && isChecked;
+        Answer one;
+        lookAtLists(sk_X509_value(chain, i), sk_X509_value(chain, i + 1), used, one);
+        lookAtAnswers(sk_X509_value(chain, i), sk_X509_value(chain, i + 1), used, one);
+        all.isChecked = all.isChecked && one.isChecked;
+        if (all.revoked.isEmpty())
+            all.revoked = one.revoked;
     }
     ERR_clear_error();
-    return answer;
+    return all;
 }
 
 } // namespace documents

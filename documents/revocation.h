@@ -1,9 +1,9 @@
 /// @file
-/// Lists of certificates that their issuers took back (CRL).
+/// Certificates that their issuers took back: by their lists (CRL), and by answers about single ones (OCSP).
 #ifndef DOCUMENTS_REVOCATION_H
 #define DOCUMENTS_REVOCATION_H
 
-#include "openssl_types.h"
+#include "ocspanswers.h"
 
 #include <QDateTime>
 #include <QStringList>
@@ -19,9 +19,12 @@ public:
     /// What is no list is passed over.
     void addDer(const QByteArray &bytes);
 
+    /// An answer of OCSP in DER; what is none is passed over.
+    void addAnswer(const QByteArray &bytes);
+
     struct Answer
     {
-        bool isChecked = false; ///< a current list of each issuer was there
+        bool isChecked = false; ///< a current list or answer of each issuer was there
         QString revoked; ///< who was taken back and when, in words; empty for nobody
     };
 
@@ -30,7 +33,11 @@ public:
     Answer look(STACK_OF(X509) * chain, const QDateTime &used) const;
 
 private:
+    void lookAtLists(X509 *certificate, const X509 *issuer, const QDateTime &used, Answer &answer) const;
+    void lookAtAnswers(X509 *certificate, X509 *issuer, const QDateTime &used, Answer &answer) const;
+
     std::vector<CrlOwner> m_lists;
+    std::vector<OcspOwner> m_answers;
 };
 
 } // namespace documents

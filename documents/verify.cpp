@@ -85,21 +85,24 @@ bool hasSignature(Reader &revision, const FormField &field, QPDFObjectHandle sig
     });
 }
 
-/// Lists of revoked certificates that somebody put into the document's security store. Their issuers signed them:
-/// whoever put them there cannot make anything of them. One that cannot be read says nothing.
-void addListsIn(QPDF &pdf, RevocationLists &revoked)
+/// Lists of revoked certificates, and answers about single ones, that somebody put into the document's security store.
+/// Their issuers signed them: whoever put them there cannot make anything of them. One that cannot be read says
+/// nothing.
+void addProofsIn(QPDF &pdf, RevocationLists &revoked)
 {
     constexpr int kMostLists = 100;
     constexpr qint64 kMostBytes = 16 << 20;
+    const std::pair<const char *, void (RevocationLists::*)(const QByteArray &)> kinds[] = {
+        {"/CRLs", &RevocationLists::addDer}, {"/OCSPs", &RevocationLists::addAnswer}};
     QPDFObjectHandle store = pdf.getRoot().getKey("/DSS");
-    QPDFObjectHandle lists = store.isDictionary() ? store.getKey("/CRLs") : store;
-    if (!lists.isArray())
-        return;
-    for (int i = 0; i < std::min(lists.getArrayNItems(), kMostLists); ++i) {
-        try {
-            if (lists.getArrayItem(i).isStream())
-                revoked.addDer(streamBytes(lists.getArrayItem(i), kMostBytes));
-        } catch (const std::exception &) {
+    for (const auto &kind : kinds) {
+        QPDFObjectHandle list = store.isDictionary() ? store.getKey(kind.first) : store;
+        for (int i = 0; list.isArray() && i < std::min(list.getArrayNItems(), kMostLists); ++i) {
+            try {
+                if (list.getArrayItem(i).isStream())
+                    (revoked.*kind.second)(streamBytes(list.getArrayItem(i), kMostBytes));
+            } catch (const std::exception &) {
+            }
         }
     }
 }
@@ -115,7 +118,7 @@ public:
     {
         for (const QString &file : revoked)
             m_judges.revoked.addFile(file);
-        addListsIn(m_inside.reader->pdf, m_judges.revoked);
+        addProofsIn(m_inside.reader->pdf, m_judges.revoked);
     }
 
     VerifyReport run()

@@ -46,7 +46,7 @@ struct SignatureReport
     bool isAlgorithmWeak = false;
     Trust trust = Trust::Unknown;
     QString trustReason; ///< why it is not trusted, in words
-    bool isRevocationChecked = false; ///< lists of all its issuers say that it was not taken back
+    bool isRevocationChecked = false; ///< lists or answers of all its issuers say whether it was taken back
     QDate validFrom;
     QDate validUntil;
     bool isExpired = false; ///< today

@@ -76,4 +76,47 @@ TEST_F(DocumentRevocation, IsToldByAListInTheDocument)
     EXPECT_EQ(row(trusted("ben.pdf", 1))["trust"].toString(), "revoked");
 }
 
+// The answers of a server that the issuer runs, and of one that only has the issuer's name.
+const char *const kMakeAnswers = R"sh(set -e
+printf 'V\t%s\t\t%s\tunknown\t/CN=Anna Example\n' "$(date -u -d '+9 days' +%y%m%d%H%M%SZ)" \
+    "$(openssl x509 -in "$1/anna.pem" -noout -serial | cut -d= -f2)" >> index.txt
+answer() { openssl ocsp -index index.txt -CA "$1.pem" -rsigner "$2.pem" -rkey "$2.key" -reqin "$3.req" -respout "$4" \
+    -ndays 3 > /dev/null 2>&1; }
+for person in anna ben; do
+    openssl ocsp -issuer "$1/authority.pem" -cert "$1/$person.pem" -no_nonce -reqout "$person.req" > /dev/null 2>&1
+    answer "$1/authority" "$1/authority" "$person" "$person.answer"
+done
+answer "$1/authority" false anna false.answer)sh";
+
+TEST_F(DocumentRevocation, IsToldByAnAnswerInTheDocument)
+{
+    const CommandResult made = runProgram({"bash", "-c", kMakeAnswers, "bash", People::get().folder}, file("."));
+    ASSERT_EQ(made.exitCode, 0) << testing::PrintToString(made);
+    struct Row
+    {
+        const char *answer;
+        QString signer;
+        bool isChecked;
+        const char *trust;
+    };
+    const Row rows[] = {{"anna.answer", People::get().anna(), true, "trusted"},
+        {"anna.answer", People::get().ben(), false, "trusted"}, {"ben.answer", People::get().ben(), true, "revoked"},
+        {"false.answer", People::get().anna(), false, "trusted"}, {"a.ink", People::get().anna(), false, "trusted"}};
+    for (const Row &entry : rows) {
+        SCOPED_TRACE(entry.answer);
+        const QByteArray answer = read(entry.answer);
+        ASSERT_FALSE(answer.isEmpty());
+        writeDocument("with-answer.pdf",
+            {{1, "<< /Type /Catalog /Pages 2 0 R /DSS << /OCSPs [4 0 R] >> >>"},
+                {2, "<< /Type /Pages /Kids [3 0 R] /Count 1 /MediaBox [0 0 400 500] >>"},
+                {3, "<< /Type /Page /Parent 2 0 R >>"},
+                {4, "<< /Length " + QByteArray::number(answer.size()) + " >>\nstream\n" + answer + "\nendstream"}});
+        signAs(entry.signer, "with-answer.pdf", "signed.pdf");
+        const bool isValid = QByteArray(entry.trust) == "trusted";
+        const QJsonObject found = row(trusted("signed.pdf", isValid ? 0 : 1));
+        EXPECT_EQ(found["revocationChecked"].toBool(), entry.isChecked);
+        EXPECT_EQ(found["trust"].toString(), entry.trust);
+    }
+}
+
 } // namespace

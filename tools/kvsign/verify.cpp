@@ -64,8 +64,8 @@ QJsonObject shown(const SignatureReport &report)
         {"signer", report.signer}, {"statedName", report.statedName}, {"issuer", report.issuer},
         {"reason", report.reason}, {"location", report.location}, {"statedTime", isoOrNull(report.statedTime)},
         {"stampedTime", isoOrNull(report.stampedTime)}, {"authority", report.authority},
-        {"stampTrusted", report.isStampTrusted}, {"stampProblem", report.stampProblem}, {"intact", report.isIntact}, {"problem", report.problem},
-        {"coversWholeFile", report.coversWholeFile}, {"coveredBytes", report.coveredSize},
+        {"stampTrusted", report.isStampTrusted}, {"stampProblem", report.stampProblem}, {"intact", report.isIntact},
+        {"problem", report.problem}, {"coversWholeFile", report.coversWholeFile}, {"coveredBytes", report.coveredSize},
         {"revision", report.revision}, {"algorithm", report.algorithm}, {"weakAlgorithm", report.isAlgorithmWeak},
         {"trust", rowOf(report.trust).word}, {"trustReason", report.trustReason},
         {"revocationChecked", report.isRevocationChecked}, {"validFrom", report.validFrom.toString(Qt::ISODate)},
@@ -95,7 +95,7 @@ void tellCertificate(const SignatureReport &report)
                     report.isExpired ? ": expired" : ""));
     if (report.trust == Trust::Trusted)
         sayRow("revocation",
-            report.isRevocationChecked ? "not revoked, by the lists of its issuers"
+            report.isRevocationChecked ? "not revoked, by the lists or answers of its issuers"
                                        : "not checked; a list of revoked certificates can be given with --crl");
     sayRow("algorithm", report.algorithm + (report.isAlgorithmWeak ? ": too WEAK" : ""));
 }
