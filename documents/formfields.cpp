@@ -39,10 +39,35 @@ std::string nameOf(const Node &node)
 
 } // namespace
 
+// A field may have its flags from its parents.
+bool FormField::isPushButton() const
+{
+    constexpr long long kPushButton = 1 << 16;
+    QPDFObjectHandle node = field, flags = node.getKey("/Ff");
+    for (int i = 0; i < kDeepest && flags.isNull() && node.getKey("/Parent").isDictionary(); ++i) {
+        node = node.getKey("/Parent");
+        flags = node.getKey("/Ff");
+    }
+    return type == "/Btn" && flags.isInteger() && (flags.getIntValue() & kPushButton) != 0;
+}
+
 QPDFObjectHandle FormField::signature() const
 {
     QPDFObjectHandle value = QPDFObjectHandle(field).getKey("/V");
     return isSignature() && value.isDictionary() ? value : QPDFObjectHandle::newNull();
+}
+
+QString shownValue(QPDFObjectHandle value)
+{
+    constexpr int kMost = 60; // letters
+    QString text;
+    if (value.isString())
+        text = QString::fromStdString(value.getUTF8Value());
+    else if (value.isName())
+        text = QString::fromStdString(value.getName()).mid(1);
+    else if (!value.isNull())
+        text = "...";
+    return "\"" + (text.size() > kMost ? text.left(kMost) + "..." : text) + "\"";
 }
 
 std::vector<FormField> fieldsOf(QPDF &pdf)

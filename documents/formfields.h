@@ -3,6 +3,8 @@
 #ifndef DOCUMENTS_FORMFIELDS_H
 #define DOCUMENTS_FORMFIELDS_H
 
+#include <QString>
+
 #include <qpdf/QPDF.hh>
 
 #include <string>
@@ -20,9 +22,15 @@ struct FormField
 
     bool isSignature() const { return type == "/Sig"; }
 
+    /// A push button has no value: it only shows something.
+    bool isPushButton() const;
+
     /// The signature dictionary; null when the field is not signed.
     QPDFObjectHandle signature() const;
 };
+
+/// A field's value in quotation marks, shortened when it is long.
+QString shownValue(QPDFObjectHandle value);
 
 /// The fields in the order of the form. Loops and hostile depths end the search.
 std::vector<FormField> fieldsOf(QPDF &pdf);

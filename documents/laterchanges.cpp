@@ -43,61 +43,6 @@ std::vector<QPDFObjectHandle> itemsOf(QPDFObjectHandle array)
     return array.isArray() ? array.getArrayAsVector() : std::vector<QPDFObjectHandle>();
 }
 
-/// Whether all items are still there, in their order. One item may be without an array.
-bool keepsItems(QPDFObjectHandle before, QPDFObjectHandle after)
-{
-    const auto textsOf = [](QPDFObjectHandle items) {
-        std::vector<std::string> texts;
-        for (QPDFObjectHandle item : items.isArray() ? items.getArrayAsVector() : std::vector<QPDFObjectHandle>{items})
-            texts.push_back(item.unparse());
-        return texts;
-    };
-    const std::vector<std::string> old = textsOf(before), now = textsOf(after);
-    size_t kept = 0;
-    for (size_t i = 0; i < now.size() && kept < old.size(); ++i)
-        kept += now[i] == old[kept] ? 1 : 0;
-    return before.isNull() || kept == old.size();
-}
-
-/// Whether a dictionary of dictionaries has all of its entries still.
-bool keepsEntries(QPDFObjectHandle before, QPDFObjectHandle after)
-{
-    if (!before.isDictionary() || !after.isDictionary())
-        return before.isNull();
-    for (const std::string &key : differingKeys(before, after)) {
-        QPDFObjectHandle old = before.getKey(key), now = after.getKey(key);
-        if (!old.isNull() && (old.isIndirect() || !old.isDictionary() || !keepsEntries(old, now)))
-            return false;
-    }
-    return true;
-}
-
-QString shownValue(QPDFObjectHandle value)
-{
-    constexpr int kMost = 60; // letters
-    QString text;
-    if (value.isString())
-        text = QString::fromStdString(value.getUTF8Value());
-    else if (value.isName())
-        text = QString::fromStdString(value.getName()).mid(1);
-    else if (!value.isNull())
-        text = "...";
-    return "\"" + (text.size() > kMost ? text.left(kMost) + "..." : text) + "\"";
-}
-
-/// A push button has no value: it only shows something. It may have its flags from its parents.
-bool isPushButton(const FormField &field)
-{
-    constexpr long long kPushButton = 1 << 16;
-    constexpr int kDeepest = 100;
-    QPDFObjectHandle node = field.field, flags = node.getKey("/Ff");
-    for (int i = 0; i < kDeepest && flags.isNull() && node.getKey("/Parent").isDictionary(); ++i) {
-        node = node.getKey("/Parent");
-        flags = node.getKey("/Ff");
-    }
-    return field.type == "/Btn" && flags.isInteger() && (flags.getIntValue() & kPushButton) != 0;
-}
-
 /// One comparison of a document with what it was.
 class Comparison
 {
@@ -371,7 +316,7 @@ private:
                 change(QString("the signature field \"%1\", which it locks").arg(name));
             return;
         }
-        if (!areAmong(keys, kOfFilledField) || isPushButton(field))
+        if (!areAmong(keys, kOfFilledField) || field.isPushButton())
             change(QString("the form field \"%1\"").arg(name));
         else if (isLockedBy(m_signature, field.name))
             change(QString("the form field \"%1\", which it locks").arg(name));

@@ -188,4 +188,31 @@ std::set<QPDFObjGen> reachable(QPDFObjectHandle from, const std::set<std::string
     return seen;
 }
 
+bool keepsItems(QPDFObjectHandle before, QPDFObjectHandle after)
+{
+    const auto textsOf = [](QPDFObjectHandle items) {
+        std::vector<std::string> texts;
+        for (QPDFObjectHandle item : items.isArray() ? items.getArrayAsVector() : std::vector<QPDFObjectHandle>{items})
+            texts.push_back(item.unparse());
+        return texts;
+    };
+    const std::vector<std::string> old = textsOf(before), now = textsOf(after);
+    size_t kept = 0;
+    for (size_t i = 0; i < now.size() && kept < old.size(); ++i)
+        kept += now[i] == old[kept] ? 1 : 0;
+    return before.isNull() || kept == old.size();
+}
+
+bool keepsEntries(QPDFObjectHandle before, QPDFObjectHandle after)
+{
+    if (!before.isDictionary() || !after.isDictionary())
+        return before.isNull();
+    for (const std::string &key : differingKeys(before, after)) {
+        QPDFObjectHandle old = before.getKey(key), now = after.getKey(key);
+        if (!old.isNull() && (old.isIndirect() || !old.isDictionary() || !keepsEntries(old, now)))
+            return false;
+    }
+    return true;
+}
+
 } // namespace documents

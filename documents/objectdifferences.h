@@ -25,6 +25,12 @@ ObjectDifferences differencesOf(QPDF &earlier, QPDF &now);
 /// The keys whose values differ between two dictionaries. References with the same object number are equal.
 std::set<std::string> differingKeys(QPDFObjectHandle earlier, QPDFObjectHandle now);
 
+/// Whether all items of a list are still there, in their order. One item may be without an array.
+bool keepsItems(QPDFObjectHandle before, QPDFObjectHandle after);
+
+/// Whether a dictionary of dictionaries has all of its entries still.
+bool keepsEntries(QPDFObjectHandle before, QPDFObjectHandle after);
+
 /// Every object that can be reached from here without going through these keys.
 std::set<QPDFObjGen> reachable(QPDFObjectHandle from, const std::set<std::string> &without);
 
