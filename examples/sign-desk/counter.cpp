@@ -131,7 +131,8 @@ bool Counter::prepare(const RunWork &run)
 {
     if (m_signing.state() != SigningState::Confirmed)
         return true;
-    return prepare(wish(), run);
+    // While the work runs, the signer may go on writing: then what is confirmed is no longer what is there.
+    return prepare(wish(), run) && m_signing.state() == SigningState::Confirmed;
 }
 
 bool Counter::prepare(const SignatureWish &last, const RunWork &run)

@@ -70,8 +70,8 @@ public:
     /// Runs a work that takes a while, elsewhere; false when it was cancelled.
     using RunWork = std::function<bool(const std::function<void(Progress &)> &work)>;
 
-    /// Makes the document with what is confirmed ready for add() and result(). False when it was cancelled. Throws a
-    /// Trouble.
+    /// Makes the document with what is confirmed ready for add() and result(). False when it was cancelled, or when the
+    /// signer has gone on writing meanwhile. Throws a Trouble.
     bool prepare(const RunWork &run);
 
     /// What is confirmed becomes a part of the document. Throws a Trouble; everything is as it was then.

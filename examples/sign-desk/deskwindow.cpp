@@ -200,7 +200,17 @@ bool DeskWindow::mayDiscard()
 /// Asks the clerk before unsaved ink is lost with the page, confirmed or not.
 bool DeskWindow::mayLeave()
 {
-    return !m_counter.isUnsaved() || m_files.mayGo();
+    const bool mayGo = !m_counter.isUnsaved() || m_files.mayGo();
+    m_hadUnsaved = m_counter.isUnsaved();
+    m_pointsThen = m_counter.session().points();
+    return mayGo;
+}
+
+/// The same again, when something was written or confirmed since: the signer does not wait for the clerk's dialogs.
+bool DeskWindow::mayStillLeave()
+{
+    const bool isNew = !m_hadUnsaved || m_counter.session().points() != m_pointsThen;
+    return !isNew || mayLeave();
 }
 
 void DeskWindow::aboutDesk()

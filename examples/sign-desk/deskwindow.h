@@ -97,6 +97,7 @@ private:
     void showRates(int points);
     bool mayDiscard();
     bool mayLeave();
+    bool mayStillLeave();
     void followPad();
     void confirmDoubtful(int points);
     bool prepare();
@@ -129,6 +130,8 @@ private:
     DeskStatus *m_status;
     QTimer m_inkTimer;
     std::unique_ptr<SafeKeeping> m_keeping;
+    bool m_hadUnsaved = false; ///< when the clerk was asked last whether to leave
+    int m_pointsThen = 0;
     bool m_isAsking = false; ///< whether to confirm although strokes may be missing
 };
 

@@ -23,7 +23,7 @@ QString DeskWindow::openedFile() const
 bool DeskWindow::openPage(const QString &path)
 {
     std::unique_ptr<Pages> pages = m_files.open(path);
-    if (pages == nullptr)
+    if (pages == nullptr || !mayStillLeave())
         return false;
     showPages(std::move(pages));
     m_settings.addRecentDocument(QFileInfo(path).absoluteFilePath());

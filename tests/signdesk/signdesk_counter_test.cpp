@@ -1,4 +1,5 @@
 // The clerk's day: three clicks for a signature, the next customer, undo, what is remembered.
+#include "counter.h"
 #include "outsidecommand.h"
 #include "signdesk.h"
 
@@ -61,6 +62,68 @@ TEST_F(Counter, WhatIsWrittenWhileTheFileIsChosenIsNotSavedYet)
     save(file("again.pdf"));
     EXPECT_FALSE(window->isWindowModified());
     EXPECT_EQ(note(), "Saved as again.pdf. Press Done for the next customer.");
+}
+
+TEST_F(Counter, WhatIsWrittenWhileAnotherDocumentIsChosenDoesNotGoUnasked)
+{
+    const QString note = copyOf(kNote, "note.pdf"), other = copyOf(kNote, "other.pdf");
+    ASSERT_TRUE(window->openPage(note));
+    choose(kS300Family);
+    click("Start signing");
+    whenDialogComes([&](QDialog &dialog) {
+        write(kS300Family);
+        tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON);
+        ASSERT_TRUE(until([&] { return showsState("Confirmed"); }));
+        whenDialogComes([&](QDialog &question) { answer(question, "Keep"); });
+        giveFile(dialog, other);
+    });
+    press(Qt::Key_O, Qt::ControlModifier);
+    EXPECT_TRUE(happened());
+    EXPECT_EQ(said, "The signature is neither saved nor printed.\nShall it be discarded?");
+    EXPECT_EQ(window->windowTitle(), "note.pdf[*] - Sign Desk");
+    EXPECT_TRUE(showsState("Confirmed"));
+    save(file("signed.pdf"));
+    EXPECT_NE(drawnPdf(file("signed.pdf")), drawnPdf(note));
+}
+
+TEST_F(Counter, WhatWasDiscardedIsNotAskedAboutAgain)
+{
+    signAndConfirm(kS300Family);
+    whenDialogComes([&](QDialog &question) {
+        whenDialogComes([&](QDialog &dialog) { giveFile(dialog, kNote); });
+        answer(question, "Discard");
+    });
+    press(Qt::Key_O, Qt::ControlModifier);
+    EXPECT_TRUE(happened());
+    EXPECT_EQ(window->windowTitle(), "delivery-note.pdf[*] - Sign Desk");
+}
+
+TEST_F(Counter, WhoWritesOnWhileTheDocumentIsSignedConfirmsAnew)
+{
+    window.reset(); // the library opens one pad at a time
+    signdesk::Counter counter;
+    counter.session().acceptAnyDriver();
+    counter.setPlace({0, {100, 100, 200, 113}, {595, 842}, {}});
+    counter.start(*familyOfName("S300"), {});
+    write(kS300Family);
+    tap(KVSPDARI_PS_PEN_DOWN_ON_ENTER_BUTTON);
+    const auto isIn = [&](signdesk::SigningState state) { return counter.signing().state() == state; };
+    ASSERT_TRUE(until([&] { return isIn(signdesk::SigningState::Confirmed); }));
+    const auto goOnWriting = [&](const std::function<void(signdesk::Progress &)> &work) {
+        signdesk::Progress progress;
+        work(progress);
+        write(kS300Family, 0.2, 0.2, 0.5, 0.2);
+        return until([&] { return isIn(signdesk::SigningState::Changed); });
+    };
+    EXPECT_FALSE(counter.prepare(goOnWriting));
+    counter.signing().confirm();
+    EXPECT_TRUE(counter.prepare([](const std::function<void(signdesk::Progress &)> &work) {
+        signdesk::Progress progress;
+        work(progress);
+        return true;
+    }));
+    counter.add();
+    EXPECT_EQ(counter.document().added(), 1);
 }
 
 TEST_F(Counter, SpaceConfirmsAfterTheStart)
