@@ -86,7 +86,7 @@ QSizeF pageSizeOf(const QImage &picture)
 class PicturePages : public Pages
 {
 public:
-    explicit PicturePages(PageFile file)
+    explicit PicturePages(const PageFile &file)
         : PicturePages(readPicture(file), file)
     {
     }
@@ -235,6 +235,15 @@ double affordableDots(const QSizeF &page, double dotsPerPoint)
 std::unique_ptr<Pages> blankPages()
 {
     return std::make_unique<BlankPages>();
+}
+
+std::vector<QSizeF> Pages::sizes() const
+{
+    std::vector<QSizeF> all;
+    all.reserve(static_cast<size_t>(count()));
+    for (int page = 0; page < count(); ++page)
+        all.push_back(size(page));
+    return all;
 }
 
 QImage Pages::renderPart(int page, double dotsPerPoint, const QRect &part) const

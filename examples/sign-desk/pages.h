@@ -48,6 +48,9 @@ public:
     /// In points, 72 to the inch.
     virtual QSizeF size(int page) const = 0;
 
+    /// Those of all pages, in order.
+    std::vector<QSizeF> sizes() const;
+
     /// An opaque picture with that many dots to the point, or with fewer where memory demands it. Null when the page
     /// cannot be drawn.
     virtual QImage render(int page, double dotsPerPoint) const = 0;

@@ -51,9 +51,7 @@ PageView::PageView(PageRenderer &renderer, const FoundPlaces &found, QWidget *pa
 
 void PageView::setPages(const Pages &pages)
 {
-    std::vector<QSizeF> sizes;
-    for (int page = 0; page < pages.count(); ++page)
-        sizes.push_back(pages.size(page));
+    std::vector<QSizeF> sizes = pages.sizes();
     const bool isAlike = sizes == m_layout.pages();
     if (isAlike)
         m_cache.setOutdated();

@@ -126,7 +126,7 @@ void PageView::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Minus:
         return setField(m_field.adjusted(0, 0, -step, 0));
     default:
-        QWidget::keyPressEvent(event); // the arrow keys move the field, not the view
+        event->ignore(); // not to the base class: the arrow keys move the field, not the view
     }
 }
 

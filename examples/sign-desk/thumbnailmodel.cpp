@@ -24,9 +24,7 @@ ThumbnailModel::ThumbnailModel(PageRenderer &renderer, QObject *parent)
 
 void ThumbnailModel::setPages(const Pages &pages)
 {
-    std::vector<QSizeF> sizes;
-    for (int page = 0; page < pages.count(); ++page)
-        sizes.push_back(pages.size(page));
+    std::vector<QSizeF> sizes = pages.sizes();
     if (sizes == m_sizes)
         return m_cache.setOutdated();
     beginResetModel();
