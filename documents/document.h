@@ -37,7 +37,7 @@ struct Content
 
 /// An open document, for one thread at a time. Its functions throw a Problem when they fail.
 /// A few hostile bytes can make the reader behind it take gigabytes of memory. A program that opens documents of
-/// strangers limits its memory (RLIMIT_DATA), as kvsign does with 3 GB: running out of it is a Problem like any other.
+/// strangers limits its memory, see limitMemory(): running out of it is a Problem like any other.
 class Document
 {
 public:

@@ -5,6 +5,8 @@
 #include "screenshot.h"
 #include "simulatorplace.h"
 
+#include <documents/memorylimit.h>
+
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
@@ -13,12 +15,14 @@
 #include <QTimer>
 #include <QTranslator>
 
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
 
 namespace {
 
+constexpr std::uint64_t kMostMemory = std::uint64_t{4} << 30; ///< bytes, for what hostile pages take too
 constexpr int kBeforeStart = 200; ///< milliseconds, for the page to be painted
 
 struct Words
@@ -134,6 +138,7 @@ int run(const QCommandLineParser &parser, const Options &options)
 
 int main(int argc, char **argv)
 {
+    documents::limitMemory(kMostMemory);
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);

@@ -1,29 +1,13 @@
 #include "documentwork.h"
 
+#include <documents/memorylimit.h>
 #include <documents/problem.h>
 
-#include <algorithm>
-#include <sys/resource.h>
+#include <cstdint>
 
 namespace {
 
-constexpr rlim_t kMostMemory = rlim_t{3} << 30; // bytes
-
-// Sanitizers reserve far more than they use.
-#if defined(KV_ADDRESS_SANITIZED) || defined(KV_THREAD_SANITIZED)
-constexpr bool kCanLimit = false;
-#else
-constexpr bool kCanLimit = true;
-#endif
-
-void limitMemory()
-{
-    rlimit limit = {};
-    if (!kCanLimit || getrlimit(RLIMIT_DATA, &limit) != 0)
-        return;
-    limit.rlim_cur = std::min({kMostMemory, limit.rlim_cur, limit.rlim_max});
-    setrlimit(RLIMIT_DATA, &limit);
-}
+constexpr std::uint64_t kMostMemory = std::uint64_t{3} << 30; // bytes
 
 ExitCode exitCodeOf(documents::Problem::Kind kind)
 {
@@ -34,7 +18,7 @@ ExitCode exitCodeOf(documents::Problem::Kind kind)
 
 int withDocuments(const std::function<int()> &work)
 {
-    limitMemory();
+    documents::limitMemory(kMostMemory);
     try {
         return work();
     } catch (const documents::Problem &problem) {
