@@ -194,7 +194,8 @@ void PageView::follow()
 {
     m_ink->setGeometry(fieldPixels());
     viewport()->update();
-    m_renderSoon.start();
+    if (!m_renderSoon.isActive()) // pages are drawn in time also while something moves without a pause
+        m_renderSoon.start();
     const int seen = seenPage();
     if (seen == m_seenPage)
         return;
