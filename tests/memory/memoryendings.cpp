@@ -27,6 +27,7 @@ constexpr Known kKnown[] = {
     {"GetSVGImageBase64Data", "QPainter::~QPainter"}, // the end of an SVG
     {"InitialDevice", "QCoreApplicationPrivate::sendPostedEvents"}, // a half made child of the window is painted
     {"InitialDevice", "QEventDispatcherGlib::processEvents"}, // the same
+    {"InitialDevice", "QImage::~QImage"}, // the canvas's paint engine, which ran out of memory while it drew
     {"InitialDevice", "QObjectPrivate::~QObjectPrivate"}, // of a half made thread
     {"SaveDrawingImage", "QImageWriter::write"}, // the lock of the list of formats
     {"SaveDrawingImage PDF", "QPainter::begin"}, // the first page
