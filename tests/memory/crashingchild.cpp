@@ -116,9 +116,9 @@ public:
         bool counts = true;
         for (const auto &task : std::filesystem::directory_iterator(tasks, gone)) {
             const pid_t thread = std::stoi(task.path().filename());
-            const std::string now = m_threads[thread] = stateOf(task.path() / "status");
+            const std::string now = m_threads[thread] = stateOf(task.path());
             const auto then = before.find(thread);
-            const bool ran = then == before.end() || switchesOf(then->second) != switchesOf(now);
+            const bool ran = then == before.end() || progressOf(then->second) != progressOf(now);
             if (thread == m_process && (ran || !sleeps(now)))
                 m_looks = 0;
             counts &= ran || sleeps(now);
@@ -129,20 +129,23 @@ public:
     }
 
 private:
-    static std::string stateOf(const std::filesystem::path &path)
+    /// A thread that computes without a pause on an idle processor is never switched, but its time goes on.
+    static std::string stateOf(const std::filesystem::path &thread)
     {
-        std::ifstream file(path);
+        std::ifstream file(thread / "status");
         std::string state;
         for (std::string line; std::getline(file, line);) {
             if (line.rfind("State:", 0) == 0 || line.find("_switches:") != std::string::npos)
                 state += line + '\n';
         }
-        return state;
+        std::string nanoseconds;
+        std::ifstream(thread / "schedstat") >> nanoseconds;
+        return state + nanoseconds;
     }
 
     static bool sleeps(const std::string &state) { return state.find("S (sleeping)") != std::string::npos; }
 
-    static std::string switchesOf(const std::string &state)
+    static std::string progressOf(const std::string &state)
     {
         return state.substr(std::min(state.find('\n'), state.size()));
     }
