@@ -13,7 +13,7 @@ namespace signdesk {
 namespace {
 
 constexpr qint64 kMostPictureBytes = 192 << 20; ///< of pictures of pages
-constexpr int kRenderAfter = 40; ///< milliseconds without another change
+constexpr int kRenderAfter = 40; ///< milliseconds from a change to its drawing
 constexpr int kLineStep = 40; ///< pixels that a turn of the wheel or an arrow of the bar scrolls by
 constexpr double kWheelStep = 1.1;
 constexpr double kWheelAngle = 120; ///< of a turn
