@@ -83,7 +83,7 @@ void watch()
     {
     };
     action.sa_sigaction = noteCrash;
-    action.sa_flags = SA_ONSTACK | SA_RESETHAND | SA_SIGINFO;
+    action.sa_flags = static_cast<int>(SA_ONSTACK | SA_RESETHAND | SA_SIGINFO);
     for (const int signal : {SIGSEGV, SIGABRT, SIGBUS, SIGFPE, SIGILL})
         sigaction(signal, &action, nullptr);
     action.sa_sigaction = noteSpinning;
