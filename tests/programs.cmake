@@ -2,7 +2,8 @@
 
 # Tests are built often and run briefly, so they are not optimised: that halves the time to compile them. The checked copies
 # work only in optimised code.
-set(KV_TEST_OPTIONS -O0 -g1 -U_FORTIFY_SOURCE)
+# Functions of the system that a test replaces must be seen by the libraries: clang would hide them too.
+set(KV_TEST_OPTIONS -O0 $<IF:$<BOOL:${KV_QUICK}>,-g0,-g1> -U_FORTIFY_SOURCE -fvisibility=default)
 if(KV_SANITIZE)
   list(APPEND KV_TEST_OPTIONS -fno-sanitize=undefined) # not in the tests' own code
 endif()

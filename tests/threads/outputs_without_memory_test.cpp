@@ -33,8 +33,7 @@ extern "C" void *realloc(void *memory, size_t size)
 }
 
 // With which Qt begins each stream of a PDF file.
-extern "C" __attribute__((visibility("default"))) int deflateInit_(
-    z_streamp stream, int level, const char *version, int size)
+extern "C" int deflateInit_(z_streamp stream, int level, const char *version, int size)
 {
     if (compressorsFindNone) {
         ++refusedCompressors;
