@@ -16,6 +16,7 @@ struct Known
 };
 
 constexpr Known kKnown[] = {
+    {"AboutBox", "QEventDispatcherGlib::processEvents"}, // the lock of the queue of window events
     {"AboutBox", "QMessageBox::about"}, // fonts, rich text, layout, painting
     {"Base64Decode", "QImageReader::size"}, // the lock of the list of formats
     {"Base64Decode JPEG", "a jump to nowhere"}, // its reader makes a decoder before it says where errors go
@@ -28,11 +29,14 @@ constexpr Known kKnown[] = {
     {"InitialDevice", "QCoreApplicationPrivate::sendPostedEvents"}, // a half made child of the window is painted
     {"InitialDevice", "QEventDispatcherGlib::processEvents"}, // the same
     {"InitialDevice", "QImage::~QImage"}, // the canvas's paint engine, which ran out of memory while it drew
+    {"InitialDevice", "QMessageLogger::warning"}, // what that engine freed twice, met when a text grows
     {"InitialDevice", "QObjectPrivate::~QObjectPrivate"}, // of a half made thread
+    {"InitialDevice", "QWidgetPrivate::setVisible"}, // a list of connections that could not grow
     {"SaveDrawingImage", "QImageWriter::write"}, // the lock of the list of formats
     {"SaveDrawingImage PDF", "QPainter::begin"}, // the first page
     {"SaveDrawingImage PDF", "QPainter::drawImage"},
     {"SaveDrawingImage PDF", "QPainter::end"},
+    {"SaveDrawingImage PDF", "QPdfEnginePrivate::~QPdfEnginePrivate"}, // a page that was never made
     {"SaveDrawingImage SVG", "QObject::~QObject"}, // as of the text
     {"SaveDrawingImage SVG", "QPaintEngine::drawLines"},
     {"SaveDrawingImage SVG", "QPainter::~QPainter"},
