@@ -18,6 +18,7 @@ struct ChildReport
     bool crashed;
     bool isTerminated; ///< by an exception that nobody could catch
     bool isHung; ///< it waited for itself, or worked on and on
+    bool isSpoilt; ///< set by the work when the child is of no more use, whatever becomes of it
     CrashStack stack; ///< its end
 };
 

@@ -14,11 +14,13 @@ void *__libc_memalign(size_t alignment, size_t size);
 namespace {
 
 thread_local long untilFailure = 0; ///< 0: none is to fail
+thread_local void (*atFailure)() = nullptr;
 
 bool fails()
 {
     if (untilFailure == 0 || --untilFailure != 0)
         return false;
+    atFailure();
     errno = ENOMEM;
     return true;
 }
@@ -27,8 +29,9 @@ bool fails()
 
 namespace failingmemory {
 
-void failNth(long n)
+void failNth(long n, void (*noticed)())
 {
+    atFailure = noticed;
     untilFailure = n;
 }
 

@@ -5,8 +5,9 @@
 
 namespace failingmemory {
 
-/// From now on this thread's n-th allocation fails, counted from 1. All others succeed.
-void failNth(long n);
+/// From now on this thread's n-th allocation fails, counted from 1. All others succeed. `noticed` is called where it
+/// fails, and may ask for memory no more than a signal's handler.
+void failNth(long n, void (*noticed)());
 
 /// Lets all allocations succeed again. Returns whether one has failed since failNth().
 bool stop();

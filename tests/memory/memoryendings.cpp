@@ -1,6 +1,7 @@
 #include "memoryendings.h"
 
 #include <algorithm>
+#include <cstring>
 #include <iterator>
 
 namespace memoryendings {
@@ -26,10 +27,6 @@ constexpr Known kKnown[] = {
     {"GetSVGImageBase64Data", "QObject::~QObject"}, // of the generator's text stream, with half its connections
     {"GetSVGImageBase64Data", "QPaintEngine::drawLines"}, // the generator's path for a line
     {"GetSVGImageBase64Data", "QPainter::~QPainter"}, // the end of an SVG
-    {"InitialDevice", "QCoreApplicationPrivate::sendPostedEvents"}, // a half made child of the window is painted
-    {"InitialDevice", "QEventDispatcherGlib::processEvents"}, // the same
-    {"InitialDevice", "QImage::~QImage"}, // the canvas's paint engine, which ran out of memory while it drew
-    {"InitialDevice", "QMessageLogger::warning"}, // what that engine freed twice, met when a text grows
     {"InitialDevice", "QObjectPrivate::~QObjectPrivate"}, // of a half made thread
     {"InitialDevice", "QWidgetPrivate::setVisible"}, // a list of connections that could not grow
     {"SaveDrawingImage", "QImageWriter::write"}, // the lock of the list of formats
@@ -51,6 +48,13 @@ bool isOfQt(const std::string &call, const ChildReport &report)
         return call.rfind(known.call, 0) == 0 && report.stack.entry == std::string(known.function);
     });
     return isKnown && std::string(report.stack.module).find("kvsignpadsdk") == std::string::npos;
+}
+
+// The window keeps a child whose constructor ended with an exception, and whose memory is free again: the next painting
+// may break the heap, and the process end anywhere.
+bool isHalfMade(const CrashStack &failed)
+{
+    return std::strstr(failed.entry, "QWidgetPrivate4init") != nullptr;
 }
 
 std::string inWords(const ChildReport &report)
