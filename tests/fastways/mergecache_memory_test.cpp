@@ -13,13 +13,17 @@ void *__libc_malloc(size_t size);
 namespace {
 
 std::atomic<size_t> most{SIZE_MAX}; ///< that an allocation may ask for
+std::atomic<int> refused{0};
 
 } // namespace
 
 // Of the whole process. Images ask for their memory here.
 extern "C" void *malloc(size_t size)
 {
-    return size <= most ? __libc_malloc(size) : nullptr;
+    if (size <= most)
+        return __libc_malloc(size);
+    ++refused;
+    return nullptr;
 }
 
 namespace {
@@ -58,6 +62,7 @@ TEST(MergeWithoutMemoryForItsLayer, IsThatOfTheWholeCanvas)
         most = limit;
     }
     most = SIZE_MAX;
+    EXPECT_GT(refused, 0);
 }
 
 } // namespace
