@@ -122,6 +122,10 @@ TEST(FingerprintWidget, HasAStandInThatStartsAsOneWithoutAParent)
     EXPECT_EQ(standIn.m_canvas, widget.m_canvas);
     EXPECT_EQ(standIn.m_FPOnlyCanvas, widget.m_FPOnlyCanvas);
     EXPECT_EQ(standIn.m_NewFPRect, widget.m_NewFPRect);
+    EXPECT_EQ(standIn.m_bClipImage, widget.m_bClipImage);
+    EXPECT_EQ(standIn.m_nSaveImageClipMarginX, widget.m_nSaveImageClipMarginX);
+    EXPECT_EQ(standIn.m_nSaveImageClipMarginY, widget.m_nSaveImageClipMarginY);
+    EXPECT_EQ(standIn.m_bFPImageBase64DataOnly, widget.m_bFPImageBase64DataOnly);
 }
 
 TEST(FingerprintWidget, PaintsItsCanvasAtItsTopLeft)
