@@ -72,6 +72,10 @@ TYPED_TEST(ForkedChild, EndsThePadAndWaitsForNobody)
         pad->Shutdown();
         if (!canTakeAll(*pad))
             _exit(8);
+        if constexpr (isFingerprintPad<TypeParam>) {
+            if (pad->m_pShowFPImageOnDeviceThread != nullptr)
+                _exit(9);
+        }
     });
     EXPECT_TRUE(WIFEXITED(status)) << "it had to be ended";
     EXPECT_EQ(WEXITSTATUS(status), 7) << "8: a lock is still held";
