@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 
 namespace {
@@ -18,12 +19,19 @@ constexpr long double kLeastOfRecord = std::numeric_limits<qint16>::min();
 constexpr long double kMostPressure = 2048;
 constexpr long double kTen = 10;
 
+/// floor() of a long double switches the processor's rounding, which takes longer than all other work on a value.
+bool isWhole(long double value)
+{
+    const bool isSmall = std::abs(value) < 0x1p63L; // the first that a 64-bit integer cannot hold
+    return value == (isSmall ? static_cast<long double>(static_cast<std::int64_t>(value)) : std::floor(value));
+}
+
 /// The value in a record's direction and units.
 long double straight(const InkmlTraceText &trace, const InkmlColumn &column, long double value)
 {
     // Multiply decimals as doubles: as a long double 0.0075 s would not become exactly 7.5 ms.
-    long double number = value == std::floor(value) ? value * static_cast<long double>(column.factor)
-                                                    : static_cast<double>(value) * column.factor;
+    long double number =
+        isWhole(value) ? value * static_cast<long double>(column.factor) : static_cast<double>(value) * column.factor;
     if (column.field == Field::Y && !column.isPhysical)
         number *= trace.aspect;
     return column.isReversed ? -number : number;
@@ -36,7 +44,7 @@ void InkmlFit::Range::add(long double value, const InkmlColumn &column)
     least = hasValues ? std::min(least, value) : value;
     most = hasValues ? std::max(most, value) : value;
     hasValues = true;
-    hasDecimals = hasDecimals || value != std::floor(value);
+    hasDecimals = hasDecimals || !isWhole(value);
     isPhysical = isPhysical || column.isPhysical;
     isReversed = isReversed || column.isReversed;
 }
