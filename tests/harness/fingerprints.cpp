@@ -80,10 +80,14 @@ QImage printed(const QImage &layer, const QRectF &target, const QSize &size)
 QImage anded(const QImage &one, const QImage &other)
 {
     QImage both = one.convertToFormat(QImage::Format_ARGB32);
+    const QImage mask = other.convertToFormat(QImage::Format_ARGB32);
     EXPECT_EQ(one.size(), other.size());
-    for (int y = 0; y < both.height(); ++y)
+    for (int y = 0; y < both.height(); ++y) {
+        auto *row = reinterpret_cast<QRgb *>(both.scanLine(y));
+        const auto *masks = reinterpret_cast<const QRgb *>(mask.constScanLine(y));
         for (int x = 0; x < both.width(); ++x)
-            both.setPixel(x, y, one.pixel(x, y) & other.pixel(x, y));
+            row[x] &= masks[x];
+    }
     return both;
 }
 

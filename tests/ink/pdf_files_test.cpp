@@ -44,10 +44,12 @@ INSTANTIATE_TEST_SUITE_P(AllPads, PdfFiles, testing::ValuesIn(allPads()), padCas
 
 QRect boxOfInk(const QImage &image)
 {
+    const QImage page = image.convertToFormat(QImage::Format_ARGB32);
     QRect ink;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (qGray(image.pixel(x, y)) < 128)
+    for (int y = 0; y < page.height(); ++y) {
+        const auto *row = reinterpret_cast<const QRgb *>(page.constScanLine(y));
+        for (int x = 0; x < page.width(); ++x) {
+            if (row[x] != 0xffffffff && qGray(row[x]) < 128)
                 ink |= QRect(x, y, 1, 1);
         }
     }
