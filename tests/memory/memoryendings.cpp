@@ -50,8 +50,8 @@ bool isOfQt(const std::string &call, const ChildReport &report)
     return isKnown && std::string(report.stack.module).find("kvsignpadsdk") == std::string::npos;
 }
 
-// The window keeps a child whose constructor ended with an exception, and whose memory is free again: the next painting
-// may break the heap, and the process end anywhere.
+// QWidget's constructor ends in a jump to this function. The window keeps a child whose constructor ended with an
+// exception, and whose memory is free again: the next painting may break the heap, and the process end anywhere.
 bool isHalfMade(const CrashStack &failed)
 {
     return std::strstr(failed.entry, "QWidgetPrivate4init") != nullptr;

@@ -13,7 +13,7 @@ namespace memoryendings {
 /// of Qt's that is known for it.
 bool isOfQt(const std::string &call, const ChildReport &report);
 
-/// Whether Qt goes on to use what it could not make where this allocation failed. Asks for no memory.
+/// Whether it failed while a QWidget was made, whose window may keep the half made child. Asks for no memory.
 bool isHalfMade(const CrashStack &failed);
 
 /// "crashed in QImageWriter::write".
