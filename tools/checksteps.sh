@@ -125,6 +125,7 @@ scripts() {
 }
 
 # build PRESET TARGET... [-- OPTION...]: with less right to the processors than tests that run beside it
+# CMake is asked twice: when a preset's compiler has changed, it forgets the other settings the first time.
 build() {
     local preset=$1 targets=()
     shift
@@ -132,7 +133,7 @@ build() {
         targets+=("$1")
         shift
     done
-    cmake --preset "$preset" && nice cmake --build --preset "$preset" --target "${targets[@]}" -- -j "$jobs" "${@:2}"
+    cmake --preset "$preset" && cmake --preset "$preset" && nice cmake --build --preset "$preset" --target "${targets[@]}" -- -j "$jobs" "${@:2}"
 }
 
 # Newer kernels place memory where the sanitizers do not expect it.
