@@ -157,7 +157,8 @@ TEST_F(KvsignDocuments, DeploymentsBatchConvertsWhatCanBeConvertedAndTellsTheRes
 // Nothing is built here; Ninja is only asked whether it knows the targets.
 TEST_F(KvsignDocuments, ThePageSaysHowTheToolsAreBuilt)
 {
-    static const QRegularExpression command("`cmake --build build/release --target ([^`]+)`");
+    static const QRegularExpression command(
+        "`cmake --preset release && cmake --build --preset release --target ([^`]+)`");
     const QString targets = command.match(contentOf(KV_SOURCE_DIRECTORY "/docs/command-line.md")).captured(1);
     EXPECT_EQ(targets, "kvsign kv-sign-desk kv-virtualpad");
     const CommandResult result =
