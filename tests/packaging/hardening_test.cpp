@@ -40,6 +40,9 @@ TEST_P(Shipped, GuardsItsStack)
 
 TEST_P(Shipped, ChecksItsCopies)
 {
+#ifdef __clang__
+    GTEST_SKIP() << "clang has no checked copies of functions like fprintf";
+#endif
     const QRegularExpression checked("__(mem|str|printf|fprintf|dprintf|[vn]*snprintf|read|fread|fgets)\\w*_chk");
     EXPECT_TRUE(checked.match(said({"nm", "-D", "--undefined-only"})).hasMatch());
 }
