@@ -2,7 +2,7 @@
 
 # Tests are built often and run briefly, so they are not optimised: that halves the time to compile them. The checked copies
 # work only in optimised code.
-# Functions of the system that a test replaces must be seen by the libraries: clang would hide them too.
+# With -fvisibility=hidden clang hides even a test's own malloc, which the libraries must find. GCC does not.
 set(KV_TEST_OPTIONS -O0 $<IF:$<BOOL:${KV_QUICK}>,-g0,-g1> -U_FORTIFY_SOURCE -fvisibility=default)
 if(KV_SANITIZE)
   list(APPEND KV_TEST_OPTIONS -fno-sanitize=undefined) # not in the tests' own code

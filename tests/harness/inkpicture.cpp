@@ -120,7 +120,7 @@ std::string difference(const QImage &actual, const QImage &expected)
     int differing = 0;
     std::string first;
     for (int y = 0; y < actual.height(); ++y) {
-        // Rows are mostly equal, and pixel() for each of them is slow in unoptimised tests.
+        // Most rows are equal, and pixel() for every pixel is slow in unoptimised tests.
         if (std::memcmp(one.constScanLine(y), other.constScanLine(y), static_cast<size_t>(one.bytesPerLine())) == 0)
             continue;
         for (int x = 0; x < actual.width(); ++x) {

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <string>
 #include <unistd.h>
@@ -28,9 +29,10 @@ int calls = 0;
 extern "C" ssize_t pread(int file, void *to, size_t size, off_t from)
 {
     ++calls;
+    // The tenth call goes on, so that a reader that asks again and again ends too.
     const bool isOver = reads == Read::UpToAnEarlyEnd && from > 0 && calls < 10;
     if (isOver || reads == Read::Never || (reads == Read::AfterASignal && calls % 2 == 1)) {
-        errno = reads == Read::Never ? EIO : EINTR; // an early end leaves what was there before
+        errno = reads == Read::Never ? EIO : EINTR; // also at the end: after 0, errno means nothing
         return isOver ? 0 : -1;
     }
     return ::lseek(file, from, SEEK_SET) == from ? ::read(file, to, std::min(size, size_t{3})) : -1;

@@ -78,7 +78,7 @@ TYPED_TEST(ForkedChild, EndsThePadAndWaitsForNobody)
         }
     });
     EXPECT_TRUE(WIFEXITED(status)) << "it had to be ended";
-    EXPECT_EQ(WEXITSTATUS(status), 7) << "8: a lock is still held";
+    EXPECT_EQ(WEXITSTATUS(status), 7) << "8: a lock is still held, 9: the display thread is";
     canvas.finish();
     pixels.finish();
     ink.finish();

@@ -19,7 +19,8 @@ constexpr long double kLeastOfRecord = std::numeric_limits<qint16>::min();
 constexpr long double kMostPressure = 2048;
 constexpr long double kTen = 10;
 
-/// floor() of a long double switches the processor's rounding, which takes longer than all other work on a value.
+/// Whether it has no decimals. Not by floor() alone: clang calls glibc's for a long double, which saves and restores
+/// the whole state of the floating-point unit.
 bool isWhole(long double value)
 {
     const bool isSmall = std::abs(value) < 0x1p63L; // the first that a 64-bit integer cannot hold
