@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -215,11 +216,13 @@ TEST_F(ReplacedFiles, AreWrittenWithDescriptorsFromZeroOn)
     const size_t left = files();
     const bool inPlace = replace("link", kEarlier + kLater);
     const bool onAFullDisk = replaceOnAFullDisk();
+    const bool isClosed = ::fcntl(STDIN_FILENO, F_GETFD) < 0;
     ::dup2(input, STDIN_FILENO);
     ::close(input);
     EXPECT_TRUE(beside && inPlace);
     EXPECT_EQ(left, 2u) << "the file and its link";
     EXPECT_FALSE(onAFullDisk);
+    EXPECT_TRUE(isClosed) << "what they opened as 0";
     EXPECT_EQ(contents(), kEarlier + kLater);
     EXPECT_EQ(files(), 2u);
 }
