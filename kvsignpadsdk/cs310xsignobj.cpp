@@ -3,6 +3,7 @@
 #include "cs310xobj_showfpimageondevicethread.h"
 #include "displaythread.h"
 #include "fingerprintplacement.h"
+#include "inkbounds.h"
 #include "padclass/defined.h"
 #include "widgetthread.h"
 
@@ -69,7 +70,8 @@ char *CS310XSignObj::GetFPImageBase64Data(int nImageTypeID, bool bFPImageOnly)
         // The merge does not update this place, so do it here.
         if (shared::get(m_nCurrentFPRawDataWithBestScore) > 0) {
             const std::lock_guard<std::mutex> writing(m_internals.pixelsLock);
-            updateFingerprintPlace();
+            // Throws without memory for the copy: else the picture would lack the fingerprint, and nobody would know.
+            fingerprintplacement::updatePlace(*this, inkbounds::partInside(m_FPOnlyCanvas, {}));
         }
         pFPImageBase64Data = fingerprintplacement::imageText(*this, nImageTypeID, bFPImageOnly);
     }
