@@ -133,7 +133,8 @@ build() {
         targets+=("$1")
         shift
     done
-    cmake --preset "$preset" && cmake --preset "$preset" && nice cmake --build --preset "$preset" --target "${targets[@]}" -- -j "$jobs" "${@:2}"
+    cmake --preset "$preset" && cmake --preset "$preset" || return
+    nice cmake --build --preset "$preset" --target "${targets[@]}" -- -j "$jobs" "${@:2}"
 }
 
 # Newer kernels place memory where the sanitizers do not expect it.

@@ -38,14 +38,14 @@ TEST_P(Shipped, GuardsItsStack)
     EXPECT_TRUE(said({"nm", "-D", "--undefined-only"}).contains("__stack_chk_fail"));
 }
 
+// What is shipped is built by GCC. Clang has no checked copies of functions like fprintf.
+#ifndef __clang__
 TEST_P(Shipped, ChecksItsCopies)
 {
-#ifdef __clang__
-    GTEST_SKIP() << "clang has no checked copies of functions like fprintf";
-#endif
     const QRegularExpression checked("__(mem|str|printf|fprintf|dprintf|[vn]*snprintf|read|fread|fgets)\\w*_chk");
     EXPECT_TRUE(checked.match(said({"nm", "-D", "--undefined-only"})).hasMatch());
 }
+#endif
 
 TEST_P(Shipped, LiesAtAnyAddress)
 {
