@@ -9,7 +9,7 @@ mkdir -p "$logs" "$passed"
 summary=()
 
 log_of() {
-    echo "$logs/${1// /-}.log"
+    echo "$logs/${1//[ \/]/-}.log"
 }
 
 say() {
