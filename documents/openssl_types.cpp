@@ -1,5 +1,7 @@
 #include "openssl_types.h"
 
+#include <QDate>
+
 #include <openssl/err.h>
 
 namespace documents {
@@ -50,6 +52,13 @@ QString nameOf(const X509_NAME *name)
     const BioOwner text(BIO_new(BIO_s_mem()));
     X509_NAME_print_ex(text.get(), name, 0, XN_FLAG_ONELINE & ~ASN1_STRFLGS_ESC_MSB);
     return QString::fromUtf8(contentOf(text.get()));
+}
+
+QString dayOf(const ASN1_TIME *time)
+{
+    struct tm parts = {};
+    ASN1_TIME_to_tm(time, &parts);
+    return QDate(parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday).toString(Qt::ISODate);
 }
 
 bool isWeakDigest(const EVP_MD *kind)

@@ -66,6 +66,9 @@ QByteArray derOf(const Object *object, int (*encode)(const Object *, unsigned ch
 /// The common name, else the organisation, else all of it.
 QString nameOf(const X509_NAME *name);
 
+/// The day in UTC, as in 2026-01-31.
+QString dayOf(const ASN1_TIME *time);
+
 /// SHA-1 and older ones, of which two inputs with one digest can be made.
 bool isWeakDigest(const EVP_MD *kind);
 

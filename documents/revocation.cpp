@@ -13,7 +13,7 @@ namespace documents {
 
 namespace {
 
-constexpr qint64 kMostFile = 64 << 20;
+constexpr qint64 kMostListFile = 64 << 20;
 
 time_t secondsOf(const QDateTime &time)
 {
@@ -47,13 +47,6 @@ bool isOf(X509_CRL *list, const X509 *issuer)
         && X509_CRL_verify(list, X509_get0_pubkey(issuer)) == 1;
 }
 
-QString dayOf(const ASN1_TIME *time)
-{
-    struct tm parts = {};
-    ASN1_TIME_to_tm(time, &parts);
-    return QDate(parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday).toString(Qt::ISODate);
-}
-
 /// Whose certificate was taken back and when; empty when that was only after it had been used.
 QString revokedOn(const X509 *certificate, const ASN1_TIME *day, const QDateTime &used)
 {
@@ -77,7 +70,7 @@ QString revokedBy(X509_CRL *list, X509 *certificate, const QDateTime &used)
 void RevocationLists::addFile(const QString &path)
 {
     const Source file(path);
-    if (file.size() > kMostFile)
+    if (file.size() > kMostListFile)
         throw Problem{Problem::Kind::Key, QString("%1: is too large for a list of revoked certificates").arg(path)};
     const QByteArray bytes = file.read(0, file.size());
     const size_t before = m_lists.size();

@@ -11,12 +11,12 @@ namespace documents {
 
 namespace {
 
-constexpr qint64 kMostFile = 1 << 20;
+constexpr qint64 kMostSealFile = 1 << 20;
 
 QByteArray contentOfFile(const QString &path)
 {
     const Source file(path);
-    if (file.size() > kMostFile)
+    if (file.size() > kMostSealFile)
         throw Problem{Problem::Kind::Key, QString("%1: is too large for a key or a certificate").arg(path)};
     return file.read(0, file.size());
 }

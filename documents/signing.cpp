@@ -27,7 +27,7 @@ namespace {
 constexpr int kMarkSize = 16;
 constexpr qint64 kMostSize = 9'900'000'000; // what is added has room below ten digits
 constexpr double kSmallest = 1; // millimetres
-constexpr qint64 kPiece = 1 << 18;
+constexpr qint64 kWrittenAtOnce = 1 << 18;
 
 Problem refused(const Document::Inside &inside, const QString &why)
 {
@@ -293,9 +293,9 @@ private:
     static void write(const Assembly &assembly, QIODevice &output, const ShowProgress &progress)
     {
         const qint64 total = assembly.size();
-        for (qint64 done = 0; done < total; done += kPiece) {
+        for (qint64 done = 0; done < total; done += kWrittenAtOnce) {
             progress(done, total);
-            assembly.forEach(done, std::min(done + kPiece, total), [&](const char *bytes, qint64 count) {
+            assembly.forEach(done, std::min(done + kWrittenAtOnce, total), [&](const char *bytes, qint64 count) {
                 if (output.write(bytes, count) != count)
                     throw Problem{Problem::Kind::File, output.errorString()};
             });

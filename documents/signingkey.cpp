@@ -14,13 +14,6 @@ Problem unfit(const QString &message)
     return {Problem::Kind::Key, message};
 }
 
-QString dayOf(const ASN1_TIME *time)
-{
-    struct tm parts = {};
-    ASN1_TIME_to_tm(time, &parts);
-    return QDate(parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday).toString(Qt::ISODate);
-}
-
 } // namespace
 
 QString SigningKey::owner() const

@@ -9,7 +9,7 @@ namespace documents {
 
 namespace {
 
-constexpr qint64 kPiece = 1 << 14;
+constexpr qint64 kLookedAhead = 1 << 14;
 
 /// What is searched for objects at most, in bytes: nothing that is signed is that large where it is damaged.
 constexpr qint64 kMostSearched = qint64{1} << 28;
@@ -34,7 +34,7 @@ int SourceInput::at(qint64 place)
         return -1;
     const qint64 pieceEnd = m_pieceBegin + static_cast<qint64>(m_piece.size());
     if (place < m_pieceBegin || place >= pieceEnd) {
-        m_piece.resize(static_cast<size_t>(std::min(kPiece, m_end - place)));
+        m_piece.resize(static_cast<size_t>(std::min(kLookedAhead, m_end - place)));
         m_piece.resize(
             static_cast<size_t>(m_source.readSome(place, m_piece.data(), static_cast<qint64>(m_piece.size()))));
         m_pieceBegin = place;
@@ -48,7 +48,7 @@ int SourceInput::at(qint64 place)
 void SourceInput::noteSearch(qint64 place)
 {
     const qint64 end = place + static_cast<qint64>(m_piece.size());
-    const bool continues = place <= m_searchEnd && m_searchEnd - place < kPiece;
+    const bool continues = place <= m_searchEnd && m_searchEnd - place < kLookedAhead;
     m_searched = continues ? m_searched + std::max<qint64>(0, end - m_searchEnd) : 0;
     m_searchEnd = end;
     if (m_searched > kMostSearched)
@@ -81,12 +81,12 @@ size_t SourceInput::read(char *bytes, size_t count)
         return 0;
     const qint64 wanted = std::min(static_cast<qint64>(count), m_end - m_place);
     const qint64 held = m_pieceBegin + static_cast<qint64>(m_piece.size()) - m_place;
-    if (wanted < kPiece && (m_place < m_pieceBegin || held < wanted)) {
+    if (wanted < kLookedAhead && (m_place < m_pieceBegin || held < wanted)) {
         m_piece.clear();
         at(m_place);
     }
     qint64 size = m_pieceBegin + static_cast<qint64>(m_piece.size()) - m_place;
-    if (wanted < kPiece) {
+    if (wanted < kLookedAhead) {
         size = std::clamp<qint64>(size, 0, wanted);
         std::memcpy(bytes, m_piece.data() + (m_place - m_pieceBegin), static_cast<size_t>(size));
     } else {

@@ -13,7 +13,7 @@ namespace documents {
 
 namespace {
 
-constexpr qint64 kMostFile = 16 << 20;
+constexpr qint64 kMostTrustFile = 16 << 20;
 constexpr int kSecurityLevel = 2; // 112 bits, as of RSA 2048 and SHA-224
 
 /// Extended uses: documents (RFC 9336), e-mail, anything, and two that makers of programs have for documents.
@@ -28,7 +28,7 @@ void releaseUses(EXTENDED_KEY_USAGE *uses)
 void addFile(X509_STORE *store, const QString &path)
 {
     const Source file(path);
-    if (file.size() > kMostFile)
+    if (file.size() > kMostTrustFile)
         throw Problem{Problem::Kind::Key, QString("%1: is too large for a file of certificates").arg(path)};
     const QByteArray bytes = file.read(0, file.size());
     const BioOwner reader = bioOf(bytes);
