@@ -26,9 +26,9 @@ constexpr Option kSizeOption{
 constexpr Option kDpiOption{"dpi", "DPI", "Dots per inch of the pictures, 150 or 300.", "300", "150 300"};
 constexpr Option kUnconfirmedOption{"unconfirmed", "FILE",
     "Write the ink here when the pad is unplugged, or the time is over, before it is confirmed.", nullptr, nullptr};
-constexpr Option kOptions[] = {kModelOption, kTimeoutOption, kUnconfirmedOption, kSizeOption, kPenWidthOption,
+constexpr Option kCaptureOptions[] = {kModelOption, kTimeoutOption, kUnconfirmedOption, kSizeOption, kPenWidthOption,
     kNoPressureOption, kColourOption, kClipOption, kDpiOption, kDriverOption, kUnsafeDriverOption, kJsonOption};
-constexpr Positional kPositionals[] = {{"OUTPUT",
+constexpr Positional kCapturePositionals[] = {{"OUTPUT",
     "Files to write, each in the format that its suffix says: bmp, jpg, png, pdf, svg, ink, csv, json, inkml.", 1,
     1000}};
 
@@ -253,5 +253,5 @@ Captured captureRecord(const Arguments &arguments, const QString &model)
     return captured;
 }
 
-const Subcommand kCaptureSubcommand{
-    "capture", "Wait for a signature on a pad and write it to files.", kOptions, kPositionals, runCapture, nullptr};
+const Subcommand kCaptureSubcommand{"capture", "Wait for a signature on a pad and write it to files.", kCaptureOptions,
+    kCapturePositionals, runCapture, nullptr};

@@ -17,11 +17,11 @@ constexpr Option kToOption{"to t", "FORMAT",
     "Format of the output: ink, csv, json, inkml, png, jpg, bmp, svg or pdf. Without it the suffix says it.", nullptr,
     "ink csv json inkml png jpg bmp svg pdf"};
 constexpr Option kDpiOption{"dpi", "DPI", "Dots per inch of pictures in print, 1 to 9600.", "300", "150 300 600"};
-constexpr Option kOptions[] = {kFromOption, kToOption, kModelOption, kScaleOption, kPenWidthOption, kNoPressureOption,
-    kColourOption, kBackgroundOption, kClipOption, kDpiOption, kJsonOption};
+constexpr Option kConvertOptions[] = {kFromOption, kToOption, kModelOption, kScaleOption, kPenWidthOption,
+    kNoPressureOption, kColourOption, kBackgroundOption, kClipOption, kDpiOption, kJsonOption};
 constexpr Option kPictureOptions[] = {kModelOption, kScaleOption, kPenWidthOption, kNoPressureOption, kColourOption,
     kBackgroundOption, kClipOption, kDpiOption};
-constexpr Positional kPositionals[] = {
+constexpr Positional kConvertPositionals[] = {
     {"INPUT", "What to read; - is standard input.", 1, 1}, {"OUTPUT", "What to write; - is standard output.", 1, 1}};
 
 const InkFormat &outputFormat(const Arguments &arguments, const QString &path)
@@ -107,4 +107,4 @@ int runConvert(const Arguments &arguments)
 } // namespace
 
 const Subcommand kConvertSubcommand{
-    "convert", "Convert ink between formats, or draw it.", kOptions, kPositionals, runConvert, nullptr};
+    "convert", "Convert ink between formats, or draw it.", kConvertOptions, kConvertPositionals, runConvert, nullptr};

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr Option kOptions[] = {kModelOption, kDriverOption, kUnsafeDriverOption, kJsonOption};
+constexpr Option kDoctorOptions[] = {kModelOption, kDriverOption, kUnsafeDriverOption, kJsonOption};
 
 struct HealthName
 {
@@ -52,7 +52,7 @@ QJsonObject result(const Findings &findings, bool isWell)
     return {{"well", isWell}, {"findings", list}};
 }
 
-ApplicationKind application(const Arguments &)
+ApplicationKind applicationToLookWith(const Arguments &)
 {
     return canDrawOffscreen() ? ApplicationKind::Drawing : ApplicationKind::Plain;
 }
@@ -94,5 +94,5 @@ int runDoctor(const Arguments &arguments)
 
 } // namespace
 
-const Subcommand kDoctorSubcommand{
-    "doctor", "Look at everything that signing needs, and say how to mend it.", kOptions, {}, runDoctor, application};
+const Subcommand kDoctorSubcommand{"doctor", "Look at everything that signing needs, and say how to mend it.",
+    kDoctorOptions, {}, runDoctor, applicationToLookWith};

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr Option kOptions[] = {kModelOption, kDriverOption, kUnsafeDriverOption, kJsonOption};
+constexpr Option kInfoOptions[] = {kModelOption, kDriverOption, kUnsafeDriverOption, kJsonOption};
 
 QString libraryVersion()
 {
@@ -122,4 +122,4 @@ int runInfo(const Arguments &arguments)
 } // namespace
 
 const Subcommand kInfoSubcommand{
-    "info", "Show versions, and what the pad says about itself.", kOptions, {}, runInfo, nullptr};
+    "info", "Show versions, and what the pad says about itself.", kInfoOptions, {}, runInfo, nullptr};

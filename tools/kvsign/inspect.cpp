@@ -13,8 +13,8 @@ namespace {
 
 constexpr Option kGapOption{
     "gap g", "MILLISECONDS", "Time between two points of a stroke that counts as a gap.", "50", nullptr};
-constexpr Option kOptions[] = {kFromOption, kGapOption, kJsonOption};
-constexpr Positional kPositionals[] = {{"INPUT", "What to read; - is standard input.", 1, 1}};
+constexpr Option kInspectOptions[] = {kFromOption, kGapOption, kJsonOption};
+constexpr Positional kInspectPositionals[] = {{"INPUT", "What to read; - is standard input.", 1, 1}};
 
 QStringList notes(const InkStatistics &ink)
 {
@@ -134,4 +134,4 @@ int runInspect(const Arguments &arguments)
 } // namespace
 
 const Subcommand kInspectSubcommand{"inspect", "Say what a signature's ink is like: points, strokes, times, pressure.",
-    kOptions, kPositionals, runInspect, nullptr};
+    kInspectOptions, kInspectPositionals, runInspect, nullptr};

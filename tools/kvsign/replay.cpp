@@ -18,10 +18,10 @@ constexpr Option kFramesOption{
     "frames", "DIRECTORY", "Write pictures into this directory: frame-00001.png and so on.", nullptr, kDirectories};
 constexpr Option kFpsOption{
     "fps", "FRAMES", "With --frames: pictures a second of the replay, 0.1 to 1000.", "25", nullptr};
-constexpr Option kOptions[] = {kFromOption, kSpeedOption, kWindowOption, kCloseOption, kFramesOption, kFpsOption,
+constexpr Option kReplayOptions[] = {kFromOption, kSpeedOption, kWindowOption, kCloseOption, kFramesOption, kFpsOption,
     kModelOption, kScaleOption, kPenWidthOption, kNoPressureOption, kColourOption, kBackgroundOption, kClipOption,
     kJsonOption};
-constexpr Positional kPositionals[] = {{"INPUT", "What to read; - is standard input.", 1, 1}};
+constexpr Positional kReplayPositionals[] = {{"INPUT", "What to read; - is standard input.", 1, 1}};
 
 double speed(const Arguments &arguments)
 {
@@ -49,7 +49,7 @@ void refuseWhatDoesNothing(const Arguments &arguments)
 }
 
 /// Called before the display is opened, so that a wrong option is reported even where there is no display.
-void checkOptions(const Arguments &arguments)
+void checkReplayOptions(const Arguments &arguments)
 {
     speed(arguments);
     arguments.number(kFpsOption, 0.1, 1000);
@@ -57,9 +57,9 @@ void checkOptions(const Arguments &arguments)
     refuseWhatDoesNothing(arguments);
 }
 
-ApplicationKind application(const Arguments &arguments)
+ApplicationKind applicationToReplayIn(const Arguments &arguments)
 {
-    checkOptions(arguments);
+    checkReplayOptions(arguments);
     if (!arguments.isSet(kWindowOption))
         return ApplicationKind::Plain;
     needDisplay();
@@ -95,4 +95,4 @@ int runReplay(const Arguments &arguments)
 } // namespace
 
 const Subcommand kReplaySubcommand{"replay", "Write a signature again, as numbers, in a window or as pictures.",
-    kOptions, kPositionals, runReplay, application};
+    kReplayOptions, kReplayPositionals, runReplay, applicationToReplayIn};

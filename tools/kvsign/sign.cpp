@@ -57,13 +57,13 @@ constexpr Option kSealOption{"seal", "FILE",
     nullptr, nullptr};
 constexpr Option kFlattenOption{
     "flatten", nullptr, "Make form fields a part of the page before the first signature.", nullptr, nullptr};
-constexpr Option kOptions[] = {kPageOption, kFieldOption, kFormFieldOption, kInkOption, kFromOption, kCaptureOption,
+constexpr Option kSignOptions[] = {kPageOption, kFieldOption, kFormFieldOption, kInkOption, kFromOption, kCaptureOption,
     kTimeoutOption, kModelOption, kPenWidthOption, kNoPressureOption, kColourOption, kClipOption, kFingerprintOption,
     kCertificateOption, kPasswordFileOption, kNameOption, kReasonOption, kLocationOption, kTimestampOption, kSealOption,
     kFlattenOption, kDocumentPasswordOption, kDriverOption, kUnsafeDriverOption, kJsonOption};
 constexpr Option kInkFileOptions[] = {kFromOption, kModelOption};
 constexpr Option kPadOptions[] = {kTimeoutOption, kDriverOption, kUnsafeDriverOption};
-constexpr Positional kPositionals[] = {
+constexpr Positional kSignPositionals[] = {
     {"INPUT", "The PDF to sign.", 1, 1}, {"OUTPUT", "The signed PDF; - is standard output.", 1, 1}};
 
 constexpr double kUsualWidth = 70, kUsualHeight = 40, kUsualMargin = 15; // millimetres
@@ -87,7 +87,7 @@ bool isSameFile(const QString &one, const QString &other)
         && first.st_ino == second.st_ino;
 }
 
-void checkOptions(const Arguments &arguments)
+void checkSignOptions(const Arguments &arguments)
 {
     if (arguments.isSet(kInkOption) == arguments.isSet(kCaptureOption))
         throw misused("one of --ink and --capture says where the ink comes from");
@@ -287,11 +287,11 @@ int sign(const Arguments &arguments)
 
 int runSign(const Arguments &arguments)
 {
-    checkOptions(arguments);
+    checkSignOptions(arguments);
     return withDocuments([&] { return sign(arguments); });
 }
 
 } // namespace
 
-const Subcommand kSignSubcommand{
-    "sign", "Put ink into a PDF, with a digital signature or without.", kOptions, kPositionals, runSign, nullptr};
+const Subcommand kSignSubcommand{"sign", "Put ink into a PDF, with a digital signature or without.", kSignOptions,
+    kSignPositionals, runSign, nullptr};

@@ -17,12 +17,13 @@ namespace {
 
 constexpr Option kKeyOption{
     "key k", "FILE", "The private key (PEM or PKCS#12) of the certificate that it was sealed for.", nullptr, nullptr};
-constexpr Option kPasswordFileOption{"password-file", "FILE",
+constexpr Option kKeyPasswordFileOption{"password-file", "FILE",
     "A file whose first line is the key's password. Without it the terminal is asked.", nullptr, nullptr};
 constexpr Option kNumberOption{
     "number n", "N", "Which of several, from 1. Without it the only one that the key opens.", nullptr, nullptr};
-constexpr Option kOptions[] = {kKeyOption, kPasswordFileOption, kNumberOption, kDocumentPasswordOption, kJsonOption};
-constexpr Positional kPositionals[] = {{"INPUT", "The PDF with sealed pen data.", 1, 1},
+constexpr Option kUnsealOptions[] = {
+    kKeyOption, kKeyPasswordFileOption, kNumberOption, kDocumentPasswordOption, kJsonOption};
+constexpr Positional kUnsealPositionals[] = {{"INPUT", "The PDF with sealed pen data.", 1, 1},
     {"OUTPUT", "The ink, in the format that the suffix says; without it the ink record on standard output.", 0, 1}};
 
 /// The password is asked for once, however often the key is opened.
@@ -37,7 +38,7 @@ public:
     QByteArray operator()(const QString &what)
     {
         if (!m_password.has_value())
-            m_password = passwordOf(what, m_arguments, kPasswordFileOption);
+            m_password = passwordOf(what, m_arguments, kKeyPasswordFileOption);
         return *m_password;
     }
 
@@ -115,4 +116,4 @@ int runUnseal(const Arguments &arguments)
 } // namespace
 
 const Subcommand kUnsealSubcommand{
-    "unseal", "Open the pen data that is sealed in a PDF.", kOptions, kPositionals, runUnseal, nullptr};
+    "unseal", "Open the pen data that is sealed in a PDF.", kUnsealOptions, kUnsealPositionals, runUnseal, nullptr};

@@ -22,8 +22,8 @@ constexpr Option kTrustOption{"trust", "FILE",
     "Trust the certificates in this file (PEM) too, besides the system's. May come several times.", nullptr, nullptr};
 constexpr Option kCrlOption{"crl", "FILE",
     "A list of revoked certificates (CRL, PEM or DER) of an issuer. May come several times.", nullptr, nullptr};
-constexpr Option kOptions[] = {kTrustOption, kCrlOption, kDocumentPasswordOption, kJsonOption};
-constexpr Positional kPositionals[] = {{"INPUT", "The PDF to verify.", 1, 1}};
+constexpr Option kVerifyOptions[] = {kTrustOption, kCrlOption, kDocumentPasswordOption, kJsonOption};
+constexpr Positional kVerifyPositionals[] = {{"INPUT", "The PDF to verify.", 1, 1}};
 
 struct TrustRow
 {
@@ -196,5 +196,5 @@ int runVerify(const Arguments &arguments)
 
 } // namespace
 
-const Subcommand kVerifySubcommand{
-    "verify", "Say what the digital signatures of a PDF are worth.", kOptions, kPositionals, runVerify, nullptr};
+const Subcommand kVerifySubcommand{"verify", "Say what the digital signatures of a PDF are worth.", kVerifyOptions,
+    kVerifyPositionals, runVerify, nullptr};
