@@ -5,9 +5,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdarg>
 #include <cstdlib>
+#include <cstring>
 #include <dlfcn.h>
 #include <stdexcept>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 namespace {
 
@@ -35,6 +41,23 @@ Function face(const char *name)
 #define KV_FACE(name) face<decltype(&name)>(#name)
 
 } // namespace
+
+#ifndef KV_SANITIZED
+/// Qt calls it in each new thread to name it. The S310X's display threads, the only plain QThreads, poll without a
+/// pause while a pad is open. In tests they give way to what else the machine has to do.
+extern "C" int prctl(int option, ...)
+{
+    va_list list;
+    va_start(list, option);
+    unsigned long arguments[4];
+    for (unsigned long &argument : arguments)
+        argument = va_arg(list, unsigned long);
+    va_end(list);
+    if (option == PR_SET_NAME && std::strcmp(reinterpret_cast<const char *>(arguments[0]), "QThread") == 0)
+        setpriority(PRIO_PROCESS, 0, 10);
+    return static_cast<int>(syscall(SYS_prctl, option, arguments[0], arguments[1], arguments[2], arguments[3]));
+}
+#endif
 
 SimulatedDriver::SimulatedDriver()
 {
