@@ -119,9 +119,9 @@ TEST_F(DocumentContent, OfAnArchiveStaysAsItMustBe)
         const QByteArray added = says({"qpdf", "--qdf", "signed.pdf", "-"}).toUtf8();
         EXPECT_FALSE(added.contains("/SMask") || added.contains("/ca ") || added.contains("/Group")) << added.size();
         EXPECT_TRUE(added.contains("0 G\n") && !added.contains(" RG\n"));
-        const QJsonArray notes = signAs(
-            People::get().anna(), "page.pdf", "sealed.pdf", {"--seal", People::get().folder + "/expert.pem"})["notes"]
-                                     .toArray();
+        const QJsonArray notes =
+            signAs(People::get().anna(), "page.pdf", "sealed.pdf", {"--seal", People::get().expert() + ".pem"})["notes"]
+                .toArray();
         EXPECT_EQ(notes.size(), QByteArray(part).contains('3') ? 0 : 1);
     }
 }

@@ -62,6 +62,16 @@ protected:
         fillIn(content, begin, read("message"));
     }
 
+    /// rsa.key and rsa.pem, for whom the authority vouches; all others have elliptic curves.
+    void certifyRsa() const
+    {
+        says({"bash", "-c",
+            "set -e; cp \"$0\"/expert.key rsa.key; openssl req -new -key rsa.key -subj /CN=Rsa -out rsa.csr; openssl x509 "
+            "-req -in rsa.csr -CA authority.pem -CAkey authority.key -days 3 -extfile \"$0\"/usage.cnf -out rsa.pem 2> "
+            "/dev/null",
+            QFileInfo(People::get().expert()).path()});
+    }
+
     void fillIn(QByteArray content, int begin, const QByteArray &bytes) const
     {
         const QByteArray message = bytes.toHex();
@@ -81,13 +91,14 @@ struct Row
 TEST_F(DocumentMessage, IsReadAsItWasMade)
 {
     const char *const cades = "ETSI.CAdES.detached", *const pkcs7 = "adbe.pkcs7.detached";
+    certifyRsa();
     QStringList crowd;
     for (int i = 0; i < 9; ++i)
         crowd += "anna";
     const Row rows[] = {{cades, {"-cades"}, {"anna"}, ""}, {pkcs7, {}, {"anna"}, ""},
         {pkcs7, {"-noattr"}, {"anna"}, ""}, {pkcs7, {"-md", "sha512"}, {"ben"}, ""}, {pkcs7, {}, {"anna", "anna"}, ""},
-        {pkcs7, {"-stream"}, {"anna"}, ""}, {pkcs7, {"-keyopt", "rsa_padding_mode:pss"}, {"authority"}, ""},
-        {cades, {"-cades", "-keyopt", "rsa_padding_mode:pss"}, {"authority"}, ""},
+        {pkcs7, {"-stream"}, {"anna"}, ""}, {pkcs7, {"-keyopt", "rsa_padding_mode:pss"}, {"rsa"}, ""},
+        {cades, {"-cades", "-keyopt", "rsa_padding_mode:pss"}, {"rsa"}, ""},
         {cades, {"-noattr"}, {"anna"}, "its message signs no attributes, which its kind demands"},
         {cades, {}, {"anna"}, "it does not name the certificate that it was made with"},
         {cades, {"-cades"}, {"anna", "anna"}, "its message is not signed by exactly one"},
@@ -143,8 +154,9 @@ TEST_F(DocumentMessage, AllowsWhatItsCertificationSays)
 // Two inputs of one digest can be made, so it proves nothing.
 TEST_F(DocumentMessage, NeedsAStrongDigest)
 {
+    certifyRsa();
     for (const char *digest : {"sha1", "md5"}) {
-        writeSigned("adbe.pkcs7.detached", {"-md", digest}, {"authority"});
+        writeSigned("adbe.pkcs7.detached", {"-md", digest}, {"rsa"});
         const QJsonObject found = row(trusted("signed.pdf", 1));
         EXPECT_TRUE(found["intact"].toBool()) << digest;
         EXPECT_TRUE(found["weakAlgorithm"].toBool()) << digest;
@@ -156,8 +168,8 @@ TEST_F(DocumentMessage, NeedsAStrongDigest)
 TEST_F(DocumentMessage, IsOfTheCertificateThatItNames)
 {
     says({"bash", "-c",
-        "set -e; openssl req -x509 -newkey rsa:2048 -nodes -keyout one.key -out one.pem -days 2 -subj /CN=One 2> "
-        "/dev/null; openssl req -x509 -key one.key -out two.pem -days 2 -subj /CN=Two; cp one.key two.key"});
+        "set -e; openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -keyout one.key -out one.pem "
+        "-days 2 -subj /CN=One 2> /dev/null; openssl req -x509 -key one.key -out two.pem -days 2 -subj /CN=Two; cp one.key two.key"});
     for (const QStringList &options : {QStringList{"-cades", "-keyid"}, QStringList{"-keyid"}}) {
         const bool isNamed = options.size() == 2;
         writeSigned("adbe.pkcs7.detached", options + QStringList{"-nocerts", "-certfile", "one.pem"}, {"two"});
@@ -214,8 +226,8 @@ TEST_F(DocumentMessage, NeedsAStrongChain)
 {
     const char *const script =
         "set -e; openssl x509 -req -in \"$0/anna.csr\" -CA authority.pem -CAkey authority.key -days 3 -sha1 -out old.pem "
-        "2> /dev/null; cp anna.key old.key; openssl req -x509 -newkey rsa:2048 -nodes -keyout same.key -out same.pem -days "
-        "2 -subj '/CN=Test Authority' 2> /dev/null";
+        "2> /dev/null; cp anna.key old.key; openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes "
+        "-keyout same.key -out same.pem -days 2 -subj '/CN=Test Authority' 2> /dev/null";
     says({"bash", "-c", script, People::get().folder});
     const QPair<const char *, const char *> rows[] = {{"old", "unknown"}, {"same", "self-signed"}};
     for (const auto &entry : rows) {

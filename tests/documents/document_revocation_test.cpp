@@ -15,7 +15,8 @@ ca "$1/authority" -gencrl -crl_lastupdate 20240101000000Z -crl_nextupdate 202402
 ca "$1/authority" -revoke "$1/ben.pem"
 ca "$1/authority" -gencrl -crldays 30 -out ben.crl
 openssl crl -in ben.crl -outform DER -out ben.der
-openssl req -x509 -newkey rsa:2048 -nodes -keyout false.key -out false.pem -days 30 -subj '/CN=Test Authority' 2> /dev/null
+openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -keyout false.key \
+    -out false.pem -days 30 -subj '/CN=Test Authority' 2> /dev/null
 ca false -gencrl -crldays 30 -out false.crl)";
 
 class DocumentRevocation : public Documents

@@ -11,8 +11,9 @@ protected:
     DocumentSeal()
     {
         // The expert's key, and others: of RSA, and of an elliptic curve.
+        EXPECT_FALSE(People::get().expert().isEmpty());
         const std::pair<const char *, const char *> rows[] = {{"expert.key", "expert.key"},
-            {"expert.pem", "expert.pem"}, {"expert.p12", "expert.p12"}, {"authority.key", "other.key"},
+            {"expert.pem", "expert.pem"}, {"expert.p12", "expert.p12"}, {"other.key", "other.key"},
             {"anna.key", "ec.key"}, {"anna.pem", "ec.pem"}};
         for (const auto &row : rows)
             EXPECT_TRUE(QFile::copy(People::get().folder + "/" + row.first, file(row.second)));

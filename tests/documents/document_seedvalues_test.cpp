@@ -86,6 +86,7 @@ TEST_F(DocumentSeedValues, ChooseTheCertificate)
 {
     needAnswer("/Cert << /Ff 1 /Subject [" + hexOf("ben.pem") + "] >>", "takes certificates of other people only");
     EXPECT_EQ(signForm(People::get().ben(), {}).exitCode, 0);
+    EXPECT_FALSE(People::get().expert().isEmpty());
     needAnswer("/Cert << /Ff 2 /Issuer [" + hexOf("expert.pem") + "] >>", "takes certificates of other issuers only");
     needAnswer("/Cert << /Ff 2 /Issuer [" + hexOf("expert.pem") + hexOf("authority.pem") + "] >>", "");
     needAnswer("/Cert << /Ff 32 /KeyUsage [(0XXXXXXXX)] >>", "takes certificates for another use only");

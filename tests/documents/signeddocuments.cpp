@@ -49,21 +49,29 @@ const People &People::get()
             runProgram({"bash", "-c",
                            "set -e; printf 'secret\\n' > password; "
                            "echo 'keyUsage=digitalSignature,nonRepudiation' > usage.cnf; "
-                           "openssl req -x509 -newkey rsa:2048 -nodes -keyout authority.key "
+                           "openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -keyout authority.key "
                            "-out authority.pem -days 30 -subj '/CN=Test Authority' 2>/dev/null"},
                 people.folder);
         EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
-        const CommandResult expert = runProgram(
-            {"bash", "-c",
-                "set -e; openssl req -x509 -newkey rsa:2048 -nodes -keyout expert.key -out expert.pem -days 2 -subj "
-                "/CN=expert 2>/dev/null; openssl pkcs12 -export -inkey expert.key -in expert.pem -out expert.p12 "
-                "-passout pass:secret"},
-            people.folder);
-        EXPECT_EQ(expert.exitCode, 0) << testing::PrintToString(expert);
         makePerson(people.folder, "anna", "Anna Example");
         makePerson(people.folder, "ben", "Ben Example");
     }
     return people;
+}
+
+QString People::expert() const
+{
+    const QString files = folder + "/expert";
+    if (!QFile::exists(files + ".p12")) {
+        const CommandResult made = runProgram(
+            {"bash", "-c",
+                "set -e; openssl req -x509 -newkey rsa:2048 -nodes -keyout expert.key -out expert.pem -days 2 -subj "
+                "/CN=expert 2>/dev/null; openssl pkcs12 -export -inkey expert.key -in expert.pem -out expert.p12 "
+                "-passout pass:secret; openssl genrsa -out other.key 2048 2> /dev/null"},
+            folder);
+        EXPECT_EQ(made.exitCode, 0) << testing::PrintToString(made);
+    }
+    return files;
 }
 
 Documents::Documents()

@@ -20,6 +20,10 @@ struct People
     QString authority() const { return folder + "/authority.pem"; }
     QString password() const { return folder + "/password"; }
 
+    /// Two with keys of RSA, which take long to make, so that only what asks gets them: expert.key, .pem and .p12,
+    /// other.key.
+    QString expert() const;
+
     static const People &get();
 };
 
