@@ -26,6 +26,9 @@ target_compile_definitions(kv_test_settings INTERFACE
 if(KV_SANITIZE)
   target_compile_definitions(kv_test_settings INTERFACE KV_SANITIZED)
 endif()
+if(KV_QUICK)
+  target_compile_definitions(kv_test_settings INTERFACE KV_QUICK) # tests of chance are briefer
+endif()
 target_compile_options(kv_test_settings INTERFACE ${KV_TEST_OPTIONS})
 target_link_libraries(kv_test_settings INTERFACE GTest::gtest kv_warnings)
 
@@ -41,7 +44,8 @@ target_precompile_headers(kv_harness PRIVATE harness/testheaders.h)
 # main(), with a QApplication and without.
 add_library(kv_test_main STATIC harness/qtmain.cpp harness/testsoffile.cpp)
 add_library(kv_test_plain_main STATIC harness/plainmain.cpp harness/testsoffile.cpp)
-target_link_libraries(kv_test_main PRIVATE Qt5::Widgets kv_test_settings)
+target_link_libraries(kv_test_main PRIVATE kv_harness kv_test_settings)
+target_precompile_headers(kv_test_main REUSE_FROM kv_harness)
 target_link_libraries(kv_test_plain_main PRIVATE kv_test_settings)
 
 # The library's log files and its SVG file are in /tmp, so tests that use them must not run side by side. Each test gets a
@@ -90,15 +94,16 @@ if(KV_SANITIZE MATCHES thread)
 endif()
 
 set(KV_UNIT ${CMAKE_CURRENT_SOURCE_DIR}/unit.cmake)
-# kv_units(<variable> <program> <source>...): joins the tests into sources of up to six tests each, see unit.cmake
+# kv_units(<variable> <program> <source>...): joins the tests into sources of up to ten tests each, see unit.cmake
 function(kv_units variable program)
   set(units "")
   list(LENGTH ARGN left)
   while(left GREATER 0)
-    list(SUBLIST ARGN 0 6 sources)
+    math(EXPR parts "(${left} + 9) / 10")
+    math(EXPR count "(${left} + ${parts} - 1) / ${parts}") # of about one size, so that they are compiled side by side
+    list(SUBLIST ARGN 0 ${count} sources)
     list(REMOVE_ITEM ARGN ${sources})
     list(LENGTH ARGN left)
-    list(LENGTH sources count)
     if(count EQUAL 1)
       list(APPEND units ${sources})
       continue()
