@@ -71,7 +71,7 @@ char *CS310XSignObj::GetFPImageBase64Data(int nImageTypeID, bool bFPImageOnly)
         if (shared::get(m_nCurrentFPRawDataWithBestScore) > 0) {
             const std::lock_guard<std::mutex> writing(m_internals.pixelsLock);
             // Throws without memory for the copy: else the picture would lack the fingerprint, and nobody would know.
-            fingerprintplacement::updatePlace(*this, inkbounds::partInside(m_FPOnlyCanvas, {}));
+            fingerprintplacement::updatePlace(*this);
         }
         pFPImageBase64Data = fingerprintplacement::imageText(*this, nImageTypeID, bFPImageOnly);
     }

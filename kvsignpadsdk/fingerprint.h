@@ -7,6 +7,7 @@
 #include "contained.h"
 #include "fastways/mergecache.h"
 #include "mutexlock.h"
+#include "owedmerge.h"
 #include "padmodels.h"
 #include "sharedfields.h"
 #include "strokes.h"
@@ -18,6 +19,7 @@
 
 #include <cstring>
 #include <mutex>
+#include <new>
 #include <utility>
 
 namespace fingerprint {
@@ -80,11 +82,10 @@ void takeNewPicture(Pad &pad)
     }
 }
 
-/// The display thread's merge.
+/// The display thread's merge. Without memory it is owed, and the thread's next pass tries again.
 template <class Pad>
 void mergeShown(Pad &pad)
 {
-    // Skip this merge on bad_alloc so that the display thread survives.
     contained::run([&pad] {
         {
             const MutexLock locked(pad.m_mutexUpdateCanvas);
@@ -114,6 +115,11 @@ void showPicture(Pad &pad)
             KV_LOG(key, "<%ld>-b4 call MergeSignCanvasAndFPCanvas()...");
         }
         mergeShown(pad);
+    } else if (owedmerge::isOwed(pad)) {
+        contained::run([&pad] {
+            owedmerge::makeUp(pad);
+            strokes::requestRepaint(pad);
+        });
     }
 }
 
@@ -122,6 +128,7 @@ struct Placement
 {
     const QImage *print = nullptr;
     QRectF target{0, 0, 0, 0};
+    bool isPlaceCurrent = true; ///< false when memory was lacking for a place of its own
 };
 
 template <class Pad>
@@ -133,14 +140,15 @@ Placement placement(Pad &pad, const logging::Key &key)
         const QRectF target = centred(pad.m_canvas.width(), pad.m_canvas.height());
         KV_LOG(key, "<%ld>-dblTargetFPHeight=%f, dblTargetFPWidth=%f", target.height(), target.width());
         KV_LOG(key, "<%ld>-dblTargetFPX=%f, dblTargetFPY=%f", target.left(), target.top());
-        return {&pad.m_FPOnlyCanvas, target};
+        return {&pad.m_FPOnlyCanvas, target, true};
     }
     case NFPPA_SIGN_FP_SAME_WIDGET:
         KV_LOG(key, "<%ld>-m_nNewFPProcessActionID == NFPPA_SIGN_FP_SAME_WIDGET");
-        return {&pad.m_FPOnlyCanvas, targetOf(pad.m_NewFPRect)};
+        return {&pad.m_FPOnlyCanvas, targetOf(pad.m_NewFPRect), true};
     case NFPPA_SIGN_FP_DIFFERENT_WIDGET:
         KV_LOG(key, "<%ld>-m_nNewFPProcessActionID == NFPPA_SIGN_FP_DIFFERENT_WIDGET");
-        pad.updateFingerprintPlace();
+        if (!contained::run([&pad] { pad.updateFingerprintPlace(); }))
+            return {nullptr, {0, 0, 0, 0}, false}; // the canvas gets its ink all the same
         return {};
     case NFPPA_FP_ON_CANVAS_FROM_JS:
         KV_LOG(key, "<%ld>-m_nNewFPProcessActionID == NFPPA_FP_ON_CANVAS_FROM_JS");
@@ -150,12 +158,9 @@ Placement placement(Pad &pad, const logging::Key &key)
     }
 }
 
-/// Composes the shown canvas from ink and fingerprint. Takes no lock: the caller holds the canvas lock and pixelsLock.
 template <class Pad>
-void merge(Pad &pad)
+void mergeOnce(Pad &pad, const logging::Key &key)
 {
-    static constexpr logging::Key key{Pad::row.scope, "MergeSignCanvasAndFPCanvas()"};
-    KV_LOG(key, "<%ld>-Enter...");
     const Placement placed = placement(pad, key);
     KV_LOG(key, "<%ld>-rcTargetFP.left=%f, top=%f, width=%f, height=%f", placed.target.left(), placed.target.top(),
         placed.target.width(), placed.target.height());
@@ -164,6 +169,25 @@ void merge(Pad &pad)
     const MergeCache::Parts parts{pad.m_canvas, pad.m_SignCanvas, placed.print, placed.target};
     if (!pad.m_internals.mergeCache.mergeSegment(parts))
         pad.m_internals.mergeCache.mergeWhole(parts);
+    if (!placed.isPlaceCurrent)
+        throw std::bad_alloc();
+}
+
+/// Composes the shown canvas from ink and fingerprint. Takes no lock: the caller holds the canvas lock and pixelsLock.
+/// @throws std::bad_alloc, and the merge is owed then
+template <class Pad>
+void merge(Pad &pad)
+{
+    static constexpr logging::Key key{Pad::row.scope, "MergeSignCanvasAndFPCanvas()"};
+    KV_LOG(key, "<%ld>-Enter...");
+    try {
+        mergeOnce(pad, key);
+    } catch (...) {
+        pad.m_internals.mergeIsOwed = true;
+        throw;
+    }
+    if (pad.m_internals.mergeIsOwed)
+        pad.m_internals.mergeIsOwed = false;
     KV_LOG(key, "<%ld>-leave !");
 }
 

@@ -154,12 +154,13 @@ struct Wanted
     int imageTypeID;
 };
 
+/// @throws std::bad_alloc
 template <class Place>
 QImage chosen(Place &place)
 {
     const QImage canvas = [&place] {
         const std::lock_guard<std::mutex> reading(place.pixelsLock);
-        return place.m_canvas.copy();
+        return inkbounds::partInside(place.m_canvas, {});
     }();
     if (place.m_bClipImage)
         return inkbounds::partInside(canvas, inkbounds::clipRect(place, canvas));

@@ -8,6 +8,8 @@
 #include "cs310xfpwidget.h"
 #include "fingerprint.h"
 #include "fingerprintplace.h"
+#include "inkbounds.h"
+#include "owedmerge.h"
 #include "padmodels.h"
 #include "sharedfields.h"
 #include "widgetthread.h"
@@ -33,18 +35,20 @@ bool withPlace(Pad &pad, Visit visit)
     return true;
 }
 
+/// @throws std::bad_alloc
 template <class Pad>
 QImage layer(Pad &pad)
 {
     const std::lock_guard<std::mutex> reading(pad.m_internals.pixelsLock);
-    return pad.m_FPOnlyCanvas.copy();
+    return inkbounds::partInside(pad.m_FPOnlyCanvas, {});
 }
 
-/// The caller holds pixelsLock.
+/// Shows the layer in the newest place. The caller holds pixelsLock.
+/// @throws std::bad_alloc
 template <class Pad>
-void updatePlace(Pad &pad, const QImage &layer)
+void updatePlace(Pad &pad)
 {
-    withPlace(pad, [&](auto &place) { place.UpdateFPImage(layer); });
+    withPlace(pad, [&](auto &place) { place.UpdateFPImage(inkbounds::partInside(pad.m_FPOnlyCanvas, {})); });
 }
 
 template <class Pad>
@@ -115,6 +119,7 @@ template <class Pad>
 char *imageText(Pad &pad, int nImageTypeID, bool bFPImageOnly)
 {
     char *text = nullptr;
+    owedmerge::makeUp(pad);
     const std::lock_guard<std::mutex> staying(pad.m_internals.pixelsLock);
     withPlace(pad, [&](auto &place) {
         text = place.EncodeBase64SignImage(shared::get(pad.m_bClipImage), shared::get(pad.m_nSaveImageClipMarginX),

@@ -11,6 +11,7 @@
 #include "inkpoints.h"
 #include "inkrecord.h"
 #include "mutexlock.h"
+#include "owedmerge.h"
 #include "privatefile.h"
 #include "sharedfields.h"
 #include "svgdrawing.h"
@@ -35,9 +36,11 @@ QRect placeOfFingerprint(Pad &pad)
 }
 
 /// The part of the canvas that an image text shows. Call it with the canvas locked.
+/// @throws std::bad_alloc
 template <class Pad>
 QImage chosen(Pad &pad, bool mayCutToFingerprint)
 {
+    owedmerge::makeUpLocked(pad);
     if (shared::get(pad.m_bClipImage))
         return inkbounds::partInside(pad.m_canvas, inkbounds::clipRect(pad, pad.m_canvas));
     if constexpr (Pad::row.has(CutsTextsToFingerprint)) {

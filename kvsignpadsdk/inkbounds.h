@@ -4,6 +4,7 @@
 #define INKBOUNDS_H
 
 #include "LogFileUtil.h"
+#include "owedmerge.h"
 #include "sharedfields.h"
 
 #include <QColor>
@@ -52,6 +53,7 @@ void makeWhiteTransparent(QImage &image);
 template <class Pad>
 QImage snapshot(Pad &pad)
 {
+    owedmerge::makeUp(pad);
     const std::lock_guard<std::mutex> reading(pad.m_internals.pixelsLock);
     return partInside(pad.m_canvas, QRect());
 }

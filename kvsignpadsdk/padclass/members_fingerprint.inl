@@ -16,6 +16,6 @@ void KV_PAD::FreeFPImageBase64Data(char *pFPImageBase64Data) { fingerprintplacem
 
 QImage KV_PAD::fingerprintLayer() { return fingerprintplacement::layer(*this); }
 void KV_PAD::stopDisplayThread(const logging::Key &key) { fingerprint::stopDisplay(*this, key); }
-void KV_PAD::updateFingerprintPlace() { fingerprintplacement::updatePlace(*this, m_FPOnlyCanvas.copy()); }
+void KV_PAD::updateFingerprintPlace() { fingerprintplacement::updatePlace(*this); }
 void KV_PAD::clearFingerprintPlace() { fingerprintplacement::clearPlace(*this); }
 void KV_PAD::releaseFingerprintPlaces() { fingerprintplacement::releasePlaces(*this); }

@@ -1,0 +1,236 @@
+// A fingerprint that comes while there is no memory to show it is in every picture all the same, and shown as soon as
+// there is memory. A point that there is no memory to draw is kept.
+#include "quietpad.h"
+
+#include "fingerprints.h"
+#include "repaintrequest.h"
+
+#include <QThread>
+
+#include <atomic>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <thread>
+#include <unistd.h>
+
+extern "C" {
+void *__libc_malloc(size_t size);
+void *__libc_calloc(size_t count, size_t size);
+void *__libc_realloc(void *memory, size_t size);
+}
+
+namespace {
+
+std::atomic<bool> isScarce{false}; ///< then only the main thread gets memory
+std::atomic<int> refused{0};
+std::atomic<int> most{INT_MAX}; ///< that are refused
+thread_local bool isMain = false; ///< the first thread that asks
+
+bool refuses()
+{
+    if (!isScarce || isMain || refused >= most)
+        return false;
+    ++refused;
+    errno = ENOMEM;
+    return true;
+}
+
+} // namespace
+
+extern "C" {
+void *malloc(size_t size)
+{
+    return refuses() ? nullptr : __libc_malloc(size);
+}
+
+void *calloc(size_t count, size_t size)
+{
+    return refuses() ? nullptr : __libc_calloc(count, size);
+}
+
+void *realloc(void *memory, size_t size)
+{
+    return refuses() ? nullptr : __libc_realloc(memory, size);
+}
+}
+
+namespace {
+
+constexpr int kRidges = 10; ///< red pixels that a fingerprint has at least; the ink has none
+
+constexpr int kFirstTry = 3; ///< refusals that one merge meets at most: its own, and its exception's
+
+enum class Place
+{
+    Centred,
+    OnTheInk,
+    OfItsOwn
+};
+
+struct Row
+{
+    const char *name;
+    PadCase pad;
+    Place place;
+};
+
+const Row kRows[] = {{"CentredInWidget", {&kS310XFamily, false}, Place::Centred},
+    {"CentredHeadless", {&kS310XFamily, true}, Place::Centred}, {"OnTheInk", {&kS310XFamily, false}, Place::OnTheInk},
+    {"OfItsOwn", {&kS310XFamily, false}, Place::OfItsOwn}};
+
+class OwedMerge : public testing::TestWithParam<Row>
+{
+protected:
+    OwedMerge()
+        : pad(GetParam().pad)
+    {
+        isMain = true;
+        EXPECT_EQ(chdir(KV_QUIET_DRIVER_DIRECTORY), 0);
+        EXPECT_TRUE(pad.open());
+        QWidget *const parent = GetParam().place == Place::OfItsOwn ? &other : pad.window();
+        other.resize(60, 60);
+        other.show();
+        if (GetParam().place != Place::Centred)
+            EXPECT_EQ(KVS310X_SetDisplayedFPImageAt(pad.type(), parent, 0, 0, 5, 5, 40, 50), ARI_SUCCESS);
+        pad.signAnew();
+    }
+    ~OwedMerge() override { isScarce = false; }
+
+    QWidget *signingWidget()
+    {
+        return pad.window() == nullptr ? nullptr
+                                       : pad.window()->findChild<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+    }
+
+    /// The picture with the fingerprint: on a place of its own, that place's.
+    QImage picture() const
+    {
+        const bool isApart = GetParam().place == Place::OfItsOwn;
+        char *const text = isApart ? KVS310X_GetFPImageBase64Data(pad.type(), EBITI_BITMAP, false)
+                                   : KVS310X_Base64EncodeEx(pad.type(), EBITI_BITMAP, false);
+        const QImage image =
+            QImage::fromData(QByteArray::fromBase64(text), "BMP").convertToFormat(QImage::Format_ARGB32);
+        if (isApart)
+            KVS310X_FreeFPImageBase64Data(pad.type(), text);
+        else
+            KVS310X_Base64EncodeExFree(pad.type(), text);
+        return image;
+    }
+
+    static int redOf(const QImage &image)
+    {
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                count += qRed(image.pixel(x, y)) > 200 && qGreen(image.pixel(x, y)) < 100;
+        return count;
+    }
+
+    /// What the person sees of the fingerprint.
+    int shownRed()
+    {
+        QWidget *const widget = GetParam().place == Place::OfItsOwn ? fingerprintWidget(other) : signingWidget();
+        return widget == nullptr ? redOf(picture()) : redOf(painted(*widget));
+    }
+
+    QWidget other;
+    QuietPad pad;
+};
+
+INSTANTIATE_TEST_SUITE_P(
+    Places, OwedMerge, testing::ValuesIn(kRows), [](const auto &row) { return std::string(row.param.name); });
+
+TEST_P(OwedMerge, IsMadeUpForByWhoAsksForThePicture)
+{
+    EXPECT_EQ(redOf(picture()), 0);
+    refused = 0;
+    isScarce = true;
+    pad.fingerprint(50);
+    ASSERT_TRUE(becomes([] { return refused > kFirstTry; })); // the display thread could not merge
+    const QImage whole = picture();
+    isScarce = false;
+    EXPECT_GT(redOf(whole), kRidges);
+    ASSERT_TRUE(becomes([&] { return shownRed() > kRidges; }));
+    EXPECT_EQ(picture(), whole);
+}
+
+TEST_P(OwedMerge, IsMadeUpForOnceThereIsMemory)
+{
+    refused = 0;
+    isScarce = true;
+    pad.fingerprint(50);
+    ASSERT_TRUE(becomes([] { return refused > kFirstTry; })); // and tried again
+    isScarce = false;
+    EXPECT_TRUE(becomes([&] { return shownRed() > kRidges; }));
+}
+
+class PointWithoutMemory : public testing::TestWithParam<PadCase>
+{
+};
+INSTANTIATE_TEST_SUITE_P(AllPads, PointWithoutMemory, testing::ValuesIn(allPads()), padCaseName);
+
+TEST_P(PointWithoutMemory, ToDrawItIsKept)
+{
+    isMain = true;
+    ASSERT_EQ(chdir(KV_QUIET_DRIVER_DIRECTORY), 0);
+    QuietPad pad(GetParam());
+    ASSERT_TRUE(pad.open());
+    const RawArea area = rawArea(pad.type());
+    const auto at = [&](int step, int status) {
+        pad.packet(area.offsetX + area.spanX * step / 9, area.offsetY + area.spanY * 4 / 9, 300, status);
+    };
+    at(2, KVSPDARI_PS_PEN_DOWN);
+    refused = 0;
+    most = 1; // the first is for the brush; there is memory for the point
+    isMain = false;
+    isScarce = true;
+    at(4, KVSPDARI_PS_PEN_MOVE);
+    isScarce = false;
+    isMain = true;
+    most = INT_MAX;
+    EXPECT_EQ(refused, 1);
+    EXPECT_EQ(pad->GetTotalInkPointsNumber(pad.type()), 2);
+    at(5, KVSPDARI_PS_PEN_MOVE); // and what was not drawn is drawn with the next one
+    at(5, KVSPDARI_PS_PEN_UP);
+    const QImage picture = QImage::fromData(QByteArray::fromBase64(pad.picture().c_str()), "BMP");
+    EXPECT_NE(picture.pixel(picture.width() * 3 / 9, picture.height() * 4 / 9) | 0xff000000, 0xffffffff);
+}
+
+class CountingWidget : public QWidget
+{
+public:
+    int paints = 0;
+
+protected:
+    void paintEvent(QPaintEvent *) override { ++paints; }
+};
+
+TEST(RepaintWithoutMemory, IsAskedForAgain)
+{
+    isMain = true;
+    CountingWidget widget;
+    widget.show();
+    RepaintRequest request;
+    ASSERT_TRUE(becomes([&] { return widget.paints > 0; }));
+    const auto ask = [&](bool fails) {
+        std::thread([&] {
+            QThread::currentThread(); // asks for memory at first
+            isScarce = fails;
+            try {
+                request.make(widget);
+                EXPECT_FALSE(fails);
+            } catch (const std::bad_alloc &) {
+                isScarce = false;
+                EXPECT_TRUE(fails);
+            }
+            isScarce = false;
+        }).join();
+    };
+    ask(true);
+    const int before = widget.paints;
+    ask(false);
+    EXPECT_TRUE(becomes([&] { return widget.paints > before; }));
+}
+
+} // namespace
