@@ -56,7 +56,8 @@ template <class Pad>
 void drawMove(Pad &pad, const logging::Key &key, int nX, int nY, int nP)
 {
     const Position at = mapped(pad, nX, nY, nP);
-    pad.StartSignOnCanvas(at.x, at.y, at.pressure);
+    // Without memory the canvas lacks this segment until the next one; the point is kept all the same.
+    contained::run([&] { pad.StartSignOnCanvas(at.x, at.y, at.pressure); });
     KV_LOG(key, "<%ld>-Pen_Move, dblSignWndX=%f, dblSignWndY=%f, dblSignWndPressure=%f", at.x, at.y, at.pressure);
     inkpoints::append(pad, nX, nY, nP);
     if constexpr (Pad::row.has(PushesLive))
