@@ -8,7 +8,17 @@ void RepaintRequest::make(QWidget &widget)
     if (QThread::currentThread() == widget.thread())
         widget.update();
     else if (!m_pending.exchange(true))
+        post(widget);
+}
+
+void RepaintRequest::post(QWidget &widget)
+{
+    try {
         QMetaObject::invokeMethod(&widget, "update", Qt::QueuedConnection);
+    } catch (...) {
+        m_pending.store(false); // else the widget would never be painted again
+        throw;
+    }
 }
 
 void RepaintRequest::letPaint() const

@@ -12,6 +12,7 @@ class RepaintRequest
 {
 public:
     /// Calls the widget's update(), directly on its own thread, otherwise posted. Any thread, while the widget lives.
+    /// @throws std::bad_alloc, and the next request is posted again
     void make(QWidget &widget);
 
     /// Call it first in the paint handler: anything drawn after this needs a new request.
@@ -25,6 +26,8 @@ public:
     void letPaint() const;
 
 private:
+    void post(QWidget &widget);
+
     std::atomic<bool> m_pending{false};
     std::atomic<bool> m_waiting{false};
 };
