@@ -91,8 +91,9 @@ protected:
         QWidget *const parent = GetParam().place == Place::OfItsOwn ? &other : pad.window();
         other.resize(60, 60);
         other.show();
-        if (GetParam().place != Place::Centred)
+        if (GetParam().place != Place::Centred) {
             EXPECT_EQ(KVS310X_SetDisplayedFPImageAt(pad.type(), parent, 0, 0, 5, 5, 40, 50), ARI_SUCCESS);
+        }
         pad.signAnew();
     }
     ~OwedMerge() override { isScarce = false; }
