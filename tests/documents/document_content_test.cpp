@@ -31,12 +31,11 @@ protected:
     void needInk(const QRectF &expected) const
     {
         signPage("page.pdf", "signed.pdf", {"--field", "20,30,60x40", "--color", "red"});
-        for (const QStringList &program :
-            {QStringList{"pdftoppm", "-singlefile", "-png", "-r", "100", "signed.pdf", "drawn"},
-                QStringList{"mutool", "draw", "-q", "-r", "100", "-o", "drawn.png", "signed.pdf", "1"}}) {
-            QFile::remove(file("drawn.png"));
+        for (const QStringList &program : {QStringList{"pdftoppm", "-singlefile", "-r", "100", "signed.pdf", "drawn"},
+                 QStringList{"mutool", "draw", "-q", "-r", "100", "-o", "drawn.ppm", "signed.pdf", "1"}}) {
+            QFile::remove(file("drawn.ppm"));
             runProgram(program, file("."));
-            const QRectF box = redBox(QImage(file("drawn.png")), 100);
+            const QRectF box = redBox(QImage(file("drawn.ppm")), 100);
             for (const double off : {box.left() - expected.left(), box.top() - expected.top(),
                      box.right() - expected.right(), box.bottom() - expected.bottom()})
                 EXPECT_NEAR(off, 0, 0.3) << program.first().toStdString();

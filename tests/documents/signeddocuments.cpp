@@ -136,11 +136,11 @@ QImage Documents::drawn(const QString &program, const QString &name, int dpi, in
 {
     const QString resolution = QString::number(dpi), number = QString::number(page);
     if (program == "mutool")
-        says({"mutool", "draw", "-q", "-p", password, "-r", resolution, "-o", "drawn.png", name, number});
+        says({"mutool", "draw", "-q", "-p", password, "-r", resolution, "-o", "drawn.ppm", name, number});
     else
         says({"pdftoppm", "-upw", password, "-cropbox", "-r", resolution, "-f", number, "-l", number, "-singlefile",
-            "-png", name, "drawn"});
-    return QImage(file("drawn.png"));
+            name, "drawn"});
+    return QImage(file("drawn.ppm")); // packing it as a PNG would take longer than drawing it
 }
 
 void Documents::needSound(const QString &name, const QStringList &options) const

@@ -30,9 +30,9 @@ protected:
     // The page as a picture.
     QImage page(int dotsPerInch) const
     {
-        outputOf("pdftoppm",
-            {"-png", "-singlefile", "-r", QString::number(dotsPerInch), files.path("sig.pdf"), files.path("page")});
-        return QImage(files.path("page.png")).convertToFormat(QImage::Format_ARGB32);
+        outputOf(
+            "pdftoppm", {"-singlefile", "-r", QString::number(dotsPerInch), files.path("sig.pdf"), files.path("page")});
+        return QImage(files.path("page.ppm")).convertToFormat(QImage::Format_ARGB32);
     }
 
     OpenPad pad;

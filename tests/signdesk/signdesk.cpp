@@ -250,9 +250,9 @@ QImage drawnPdf(const QString &path, int page)
     const QTemporaryDir directory;
     const QString number = QString::number(page);
     const CommandResult result = runProgram(
-        {"pdftoppm", "-r", "144", "-f", number, "-l", number, "-singlefile", "-png", path, "page"}, directory.path());
+        {"pdftoppm", "-r", "144", "-f", number, "-l", number, "-singlefile", path, "page"}, directory.path());
     EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(result);
-    return QImage(directory.filePath("page.png"));
+    return QImage(directory.filePath("page.ppm"));
 }
 
 QRectF inPoints(const QRect &dots)

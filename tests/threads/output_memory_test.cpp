@@ -15,7 +15,7 @@ constexpr long kPointBytes = 24;
 class LongSignature : public testing::TestWithParam<PadCase>
 {
 protected:
-    static constexpr int kMoves = 40000;
+    static constexpr int kMoves = 16000;
 
     LongSignature()
         : pad(GetParam(), 60, 40)
