@@ -23,11 +23,11 @@ constexpr int kConfirmed = 1;
 
 constexpr Option kSizeOption{
     "size", "WIDTHxHEIGHT", "The canvas in pixels. Without it 800 wide, as the writing area is.", nullptr, nullptr};
-constexpr Option kDpiOption{"dpi", "DPI", "Dots per inch of the pictures, 150 or 300.", "300", "150 300"};
+constexpr Option kCaptureDpiOption{"dpi", "DPI", "Dots per inch of the pictures, 150 or 300.", "300", "150 300"};
 constexpr Option kUnconfirmedOption{"unconfirmed", "FILE",
     "Write the ink here when the pad is unplugged, or the time is over, before it is confirmed.", nullptr, nullptr};
 constexpr Option kCaptureOptions[] = {kModelOption, kTimeoutOption, kUnconfirmedOption, kSizeOption, kPenWidthOption,
-    kNoPressureOption, kColourOption, kClipOption, kDpiOption, kDriverOption, kUnsafeDriverOption, kJsonOption};
+    kNoPressureOption, kColourOption, kClipOption, kCaptureDpiOption, kDriverOption, kUnsafeDriverOption, kJsonOption};
 constexpr Positional kCapturePositionals[] = {{"OUTPUT",
     "Files to write, each in the format that its suffix says: bmp, jpg, png, pdf, svg, ink, csv, json, inkml.", 1,
     1000}};
@@ -209,7 +209,7 @@ CaptureState confirmedState(const HeadlessPad &pad, int seconds, CaptureOutputs 
 int runCapture(const Arguments &arguments)
 {
     const int seconds = arguments.wholeNumber(kTimeoutOption, 0, 86400);
-    const int dpi = arguments.choice(kDpiOption).toInt();
+    const int dpi = arguments.choice(kCaptureDpiOption).toInt();
     const QSize size = canvasSize(arguments);
     const ClipMargin margin = clipMargin(arguments);
     colour(arguments, kColourOption);

@@ -16,11 +16,12 @@ namespace {
 constexpr Option kToOption{"to t", "FORMAT",
     "Format of the output: ink, csv, json, inkml, png, jpg, bmp, svg or pdf. Without it the suffix says it.", nullptr,
     "ink csv json inkml png jpg bmp svg pdf"};
-constexpr Option kDpiOption{"dpi", "DPI", "Dots per inch of pictures in print, 1 to 9600.", "300", "150 300 600"};
+constexpr Option kConvertDpiOption{
+    "dpi", "DPI", "Dots per inch of pictures in print, 1 to 9600.", "300", "150 300 600"};
 constexpr Option kConvertOptions[] = {kFromOption, kToOption, kModelOption, kScaleOption, kPenWidthOption,
-    kNoPressureOption, kColourOption, kBackgroundOption, kClipOption, kDpiOption, kJsonOption};
+    kNoPressureOption, kColourOption, kBackgroundOption, kClipOption, kConvertDpiOption, kJsonOption};
 constexpr Option kPictureOptions[] = {kModelOption, kScaleOption, kPenWidthOption, kNoPressureOption, kColourOption,
-    kBackgroundOption, kClipOption, kDpiOption};
+    kBackgroundOption, kClipOption, kConvertDpiOption};
 constexpr Positional kConvertPositionals[] = {
     {"INPUT", "What to read; - is standard input.", 1, 1}, {"OUTPUT", "What to write; - is standard output.", 1, 1}};
 
@@ -73,7 +74,7 @@ int runConvert(const Arguments &arguments)
 {
     const QString path = arguments.positionals().at(1);
     const InkFormat &format = outputFormat(arguments, path);
-    const int dpi = arguments.wholeNumber(kDpiOption, 1, 9600);
+    const int dpi = arguments.wholeNumber(kConvertDpiOption, 1, 9600);
     checkPictureOptions(arguments);
     if (format.draw == nullptr)
         arguments.refuseIdle(kPictureOptions, "when no picture is drawn");
