@@ -169,7 +169,8 @@ TEST_F(DocumentMessage, IsOfTheCertificateThatItNames)
 {
     says({"bash", "-c",
         "set -e; openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -keyout one.key -out one.pem "
-        "-days 2 -subj /CN=One 2> /dev/null; openssl req -x509 -key one.key -out two.pem -days 2 -subj /CN=Two; cp one.key two.key"});
+        "-days 2 -subj /CN=One 2> /dev/null; openssl req -x509 -key one.key -out two.pem -days 2 -subj /CN=Two; "
+        "cp one.key two.key"});
     for (const QStringList &options : {QStringList{"-cades", "-keyid"}, QStringList{"-keyid"}}) {
         const bool isNamed = options.size() == 2;
         writeSigned("adbe.pkcs7.detached", options + QStringList{"-nocerts", "-certfile", "one.pem"}, {"two"});

@@ -166,8 +166,9 @@ TEST_F(DocumentVerify, TrustsNoCertificateOfAWebServer)
         {"bash", "-c",
             "set -e; for use in serverAuth emailProtection 1.3.6.1.5.5.7.3.36; do "
             "openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -keyout s.key -out $use.pem -days 1 "
-            "-subj '/CN=www.example' -addext extendedKeyUsage=$use 2> /dev/null; openssl pkcs12 -export -inkey s.key -in $use.pem -out $use.p12 -passout "
-            "pass:; done; openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -keyout s.key -out plain.pem "
+            "-subj '/CN=www.example' -addext extendedKeyUsage=$use 2> /dev/null; "
+            "openssl pkcs12 -export -inkey s.key -in $use.pem -out $use.p12 -passout pass:; done; "
+            "openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -keyout s.key -out plain.pem "
             "-days 1 -subj /CN=x 2> /dev/null"},
         file("."));
     ASSERT_EQ(made.exitCode, 0) << testing::PrintToString(made);
