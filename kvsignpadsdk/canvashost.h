@@ -4,8 +4,10 @@
 #define CANVASHOST_H
 
 #include "LogFileUtil.h"
+#include "contained.h"
 #include "modelrules.h"
 #include "mutexlock.h"
+#include "owedmerge.h"
 #include "padmodels.h"
 #include "sharedfields.h"
 #include "signmapping.h"
@@ -98,12 +100,14 @@ void resize(Pad &pad)
     const int height = pad.height();
     fillContext(pad, width, height);
     const MutexLock locked(pad.m_mutexUpdateCanvas);
+    contained::run([&pad] { owedmerge::makeUpLocked(pad); });
     const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
     pad.m_internals.brush.release();
     pad.m_canvas = grown(pad.m_canvas, width, height);
     if constexpr (Pad::row.model.hasFingerprintSensor) {
         pad.clearCanvas(pad.m_SignCanvas, width, height);
         pad.clearCanvas(pad.m_FPOnlyCanvas, kFingerprintWidth, kFingerprintHeight);
+        owedmerge::forget(pad); // of empty layers, it would take away the picture
     }
     coverWhatIsBehind(pad, !pad.m_canvas.isNull());
     pad.update();

@@ -66,15 +66,8 @@ char *CS310XSignObj::GetFPImageBase64Data(int nImageTypeID, bool bFPImageOnly)
     static constexpr logging::Key key{row.scope, "GetFPImageBase64Data()"};
     KV_LOG(key, "<%ld>-enter, nImageTypeID=%d, bFPImageOnly=%d", nImageTypeID, bFPImageOnly);
     char *pFPImageBase64Data = nullptr;
-    if (shared::get(m_nNewFPProcessActionID) == NFPPA_FP_ON_CANVAS_FROM_JS) {
-        // The merge does not update this place, so do it here.
-        if (shared::get(m_nCurrentFPRawDataWithBestScore) > 0) {
-            const std::lock_guard<std::mutex> writing(m_internals.pixelsLock);
-            // Throws without memory for the copy: else the picture would lack the fingerprint, and nobody would know.
-            fingerprintplacement::updatePlace(*this);
-        }
+    if (shared::get(m_nNewFPProcessActionID) == NFPPA_FP_ON_CANVAS_FROM_JS)
         pFPImageBase64Data = fingerprintplacement::imageText(*this, nImageTypeID, bFPImageOnly);
-    }
     KV_LOG(key, "<%ld>-leave with pFPImageBase64Data=%lx !", logging::address(pFPImageBase64Data));
     return pFPImageBase64Data;
 }

@@ -16,6 +16,7 @@
 #include <QImage>
 #include <QRect>
 #include <QRectF>
+#include <QThread>
 
 #include <cstring>
 #include <mutex>
@@ -87,12 +88,12 @@ template <class Pad>
 void mergeShown(Pad &pad)
 {
     contained::run([&pad] {
+        const MutexLock locked(pad.m_mutexUpdateCanvas);
         {
-            const MutexLock locked(pad.m_mutexUpdateCanvas);
             const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
             pad.MergeSignCanvasAndFPCanvas();
         }
-        strokes::requestRepaint(pad);
+        strokes::requestRepaint(pad); // under the lock, as what is owed is forgotten under it
     });
 }
 
@@ -115,11 +116,8 @@ void showPicture(Pad &pad)
             KV_LOG(key, "<%ld>-b4 call MergeSignCanvasAndFPCanvas()...");
         }
         mergeShown(pad);
-    } else if (owedmerge::isOwed(pad)) {
-        contained::run([&pad] {
-            owedmerge::makeUp(pad);
-            strokes::requestRepaint(pad);
-        });
+    } else if (owedmerge::isOwed(pad) && !contained::run([&pad] { owedmerge::makeUp(pad); })) {
+        QThread::msleep(20); // else the locks and the log would belong to this thread until there is memory
     }
 }
 
@@ -167,7 +165,8 @@ void mergeOnce(Pad &pad, const logging::Key &key)
     KV_LOG(key, "<%ld>-rcSourceFP.left=%f, top=%f, width=%f, height=%f", 0.0, 0.0, 1.0 * kFingerprintWidth,
         1.0 * kFingerprintHeight);
     const MergeCache::Parts parts{pad.m_canvas, pad.m_SignCanvas, placed.print, placed.target};
-    if (!pad.m_internals.mergeCache.mergeSegment(parts))
+    // While a merge is owed, other segments may be missing too.
+    if (!pad.m_internals.mergeCache.mergeSegment(parts) || owedmerge::isOwed(pad))
         pad.m_internals.mergeCache.mergeWhole(parts);
     if (!placed.isPlaceCurrent)
         throw std::bad_alloc();
@@ -180,14 +179,8 @@ void merge(Pad &pad)
 {
     static constexpr logging::Key key{Pad::row.scope, "MergeSignCanvasAndFPCanvas()"};
     KV_LOG(key, "<%ld>-Enter...");
-    try {
-        mergeOnce(pad, key);
-    } catch (...) {
-        pad.m_internals.mergeIsOwed = true;
-        throw;
-    }
-    if (pad.m_internals.mergeIsOwed)
-        pad.m_internals.mergeIsOwed = false;
+    owedmerge::orOwed(pad, [&] { mergeOnce(pad, key); });
+    owedmerge::forget(pad);
     KV_LOG(key, "<%ld>-leave !");
 }
 

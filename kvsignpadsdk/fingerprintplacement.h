@@ -55,6 +55,8 @@ template <class Pad>
 void clearPlace(Pad &pad)
 {
     const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
+    if constexpr (Pad::row.host == Host::Widget)
+        owedmerge::forget(pad); // it would bring the fingerprint back
     withPlace(pad, [](auto &place) { place.Clear(); });
 }
 
@@ -118,8 +120,19 @@ void releasePlaces(Pad &pad)
 template <class Pad>
 char *imageText(Pad &pad, int nImageTypeID, bool bFPImageOnly)
 {
+    // Without memory the text is empty: else it would lack the fingerprint, and nobody would know.
+    const bool isCurrent = contained::run([&pad] {
+        if constexpr (Pad::row.host == Host::Widget) {
+            owedmerge::makeUp(pad);
+        } else if (shared::get(pad.m_nCurrentFPRawDataWithBestScore)
+            > 0) { // the merge does not update a headless place
+            const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
+            updatePlace(pad);
+        }
+    });
+    if (!isCurrent)
+        return base64text::newText(QByteArray());
     char *text = nullptr;
-    owedmerge::makeUp(pad);
     const std::lock_guard<std::mutex> staying(pad.m_internals.pixelsLock);
     withPlace(pad, [&](auto &place) {
         text = place.EncodeBase64SignImage(shared::get(pad.m_bClipImage), shared::get(pad.m_nSaveImageClipMarginX),

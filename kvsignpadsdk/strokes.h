@@ -4,10 +4,12 @@
 #define STROKES_H
 
 #include "LogFileUtil.h"
+#include "contained.h"
 #include "fastways/inkpen.h"
 #include "fastways/mergecache.h"
 #include "modelrules.h"
 #include "mutexlock.h"
+#include "owedmerge.h"
 #include "padmodels.h"
 #include "padparts.h"
 #include "sharedfields.h"
@@ -32,7 +34,7 @@ template <class Pad>
 void requestRepaint(Pad &pad)
 {
     if constexpr (Pad::row.host == Host::Widget)
-        pad.m_internals.repaint.make(pad);
+        owedmerge::orOwed(pad, [&pad] { pad.m_internals.repaint.make(pad); });
 }
 
 /// Draws a segment on the ink canvas, which the caller has locked.
@@ -84,8 +86,9 @@ void clear(Pad &pad)
             pad.m_SignCanvas.fill(Qt::white);
         }
         pad.m_canvas.fill(Qt::white);
+        owedmerge::forget(pad);
     }
-    requestRepaint(pad);
+    contained::run([&pad] { requestRepaint(pad); }); // what else is to be cleared must be
     KV_LOG(key, "<%ld>-leave !");
 }
 

@@ -25,7 +25,8 @@ struct FingerprintInternals : PadInternals
     MergeCache mergeCache;
     /// Takes the place of a widget in a process that cannot have widgets.
     std::unique_ptr<FingerprintCanvas> canvas;
-    /// Memory was lacking for the last merge; see owedmerge.h. Written under pixelsLock, and read in each pass of the
+    /// Memory was lacking for the last merge; see owedmerge.h. Written under
+    /// the canvas lock or pixelsLock, and read in each pass of the
     /// display thread, hence in a cache line of its own.
     alignas(shared::kApart) std::atomic<bool> mergeIsOwed{false};
 };

@@ -79,6 +79,32 @@ const Row kRows[] = {{"CentredInWidget", {&kS310XFamily, false}, Place::Centred}
     {"CentredHeadless", {&kS310XFamily, true}, Place::Centred}, {"OnTheInk", {&kS310XFamily, false}, Place::OnTheInk},
     {"OfItsOwn", {&kS310XFamily, false}, Place::OfItsOwn}};
 
+/// Counts what a widget paints when nobody but itself asks for it.
+class Paints : public QObject
+{
+public:
+    explicit Paints(QWidget *widget)
+        : m_widget(widget)
+    {
+        settle();
+        if (widget != nullptr)
+            widget->installEventFilter(this);
+    }
+
+    bool come() const { return m_widget == nullptr || m_count > 0; }
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        m_count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+private:
+    QWidget *m_widget;
+    int m_count = 0;
+};
+
 class OwedMerge : public testing::TestWithParam<Row>
 {
 protected:
@@ -88,6 +114,7 @@ protected:
         isMain = true;
         EXPECT_EQ(chdir(KV_QUIET_DRIVER_DIRECTORY), 0);
         EXPECT_TRUE(pad.open());
+        EXPECT_EQ(signingWidget() == nullptr, GetParam().pad.headless);
         QWidget *const parent = GetParam().place == Place::OfItsOwn ? &other : pad.window();
         other.resize(60, 60);
         other.show();
@@ -95,6 +122,7 @@ protected:
             EXPECT_EQ(KVS310X_SetDisplayedFPImageAt(pad.type(), parent, 0, 0, 5, 5, 40, 50), ARI_SUCCESS);
         }
         pad.signAnew();
+        EXPECT_EQ(shown() == nullptr, GetParam().pad.headless);
     }
     ~OwedMerge() override { isScarce = false; }
 
@@ -128,10 +156,12 @@ protected:
         return count;
     }
 
-    /// What the person sees of the fingerprint.
+    /// The widget that shows the fingerprint; null without one.
+    QWidget *shown() { return GetParam().place == Place::OfItsOwn ? fingerprintWidget(other) : signingWidget(); }
+
     int shownRed()
     {
-        QWidget *const widget = GetParam().place == Place::OfItsOwn ? fingerprintWidget(other) : signingWidget();
+        QWidget *const widget = shown();
         return widget == nullptr ? redOf(picture()) : redOf(painted(*widget));
     }
 
@@ -149,9 +179,11 @@ TEST_P(OwedMerge, IsMadeUpForByWhoAsksForThePicture)
     isScarce = true;
     pad.fingerprint(50);
     ASSERT_TRUE(becomes([] { return refused > kFirstTry; })); // the display thread could not merge
+    const Paints paints(shown());
     const QImage whole = picture();
     isScarce = false;
     EXPECT_GT(redOf(whole), kRidges);
+    EXPECT_TRUE(becomes([&] { return paints.come(); }));
     ASSERT_TRUE(becomes([&] { return shownRed() > kRidges; }));
     EXPECT_EQ(picture(), whole);
 }
@@ -162,7 +194,9 @@ TEST_P(OwedMerge, IsMadeUpForOnceThereIsMemory)
     isScarce = true;
     pad.fingerprint(50);
     ASSERT_TRUE(becomes([] { return refused > kFirstTry; })); // and tried again
+    const Paints paints(shown());
     isScarce = false;
+    EXPECT_TRUE(becomes([&] { return paints.come(); }));
     EXPECT_TRUE(becomes([&] { return shownRed() > kRidges; }));
 }
 
@@ -192,7 +226,7 @@ TEST_P(PointWithoutMemory, ToDrawItIsKept)
     most = INT_MAX;
     EXPECT_EQ(refused, 1);
     EXPECT_EQ(pad->GetTotalInkPointsNumber(pad.type()), 2);
-    at(5, KVSPDARI_PS_PEN_MOVE); // and what was not drawn is drawn with the next one
+    at(5, KVSPDARI_PS_PEN_MOVE); // and its segment is drawn with the next one
     at(5, KVSPDARI_PS_PEN_UP);
     const QImage picture = QImage::fromData(QByteArray::fromBase64(pad.picture().c_str()), "BMP");
     EXPECT_NE(picture.pixel(picture.width() * 3 / 9, picture.height() * 4 / 9) | 0xff000000, 0xffffffff);
@@ -229,6 +263,7 @@ TEST(RepaintWithoutMemory, IsAskedForAgain)
         }).join();
     };
     ask(true);
+    settle();
     const int before = widget.paints;
     ask(false);
     EXPECT_TRUE(becomes([&] { return widget.paints > before; }));
