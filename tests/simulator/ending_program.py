@@ -1,6 +1,7 @@
 """A program that ends with a pad open and a receiver set: ending_program.py LIBRARY.
 
-When the interpreter shuts down, it ends the thread that it finds in the receiver. The process must end all the same.
+When the interpreter shuts down, it ends the thread that it finds in the receiver. The process must end all the same. The
+receiver does not return, for a thread that entered the interpreter once it has shut down would crash in it.
 """
 
 import ctypes
@@ -16,7 +17,8 @@ sdk.KVS300_InitialDevice.restype = ctypes.c_bool
 @ctypes.CFUNCTYPE(None, ctypes.c_int)
 def tapped(key):
     taken.set()
-    sum(range(1000))
+    while True:
+        sum(range(1000))
 
 
 if not sdk.KVS300_InitialDevice(KVS300_DEVICE, None, 0, 0, 400, 200):
