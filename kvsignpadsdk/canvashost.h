@@ -107,7 +107,7 @@ void resize(Pad &pad)
     if constexpr (Pad::row.model.hasFingerprintSensor) {
         pad.clearCanvas(pad.m_SignCanvas, width, height);
         pad.clearCanvas(pad.m_FPOnlyCanvas, kFingerprintWidth, kFingerprintHeight);
-        owedmerge::forget(pad); // of empty layers, it would take away the picture
+        owedmerge::forget(pad); // the layers are empty: merging them would take away the picture
     }
     coverWhatIsBehind(pad, !pad.m_canvas.isNull());
     pad.update();

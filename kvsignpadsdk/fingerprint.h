@@ -93,7 +93,7 @@ void mergeShown(Pad &pad)
             const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
             pad.MergeSignCanvasAndFPCanvas();
         }
-        strokes::requestRepaint(pad); // under the lock, as what is owed is forgotten under it
+        strokes::requestRepaint(pad); // still under the lock, so that a resize sees a failure of this too
     });
 }
 
@@ -156,6 +156,7 @@ Placement placement(Pad &pad, const logging::Key &key)
     }
 }
 
+/// The work of merge(). It throws where anything is left undone.
 template <class Pad>
 void mergeOnce(Pad &pad, const logging::Key &key)
 {

@@ -124,8 +124,8 @@ char *imageText(Pad &pad, int nImageTypeID, bool bFPImageOnly)
     const bool isCurrent = contained::run([&pad] {
         if constexpr (Pad::row.host == Host::Widget) {
             owedmerge::makeUp(pad);
-        } else if (shared::get(pad.m_nCurrentFPRawDataWithBestScore)
-            > 0) { // the merge does not update a headless place
+        } else if (shared::get(pad.m_nCurrentFPRawDataWithBestScore) > 0) {
+            // The merge does not update a headless place.
             const std::lock_guard<std::mutex> writing(pad.m_internals.pixelsLock);
             updatePlace(pad);
         }

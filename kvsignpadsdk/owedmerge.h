@@ -67,7 +67,8 @@ void makeUpLocked([[maybe_unused]] Pad &pad)
                 return;
             pad.MergeSignCanvasAndFPCanvas();
         }
-        contained::run([&pad] { strokes::requestRepaint(pad); }); // else owed still, but the picture is whole
+        // The picture is whole now. If only the repaint fails, the merge stays owed, and the display thread asks again.
+        contained::run([&pad] { strokes::requestRepaint(pad); });
     }
 }
 

@@ -226,7 +226,7 @@ TEST_P(PointWithoutMemory, ToDrawItIsKept)
     most = INT_MAX;
     EXPECT_EQ(refused, 1);
     EXPECT_EQ(pad->GetTotalInkPointsNumber(pad.type()), 2);
-    at(5, KVSPDARI_PS_PEN_MOVE); // and its segment is drawn with the next one
+    at(5, KVSPDARI_PS_PEN_MOVE); // which is drawn from the last place that was
     at(5, KVSPDARI_PS_PEN_UP);
     const QImage picture = QImage::fromData(QByteArray::fromBase64(pad.picture().c_str()), "BMP");
     EXPECT_NE(picture.pixel(picture.width() * 3 / 9, picture.height() * 4 / 9) | 0xff000000, 0xffffffff);
