@@ -222,9 +222,15 @@ int Recorder::showPicture(unsigned char *image, int length, int width, int heigh
     if (!real)
         return KVSPDARI_FAILED;
     const int result = forward(real->ShowFPImageOnDevice, image, length, width, height, abort);
-    if (const FilePtr written = file())
-        written->call("ShowFPImageOnDevice",
-            " " + std::to_string(length) + " " + std::to_string(width) + " " + std::to_string(height), result);
+    const FilePtr written = file();
+    if (!written)
+        return result;
+    const std::string arguments =
+        " " + std::to_string(length) + " " + std::to_string(width) + " " + std::to_string(height);
+    if (result != KVSPDARI_SUCCESS && abort && __atomic_load_n(abort, __ATOMIC_ACQUIRE))
+        written->callBrokenOff("ShowFPImageOnDevice", arguments, result);
+    else
+        written->call("ShowFPImageOnDevice", arguments, result);
     return result;
 }
 

@@ -192,11 +192,22 @@ std::string SessionFile::storeImage(const unsigned char *data, int length)
     return m_lastImageName;
 }
 
+void SessionFile::noteCall(const char *operation, const std::string &arguments, int result)
+{
+    if (m_headerWritten)
+        writeLine("# " + kvsim::timeText(now()) + " " + operation + arguments + " -> " + std::to_string(result));
+}
+
+void SessionFile::callBrokenOff(const char *operation, const std::string &arguments, int result)
+{
+    const std::lock_guard lock(m_mutex);
+    noteCall(operation, arguments, result);
+}
+
 void SessionFile::call(const char *operation, const std::string &arguments, int result)
 {
     const std::lock_guard lock(m_mutex);
-    if (m_headerWritten)
-        writeLine("# " + kvsim::timeText(now()) + " " + operation + arguments + " -> " + std::to_string(result));
+    noteCall(operation, arguments, result);
     if (const auto last = m_results.emplace(operation, 0).first; last->second != result) {
         last->second = result;
         Event event;

@@ -36,6 +36,9 @@ public:
     /// Notes a call with its arguments as a comment, and an event when its result differs from the last one.
     void call(const char *operation, const std::string &arguments, int result);
 
+    /// The same for a call that its caller broke off: its result says nothing about the pad, so there is no event.
+    void callBrokenOff(const char *operation, const std::string &arguments, int result);
+
     /// Notes what a text query wrote. The version text goes into the header if that is not written yet.
     void text(const char *query, const std::string &text);
 
@@ -47,6 +50,7 @@ private:
     void writeLine(const std::string &line);
     void writeHeader();
     void writeEvent(kvsim::Event event);
+    void noteCall(const char *operation, const std::string &arguments, int result);
     std::string storeImage(const unsigned char *data, int length);
 
     const ModelRow &m_pad;
