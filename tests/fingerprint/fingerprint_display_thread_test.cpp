@@ -211,16 +211,16 @@ TEST_P(SlowScreen, OnlyStrictlyBetterImagesReachTheScreen)
 // The driver's thread never waits for the transfer; what came in meanwhile is shown as one picture, the best.
 TEST_P(SlowScreen, DoesNotHoldUpTheIntake)
 {
-    constexpr int kTransferMs = 800;
-    FingerprintPad pad(GetParam(), 400, 300, kTransferMs);
+    FingerprintPad pad(GetParam(), 400, 300, kLongTransferMs);
     pad.driver.sendFingerprint(ridges(1), 1);
     EXPECT_TRUE(becomes([&] { return pad.driver.calls().find("ShowFPImageOnDevice") != std::string::npos; }));
     for (int score = 2; score <= 4; ++score)
         pad.driver.sendFingerprint(ridges(score), score);
     EXPECT_EQ(pad.shownPictures(), 0);
+    pad.setScreenDelay(0);
     EXPECT_TRUE(becomes([&] { return pad.shownPictures() == 2; }));
     EXPECT_EQ(pad.lastPicture(), padPictureOf(ridges(4)));
-    std::this_thread::sleep_for(std::chrono::milliseconds(kTransferMs + 50));
+    std::this_thread::sleep_for(50ms);
     EXPECT_EQ(pad.shownPictures(), 2);
 }
 

@@ -135,7 +135,12 @@ FingerprintPad::FingerprintPad(const PadCase &pad, int width, int height, int sc
     : OpenPad(pad, width, height)
     , size(width, height)
 {
-    control<decltype(&KVSIM_SetScreenDelay)>(*this, "KVSIM_SetScreenDelay")(screenMs);
+    setScreenDelay(screenMs);
+}
+
+void FingerprintPad::setScreenDelay(int milliseconds)
+{
+    control<decltype(&KVSIM_SetScreenDelay)>(*this, "KVSIM_SetScreenDelay")(milliseconds);
 }
 
 int FingerprintPad::shownPictures()

@@ -107,6 +107,7 @@ struct FingerprintPad : OpenPad
     explicit FingerprintPad(const PadCase &pad, int width = 400, int height = 300, int screenMs = 0);
 
     QSize size;
+    void setScreenDelay(int milliseconds);
     int shownPictures();
     std::vector<unsigned char> lastPicture();
 };

@@ -268,7 +268,7 @@ TEST_F(FaultPlayback, UnpluggingEndsAPicture)
     driver.ClearDeviceContent();
     const auto begin = Clock::now();
     EXPECT_EQ(driver.ShowFPImageOnDevice(picture, 8, 2, 2, nullptr), KVSPDARI_LIBUSB_SENT_CMD_FAIL);
-    EXPECT_LT(Clock::now() - begin, 10s);
+    EXPECT_LT(Clock::now() - begin, 60s);
     EXPECT_EQ(driver.ShownPictures(), 0);
 }
 

@@ -320,7 +320,7 @@ TEST_F(SimulatorAlone, ASlowPictureIsGivenUpOnRequestAndOnClosing)
             driver.ShowFPImageOnDevice(picture, 8, 2, 2, byFlag ? &abort : nullptr), KVSPDARI_LIBUSB_SENT_CMD_FAIL);
         stopper.join();
     }
-    EXPECT_LT(Clock::now() - begin, 10s);
+    EXPECT_LT(Clock::now() - begin, 60s);
     EXPECT_EQ(driver.ShownPictures(), 0);
 }
 

@@ -279,7 +279,7 @@ TEST_P(FingerprintLockUse, TakesInAFingerprintWithoutTheCanvasLock)
 
 TEST_P(FingerprintLockUse, HoldsNoLockOverTheTransferToThePad)
 {
-    setScreenDelay(10000);
+    setScreenDelay(60000);
     sendFingerprint();
     waitForCall("ShowFPImageOnDevice");
     withOpenInstance(GetParam(), [](auto &inner) { expectAllFree(inner); });
