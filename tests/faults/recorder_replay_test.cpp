@@ -113,11 +113,12 @@ private:
     Signature takeSignature(bool showsFinger)
     {
         Signature signature = current();
-        if (showsFinger)
+        if (showsFinger) {
             EXPECT_TRUE(becomes([&] {
                 signature = current();
                 return showsBestFinger(signature);
             }));
+        }
         return signature;
     }
 
