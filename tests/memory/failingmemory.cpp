@@ -1,7 +1,7 @@
 #include "failingmemory.h"
 
+#include <atomic>
 #include <cerrno>
-#include <cstddef>
 
 // glibc's own functions under other names, so that every allocation of the process passes here.
 extern "C" {
@@ -16,11 +16,30 @@ namespace {
 thread_local long untilFailure = 0; ///< 0: none is to fail
 thread_local void (*atFailure)() = nullptr;
 
-bool fails()
+std::atomic<bool (*)(std::size_t)> refusal{nullptr};
+std::atomic<int> refused{0};
+
+bool isNth()
 {
     if (untilFailure == 0 || --untilFailure != 0)
         return false;
     atFailure();
+    return true;
+}
+
+bool isRefused(std::size_t bytes)
+{
+    const auto rule = refusal.load();
+    if (rule == nullptr || !rule(bytes))
+        return false;
+    ++refused;
+    return true;
+}
+
+bool fails(std::size_t bytes)
+{
+    if (!isNth() && !isRefused(bytes))
+        return false;
     errno = ENOMEM;
     return true;
 }
@@ -28,6 +47,16 @@ bool fails()
 } // namespace
 
 namespace failingmemory {
+
+void refuse(bool (*rule)(std::size_t bytes))
+{
+    refusal = rule;
+}
+
+int refusals()
+{
+    return refused;
+}
 
 void failNth(long n, void (*noticed)())
 {
@@ -47,22 +76,22 @@ bool stop()
 extern "C" {
 void *malloc(size_t size)
 {
-    return fails() ? nullptr : __libc_malloc(size);
+    return fails(size) ? nullptr : __libc_malloc(size);
 }
 
 void *calloc(size_t count, size_t size)
 {
-    return fails() ? nullptr : __libc_calloc(count, size);
+    return fails(count * size) ? nullptr : __libc_calloc(count, size);
 }
 
 void *realloc(void *memory, size_t size)
 {
-    return fails() ? nullptr : __libc_realloc(memory, size);
+    return fails(size) ? nullptr : __libc_realloc(memory, size);
 }
 
 void *memalign(size_t alignment, size_t size)
 {
-    return fails() ? nullptr : __libc_memalign(alignment, size);
+    return fails(size) ? nullptr : __libc_memalign(alignment, size);
 }
 
 void *aligned_alloc(size_t alignment, size_t size)

@@ -1,5 +1,6 @@
 // A fingerprint that comes while there is no memory to show it is in every picture all the same, and shown as soon as
 // there is memory. A point that there is no memory to draw is kept.
+#include "failingmemory.h"
 #include "quietpad.h"
 
 #include "fingerprints.h"
@@ -7,55 +8,43 @@
 
 #include <QThread>
 
-#include <atomic>
-#include <cerrno>
-#include <climits>
-#include <cstdlib>
+#include <optional>
 #include <thread>
 #include <unistd.h>
 
-extern "C" {
-void *__libc_malloc(size_t size);
-void *__libc_calloc(size_t count, size_t size);
-void *__libc_realloc(void *memory, size_t size);
-}
-
 namespace {
 
-std::atomic<bool> isScarce{false}; ///< then only the main thread gets memory
-std::atomic<int> refused{0};
-std::atomic<int> most{INT_MAX}; ///< that are refused
-thread_local bool isMain = false; ///< the first thread that asks
+thread_local bool isMain = false;
+int refusalsBefore = 0;
 
-bool refuses()
+int refusals()
 {
-    if (!isScarce || isMain || refused >= most)
-        return false;
-    ++refused;
-    errno = ENOMEM;
-    return true;
+    return failingmemory::refusals() - refusalsBefore;
 }
 
-} // namespace
-
-extern "C" {
-void *malloc(size_t size)
+bool toOthers(std::size_t)
 {
-    return refuses() ? nullptr : __libc_malloc(size);
+    return !isMain;
 }
 
-void *calloc(size_t count, size_t size)
+bool onceToAnyone(std::size_t)
 {
-    return refuses() ? nullptr : __libc_calloc(count, size);
+    return refusals() == 0;
 }
 
-void *realloc(void *memory, size_t size)
+/// While it lives, a rule refuses memory, and refusals are counted.
+class ScarceMemory
 {
-    return refuses() ? nullptr : __libc_realloc(memory, size);
-}
-}
-
-namespace {
+public:
+    explicit ScarceMemory(bool (*rule)(std::size_t))
+    {
+        refusalsBefore = failingmemory::refusals();
+        failingmemory::refuse(rule);
+    }
+    ~ScarceMemory() { failingmemory::refuse(nullptr); }
+    ScarceMemory(const ScarceMemory &) = delete;
+    ScarceMemory &operator=(const ScarceMemory &) = delete;
+};
 
 constexpr int kRidges = 10; ///< red pixels that a fingerprint has at least; the ink has none
 
@@ -124,7 +113,6 @@ protected:
         pad.signAnew();
         EXPECT_EQ(shown() == nullptr, GetParam().pad.headless);
     }
-    ~OwedMerge() override { isScarce = false; }
 
     QWidget *signingWidget()
     {
@@ -175,13 +163,12 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_P(OwedMerge, IsMadeUpForByWhoAsksForThePicture)
 {
     EXPECT_EQ(redOf(picture()), 0);
-    refused = 0;
-    isScarce = true;
+    std::optional<ScarceMemory> scarce(toOthers);
     pad.fingerprint(50);
-    ASSERT_TRUE(becomes([] { return refused > kFirstTry; })); // the display thread could not merge
+    ASSERT_TRUE(becomes([] { return refusals() > kFirstTry; })); // the display thread could not merge
     const Paints paints(shown());
     const QImage whole = picture();
-    isScarce = false;
+    scarce.reset();
     EXPECT_GT(redOf(whole), kRidges);
     EXPECT_TRUE(becomes([&] { return paints.come(); }));
     ASSERT_TRUE(becomes([&] { return shownRed() > kRidges; }));
@@ -190,12 +177,11 @@ TEST_P(OwedMerge, IsMadeUpForByWhoAsksForThePicture)
 
 TEST_P(OwedMerge, IsMadeUpForOnceThereIsMemory)
 {
-    refused = 0;
-    isScarce = true;
+    std::optional<ScarceMemory> scarce(toOthers);
     pad.fingerprint(50);
-    ASSERT_TRUE(becomes([] { return refused > kFirstTry; })); // and tried again
+    ASSERT_TRUE(becomes([] { return refusals() > kFirstTry; })); // and tried again
     const Paints paints(shown());
-    isScarce = false;
+    scarce.reset();
     EXPECT_TRUE(becomes([&] { return paints.come(); }));
     EXPECT_TRUE(becomes([&] { return shownRed() > kRidges; }));
 }
@@ -207,7 +193,6 @@ INSTANTIATE_TEST_SUITE_P(AllPads, PointWithoutMemory, testing::ValuesIn(allPads(
 
 TEST_P(PointWithoutMemory, ToDrawItIsKept)
 {
-    isMain = true;
     ASSERT_EQ(chdir(KV_QUIET_DRIVER_DIRECTORY), 0);
     QuietPad pad(GetParam());
     ASSERT_TRUE(pad.open());
@@ -216,15 +201,11 @@ TEST_P(PointWithoutMemory, ToDrawItIsKept)
         pad.packet(area.offsetX + area.spanX * step / 9, area.offsetY + area.spanY * 4 / 9, 300, status);
     };
     at(2, KVSPDARI_PS_PEN_DOWN);
-    refused = 0;
-    most = 1; // the first is for the brush; there is memory for the point
-    isMain = false;
-    isScarce = true;
-    at(4, KVSPDARI_PS_PEN_MOVE);
-    isScarce = false;
-    isMain = true;
-    most = INT_MAX;
-    EXPECT_EQ(refused, 1);
+    {
+        const ScarceMemory scarce(onceToAnyone); // the first is for the brush; there is memory for the point
+        at(4, KVSPDARI_PS_PEN_MOVE);
+    }
+    EXPECT_EQ(refusals(), 1);
     EXPECT_EQ(pad->GetTotalInkPointsNumber(pad.type()), 2);
     at(5, KVSPDARI_PS_PEN_MOVE); // which is drawn from the last place that was
     at(5, KVSPDARI_PS_PEN_UP);
@@ -251,15 +232,17 @@ TEST(RepaintWithoutMemory, IsAskedForAgain)
     const auto ask = [&](bool fails) {
         std::thread([&] {
             QThread::currentThread(); // asks for memory at first
-            isScarce = fails;
+            std::optional<ScarceMemory> scarce;
+            if (fails)
+                scarce.emplace(toOthers);
+            bool failed = false;
             try {
                 request.make(widget);
-                EXPECT_FALSE(fails);
             } catch (const std::bad_alloc &) {
-                isScarce = false;
-                EXPECT_TRUE(fails);
+                failed = true;
             }
-            isScarce = false;
+            scarce.reset();
+            EXPECT_EQ(failed, fails);
         }).join();
     };
     ask(true);

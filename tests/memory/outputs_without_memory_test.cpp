@@ -1,36 +1,18 @@
 // Outputs when memory runs out: ARI_INK_EMPTY for a file, an empty text for an image, null for the ink record.
+#include "failingmemory.h"
 #include "fingerprints.h"
 #include "returnedtext.h"
 #include "savedfiles.h"
 
-#include <atomic>
-#include <cstdlib>
 #include <dlfcn.h>
 #include <zlib.h>
 
-extern "C" {
-void *__libc_malloc(size_t size);
-void *__libc_realloc(void *memory, size_t size);
-}
-
 namespace {
 
-std::atomic<size_t> most{SIZE_MAX}; ///< that an allocation may ask for
 bool compressorsFindNone = false;
 int refusedCompressors = 0;
 
 } // namespace
-
-// Of the whole process: what images, byte arrays and lists ask for passes here.
-extern "C" void *malloc(size_t size)
-{
-    return size <= most ? __libc_malloc(size) : nullptr;
-}
-
-extern "C" void *realloc(void *memory, size_t size)
-{
-    return size <= most ? __libc_realloc(memory, size) : nullptr;
-}
 
 // With which Qt begins each stream of a PDF file.
 extern "C" int deflateInit_(z_streamp stream, int level, const char *version, int size)
@@ -49,8 +31,13 @@ namespace {
 class LittleMemory
 {
 public:
-    LittleMemory() { most = 60000; }
-    ~LittleMemory() { most = SIZE_MAX; }
+    LittleMemory()
+    {
+        failingmemory::refuse([](std::size_t bytes) { return bytes > 60000; });
+    }
+    ~LittleMemory() { failingmemory::refuse(nullptr); }
+    LittleMemory(const LittleMemory &) = delete;
+    LittleMemory &operator=(const LittleMemory &) = delete;
 };
 
 class OutputsWithoutMemory : public testing::TestWithParam<PadCase>
