@@ -5,10 +5,12 @@
 
 #include "fingerprints.h"
 #include "repaintrequest.h"
+#include "savedfiles.h"
 
 #include <QThread>
 
 #include <optional>
+#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
@@ -184,6 +186,25 @@ TEST_P(OwedMerge, IsMadeUpForOnceThereIsMemory)
     scarce.reset();
     EXPECT_TRUE(becomes([&] { return paints.come(); }));
     EXPECT_TRUE(becomes([&] { return shownRed() > kRidges; }));
+}
+
+/// The display thread, which a forked child does not have, may have held the locks when it was forked.
+TEST_P(OwedMerge, IsNoFileInAForkedChild)
+{
+    const SavedFiles files;
+    std::wstring path = files.path("child.bmp").toStdWString();
+    const auto save = [&] { return KVS310X_SaveDrawingImage(pad.type(), ITI_BITMAP, path.data(), IDLI_150DPI); };
+    std::optional<ScarceMemory> scarce(toOthers);
+    pad.fingerprint(50);
+    ASSERT_TRUE(becomes([] { return refusals() > kFirstTry; }));
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(save() == ARI_INK_EMPTY ? 0 : 1);
+    int status = -1;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    EXPECT_TRUE(files.names().empty());
+    EXPECT_EQ(save(), ARI_SUCCESS);
 }
 
 class PointWithoutMemory : public testing::TestWithParam<PadCase>
