@@ -227,7 +227,7 @@ int Recorder::showPicture(unsigned char *image, int length, int width, int heigh
         return result;
     const std::string arguments =
         " " + std::to_string(length) + " " + std::to_string(width) + " " + std::to_string(height);
-    if (result != KVSPDARI_SUCCESS && abort && __atomic_load_n(abort, __ATOMIC_ACQUIRE))
+    if (result != KVSPDARI_SUCCESS && abort != nullptr && __atomic_load_n(abort, __ATOMIC_ACQUIRE))
         written->callBrokenOff("ShowFPImageOnDevice", arguments, result);
     else
         written->call("ShowFPImageOnDevice", arguments, result);
