@@ -4,11 +4,13 @@
 #include "quietpad.h"
 
 #include "fingerprints.h"
+#include "insidepads.h"
 #include "repaintrequest.h"
 #include "savedfiles.h"
 
 #include <QThread>
 
+#include <atomic>
 #include <optional>
 #include <sys/wait.h>
 #include <thread>
@@ -32,6 +34,13 @@ bool toOthers(std::size_t)
 bool onceToAnyone(std::size_t)
 {
     return refusals() == 0;
+}
+
+std::atomic<long> untilRefusal{0};
+
+bool nthToOthers(std::size_t)
+{
+    return !isMain && --untilRefusal == 0;
 }
 
 /// While it lives, a rule refuses memory, and refusals are counted.
@@ -83,6 +92,7 @@ public:
     }
 
     bool come() const { return m_widget == nullptr || m_count > 0; }
+    int count() const { return m_count; }
 
 protected:
     bool eventFilter(QObject *, QEvent *event) override
@@ -186,6 +196,31 @@ TEST_P(OwedMerge, IsMadeUpForOnceThereIsMemory)
     scarce.reset();
     EXPECT_TRUE(becomes([&] { return paints.come(); }));
     EXPECT_TRUE(becomes([&] { return shownRed() > kRidges; }));
+    EXPECT_TRUE(becomes([&] { // the display thread is at rest again
+        const int before = paints.count();
+        QThread::msleep(30);
+        settle();
+        return paints.count() == before;
+    }));
+}
+
+/// Whichever allocation of the display thread fails, the widget that shows the fingerprint is painted.
+TEST_P(OwedMerge, IsPaintedInTheEnd)
+{
+    constexpr int kMostAllocations = 1000;
+    int n = 1;
+    for (; n < kMostAllocations; ++n) {
+        const Paints paints(shown());
+        untilRefusal = n;
+        const ScarceMemory scarce(nthToOthers);
+        pad.fingerprint(50 + n);
+        ASSERT_TRUE(becomes([&] { return paints.come() && redOf(picture()) > kRidges; })) << n;
+        if (refusals() == 0)
+            break;
+        pad.signAnew();
+    }
+    EXPECT_LT(n, kMostAllocations);
+    EXPECT_GT(n, GetParam().pad.headless ? 0 : 2);
 }
 
 /// The display thread, which a forked child does not have, may have held the locks when it was forked.
@@ -205,6 +240,23 @@ TEST_P(OwedMerge, IsNoFileInAForkedChild)
     EXPECT_EQ(status, 0);
     EXPECT_TRUE(files.names().empty());
     EXPECT_EQ(save(), ARI_SUCCESS);
+}
+
+class OwedPlace : public OwedMerge
+{
+};
+INSTANTIATE_TEST_SUITE_P(OfItsOwn, OwedPlace, testing::Values(kRows[3]));
+
+/// With a driver that cannot clear its screen, clearing empties this place alone.
+TEST_P(OwedPlace, StaysEmptyOnceItIsCleared)
+{
+    std::optional<ScarceMemory> scarce(toOthers);
+    pad.fingerprint(50);
+    ASSERT_TRUE(becomes([] { return refusals() > kFirstTry; }));
+    withOpenInstance(GetParam().pad, [](auto &inner) { inner.m_pfn_KVSPDAPI_ClearDeviceContent = nullptr; });
+    EXPECT_EQ(KVS310X_Clear(pad.type()), ARI_FAIL);
+    scarce.reset();
+    EXPECT_EQ(redOf(picture()), 0);
 }
 
 class PointWithoutMemory : public testing::TestWithParam<PadCase>
