@@ -21,10 +21,7 @@ std::atomic<int> refused{0};
 
 bool isNth()
 {
-    if (untilFailure == 0 || --untilFailure != 0)
-        return false;
-    atFailure();
-    return true;
+    return untilFailure != 0 && --untilFailure == 0;
 }
 
 bool isRefused(std::size_t bytes)
@@ -38,7 +35,9 @@ bool isRefused(std::size_t bytes)
 
 bool fails(std::size_t bytes)
 {
-    if (!isNth() && !isRefused(bytes))
+    if (isNth())
+        atFailure(); // called from here, for it knows how many functions lie between it and malloc's caller
+    else if (!isRefused(bytes))
         return false;
     errno = ENOMEM;
     return true;

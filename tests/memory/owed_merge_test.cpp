@@ -43,6 +43,11 @@ bool nthToOthers(std::size_t)
     return !isMain && --untilRefusal == 0;
 }
 
+bool toOthersAndNth(std::size_t)
+{
+    return !isMain || --untilRefusal == 0;
+}
+
 /// While it lives, a rule refuses memory, and refusals are counted.
 class ScarceMemory
 {
@@ -257,6 +262,29 @@ TEST_P(OwedPlace, StaysEmptyOnceItIsCleared)
     EXPECT_EQ(KVS310X_Clear(pad.type()), ARI_FAIL);
     scarce.reset();
     EXPECT_EQ(redOf(picture()), 0);
+}
+
+/// Whichever allocation of the call fails, its text is empty or has the fingerprint.
+TEST_P(OwedPlace, IsNeverHandedOutWithoutItsFingerprint)
+{
+    constexpr int kMostAllocations = 1000;
+    int n = 1, empty = 0;
+    for (bool failed = true; failed && n < kMostAllocations; ++n) {
+        untilRefusal = 0;
+        const ScarceMemory scarce(toOthersAndNth);
+        pad.fingerprint(50);
+        ASSERT_TRUE(becomes([] { return refusals() > kFirstTry; }));
+        untilRefusal = n;
+        char *const text = KVS310X_GetFPImageBase64Data(pad.type(), EBITI_BITMAP, false);
+        failed = untilRefusal.exchange(0) <= 0;
+        const bool isEmpty = text == nullptr || *text == '\0';
+        empty += isEmpty;
+        EXPECT_TRUE(isEmpty || redOf(QImage::fromData(QByteArray::fromBase64(text), "BMP")) > kRidges) << n;
+        KVS310X_FreeFPImageBase64Data(pad.type(), text);
+        pad.signAnew();
+    }
+    EXPECT_LT(n, kMostAllocations);
+    EXPECT_GT(empty, 2);
 }
 
 class PointWithoutMemory : public testing::TestWithParam<PadCase>
