@@ -315,34 +315,35 @@ int Simulator::showPicture(const unsigned char *image, int length, int width, in
     const SessionPtr session = readySession(result);
     if (!session)
         return result;
+    int delayMs = 0;
     {
         const std::lock_guard lock(m_mutex);
         if (!m_pad.model->hasFingerprintSensor)
             return KVSPDARI_LIBUSB_SENT_CMD_FAIL; // this model shows no pictures
+        for (const int asked : {m_pad.settings.screenMs, m_pad.faults.screenMs})
+            delayMs = asked >= 0 ? asked : delayMs;
     }
-    if (!transferPicture(*session, abort))
+    if (!transferPicture(*session, delayMs, abort))
         return KVSPDARI_LIBUSB_SENT_CMD_FAIL;
     tellWindow(VirtualLink::pictureLine(image, width, height));
     return keepPicture(image, length, width, height);
 }
 
-std::chrono::milliseconds Simulator::pictureTime()
+/// How long a test wishes a picture to take at this moment; else as long as it was to take.
+std::chrono::milliseconds Simulator::wishedTime(int otherwiseMs)
 {
     const std::lock_guard lock(m_mutex);
-    int delayMs = 0;
-    for (const int asked : {m_pad.settings.screenMs, m_pad.faults.screenMs, m_wishes.screenDelayMs})
-        delayMs = asked >= 0 ? asked : delayMs;
-    return std::chrono::milliseconds(delayMs);
+    return std::chrono::milliseconds(m_wishes.screenDelayMs >= 0 ? m_wishes.screenDelayMs : otherwiseMs);
 }
 
 /// Polls the flag, because the caller sets it from another thread and cannot wake this one.
-bool Simulator::transferPicture(const Session &session, const bool *abort)
+bool Simulator::transferPicture(const Session &session, int delayMs, const bool *abort)
 {
     const auto begin = std::chrono::steady_clock::now();
     for (;;) {
         if (session.isStopping() || session.isGone() || (abort != nullptr && __atomic_load_n(abort, __ATOMIC_ACQUIRE)))
             return false;
-        if (std::chrono::steady_clock::now() >= begin + pictureTime())
+        if (std::chrono::steady_clock::now() >= begin + wishedTime(delayMs))
             return true;
         std::this_thread::sleep_for(std::chrono::microseconds(500));
     }

@@ -89,8 +89,8 @@ private:
     void takeFaults(const std::vector<Event> &faults);
     void tellWindow(const std::string &line);
     void releaseEndedSessions();
-    std::chrono::milliseconds pictureTime();
-    bool transferPicture(const Session &session, const bool *abort);
+    std::chrono::milliseconds wishedTime(int otherwiseMs);
+    bool transferPicture(const Session &session, int delayMs, const bool *abort);
     int keepPicture(const unsigned char *image, int length, int width, int height);
 
     std::mutex m_mutex; ///< guards all fields; not held while waiting or during a callback

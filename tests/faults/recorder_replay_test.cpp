@@ -122,7 +122,7 @@ private:
         return signature;
     }
 
-    /// Whether all of the best finger's red is there and nothing is that neither it nor the ink has put there.
+    /// Whether all of the best finger's red is there. The others lack some of it.
     bool showsBestFinger(const Signature &signature) const
     {
         const QImage canvas = pictureOf(signature);

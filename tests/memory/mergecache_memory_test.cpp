@@ -1,8 +1,8 @@
 // Without memory for the layer that speeds merges up, the merge works without it.
 #include "failingmemory.h"
+#include "handrunpad.h"
 #include "recordedink.h"
 
-#include "cs310xsignobj.h"
 #include "strokes.h"
 
 #include <new>
@@ -55,26 +55,26 @@ TEST(MergeWithoutMemoryForASegment, IsMadeUpForByTheNext)
     int missing = 0;
     bool failed = true;
     for (long n = 1; failed; ++n) {
-        CS310XSignObj pad(kWidth, kHeight);
-        pad.m_FPOnlyCanvas = redLayer();
-        pad.MergeSignCanvasAndFPCanvas();
+        HandRunPad<CS310XSignObj> pad(kWidth, kHeight);
+        pad->m_FPOnlyCanvas = redLayer();
+        pad->MergeSignCanvasAndFPCanvas();
         const auto whole = [&pad] {
             QImage image;
-            plain::merge(image, pad.m_SignCanvas, redLayer(), kTarget);
+            plain::merge(image, pad->m_SignCanvas, redLayer(), kTarget);
             return image;
         };
         const QPointF from(0, 0), to(350, 250);
-        strokes::drawInk(pad, from, to, 7);
-        pad.m_internals.mergeCache.segmentDrawn(MergeCache::boxOf(from, to, 7));
+        strokes::drawInk(*pad, from, to, 7);
+        pad->m_internals.mergeCache.segmentDrawn(MergeCache::boxOf(from, to, 7));
         failingmemory::failNth(n, [] {});
         try {
-            pad.MergeSignCanvasAndFPCanvas(); // which makes the layer
+            pad->MergeSignCanvasAndFPCanvas(); // which makes the layer
         } catch (const std::bad_alloc &) {
         }
         failed = failingmemory::stop();
-        missing += pad.m_canvas != whole();
-        pad.StartSignOnCanvas(400, 490, 7);
-        EXPECT_EQ(pad.m_canvas, whole()) << "allocation " << n;
+        missing += pad->m_canvas != whole();
+        pad->StartSignOnCanvas(400, 490, 7);
+        EXPECT_EQ(pad->m_canvas, whole()) << "allocation " << n;
     }
     EXPECT_GT(missing, 0);
 }
