@@ -65,6 +65,8 @@ TEST(MergeWithoutMemoryForASegment, IsMadeUpForByTheNext)
         };
         const QPointF from(0, 0), to(350, 250);
         strokes::drawInk(*pad, from, to, 7);
+        pad->m_dblLastSignWndX = to.x(); // so that the next segment's box has none of this one
+        pad->m_dblLastSignWndY = to.y();
         pad->m_internals.mergeCache.segmentDrawn(MergeCache::boxOf(from, to, 7));
         failingmemory::failNth(n, [] {});
         try {
