@@ -315,6 +315,36 @@ TEST_P(PointWithoutMemory, ToDrawItIsKept)
     EXPECT_NE(picture.pixel(picture.width() * 3 / 9, picture.height() * 4 / 9) | 0xff000000, 0xffffffff);
 }
 
+class ClearedWithoutMemory : public testing::TestWithParam<PadCase>
+{
+};
+INSTANTIATE_TEST_SUITE_P(AllPads, ClearedWithoutMemory, testing::ValuesIn(allPads()), padCaseName);
+
+/// Another thread than the window's has to ask for memory to have it painted.
+TEST_P(ClearedWithoutMemory, ThereIsNoPointLeft)
+{
+    isMain = true;
+    ASSERT_EQ(chdir(KV_QUIET_DRIVER_DIRECTORY), 0);
+    QuietPad pad(GetParam());
+    ASSERT_TRUE(pad.open());
+    constexpr int kMostAllocations = 1000;
+    int n = 1;
+    for (bool failed = true; failed && n < kMostAllocations; ++n) {
+        pad.signAnew();
+        ASSERT_GT(pad->GetTotalInkPointsNumber(pad.type()), 0);
+        std::thread([&] {
+            QThread::currentThread(); // asks for memory at first
+            untilRefusal = n;
+            const ScarceMemory scarce(nthToOthers);
+            EXPECT_EQ(pad->Clear(pad.type()), ARI_SUCCESS) << n;
+        }).join();
+        failed = refusals() > 0;
+        EXPECT_EQ(pad->GetTotalInkPointsNumber(pad.type()), ARI_INK_EMPTY) << n;
+    }
+    EXPECT_LT(n, kMostAllocations);
+    EXPECT_TRUE(GetParam().headless || n > 2) << "a failure came before the paint";
+}
+
 class CountingWidget : public QWidget
 {
 public:
