@@ -143,9 +143,11 @@ if setarch "$(uname -m)" -R true 2>/dev/null; then
     steady=(setarch "$(uname -m)" -R)
 fi
 
-# run_tests PRESET [OPTION]...: side by side, more than there are processors, for many wait for most of their time
+at_once=$((2 * jobs)) # tests: more than there are processors, for many wait for most of their time
+
+# run_tests PRESET [OPTION]...: side by side
 run_tests() {
-    "${steady[@]}" ctest --preset "$1" --parallel $((2 * jobs)) "${@:2}"
+    "${steady[@]}" ctest --preset "$1" --parallel "$at_once" "${@:2}"
 }
 
 # state PRESET: one line that changes whenever a file of the repository, a setting of this build or a Debian package does
