@@ -329,7 +329,7 @@ int Simulator::showPicture(const unsigned char *image, int length, int width, in
     return keepPicture(image, length, width, height);
 }
 
-/// How long a test wishes a picture to take at this moment; else as long as it was to take.
+/// How long a picture takes that was begun with that time. A test may change it meanwhile.
 std::chrono::milliseconds Simulator::wishedTime(int otherwiseMs)
 {
     const std::lock_guard lock(m_mutex);

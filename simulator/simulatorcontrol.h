@@ -43,8 +43,8 @@ void KVSIM_SetResult(const char *operation, int result);
 /// Sets the text that a query (GetDevicePartsVersion...) writes. With null it writes nothing, but answers as usual.
 void KVSIM_SetText(const char *operation, const char *text);
 
-/// How long ShowFPImageOnDevice takes, in milliseconds; negative: as KVSIM_SCREEN_MS says. A time, but
-/// not the return to that setting, also holds for a picture that is being shown, counted from its beginning.
+/// How long ShowFPImageOnDevice takes, in milliseconds; negative: as KVSIM_SCREEN_MS says. A time of
+/// 0 or more also applies to a picture that is being shown, counted from its beginning.
 void KVSIM_SetScreenDelay(int milliseconds);
 
 /// The operations called so far, one a line with their arguments: "Initial 5 fp=0", "OpenDeviceLCD 1",

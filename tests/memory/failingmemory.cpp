@@ -36,7 +36,7 @@ bool isRefused(std::size_t bytes)
 bool fails(std::size_t bytes)
 {
     if (isNth())
-        atFailure(); // called from here, for it knows how many functions lie between it and malloc's caller
+        atFailure(); // called from this function, because it skips a fixed number of stack frames
     else if (!isRefused(bytes))
         return false;
     errno = ENOMEM;
