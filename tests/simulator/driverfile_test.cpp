@@ -1,13 +1,10 @@
 // The permission check of the driver's file: which files and folders others could write to, and the cure for it.
 #include "driverfile.h"
-#include "filewriters.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <fstream>
-#include <grp.h>
-#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -162,48 +159,6 @@ TEST_F(DriverFile, QuotesWhatAShellWouldTakeApart)
     file("a pad's/libkvsignpaddrv.so", 0666);
     EXPECT_NE(found("a pad's").find("chmod o-w '" + at("a pad'\\''s/libkvsignpaddrv.so") + "'"), std::string::npos)
         << found("a pad's");
-}
-
-struct stat ownedBy(uid_t owner, gid_t group, mode_t mode)
-{
-    struct stat status = {};
-    status.st_uid = owner;
-    status.st_gid = group;
-    status.st_mode = mode;
-    return status;
-}
-
-TEST(FileWriters, AreItsOwnerWhenThatIsNeitherTheUserNorRoot)
-{
-    const Asker asker{4711};
-    EXPECT_TRUE(foreignOwner(asker, ownedBy(4711, 1, 0644)).isNobody());
-    EXPECT_TRUE(foreignOwner(asker, ownedBy(0, 1, 0644)).isNobody());
-    EXPECT_EQ(foreignOwner(asker, ownedBy(4712, 1, 0644)).who, "the user 4712");
-    EXPECT_EQ(foreignOwner(asker, ownedBy(1, 1, 0644)).who, getpwuid(1)->pw_name);
-    EXPECT_EQ(foreignOwner(Asker{0}, ownedBy(4711, 1, 0644)).cure, "chown root");
-}
-
-TEST(FileWriters, AreAGroupUnlessItIsThePrivateOneOfTheUserOrOfRoot)
-{
-    const Asker asker{1}; // every system has this account, and a group of the same name
-    const gid_t own = getpwuid(1)->pw_gid;
-    ASSERT_STREQ(getgrgid(own)->gr_name, getpwuid(1)->pw_name);
-    EXPECT_TRUE(writersByMode(asker, ownedBy(1, own, 0664), false).isNobody());
-    EXPECT_TRUE(writersByMode(asker, ownedBy(1, 0, 0664), false).isNobody());
-    EXPECT_TRUE(writersByMode(asker, ownedBy(1, 4711, 0644), false).isNobody());
-    EXPECT_EQ(writersByMode(asker, ownedBy(1, 4711, 0664), false).who, "the group 4711");
-    EXPECT_EQ(writersByMode(asker, ownedBy(1, 4711, 0664), false).cure, "chmod g-w");
-    const group *const users = getgrnam("users"); // a group for many accounts, and no account is called that
-    ASSERT_NE(users, nullptr);
-    EXPECT_EQ(writersByMode(asker, ownedBy(1, users->gr_gid, 0664), false).who, "the group users");
-}
-
-TEST(FileWriters, AreThoseOfAnAccessList)
-{
-    const Asker asker{1};
-    const gid_t own = getpwuid(1)->pw_gid;
-    EXPECT_EQ(writersByMode(asker, ownedBy(1, own, 0664), true).cure, "setfacl -b");
-    EXPECT_TRUE(writersByMode(asker, ownedBy(1, own, 0644), true).isNobody());
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <grp.h>
+#include <mutex>
 #include <pwd.h>
 #include <unistd.h>
 #include <vector>
@@ -28,6 +29,22 @@ bool findAccount(uid_t user, Account &account)
         return false;
     account = {entry.pw_name, entry.pw_gid};
     return true;
+}
+
+/// Whether it is the primary group of another account than the user's and root's. Such accounts are not among the
+/// group's members.
+bool isPrimaryOfOthers(gid_t id, uid_t user)
+{
+    static std::mutex oneAtATime; // the whole process has one place in the list of accounts
+    const std::lock_guard<std::mutex> locked(oneAtATime);
+    std::vector<char> space(kEntrySize);
+    passwd entry = {}, *found = nullptr;
+    bool isOfOthers = false;
+    setpwent();
+    while (!isOfOthers && getpwent_r(&entry, space.data(), space.size(), &found) == 0)
+        isOfOthers = entry.pw_gid == id && entry.pw_uid != user && entry.pw_uid != 0;
+    endpwent();
+    return isOfOthers;
 }
 
 bool isPrivateGroup(const group &entry, const Account &account)
@@ -89,7 +106,7 @@ bool Asker::trustsGroup(gid_t id) const
         return false;
     for (const uid_t trusted : {user, uid_t{0}}) {
         Account account;
-        if (findAccount(trusted, account) && isPrivateGroup(entry, account))
+        if (findAccount(trusted, account) && isPrivateGroup(entry, account) && !isPrimaryOfOthers(id, user))
             return true;
     }
     return false;

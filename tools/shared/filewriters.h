@@ -19,7 +19,8 @@ struct Asker
     /// The user itself, root, and owners that this process's user namespace does not map.
     bool trusts(uid_t owner) const;
 
-    /// Whether nobody but the user or root is in the group, going by the names: a user's private group.
+    /// Whether nobody but the user or root is in the group: a private group, which has its user's name. Asks for all
+    /// accounts, so it may take long where a directory service lists them.
     bool trustsGroup(gid_t group) const;
 };
 
