@@ -7,6 +7,7 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <cmath>
 #include <ctime>
 #include <vector>
 
@@ -30,7 +31,7 @@ double timed(Work &&work)
 inline double quantile(std::vector<double> values, double share)
 {
     std::sort(values.begin(), values.end());
-    return values[static_cast<size_t>(share * static_cast<double>(values.size() - 1) + 0.5)];
+    return values[static_cast<size_t>(std::lround(share * static_cast<double>(values.size() - 1)))];
 }
 
 /// Each iteration runs both ways once, and they take turns at going first. Counters: "ratio" is the median of library /

@@ -88,9 +88,11 @@ int main(int argc, char **argv)
     painter.setRenderHint(QPainter::TextAntialiasing);
     painter.drawText(QRectF(20, 12, 680, 20), Qt::AlignLeft,
         "Microseconds by canvas size, logarithmic. Grey: the plain way. Blue: the library.");
-    for (size_t i = 0; i < kPanels.size(); ++i)
-        drawPanel(painter, {20 + 350.0 * static_cast<double>(i % 2), 44 + 255.0 * static_cast<double>(i / 2)},
+    for (size_t i = 0; i < kPanels.size(); ++i) {
+        const size_t row = i / 2, column = i % 2;
+        drawPanel(painter, {20 + 350.0 * static_cast<double>(column), 44 + 255.0 * static_cast<double>(row)},
             kPanels[i], costs);
+    }
     painter.end();
     if (argc != 2 || costs.empty() || !image.save(QString::fromLocal8Bit(argv[1]))) {
         std::cerr << "usage: bench_plot PICTURE.png < TABLE\n";

@@ -67,7 +67,7 @@ void PadDesk::open(PadClient *client, const Opening &opening, Done done)
     const int number = ++m_opening;
     post(
         client, [number, opening](PadRunner &runner) { return runner.open(number, opening); },
-        [this, done](const Outcome &outcome) {
+        [this, done = std::move(done)](const Outcome &outcome) {
             m_isOpen = !outcome.error;
             done(outcome);
         });

@@ -13,32 +13,37 @@ namespace bridge {
 
 namespace {
 
+struct OptionRow
+{
+    const char *name;
+    const char *meaning;
+    const char *value; ///< what its value is called; null without one
+};
+
+constexpr OptionRow kOptions[] = {
+    {"port", "Listen on this port of loopback; 0: on any free one.", "number"},
+    {"allow-origin", "Let pages of this origin in, besides the lists. May be given again.", "origin"},
+    {"no-lists", "Do not read the lists of origins.", nullptr},
+    {"no-consent", "Do not ask the person at this computer.", nullptr},
+    {"driver", "The folder of the pad's driver, libkvsignpaddrv.so; simulator: the simulated pad.", "directory"},
+    {"unsafe-driver", "Load a driver that others may write.", nullptr},
+    {"token-file", "Write the token for programs to this file, in a private folder.", "file"},
+    {"demo", "Serve the example pages, and open them in the browser.", nullptr},
+    {"no-browser", "With --demo: only say where the pages are.", nullptr},
+    {"consents", "Show who may use the pad, in a window where it can be revoked.", nullptr},
+    {"list-consents", "Print to whom you have said \"always\".", nullptr},
+    {"revoke", "Take back an \"always\".", "origin"},
+};
+
 void addOptions(QCommandLineParser &parser)
 {
     parser.setApplicationDescription(QStringLiteral(
         "Lets web pages that the administrator or you have listed use the signature pad of this computer."));
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addOptions({
-        {QStringLiteral("port"), QStringLiteral("Listen on this port of loopback; 0: on any free one."),
-            QStringLiteral("number")},
-        {QStringLiteral("allow-origin"),
-            QStringLiteral("Let pages of this origin in, besides the lists. May be given again."),
-            QStringLiteral("origin")},
-        {QStringLiteral("no-lists"), QStringLiteral("Do not read the lists of origins.")},
-        {QStringLiteral("no-consent"), QStringLiteral("Do not ask the person at this computer.")},
-        {QStringLiteral("driver"),
-            QStringLiteral("The folder of the pad's driver, libkvsignpaddrv.so; simulator: the simulated pad."),
-            QStringLiteral("directory")},
-        {QStringLiteral("unsafe-driver"), QStringLiteral("Load a driver that others may write.")},
-        {QStringLiteral("token-file"),
-            QStringLiteral("Write the token for programs to this file, in a private folder."), QStringLiteral("file")},
-        {QStringLiteral("demo"), QStringLiteral("Serve the example pages, and open them in the browser.")},
-        {QStringLiteral("no-browser"), QStringLiteral("With --demo: only say where the pages are.")},
-        {QStringLiteral("consents"), QStringLiteral("Show who may use the pad, in a window where it can be revoked.")},
-        {QStringLiteral("list-consents"), QStringLiteral("Print to whom you have said \"always\".")},
-        {QStringLiteral("revoke"), QStringLiteral("Take back an \"always\"."), QStringLiteral("origin")},
-    });
+    for (const OptionRow &row : kOptions)
+        parser.addOption(
+            QCommandLineOption(QLatin1String(row.name), QLatin1String(row.meaning), QLatin1String(row.value)));
 }
 
 /// The driver's folder of a file; the last file that names one wins.

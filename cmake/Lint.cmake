@@ -1,4 +1,5 @@
-# kv_lint: runs clang-tidy, with the checks of .clang-tidy, over all that is built outside the tests.
+# kv_lint: runs clang-tidy, with the checks of .clang-tidy, over all that is built outside the tests, but for the short
+# programs of bench/ and fuzz/ themselves: each has a main() or an entry of its own, so none can be looked at together.
 # Sources are checked in groups, because most of the time goes to the headers that they share. A group is checked again when
 # one of its objects was rebuilt: the compiler already tracks what each source includes. That takes one object a source,
 # hence KV_UNITY=OFF, as in the clang preset.
@@ -56,10 +57,13 @@ kv_lint_together(kv_recording kv_playback kvsignpaddrv_objects)
 kv_lint_together(kv_handwriting kv-make-recording)
 kv_lint_together(kv-make-finger)
 kv_lint_together(kv-import-handwriting)
-kv_lint_together(kv_scramble kvsignpaddrv_recorder kv-scramble-recording kv_driverfile kv_padpresence)
+kv_lint_together(kv_scramble kvsignpaddrv_recorder kv-scramble-recording kv_driverfile kv_padpresence
+  kv_simulatorplace)
 kv_lint_together(kv-demo)
 kv_lint_together(kv_kvsign kvsign)
 kv_lint_together(kv_documents)
 kv_lint_together(kv_virtualpad kv-virtualpad)
 kv_lint_together(kv_signdesk kv-sign-desk)
 kv_lint_together(kv_bridge_rules kv_bridge kv-sign-bridge)
+kv_lint_together(kv_fuzz)
+kv_lint_together(kv_plain kv_benchpad)

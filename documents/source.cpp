@@ -11,6 +11,7 @@
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <unistd.h>
+#include <utility>
 
 namespace documents {
 
@@ -89,7 +90,7 @@ Source Source::ofBytes(const QString &name, const QByteArray &bytes)
 }
 
 Source::Source(Source &&other) noexcept
-    : m_name(other.m_name)
+    : m_name(std::move(other.m_name))
     , m_descriptor(other.m_descriptor)
     , m_size(other.m_size)
     , m_modified(other.m_modified)

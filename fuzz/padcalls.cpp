@@ -91,7 +91,7 @@ void PadCalls::stroke()
 
 void PadCalls::fingerprint()
 {
-    const int score = static_cast<int8_t>(m_bytes.byte());
+    const int score = m_bytes.signedByte();
     const int period = 1 + m_bytes.byte();
     const int kind = m_bytes.byte();
     std::vector<unsigned char> image(kFingerprintWidth * kFingerprintHeight);
@@ -111,7 +111,7 @@ void PadCalls::driverAnswers()
         "GetDevicePartsVersion", "ShowVersionInfoOnDevice", "SetDevicePenStyle", "ShowFPImageOnDevice", "UnInitial"};
     const char *operation = kOperations[m_bytes.upTo(static_cast<int>(std::size(kOperations)) - 1)];
     if (m_bytes.byte() % 2 == 0)
-        Driver::instance().setResult(operation, static_cast<int8_t>(m_bytes.byte()));
+        Driver::instance().setResult(operation, m_bytes.signedByte());
     else
         Driver::instance().setText(operation, m_bytes.take(m_bytes.upTo(40)).constData());
 }
@@ -131,7 +131,7 @@ void PadCalls::deviceCalls()
         m_pad->Clear(m_type);
     }
     char item[8];
-    KV_PROMISE(isResult(m_pad->GetDeviceInfo(m_type, static_cast<int8_t>(m_bytes.byte()), item)));
+    KV_PROMISE(isResult(m_pad->GetDeviceInfo(m_type, m_bytes.signedByte(), item)));
     char about[128];
     m_pad->GetAboutInfo(m_type, about);
 }
@@ -139,7 +139,7 @@ void PadCalls::deviceCalls()
 void PadCalls::penCalls()
 {
     m_pad->SetPenStyle(m_type, m_bytes.byte() % 2 == 1);
-    const int width = static_cast<int8_t>(m_bytes.byte());
+    const int width = m_bytes.signedByte();
     KV_PROMISE(!m_pad.isOpen()
         || m_pad->SetPenWidth(m_type, width) == (width >= 1 && width <= 10 ? ARI_SUCCESS : ARI_INVALID_PARAMETERS));
     m_pad->SetPenColor(m_type, m_bytes.word(), m_bytes.byte(), m_bytes.byte());
@@ -236,13 +236,13 @@ void PadCalls::modelCalls()
 void PadCalls::livePush()
 {
     KVS210_SetRealTimeSignBase64DataCallback(m_type, m_bytes.upTo(4), m_bytes.byte() % 4 == 0 ? nullptr : lookAtPush);
-    KVS210_InitialWPSSignCanvas(m_type, static_cast<int8_t>(m_bytes.byte()), static_cast<int8_t>(m_bytes.byte()));
+    KVS210_InitialWPSSignCanvas(m_type, m_bytes.signedByte(), m_bytes.signedByte());
     checkText(KVS210_WPSBase64Encode(m_type, m_bytes.upTo(4)), KVS210_WPSBase64EncodeFree);
 }
 
 void PadCalls::place()
 {
-    const auto small = [this] { return static_cast<int8_t>(m_bytes.byte()) * 3; };
+    const auto small = [this] { return m_bytes.signedByte() * 3; };
     QWidget *parent = m_bytes.byte() % 3 == 0 ? m_pad.widget() : m_pad.window();
     KV_PROMISE(
         isResult(KVS310X_SetDisplayedFPImageAt(m_type, parent, small(), small(), small(), small(), small(), small())));

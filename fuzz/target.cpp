@@ -35,6 +35,12 @@ uint8_t Bytes::byte()
     return *m_data++;
 }
 
+int Bytes::signedByte()
+{
+    const int value = byte();
+    return value < 128 ? value : value - 256;
+}
+
 int16_t Bytes::word()
 {
     const unsigned low = byte();

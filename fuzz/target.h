@@ -31,6 +31,7 @@ public:
 
     bool atEnd() const { return m_size == 0; }
     uint8_t byte();
+    int signedByte();
     int16_t word();
     int32_t number();
 
