@@ -7,10 +7,13 @@
 #include "memorycalls.h"
 #include "memoryendings.h"
 
+#include "exportedcalls_table.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
+#include <set>
 #include <sstream>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -235,3 +238,17 @@ TEST_P(AllocationFaults, HaveAnAnswer)
 
 INSTANTIATE_TEST_SUITE_P(Pads, AllocationFaults, testing::Range(size_t{0}, allPads().size()),
     [](const auto &row) { return std::string(allPads()[row.param].className()); });
+
+TEST(MemoryCalls, HaveEachExportedFunction)
+{
+    for (const PadCase &pad : allPads()) {
+        std::set<std::string> functions;
+        for (const MemoryCall &call : memoryCalls()) {
+            if (call.isFor(pad))
+                functions.insert(call.name.substr(0, call.name.find(' ')));
+        }
+        EXPECT_EQ(functions.count("AboutBox"), 1u);
+        for (const ExportedCall &exported : exportedCalls(*pad.family))
+            EXPECT_EQ(functions.count(exported.function), 1u) << pad.className() << ' ' << exported.function;
+    }
+}

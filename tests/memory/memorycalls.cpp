@@ -40,10 +40,6 @@ bool isS210(const PadCase &pad)
 {
     return pad.family->type == KVS210_DEVICE;
 }
-bool isS210Headless(const PadCase &pad)
-{
-    return isS210(pad) && pad.headless;
-}
 bool isS310X(const PadCase &pad)
 {
     return pad.family->type == KVS310X_DEVICE;
@@ -241,11 +237,10 @@ std::vector<MemoryCall> allCalls()
         KV_VOID("GetAboutInfo", any, nothing, pad->GetAboutInfo(pad.type(), buffer)),
         KV_NUMBER("SetRealTimeSignBase64DataCallback", "0", isS210, nothing,
             KVS210_SetRealTimeSignBase64DataCallback(pad.type(), EBITI_PNG, pushed)),
-        KV_NUMBER(
-            "InitialWPSSignCanvas", "0", isS210Headless, nothing, KVS210_InitialWPSSignCanvas(pad.type(), 50, 40)),
-        KV_TEXT("WPSBase64Encode", isS210Headless, makeOfficeCanvas, bytes,
-            KVS210_WPSBase64Encode(pad.type(), EBITI_PNG), KVS210_WPSBase64EncodeFree),
-        KV_VOID("WPSBase64EncodeFree", isS210Headless, officeText, KVS210_WPSBase64EncodeFree(pad.type(), given)),
+        KV_NUMBER("InitialWPSSignCanvas", "0", isS210, nothing, KVS210_InitialWPSSignCanvas(pad.type(), 50, 40)),
+        KV_TEXT("WPSBase64Encode", isS210, makeOfficeCanvas, bytes, KVS210_WPSBase64Encode(pad.type(), EBITI_PNG),
+            KVS210_WPSBase64EncodeFree),
+        KV_VOID("WPSBase64EncodeFree", isS210, officeText, KVS210_WPSBase64EncodeFree(pad.type(), given)),
         KV_NUMBER("SetDisplayedFPImageAt", "-1", isS310X, nothing,
             KVS310X_SetDisplayedFPImageAt(pad.type(), pad.window(), 60, 50, 5, 5, 20, 25)),
         KV_TEXT("GetFPImageBase64Data", isS310X, placeFingerprint, bytes,
