@@ -57,7 +57,7 @@ if(KV_NOT_APART)
   message(STATUS "Tests have no /tmp of their own here; those that share files in it run one after another")
   set(KV_APART "")
 endif()
-set(KV_SHARES_FILES "logfile\\.h|logmessages\\.h|svgfiles\\.h|[sS][vV][gG]|KVeSign|everycall|exportedcalls_table|virtual")
+set(KV_SHARES_FILES "logfile\\.h|logmessages\\.h|svgfiles\\.h|[sS][vV][gG]|KVeSign|everycall|exportedcalls_table|virtual|_fuzzer|examples")
 
 set(KV_TEST_ENVIRONMENT
   "QT_QPA_PLATFORM=offscreen"
@@ -125,7 +125,7 @@ endfunction()
 # Makes one program; ctest runs each <name>_test.cpp as <name>_test, in its own process. A test that replaces functions of the
 # system or of Qt needs its own program.
 # THREADS: run under ThreadSanitizer too; a build with it leaves the others out.
-# UNSANITIZED: built, but not run, under the other sanitizers.
+# UNSANITIZED: built, but not run, under the other sanitizers; labelled unsanitized elsewhere.
 # PADS: with the harness, the shared library and a QApplication. The tests can call only the exported functions.
 # INSIDE: the same with the library that has everything visible. Without PADS or INSIDE there is neither harness, library nor
 #   application.
@@ -166,9 +166,12 @@ function(kv_add_tests program)
     get_filename_component(name ${source} NAME_WE)
     kv_run_test(${name} ${source} $<TARGET_FILE:${program}> --file=${source})
   endforeach()
-  foreach(source IN LISTS arg_THREADS)
-    get_filename_component(name ${source} NAME_WE)
-    kv_label(threads ${name})
+  foreach(label THREADS UNSANITIZED)
+    foreach(source IN LISTS arg_${label})
+      get_filename_component(name ${source} NAME_WE)
+      string(TOLOWER ${label} lower)
+      kv_label(${lower} ${name})
+    endforeach()
   endforeach()
   if(arg_THREADS)
     add_dependencies(kv_threads_tests ${program})
