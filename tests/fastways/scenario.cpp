@@ -79,7 +79,8 @@ std::vector<std::string> Scenario::run()
     fuzz::Driver::instance().reset();
     fuzz::Driver::instance().setScreenDelay(0);
     running = this;
-    fuzz::FuzzedPad pad(family, headless, 1 + upTo(430), 1 + upTo(300));
+    const int scale = oneIn(40) ? 4 : 1;
+    fuzz::FuzzedPad pad(family, headless, 1 + upTo(430 * scale), 1 + upTo(300 * scale));
     m_pad = &pad;
     tell(headless ? family.headlessClass : family.widgetClass, pad.isOpen() ? "open" : "closed");
     for (const int steps = 3 + upTo(9); m_step < steps; ++m_step) {
@@ -90,6 +91,7 @@ std::vector<std::string> Scenario::run()
         texts();
         files();
         record();
+        decoded();
         if (oneIn(6))
             family.Clear(family.type);
     }
@@ -197,6 +199,34 @@ void Scenario::record()
     char *text = (*m_pad)->Base64Encode(m_pad->type(), EBITI_INK);
     tell("record", text == nullptr ? QByteArray("null") : withoutTimes(QByteArray::fromBase64(text)));
     (*m_pad)->Base64EncodeFree(m_pad->type(), text);
+}
+
+/// What the library makes of its own texts, and the points one by one.
+void Scenario::decoded()
+{
+    if (!oneIn(4))
+        return;
+    const int type = m_pad->type();
+    for (const int image : {EBITI_BITMAP, EBITI_JPEG, EBITI_PNG, EBITI_INK}) {
+        const QString path = m_directory.path() + "/decoded";
+        std::wstring wide = path.toStdWString();
+        char *text = (*m_pad)->Base64Encode(type, image);
+        const int result = (*m_pad)->Base64Decode(type, image, text, wide.data());
+        (*m_pad)->Base64EncodeFree(type, text);
+        QFile written(path);
+        tell("decoded",
+            QByteArray::number(result) + (written.open(QIODevice::ReadOnly) ? written.readAll() : QByteArray("none")));
+        written.remove();
+    }
+    QByteArray points;
+    for (int i = 0; i < (*m_pad)->GetTotalDecodeInkPointsNumber(type); ++i)
+        for (const int field : {INKDATATYPE_X, INKDATATYPE_Y, INKDATATYPE_STROKEEND})
+            points += QByteArray::number((*m_pad)->GetDecodeInkPointData(type, i, field)) + ' ';
+    INKPOINTDATA point{};
+    for (; (*m_pad)->GetInkPointData(type, point) == ARI_SUCCESS; ++point.nIndex)
+        points += QByteArray::number(point.nX) + ' ' + QByteArray::number(point.nY) + ' '
+            + QByteArray::number(point.nPressureValue) + ' ' + QByteArray::number(point.bStrokeEnd) + ' ';
+    tell("points", points);
 }
 
 void Scenario::ofTheModel()

@@ -37,6 +37,7 @@ private:
     void texts();
     void files();
     void record();
+    void decoded();
     void ofTheModel();
 
     std::mt19937 m_random;
