@@ -1,9 +1,12 @@
 // The list behind the queries: fields, ownership, clocks, and a pad that was never connected.
 #include "LogFileUtil.h"
+#include "inkpoints.h"
 #include "insidepads.h"
 
 #include <cstddef>
+#include <cstring>
 #include <ctime>
+#include <new>
 #include <type_traits>
 
 namespace {
@@ -26,6 +29,16 @@ TEST(InkPointRecord, HasItsFieldsInOrderAndOfTheirTypes)
         offsetof(_POINTDATA, bStrokeEnd), offsetof(_POINTDATA, ulTickCount), offsetof(_POINTDATA, pointTime)};
     const size_t expected[] = {0, 2, 4, 6, 8, 16};
     EXPECT_TRUE(std::equal(std::begin(offsets), std::end(offsets), expected));
+}
+
+/// The ink record hands out the bytes as they are in memory.
+TEST(InkPointRecord, IsZeroWhereItHasNoField)
+{
+    alignas(_POINTDATA) unsigned char bytes[sizeof(_POINTDATA)];
+    std::memset(bytes, 0xaa, sizeof bytes);
+    new (bytes) _POINTDATA(inkpoints::pointNow(1, 2, 3, true));
+    EXPECT_EQ(bytes[offsetof(_POINTDATA, bStrokeEnd)], 1);
+    EXPECT_EQ(bytes[offsetof(_POINTDATA, bStrokeEnd) + 1], 0);
 }
 
 TEST_P(InkPointsInside, CarryTheTickAndTheSecondOfTheirStoring)
