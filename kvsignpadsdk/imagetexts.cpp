@@ -42,8 +42,7 @@ QByteArray fileOf(QImage image, int nImageTypeID, bool transparent, PngStream *k
     if (nImageTypeID == EBITI_PNG)
         pixelformats::prepareForPng(image);
     QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    if (!image.save(&buffer, format))
+    if (!image.save(&buffer, format)) // which opens it
         bytes.clear();
     return bytes;
 }
