@@ -2,15 +2,17 @@
 
 #include "fastways/pngstream.h"
 #include "imageresolution.h"
+#include "painting.h"
 #include "pixelformats.h"
 
 #include <QBuffer>
 #include <QFileInfo>
 #include <QImageWriter>
-#include <QPainter>
 #include <QPdfWriter>
 
 #include <algorithm>
+#include <memory>
+#include <utility>
 
 namespace imagefiles {
 
@@ -81,13 +83,12 @@ bool savePdf(QImage image, const QString &path, int nDPI)
     PdfFile file(path);
     if (!file.isOpen())
         return false;
-    QPdfWriter writer(&file);
-    writer.setPageSize(QPageSize(QPageSize::A4));
-    writer.setResolution(nDPI);
-    writer.setPageMargins(QMarginsF(10, 10, 10, 10));
-    QPainter painter(&writer);
-    painter.drawImage(0, 0, pixels);
-    if (!painter.end() || !file.isWhole())
+    auto writer = std::make_unique<QPdfWriter>(&file);
+    writer->setPageSize(QPageSize(QPageSize::A4));
+    writer->setResolution(nDPI);
+    writer->setPageMargins(QMarginsF(10, 10, 10, 10));
+    const auto draw = [&](QPainter &painter) { painter.drawImage(0, 0, pixels); };
+    if (!painting::drawOn(std::move(writer), draw) || !file.isWhole())
         return false;
     file.commit(); // a failure here is not reported: the earlier file stays
     return true;

@@ -1,9 +1,11 @@
 #include "svglines.h"
 
 #include "inkpen.h"
+#include "painting.h"
 
-#include <QPainter>
 #include <QSvgGenerator>
+
+#include <memory>
 
 namespace svglines {
 
@@ -30,16 +32,17 @@ Source linesOf(std::vector<Line> lines)
 
 void writePlainly(QIODevice &device, const Drawing &drawing)
 {
-    QSvgGenerator generator;
-    generator.setOutputDevice(&device);
-    generator.setSize(drawing.size);
-    generator.setViewBox(QRect(QPoint(0, 0), drawing.size));
-    generator.setResolution(drawing.dpi);
-    QPainter painter(&generator);
-    if (drawing.below)
-        drawing.below(painter);
-    for (Line line; drawing.next(line);)
-        drawLine(painter, line, drawing.colour);
+    auto generator = std::make_unique<QSvgGenerator>();
+    generator->setOutputDevice(&device);
+    generator->setSize(drawing.size);
+    generator->setViewBox(QRect(QPoint(0, 0), drawing.size));
+    generator->setResolution(drawing.dpi);
+    painting::drawOn(std::move(generator), [&](QPainter &painter) {
+        if (drawing.below)
+            drawing.below(painter);
+        for (Line line; drawing.next(line);)
+            drawLine(painter, line, drawing.colour);
+    });
 }
 
 } // namespace svglines

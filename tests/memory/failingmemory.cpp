@@ -14,6 +14,8 @@ void *__libc_memalign(size_t alignment, size_t size);
 namespace {
 
 thread_local long untilFailure = 0; ///< 0: none is to fail
+thread_local bool isLasting = false; ///< all that follow fail too
+thread_local bool hasFailed = false;
 thread_local void (*atFailure)() = nullptr;
 
 std::atomic<bool (*)(std::size_t)> refusal{nullptr};
@@ -21,7 +23,16 @@ std::atomic<int> refused{0};
 
 bool isNth()
 {
-    return untilFailure != 0 && --untilFailure == 0;
+    if (untilFailure == 0)
+        return false;
+    if (untilFailure > 1) {
+        --untilFailure;
+        return false;
+    }
+    hasFailed = true;
+    if (!isLasting)
+        untilFailure = 0;
+    return true;
 }
 
 bool isRefused(std::size_t bytes)
@@ -57,17 +68,18 @@ int refusals()
     return refused;
 }
 
-void failNth(long n, void (*noticed)())
+void failNth(long n, Which which, void (*noticed)())
 {
     atFailure = noticed;
+    isLasting = which == Which::AllFromIt;
+    hasFailed = false;
     untilFailure = n;
 }
 
 bool stop()
 {
-    const bool failed = untilFailure == 0;
     untilFailure = 0;
-    return failed;
+    return hasFailed;
 }
 
 } // namespace failingmemory

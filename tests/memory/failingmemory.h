@@ -14,9 +14,15 @@ void refuse(bool (*rule)(std::size_t bytes));
 /// How many allocations a rule has refused in this process.
 int refusals();
 
-/// From now on this thread's n-th allocation fails, counted from 1. All others succeed. `noticed` is called where it
-/// fails, and may ask for memory no more than a signal's handler.
-void failNth(long n, void (*noticed)());
+enum class Which
+{
+    OneAlone,
+    AllFromIt
+};
+
+/// From now on this thread's n-th allocation fails, counted from 1, and with AllFromIt all that follow it. `noticed` is
+/// called where one fails, and may ask for memory no more than a signal's handler.
+void failNth(long n, Which which, void (*noticed)());
 
 /// Lets all allocations succeed again. Returns whether one has failed since failNth().
 bool stop();

@@ -26,7 +26,7 @@ constexpr Known kKnown[] = {
     {"GetFPImageBase64Data", "QImage::save"}, // the same
     {"GetSVGImageBase64Data", "QObject::~QObject"}, // of the generator's text stream, with half its connections
     {"GetSVGImageBase64Data", "QPaintEngine::drawLines"}, // the generator's path for a line
-    {"GetSVGImageBase64Data", "QPainter::~QPainter"}, // the end of an SVG
+    {"GetSVGImageBase64Data", "QPainter::end"}, // its text stream
     {"InitialDevice", "QObjectPrivate::~QObjectPrivate"}, // of a half made thread
     {"InitialDevice", "QWidgetPrivate::setVisible"}, // a list of connections that could not grow
     {"SaveDrawingImage", "QImageWriter::write"}, // the lock of the list of formats
@@ -36,7 +36,7 @@ constexpr Known kKnown[] = {
     {"SaveDrawingImage PDF", "QPdfEnginePrivate::~QPdfEnginePrivate"}, // a page that was never made
     {"SaveDrawingImage SVG", "QObject::~QObject"}, // as of the text
     {"SaveDrawingImage SVG", "QPaintEngine::drawLines"},
-    {"SaveDrawingImage SVG", "QPainter::~QPainter"},
+    {"SaveDrawingImage SVG", "QPainter::end"},
     {"WPSBase64Encode", "QImage::save"},
 };
 

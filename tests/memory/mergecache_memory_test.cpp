@@ -68,7 +68,7 @@ TEST(MergeWithoutMemoryForASegment, IsMadeUpForByTheNext)
         pad->m_dblLastSignWndX = to.x(); // so that the next segment's box has none of this one
         pad->m_dblLastSignWndY = to.y();
         pad->m_internals.mergeCache.segmentDrawn(MergeCache::boxOf(from, to, 7));
-        failingmemory::failNth(n, [] {});
+        failingmemory::failNth(n, failingmemory::Which::OneAlone, [] {});
         try {
             pad->MergeSignCanvasAndFPCanvas(); // which makes the layer
         } catch (const std::bad_alloc &) {

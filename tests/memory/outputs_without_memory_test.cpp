@@ -1,6 +1,7 @@
 // Outputs when memory runs out: ARI_INK_EMPTY for a file, an empty text for an image, null for the ink record.
 #include "failingmemory.h"
 #include "fingerprints.h"
+#include "openfiles.h"
 #include "returnedtext.h"
 #include "savedfiles.h"
 
@@ -118,6 +119,24 @@ TEST_P(OutputsWithoutMemory, AreNothingDecoded)
     }
     EXPECT_TRUE(files.names().empty());
     EXPECT_EQ(pad->GetTotalDecodeInkPointsNumber(pad.type()), ARI_INK_EMPTY);
+}
+
+// The painter asks for more than the canvas has bytes once it draws, and again at its end.
+TEST_P(OutputsWithoutMemory, AreNoPdfFilesWhereMemoryEndsWhileTheyAreDrawn)
+{
+    static const std::size_t canvas = 900 * 700 * 4;
+    EXPECT_EQ(files.save(pad, ITI_PDF, "a.pdf"), ARI_SUCCESS);
+    EXPECT_TRUE(QFile::remove(files.path("a.pdf")));
+    const std::vector<std::string> before = openFiles();
+    const int refusalsBefore = failingmemory::refusals();
+    failingmemory::refuse([](std::size_t bytes) { return bytes > canvas; });
+    const int result = files.save(pad, ITI_PDF, "a.pdf");
+    failingmemory::refuse(nullptr);
+    EXPECT_EQ(result, ARI_INK_EMPTY);
+    EXPECT_GT(failingmemory::refusals(), refusalsBefore);
+    EXPECT_TRUE(files.names().empty());
+    EXPECT_EQ(openFiles(), before);
+    EXPECT_EQ(files.save(pad, ITI_PDF, "a.pdf"), ARI_SUCCESS) << "with memory again";
 }
 
 // Qt only warns of what it leaves out, and answers success.
