@@ -8,6 +8,7 @@
 #include <csetjmp>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <mutex>
 
 #include <jpeglib.h>
@@ -21,6 +22,11 @@ constexpr int kUnitAt = 13; // offset of the JFIF density unit; x and y follow, 
 
 struct Compressor
 {
+    Compressor() = default;
+    ~Compressor() { jpeg_destroy_compress(&state); }
+    Compressor(const Compressor &) = delete;
+    Compressor &operator=(const Compressor &) = delete;
+
     jpeg_compress_struct state{};
     jpeg_error_mgr errors{};
     std::jmp_buf onError{};
@@ -76,15 +82,12 @@ bool compress(Compressor &compressor, const QImage &image, const QByteArray &res
 QByteArray written(const QImage &image, const QByteArray &resolution)
 {
     Compressor compressor;
-    QByteArray file;
-    if (compress(compressor, image, resolution)) {
-        file = QByteArray(reinterpret_cast<const char *>(compressor.bytes), static_cast<int>(compressor.size));
-        // libjpeg stores the final buffer in `bytes` only in jpeg_finish_compress(). After an error it may point to one
-        // that libjpeg has outgrown and freed, so free it only here.
-        std::free(compressor.bytes);
-    }
-    jpeg_destroy_compress(&compressor.state);
-    return file;
+    if (!compress(compressor, image, resolution))
+        return {};
+    // libjpeg stores the final buffer in `bytes` only in jpeg_finish_compress(). After an error it may point to one
+    // that libjpeg has outgrown and freed, so free it only here.
+    const std::unique_ptr<unsigned char, decltype(&std::free)> bytes(compressor.bytes, &std::free);
+    return {reinterpret_cast<const char *>(bytes.get()), static_cast<int>(compressor.size)};
 }
 
 QByteArray byQt(const QImage &image)
