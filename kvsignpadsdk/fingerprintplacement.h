@@ -90,8 +90,8 @@ void end(Place &place)
 }
 
 /// Ends the newest place. Widgets that it replaced stay in their windows and keep their picture; places without a
-/// window are freed, because nobody else can. A forked child leaves the newest widget in its window too, which is the
-/// parent's.
+/// window are freed, because nobody else can. In a forked child the newest widget stays in its window too: both belong
+/// to the process that forked it.
 template <class Pad>
 void releasePlaces(Pad &pad)
 {

@@ -19,8 +19,8 @@ namespace {
 
 constexpr int kMostScans = 100;
 
-// Even a blank picture has far more bytes than this when it is complete: a JPEG one byte for 64 pixels, a BMP at least
-// one for 8.
+// What Qt writes has far more bytes than this, blank pictures too: a byte for at most 256 pixels in a JPEG, for 8 in a
+// BMP. Of whole pictures, only nearly blank ones in arithmetic coding, or in runs that end early, are refused.
 constexpr qint64 kPixelsForAByte = 1024;
 constexpr qint64 kPixelsForNothing = qint64{1} << 24;
 

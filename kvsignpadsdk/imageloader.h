@@ -13,8 +13,8 @@ namespace imageloader {
 /// would cost more than any real picture does:
 /// - more pixels than any canvas has, or more memory than the largest canvas;
 /// - a JPEG file with more than 100 scans;
-/// - a JPEG or BMP file with more than 16 million pixels and less than a byte for 1000 of them, because Qt would
-///   fill in nearly all of it.
+/// - a JPEG or BMP file with more than 16 million pixels and less than a byte for 1000 of them: a header of a few bytes
+///   could claim them, and Qt would fill them in.
 QImage loaded(const QByteArray &bytes, int nImageTypeID);
 
 } // namespace imageloader

@@ -27,7 +27,8 @@ struct Box
 /// The box of all pixels that are not white, whatever their alpha. Takes 32-bit images.
 Box scan(const QImage &canvas);
 
-/// The two ways of scan(): with a log line for each change while the log is on, else fast and without lines.
+/// The two ways of scan(): with a log line for each change while the log is on, else fast and without lines. They agree
+/// wherever ink can be; QPainter draws none beyond pixel 32767, and only Box's initial 99999 would tell them apart.
 Box scanLogged(const QImage &canvas);
 Box scanQuietly(const QImage &canvas);
 

@@ -9,8 +9,8 @@
 
 namespace largestcanvas {
 
-/// No QByteArray holds more than this, so nothing could be encoded from a larger canvas. Do not even try to allocate
-/// one: the system may grant the memory and kill the process when it is filled.
+/// As much as a QByteArray can hold. Do not even try to allocate a larger canvas: the system may grant the memory and
+/// kill the process when it is filled.
 constexpr qint64 kBytes = std::numeric_limits<int>::max();
 constexpr qint64 kPixels = kBytes / 4; ///< just below 2^29
 

@@ -43,7 +43,7 @@ void orOwed([[maybe_unused]] Pad &pad, Part part)
     }
 }
 
-/// For who has merged, or has emptied what would be merged. The caller holds pixelsLock.
+/// Call it after merging, and after emptying what would be merged. The caller holds pixelsLock.
 template <class Pad>
 void forget([[maybe_unused]] Pad &pad)
 {

@@ -87,7 +87,7 @@ bool isOurs(const logging::Key &key, int nDeviceType)
 }
 
 /// Calls the open instance as the kind of host that g_bUseSignObj says it is. Returns `without` if no instance is open,
-/// and `failed` if the call throws, which it does only when memory runs out.
+/// and `failed` if the call throws: when memory runs out, or the driver throws.
 template <class Family, class Result, class Call>
 Result forward(Result without, Result failed, Call call)
 {

@@ -214,7 +214,7 @@ TEST_F(ForgedImage, CannotHideItsScans)
     EXPECT_TRUE(leftNothing());
 }
 
-// Pictures of this size have their bytes, blank ones too: nothing of them is refused.
+// What Qt writes of this size has enough bytes, blank or not: nothing of it is refused.
 TEST_F(ForgedImage, IsNoneThatIsWholeOrCutInTheMiddle)
 {
     QImage blank(5000, 4000, QImage::Format_RGB32);
