@@ -1,6 +1,8 @@
 // Where a caller may put the fingerprint, what is refused, and what becomes of the places.
 #include "fingerprints.h"
+#include "logfile.h"
 
+#include <QApplication>
 #include <QPainter>
 
 #include <climits>
@@ -285,6 +287,34 @@ TEST(FingerprintPlacement, ARefusedHeadlessOneTakesOverWithACanvasOf640By480)
     sendAndWait(pad, ridges(1), 5);
     const QImage layer = layerOf(ridges(1), pad.size);
     EXPECT_EQ(fingerprintImage(pad), printed(layer, {250, 150, 100, 120}, {640, 480}));
+}
+
+/// The keys of the lines that closing a pad writes after so many placements, each in place of the former.
+std::vector<std::string> closedAfter(int placements)
+{
+    const int widgets = QApplication::allWidgets().size();
+    const FingerprintPad pad(kHeadlessPad, 50, 40);
+    for (int i = 0; i < placements; ++i)
+        EXPECT_EQ(placeOnCanvas(300, 200, kInside), ARI_SUCCESS);
+    EXPECT_EQ(QApplication::allWidgets().size(), widgets + placements);
+    std::vector<std::string> keys;
+    {
+        const LogTail tail;
+        const LogOn on;
+        KVS310X_UnInitialDevice(kDevice);
+        for (const std::string &line : tail.lines())
+            keys.push_back(parsedLogLine(line).key);
+    }
+    EXPECT_EQ(QApplication::allWidgets().size(), widgets);
+    return keys;
+}
+
+// Nobody else could free them.
+TEST(FingerprintPlacement, ReplacedHeadlessOnesAreFreedWithoutALogLine)
+{
+    const std::vector<std::string> ofOne = closedAfter(1);
+    EXPECT_GT(ofOne.size(), 5u);
+    EXPECT_EQ(closedAfter(3), ofOne);
 }
 
 TEST(FingerprintPlacement, ShutdownHidesTheWidgetAtOnceAndFreesItLater)

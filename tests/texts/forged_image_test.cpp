@@ -228,6 +228,18 @@ TEST_F(ForgedImage, IsNoneThatIsWholeOrCutInTheMiddle)
     }
 }
 
+// 2^29 pixels less one row, and one row more. In one bit for a pixel they take 64 MB.
+TEST_F(ForgedImage, MayHaveThePixelsOfTheLargestCanvas)
+{
+    for (const auto &[height, result] : {std::pair(16383, ARI_SUCCESS), std::pair(16384, ARI_INK_EMPTY)}) {
+        QImage image(32768, height, QImage::Format_Mono);
+        image.fill(1);
+        EXPECT_EQ(decode({"png", EBITI_PNG, fileOf(image, "PNG")}), result) << height;
+        EXPECT_EQ(QFile::remove(directory.filePath("out")), result == ARI_SUCCESS);
+        EXPECT_TRUE(leftNothing());
+    }
+}
+
 // Sanitizers reserve address space without end, so that a limit means nothing to them.
 #ifndef KV_SANITIZED
 TEST_F(ForgedImage, IsRefusedWhereMemoryIsShort)
