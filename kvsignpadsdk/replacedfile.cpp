@@ -44,6 +44,12 @@ bool isFull(int error)
     return error == ENOSPC || error == EDQUOT || error == EIO;
 }
 
+// With these the file could be written in place, but hardly safely: the earlier file would be gone if that failed.
+bool isShortOfMeans(int error)
+{
+    return error == EMFILE || error == ENFILE || error == ENOMEM;
+}
+
 } // namespace
 
 ReplacedFile::ReplacedFile(const QString &path)
@@ -111,11 +117,11 @@ ReplacedFile::Beside ReplacedFile::createBeside(bool replaces, const struct stat
             replaces ? 0600 : 0666);
     if (m_file >= 0 && (!replaces || earlierfile::takeOver(m_file, earlier)))
         return Beside::Begun;
-    const bool full = m_file < 0 && isFull(errno);
+    const bool refused = m_file < 0 && (isFull(errno) || (replaces && isShortOfMeans(errno)));
     if (m_file < 0)
         m_besideName.clear();
     closeAll();
-    return full ? Beside::Refused : Beside::Impossible;
+    return refused ? Beside::Refused : Beside::Impossible;
 }
 
 void ReplacedFile::openInPlace()

@@ -227,6 +227,40 @@ TEST_F(ReplacedFiles, AreWrittenWithDescriptorsFromZeroOn)
     EXPECT_EQ(files(), 2u);
 }
 
+/// Runs the call while the process may open so many files more.
+template <class Call>
+bool withDescriptors(rlim_t count, Call call)
+{
+    rlimit before{};
+    ::getrlimit(RLIMIT_NOFILE, &before);
+    const int lowest = ::dup(STDERR_FILENO);
+    ::close(lowest);
+    const rlimit limit{static_cast<rlim_t>(lowest) + count, before.rlim_max};
+    ::setrlimit(RLIMIT_NOFILE, &limit);
+    const bool done = call();
+    ::setrlimit(RLIMIT_NOFILE, &before);
+    return done;
+}
+
+// A new one takes two descriptors, its folder's and its own. In place it would take one, but then the earlier file
+// would be lost on a full disk.
+TEST_F(ReplacedFiles, StayAsTheyAreWhereDescriptorsAreShort)
+{
+    makeEarlier();
+    const ino_t before = status().st_ino;
+    for (const rlim_t count : {rlim_t{0}, rlim_t{1}}) {
+        EXPECT_FALSE(withDescriptors(count, [&] { return replaceOnAFullDisk(); })) << count;
+        EXPECT_FALSE(withDescriptors(count, [&] { return replace(); })) << count;
+        EXPECT_EQ(contents(), kEarlier) << count;
+        EXPECT_EQ(status().st_ino, before) << count;
+    }
+    EXPECT_EQ(files(), 1u);
+    EXPECT_TRUE(withDescriptors(1, [&] { return replace("new"); })) << "nothing can be lost there";
+    EXPECT_EQ(contents("new"), kLater);
+    EXPECT_TRUE(withDescriptors(2, [&] { return replace(); }));
+    EXPECT_EQ(contents(), kLater);
+}
+
 // The file and the one beside it are both removed in the meantime, so commit() makes a new one, which does not fit.
 TEST_F(ReplacedFiles, LeaveNoHalfFileWhereTheyCouldNotBeRenamed)
 {
