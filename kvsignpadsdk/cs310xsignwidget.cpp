@@ -46,6 +46,12 @@ int CS310XSignWidget::SetDisplayedFPImageAt(
         KV_LOG(key, "<%ld>-leave with ARI_INVALID_PARAMETERS due to pParentWidget == nullptr !");
         return ARI_INVALID_PARAMETERS;
     }
+    if (!widgetthread::canHaveChildren(*pParentWidget)) {
+        KV_LOG(key,
+            "<%ld>-leave with ARI_FAIL due to (qApp == nullptr) || (pParentWidget->thread() != QThread::currentThread()) "
+            "!");
+        return ARI_FAIL;
+    }
     CS310XFPWidget &widget = fingerprintplacement::addWidget(*this, pParentWidget);
     const int nResult = widget.SetDisplayedFPImageAt(pParentWidget, nFPLeft, nFPTop, nFPWidth, nFPHeight);
     if (nResult != ARI_SUCCESS) {

@@ -356,14 +356,15 @@ KVSIGNPADSDK_EXPORT void KVS210_WPSBase64EncodeFree(int nDeviceType, char *pEnco
 /// or canvas: on the signing widget in place of the former rectangle, in another window on a new empty widget that is
 /// not shown, headless on a new white canvas of 640 by 480 pixels. Only which kind of place was accepted last does not
 /// change. Place the fingerprint once more then.
-/// @return ARI_SUCCESS; ARI_INVALID_PARAMETERS for a rectangle outside or a null parent; ARI_FAIL without an instance.
+/// @return ARI_SUCCESS; ARI_INVALID_PARAMETERS for a rectangle outside or a null parent; ARI_FAIL without an instance,
+/// and for a new widget on another thread than pParentWidget's.
 KVSIGNPADSDK_EXPORT int KVS310X_SetDisplayedFPImageAt(int nDeviceType, QWidget *pParentWidget, int nCanvasWidth,
     int nCanvasHeight, int nFPLeft, int nFPTop, int nFPWidth, int nFPHeight);
 
 /// The picture that carries the fingerprint, as Base64 text of EBITI_BITMAP, EBITI_JPEG or EBITI_PNG (white
 /// transparent); bFPImageOnly cuts it to the fingerprint's rectangle.
 /// @return a new text for FreeFPImageBase64Data, empty when there is no picture to write: the canvas could not be had,
-/// or the cut leaves nothing of it. Null when a headless instance has accepted no place yet, when the window that held
+/// or the rectangle is empty. Null when a headless instance has accepted no place yet, when the window that held
 /// the newest one is gone, for another type, and without an instance.
 KVSIGNPADSDK_EXPORT char *KVS310X_GetFPImageBase64Data(int nDeviceType, int nImageTypeID, bool bFPImageOnly);
 

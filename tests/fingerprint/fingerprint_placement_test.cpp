@@ -5,7 +5,9 @@
 #include <QApplication>
 #include <QPainter>
 
+#include <algorithm>
 #include <climits>
+#include <thread>
 
 namespace {
 
@@ -256,6 +258,29 @@ TEST(FingerprintPlacement, AFormerWidgetStaysWhenTheNewestIsGone)
     }
     ASSERT_NE(fingerprintWidget(first), nullptr);
     EXPECT_TRUE(fingerprintWidget(first)->isVisible());
+}
+
+// A widget that another thread made would wait for ever for the thread of its window.
+TEST(FingerprintPlacement, InAnotherWindowBelongsToTheThreadOfThatWindow)
+{
+    const FingerprintPad pad(kWidgetPad, 300, 200);
+    QWidget other;
+    other.resize(300, 200);
+    other.show();
+    int result = ARI_SUCCESS;
+    const LogTail log;
+    {
+        const LogOn on;
+        std::thread([&] { result = placeOn(&other, kInside); }).join();
+    }
+    EXPECT_EQ(result, ARI_FAIL);
+    EXPECT_EQ(fingerprintWidget(other), nullptr);
+    const std::vector<LogEntry> entries = log.entries();
+    EXPECT_TRUE(std::any_of(entries.begin(), entries.end(), [](const LogEntry &entry) {
+        return entry.text
+            == "leave with ARI_FAIL due to (qApp == nullptr) || (pParentWidget->thread() != QThread::currentThread()) !";
+    }));
+    EXPECT_EQ(placeOn(&other, kInside), ARI_SUCCESS) << "on the window's own";
 }
 
 // What the header says of a rectangle that is refused after another was accepted.

@@ -1408,7 +1408,8 @@ namespace Korvane.Signpad
         /// change. Place the fingerprint once more then.
         /// </summary>
         /// <returns>
-        /// ARI_SUCCESS; ARI_INVALID_PARAMETERS for a rectangle outside or a null parent; ARI_FAIL without an instance.
+        /// ARI_SUCCESS; ARI_INVALID_PARAMETERS for a rectangle outside or a null parent; ARI_FAIL without an instance,
+        /// and for a new widget on another thread than pParentWidget's.
         /// </returns>
         [DllImport(Sdk, CallingConvention = CallingConvention.Cdecl)]
         public static extern int KVS310X_SetDisplayedFPImageAt(
@@ -1421,8 +1422,8 @@ namespace Korvane.Signpad
         /// </summary>
         /// <returns>
         /// a new text for FreeFPImageBase64Data, empty when there is no picture to write: the canvas could not be had,
-        /// or the cut leaves nothing of it. Null when a headless instance has accepted no place yet, when the window
-        /// that held the newest one is gone, for another type, and without an instance.
+        /// or the rectangle is empty. Null when a headless instance has accepted no place yet, when the window that
+        /// held the newest one is gone, for another type, and without an instance.
         /// </returns>
         [DllImport(Sdk, CallingConvention = CallingConvention.Cdecl)]
         public static extern IntPtr KVS310X_GetFPImageBase64Data(

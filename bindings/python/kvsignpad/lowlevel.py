@@ -579,7 +579,7 @@ OPERATIONS: Mapping[str, Operation] = {
         "window on a new empty widget that is not shown, headless on a new white canvas of 640 by 480 pixels. "
         "Only which kind of place was accepted last does not change. Place the fingerprint once more then.\n\n"
         "Returns ARI_SUCCESS; ARI_INVALID_PARAMETERS for a rectangle outside or a null parent; ARI_FAIL "
-        "without an instance."
+        "without an instance, and for a new widget on another thread than pParentWidget's."
     ),
     "GetFPImageBase64Data": Operation(
         ("KVS310X",),
@@ -589,9 +589,8 @@ OPERATIONS: Mapping[str, Operation] = {
         "The picture that carries the fingerprint, as Base64 text of EBITI_BITMAP, EBITI_JPEG or EBITI_PNG "
         "(white transparent); bFPImageOnly cuts it to the fingerprint's rectangle.\n\n"
         "Returns a new text for FreeFPImageBase64Data, empty when there is no picture to write: the canvas "
-        "could not be had, or the cut leaves nothing of it. Null when a headless instance has accepted no "
-        "place yet, when the window that held the newest one is gone, for another type, and without an "
-        "instance."
+        "could not be had, or the rectangle is empty. Null when a headless instance has accepted no place "
+        "yet, when the window that held the newest one is gone, for another type, and without an instance."
     ),
     "FreeFPImageBase64Data": Operation(
         ("KVS310X",),

@@ -675,7 +675,7 @@ public interface LowLevel extends Library {
      * not change. Place the fingerprint once more then.
      *
      * @return ARI_SUCCESS; ARI_INVALID_PARAMETERS for a rectangle outside or a null parent; ARI_FAIL without an
-     *     instance.
+     *     instance, and for a new widget on another thread than pParentWidget's.
      */
     int KVS310X_SetDisplayedFPImageAt(
             int nDeviceType, Pointer pParentWidget, int nCanvasWidth, int nCanvasHeight, int nFPLeft, int nFPTop, int nFPWidth, int nFPHeight);
@@ -685,8 +685,8 @@ public interface LowLevel extends Library {
      * transparent); bFPImageOnly cuts it to the fingerprint's rectangle.
      *
      * @return a new text for FreeFPImageBase64Data, empty when there is no picture to write: the canvas could not be
-     *     had, or the cut leaves nothing of it. Null when a headless instance has accepted no place yet, when the
-     *     window that held the newest one is gone, for another type, and without an instance.
+     *     had, or the rectangle is empty. Null when a headless instance has accepted no place yet, when the window
+     *     that held the newest one is gone, for another type, and without an instance.
      */
     Pointer KVS310X_GetFPImageBase64Data(int nDeviceType, int nImageTypeID, boolean bFPImageOnly);
 
