@@ -6,6 +6,7 @@
 #include <QBuffer>
 #include <QCoreApplication>
 #include <QImageReader>
+#include <QXmlStreamReader>
 #include <QtEndian>
 
 #include <algorithm>
@@ -64,6 +65,16 @@ int scansOfJpeg(const QByteArray &jpeg)
     return scans;
 }
 
+bool svgHoldsPictures(const QByteArray &svg)
+{
+    QXmlStreamReader reader(svg);
+    while (!reader.atEnd()) {
+        if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == QLatin1String("image"))
+            return true;
+    }
+    return false;
+}
+
 QImage readPicture(const PageFile &file)
 {
     QBuffer buffer;
@@ -72,10 +83,15 @@ QImage readPicture(const PageFile &file)
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
-    const QSize size = reader.size();
+    const QByteArray format = reader.format();
+    // Qt's SVG reader loads what is in a drawing as soon as it is asked for the size.
+    if (format == "svg" && svgHoldsPictures(file.content))
+        throw unreadable(file.path, PictureWords::tr("it is an SVG with pictures in it; make a PDF of it first."));
+    const bool isPacked = format == "svgz"; // it may hold far more than it seems to
+    const QSize size = isPacked ? QSize() : reader.size();
     if (qint64{size.width()} * size.height() > kMostPixels)
         throw unreadable(file.path, PictureWords::tr("it has more pixels than there is memory for."));
-    if (reader.format() == "jpeg" && scansOfJpeg(file.content) > kMostScans)
+    if (format == "jpeg" && scansOfJpeg(file.content) > kMostScans)
         throw unreadable(file.path, PictureWords::tr("it is a JPEG of too many scans."));
     const QImage picture = size.isValid() ? reader.read() : QImage();
     if (picture.isNull())

@@ -10,11 +10,15 @@ namespace signdesk {
 struct PageFile;
 
 /// The picture, turned as its metadata says. Throws a Trouble, also for a picture that would take more memory than the
-/// largest canvas, or for a JPEG of more than a hundred scans, each of which costs time for the whole picture.
+/// largest canvas, for a JPEG of more than a hundred scans, each of which costs time for the whole picture, and for an
+/// SVG that names or holds further pictures, which would be loaded without these limits.
 QImage readPicture(const PageFile &file);
 
 /// The number of scans of a JPEG, up to where Qt's reader stops.
 int scansOfJpeg(const QByteArray &jpeg);
+
+/// Whether an SVG has an <image>, up to where Qt's reader stops.
+bool svgHoldsPictures(const QByteArray &svg);
 
 } // namespace signdesk
 

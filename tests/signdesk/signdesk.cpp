@@ -186,8 +186,9 @@ void SignDesk::openInVain(const QString &path, const QString &why)
     whenDialogComes([&](QDialog &dialog) { answer(dialog, "OK"); });
     EXPECT_FALSE(window->openPage(path));
     EXPECT_TRUE(happened());
-    EXPECT_EQ(
-        said, path + " cannot be opened: " + why + "\nChoose another file; the page shown before is still there.");
+    const QString expected =
+        path + " cannot be opened: " + why + "\nChoose another file; the page shown before is still there.";
+    EXPECT_EQ(said.toStdString(), expected.toStdString());
     EXPECT_EQ(window->windowTitle(), before);
 }
 

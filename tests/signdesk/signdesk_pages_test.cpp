@@ -140,6 +140,43 @@ TEST_F(SignDeskPage, APictureOfTooManyPixelsIsRefused)
     EXPECT_TRUE(window->openPage(written("plan.jpg", withSize(plainJpeg(), 9000, 7000)))); // A2 at 300 dots to the inch
 }
 
+/// Of each such picture Qt would wait for a pipe, or read a JPEG of any size and any number of scans.
+TEST_F(SignDeskPage, AnSvgThatHoldsPicturesIsRefused)
+{
+    ASSERT_EQ(mkfifo(QFile::encodeName(file("pipe.png")), 0600), 0);
+    const QByteArray jpeg = "data:image/jpeg;base64," + withScans(progressiveJpeg(), 150).toBase64();
+    const QByteArray start = "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' "
+                             "width='100' height='100'>";
+    for (const QByteArray &svg : {start + "<image width='9' height='9' xlink:href='" + jpeg + "'/></svg>",
+             start + "<g><image width='9' height='9' xlink:href='" + QFile::encodeName(file("pipe.png"))
+                 + "'/></g></svg>",
+             start + "<svg:image xmlns:svg='http://www.w3.org/2000/svg' xlink:href='pipe.png'/></svg>",
+             "<!DOCTYPE svg [<!ENTITY p '<image width=\"9\" height=\"9\"/>'>]>" + start + "&p;</svg>"})
+        openInVain(written("drawing.svg", svg), "it is an SVG with pictures in it; make a PDF of it first.");
+    EXPECT_TRUE(window->openPage(written("plain.svg", start + "<rect width='50' height='50'/></svg>")));
+}
+
+TEST_F(SignDeskPage, APackedSvgIsRefused)
+{
+    // As gzip packs it: a header, the rest as zlib makes it, sums that Qt does not ask for.
+    const QByteArray svg = "<svg xmlns='http://www.w3.org/2000/svg' width='100' height='100'><g/></svg>";
+    const QByteArray packed = qCompress(svg).mid(6).chopped(4);
+    QByteArray gzip("\x1f\x8b\x08\0\0\0\0\0\0\x03", 10);
+    quint32 crc = 0xffffffff;
+    for (const char byte : svg) {
+        crc ^= static_cast<unsigned char>(byte);
+        for (int bit = 0; bit < 8; ++bit)
+            crc = crc >> 1 ^ (crc & 1 ? 0xedb88320 : 0);
+    }
+    gzip += packed;
+    for (const quint32 number : {~crc, static_cast<quint32>(svg.size())})
+        for (int i = 0; i < 4; ++i)
+            gzip += static_cast<char>(number >> 8 * i & 0xff);
+    QImage picture;
+    ASSERT_TRUE(picture.loadFromData(gzip)) << "Qt would read it";
+    openInVain(written("drawing.svg", gzip), "it is neither a PDF nor a picture.");
+}
+
 TEST_F(SignDeskPage, APdfThatIsCutOffWhileItIsOpenIsSavedAsItWasOpened)
 {
     const QString path = pdfWithSquare("page.pdf", 40);

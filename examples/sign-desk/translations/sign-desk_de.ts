@@ -1137,6 +1137,10 @@
         <translation>das JPEG besteht aus zu vielen Durchgängen.</translation>
     </message>
     <message>
+        <source>it is an SVG with pictures in it; make a PDF of it first.</source>
+        <translation>in dem SVG stecken Bilder; bitte erst ein PDF daraus machen.</translation>
+    </message>
+    <message>
         <source>it is neither a PDF nor a picture.</source>
         <translation>sie ist weder ein PDF noch ein Bild.</translation>
     </message>
