@@ -47,6 +47,21 @@ TEST_F(KvsignAtomic, WritesNoCutPicture)
     EXPECT_EQ(files(), QStringList("temporary"));
 }
 
+/// As root it put them into the root of the file system.
+TEST_F(KvsignAtomic, SaysThatThereIsNoFolderForTemporaryFiles)
+{
+    const QStringList before = QDir("/").entryList();
+    for (const char *command : {"capture -m S300 --size 300x200 a.png", "capture -m S300 --size 300x200 a.ink",
+             "convert /dev/stdin - --to csv </dev/null"}) {
+        const CommandResult result = runInShell(QString("TMPDIR='%1' \"$0\" %2").arg(file("missing"), command));
+        EXPECT_EQ(result.exitCode, 1) << testing::PrintToString(result);
+        EXPECT_TRUE(result.errors.contains("TMPDIR=" + file("missing") + ": there is no such folder"))
+            << testing::PrintToString(result);
+    }
+    EXPECT_EQ(QDir("/").entryList(), before);
+    EXPECT_EQ(files(), QStringList("temporary"));
+}
+
 TEST_F(KvsignAtomic, LeavesNothingWhenNobodyReadsItsOutput)
 {
     const QString program =

@@ -2,6 +2,7 @@
 
 #include "failure.h"
 #include "headlesspad.h"
+#include "plainio.h"
 #include "unwritable.h"
 #include "wholepicture.h"
 
@@ -30,7 +31,7 @@ void writeInk(const QByteArray &record, const InkFormat &format, OutputFile &fil
 
 QByteArray privateName()
 {
-    return QFile::encodeName(QDir::tempPath()) + "/kvsign-"
+    return QFile::encodeName(plainio::temporaryFolder()) + "/kvsign-"
         + QByteArray::number(QRandomGenerator::system()->generate64(), 36);
 }
 

@@ -2,8 +2,6 @@
 
 #include "copiedbytes.h"
 
-#include <QDir>
-
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -17,9 +15,9 @@ KeptPlace::KeptPlace(const QByteArray &path, const QString &name)
 
 void KeptPlace::write(int content)
 {
-    m_earlier = plainio::unnamedFile(QDir::tempPath());
+    m_earlier = plainio::unnamedFile();
     if (!copiedbytes::copy(m_file.number(), m_earlier.number()))
-        plainio::throwErrno(QDir::tempPath());
+        plainio::throwErrno(plainio::temporaryFolder());
     m_guard = std::make_unique<Leftover>(m_earlier.number(), m_file.number());
     if (!copiedbytes::copy(content, m_file.number()) || fsync(m_file.number()) != 0)
         plainio::throwErrno(m_name);

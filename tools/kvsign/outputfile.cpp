@@ -6,7 +6,6 @@
 #include "terminal.h"
 #include "unwritable.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
@@ -62,7 +61,7 @@ OutputFile::OutputFile(const QString &path)
     if (path != "-" && (!there.exists() || there.isFile() || there.isDir()))
         stage(endOfLinks(path));
     else
-        m_device.setFile(plainio::unnamedFile(QDir::tempPath()));
+        m_device.setFile(plainio::unnamedFile());
 }
 
 OutputFile::~OutputFile() = default;
@@ -85,7 +84,7 @@ void OutputFile::stage(const QString &path)
         fail();
     m_staged.reset();
     m_kept = std::make_unique<KeptPlace>(m_target, m_name);
-    m_device.setFile(plainio::unnamedFile(QDir::tempPath()));
+    m_device.setFile(plainio::unnamedFile());
 }
 
 /// Returns false when the folder accepts no new file, or none with the earlier file's owner and mode.

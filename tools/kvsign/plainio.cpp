@@ -3,8 +3,10 @@
 #include "failure.h"
 #include "interruption.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 
 #include <cerrno>
 #include <cstdio>
@@ -153,8 +155,17 @@ void writeAll(int descriptor, const char *bytes, qint64 count, const QString &na
     }
 }
 
-Descriptor unnamedFile(const QString &directory)
+QString temporaryFolder()
 {
+    QString folder = QDir::tempPath(); // empty when TMPDIR names nothing
+    if (!QFileInfo(folder).isDir())
+        throw failed(QString("TMPDIR=%1: there is no such folder").arg(qEnvironmentVariable("TMPDIR")));
+    return folder;
+}
+
+Descriptor unnamedFile()
+{
+    const QString directory = temporaryFolder();
     const QByteArray folder = QFile::encodeName(directory);
     Descriptor file(open(folder.constData(), O_RDWR | O_TMPFILE | O_CLOEXEC, 0600));
     if (!file.isOpen()) { // some file systems have no files without a name

@@ -52,8 +52,11 @@ QByteArray read(int descriptor, const QString &name, const QString &explanation)
 
 void writeAll(int descriptor, const char *bytes, qint64 count, const QString &name);
 
-/// A file without a name in a directory. It vanishes when its descriptor is closed.
-Descriptor unnamedFile(const QString &directory);
+/// The folder for temporary files: TMPDIR, or /tmp where that is not set. Throws a Failure when it is no folder.
+QString temporaryFolder();
+
+/// A file without a name in that folder. It vanishes when its descriptor is closed.
+Descriptor unnamedFile();
 
 } // namespace plainio
 

@@ -4,7 +4,6 @@
 #include "../interruption.h"
 #include "../progress.h"
 
-#include <QDir>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -85,7 +84,7 @@ plainio::Descriptor InkInput::spool(int descriptor, bool isNamed) const
 {
     QString explanation =
         isNamed ? QString("%1: waiting for a program that writes to this pipe").arg(m_name) : QString();
-    plainio::Descriptor file = plainio::unnamedFile(QDir::tempPath());
+    plainio::Descriptor file = plainio::unnamedFile();
     qint64 size = 0;
     for (QByteArray piece = plainio::read(descriptor, m_name, explanation); !piece.isEmpty();
          piece = plainio::read(descriptor, m_name, {})) {
