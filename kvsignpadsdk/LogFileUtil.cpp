@@ -10,6 +10,7 @@
 #include <cstring>
 #include <ctime>
 #include <cwchar>
+#include <iterator>
 #include <unistd.h>
 
 bool g_bEnableLog = false;
@@ -99,7 +100,7 @@ void writeWide(const Key &key, const wchar_t *format, ...)
 {
     va_list arguments;
     va_start(arguments, format);
-    std::vswprintf(g_wszKeyBuf, 256, format, arguments);
+    std::vswprintf(g_wszKeyBuf, std::size(g_wszKeyBuf), format, arguments);
     va_end(arguments);
     wchar_t wideKey[kLongestKey];
     std::swprintf(wideKey, kLongestKey, L"%s%s", key.scope, key.function);

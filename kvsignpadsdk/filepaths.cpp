@@ -21,8 +21,8 @@ bool isCharacter(uint code)
 
 bool hasNoLocale()
 {
-    const char *locale = std::setlocale(LC_CTYPE, nullptr);
-    return locale == nullptr || std::strcmp(locale, "C") == 0 || std::strcmp(locale, "POSIX") == 0;
+    const char *locale = std::setlocale(LC_CTYPE, nullptr); // "C" for POSIX too
+    return locale == nullptr || std::strcmp(locale, "C") == 0;
 }
 
 QByteArray byLocale(const QString &path)
