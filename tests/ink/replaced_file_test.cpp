@@ -341,7 +341,12 @@ TEST_F(ReplacedFiles, OfOthersAreWrittenInPlaceOrNotAtAll)
     ASSERT_EQ(::chmod(name().c_str(), 0644), 0);
     EXPECT_TRUE(asNobody([&] { return replace(); }));
     EXPECT_EQ(status().st_uid, 65534u);
-    EXPECT_NE(status().st_ino, before);
+    const ino_t own = status().st_ino;
+    EXPECT_NE(own, before);
+    ASSERT_EQ(::chmod(m_directory.path().toStdString().c_str(), 0755), 0);
+    EXPECT_TRUE(asNobody([&] { return replace("file", "short"); })) << "an own file in a folder that takes no new one";
+    EXPECT_EQ(contents(), "short");
+    EXPECT_EQ(status().st_ino, own);
     EXPECT_EQ(files(), 1u);
 }
 
