@@ -82,7 +82,8 @@ TEST_F(KvsignAtomic, LeavesNothingWhenNobodyReadsItsOutput)
 
 TEST_F(KvsignAtomic, LeavesNothingAfterAnySignal)
 {
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGUSR1, SIGUSR2, SIGALRM, SIGXCPU, SIGVTALRM}) {
+    for (const int signal :
+        {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGUSR1, SIGUSR2, SIGALRM, SIGXCPU, SIGVTALRM, SIGRTMIN, SIGRTMAX}) {
         QProcess process;
         start(process, {"capture", "-m", "S300", "-t", "0", "x.ink", "x.png"},
             {{"KVSIM_RECORDING", "none"}, {"TMPDIR", file("temporary")}});
@@ -105,7 +106,7 @@ TEST_F(KvsignAtomic, PutsBackContentAfterAnySignal)
     write("x.ink", "earlier");
     ASSERT_EQ(link(file("x.ink").toLocal8Bit().constData(), file("second.ink").toLocal8Bit().constData()), 0);
     ASSERT_EQ(mkfifo(file("pipe.png").toLocal8Bit().constData(), 0600), 0);
-    for (const int signal : {SIGTERM, SIGQUIT, SIGUSR1}) {
+    for (const int signal : {SIGTERM, SIGQUIT, SIGUSR1, SIGRTMIN}) {
         QProcess process;
         start(process, {"capture", "-m", "S300", "x.ink", "pipe.png"},
             {{"KVSIM_SPEED", "max"}, {"TMPDIR", file("temporary")}});

@@ -11,8 +11,8 @@ namespace {
 // steps of work.
 constexpr int kNoticed[] = {SIGINT, SIGTERM, SIGHUP};
 
-// These end the program at once, after cleaning up: a quit from the keyboard, timers, crashes. SIGKILL cannot be
-// caught.
+// These end the program at once, after cleaning up: a quit from the keyboard, timers, crashes. So do all real-time
+// signals, whose numbers are only known at run time. SIGKILL cannot be caught.
 constexpr int kDeadly[] = {SIGQUIT, SIGILL, SIGTRAP, SIGABRT, SIGBUS, SIGFPE, SIGSEGV, SIGUSR1, SIGUSR2, SIGALRM,
     SIGSTKFLT, SIGXCPU, SIGVTALRM, SIGPROF, SIGIO, SIGPWR, SIGSYS};
 
@@ -52,6 +52,8 @@ void noticeInterruptions()
     for (const int signal : kNoticed)
         handle(signal, remember);
     for (const int signal : kDeadly)
+        handle(signal, endAtOnce);
+    for (int signal = SIGRTMIN; signal <= SIGRTMAX; ++signal)
         handle(signal, endAtOnce);
     for (const int signal : kSaidByWriting)
         handle(signal, SIG_IGN);
