@@ -8,6 +8,7 @@
 #include <QRegularExpression>
 
 #include <csignal>
+#include <sys/stat.h>
 
 namespace {
 
@@ -120,6 +121,16 @@ TEST_F(KvsignCapture, SaysThatThereIsNoPad)
     isEndedWith(5, "there is no directory", run({"capture", "--driver", "nowhere", "x.ink"}));
     EXPECT_TRUE(run({"capture", "--json", "--driver", "nowhere", "x.ink"}).output.contains("\"failed\""));
     EXPECT_EQ(files(), QStringList());
+}
+
+// Loading a named pipe would wait for its other end.
+TEST_F(KvsignCapture, SaysThatTheDriverIsNoFile)
+{
+    QDir(file(".")).mkdir("driver");
+    ASSERT_EQ(mkfifo(file("driver/libkvsignpaddrv.so").toLocal8Bit().constData(), 0600), 0);
+    isEndedWith(5, "libkvsignpaddrv.so is no regular file", run({"capture", "--driver", "driver", "x.ink"}));
+    isEndedWith(5, "libkvsignpaddrv.so is no regular file", run({"info", "--driver", "driver"}));
+    EXPECT_EQ(files(), QStringList("driver"));
 }
 
 TEST_F(KvsignCapture, FindsTheFirstModelThatAnswers)

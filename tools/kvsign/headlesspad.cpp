@@ -18,9 +18,22 @@ bool opens(const PadFamily &family, QSize canvas)
     return family.InitialDevice(family.type, nullptr, 0, 0, width, height);
 }
 
+QFileInfo driverFile()
+{
+    return {QDir::current(), driverfile::kName};
+}
+
+/// Loading a named pipe would wait for its other end, once for each model.
+void refuseNoFile()
+{
+    const QFileInfo driver = driverFile();
+    if (driver.exists() && !driver.isFile())
+        throw Failure{kNoPad, QString("the driver %1 is no regular file").arg(driver.absoluteFilePath())};
+}
+
 Failure noPad(const QString &model)
 {
-    const QFileInfo driver(QDir::current(), "libkvsignpaddrv.so");
+    const QFileInfo driver = driverFile();
     const QString what = driver.exists()
         ? QString("the driver %1 opens no %2").arg(driver.absoluteFilePath(), model == "auto" ? "pad" : model + " pad")
         : QString("there is no pad driver %1").arg(driver.absoluteFilePath());
@@ -51,6 +64,7 @@ void refuseUnsafeDriver(const Arguments &arguments)
 
 HeadlessPad::HeadlessPad(const QString &model, QSize canvas)
 {
+    refuseNoFile();
     for (const PadFamily &family : kPadFamilies) {
         const bool isWanted = model == "auto" || model == family.model;
         if (m_family == nullptr && isWanted && opens(family, canvas))
