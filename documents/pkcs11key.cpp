@@ -9,6 +9,7 @@
 #include <libp11.h>
 
 #include <algorithm>
+#include <sys/stat.h>
 #include <vector>
 
 namespace documents {
@@ -23,13 +24,22 @@ Problem tokenProblem(const QString &message)
     return {Problem::Kind::Key, reason.isEmpty() ? message : QString("%1 (%2)").arg(message, reason)};
 }
 
+/// The loader would wait for the other end of a named pipe.
+void refuseNoFile(const QByteArray &path)
+{
+    struct stat status = {};
+    if (path.contains('/') && stat(path.constData(), &status) == 0 && !S_ISREG(status.st_mode))
+        throw Problem{Problem::Kind::File, QString("%1: is no regular file").arg(QString::fromLocal8Bit(path))};
+}
+
 /// A loaded PKCS#11 module.
 class Module
 {
 public:
     explicit Module(const QByteArray &path)
-        : m_context(PKCS11_CTX_new())
     {
+        refuseNoFile(path);
+        m_context = PKCS11_CTX_new();
         if (PKCS11_CTX_load(m_context, path.constData()) != 0) {
             const Problem problem =
                 tokenProblem(QString("the module %1 for tokens cannot be loaded").arg(QString::fromLocal8Bit(path)));
@@ -64,7 +74,7 @@ public:
 private:
     static bool fits(const QByteArray &wanted, const char *found) { return wanted.isEmpty() || wanted == found; }
 
-    PKCS11_CTX *m_context;
+    PKCS11_CTX *m_context = nullptr;
     PKCS11_SLOT *m_slots = nullptr;
     unsigned int m_count = 0;
 };

@@ -49,6 +49,37 @@ TEST_F(DocumentBadInput, SaysWhatIsWrong)
     needRefused("cut.pdf");
 }
 
+// Opening a named pipe waits for a writer, and nobody may ever come.
+TEST_F(DocumentBadInput, RefusesPipesBesideTheDocument)
+{
+    runProgram({"mkfifo", "pipe"}, file("."));
+    write("page.pdf", contentOf(given("cairo.pdf")));
+    const QString module = "pkcs11:token=Desk?module-path=" + file("pipe");
+    const QList<QStringList> commands{{"sign", "--fingerprint", "pipe"}, {"sign", "--certificate", "pipe"},
+        {"sign", "--certificate", module}, {"sign", "--seal", "pipe"}, {"verify", "--trust", "pipe"},
+        {"verify", "--crl", "pipe"}};
+    for (const QStringList &command : commands) {
+        const bool signs = command.first() == "sign";
+        const CommandResult result =
+            run(command + (signs ? QStringList{"--ink", "a.ink", "page.pdf", "out.pdf"} : QStringList{"page.pdf"}));
+        EXPECT_EQ(result.exitCode, 1) << command.join(' ').toStdString() << testing::PrintToString(result);
+        EXPECT_TRUE(result.errors.contains("pipe: is no regular file")) << testing::PrintToString(result);
+    }
+    EXPECT_FALSE(exists("out.pdf"));
+}
+
+// With this recording nobody ever signs.
+TEST_F(DocumentBadInput, RefusesAFingerprintBeforeAnybodySigns)
+{
+    write("page.pdf", contentOf(given("cairo.pdf")));
+    write("print.png", "no picture");
+    const CommandResult result =
+        run({"sign", "--capture", "S300", "--timeout", "0", "--fingerprint", "print.png", "page.pdf", "out.pdf"},
+            {{"KVSIM_RECORDING", "none"}});
+    EXPECT_EQ(result.exitCode, 1) << testing::PrintToString(result);
+    EXPECT_TRUE(result.errors.contains("print.png: Unsupported image format")) << testing::PrintToString(result);
+}
+
 TEST_F(DocumentBadInput, EndsWithLoopsAndDepths)
 {
     writeObjects("loop.pdf",

@@ -14,6 +14,7 @@
 
 #include <documents/seal.h>
 #include <documents/signing.h>
+#include <documents/source.h>
 
 #include <QFile>
 #include <QFileInfo>
@@ -157,13 +158,25 @@ QString alternativeText(const documents::SigningRequest &request)
     return name.isEmpty() ? QString("Signature, %1").arg(day) : QString("Signature of %1, %2").arg(name, day);
 }
 
-/// Puts the picture beside the ink, in the right third of the canvas.
-void addFingerprint(const QString &path, documents::Ink &ink)
+/// The picture in a file; none without a path.
+QImage pictureIn(const QString &path)
 {
-    QImageReader reader(path);
-    ink.picture = reader.read();
-    if (ink.picture.isNull())
+    if (path.isEmpty())
+        return {};
+    const documents::Source source(path); // refuses a named pipe, for whose other end QImageReader would wait
+    QFile file(path);
+    file.open(source.descriptor(), QIODevice::ReadOnly);
+    QImageReader reader(&file);
+    QImage picture = reader.read();
+    if (picture.isNull())
         throw failed(QString("%1: %2").arg(path, reader.errorString()));
+    return picture;
+}
+
+/// Puts the picture beside the ink, in the right third of the canvas.
+void addFingerprint(const QImage &picture, documents::Ink &ink)
+{
+    ink.picture = picture;
     const QRectF third(ink.canvas.width() * 2 / 3, 0, ink.canvas.width() / 3, ink.canvas.height());
     QSizeF size = ink.picture.size();
     size.scale(third.size(), Qt::KeepAspectRatio);
@@ -210,11 +223,11 @@ QString absolute(const Arguments &arguments, const Option &option)
     return arguments.isSet(option) ? QFileInfo(arguments.value(option)).absoluteFilePath() : QString();
 }
 
-/// The files that are used besides the ink.
+/// What is used besides the ink.
 struct Beside
 {
-    QString seal;
-    QString print;
+    QString seal; ///< the certificate's file
+    QImage print;
 };
 
 /// Adds the ink to the request, and the fingerprint and the sealed pen data if they are wanted.
@@ -228,7 +241,7 @@ void fillIn(const Arguments &arguments, const std::optional<Captured> &captured,
         file.has_value() ? QString("ink") : arguments.value(kFromOption), progress);
     const QString model = captured.has_value() ? captured->model : arguments.choice(kModelOption);
     request.ink = inkLines(input, inkSettings(arguments, input, model, 1));
-    if (!beside.print.isEmpty())
+    if (!beside.print.isNull())
         addFingerprint(beside.print, request.ink);
     if (!beside.seal.isEmpty())
         request.sealed = documents::sealFor(beside.seal, inkml(input));
@@ -257,9 +270,10 @@ int sign(const Arguments &arguments)
     documents::checkRequest(document, request);
     const QString name = arguments.positionals().at(1);
     OutputFile output(name);
-    const Beside beside{absolute(arguments, kSealOption), absolute(arguments, kFingerprintOption)};
+    // What is wrong with these files is said now rather than after somebody has signed.
+    const Beside beside{absolute(arguments, kSealOption), pictureIn(arguments.value(kFingerprintOption))};
     if (!beside.seal.isEmpty())
-        documents::sealFor(beside.seal, "probe"); // fails now rather than after somebody has signed
+        documents::sealFor(beside.seal, "probe");
     const auto finish = [&](const std::optional<Captured> &captured) {
         fillIn(arguments, captured, beside, request, progress);
         const documents::SigningResult result =
