@@ -2,6 +2,8 @@
 // state a point. The expected numbers are worked out by hand from the standard.
 #include "kvsign.h"
 
+#include <QTextCodec>
+
 namespace {
 
 using namespace kvsign;
@@ -209,6 +211,59 @@ TEST_F(KvsignInkml, IsNotHeldUpByHostileDocuments)
         inkOf("<definitions>" + QByteArray("<traceGroup xml:id='g'>").repeated(150)
             + QByteArray("<trace>1 2</trace>").repeated(100000) + QByteArray("</traceGroup>").repeated(150)
             + "</definitions>"));
+    const QByteArray attributes = [] {
+        QByteArray text;
+        for (int i = 0; i < 200000; ++i)
+            text += "\n a" + QByteArray::number(i) + "='>'";
+        return text;
+    }();
+    const QByteArray inNamespaces = QByteArray(attributes).replace(" a", " xmlns:a");
+    const QByteArray document = inkOf("\n<trace" + attributes + ">1 2</trace>");
+    fails("hostile.inkml:131: an element has more than 128 attributes", document);
+    fails("more than 128 attributes", inkOf("<annotation" + QByteArray(inNamespaces) + "/><trace>1 2</trace>"));
+    fails("more than 128 attributes", inkOf("<!--\"--><annotation" + attributes.toLower().replace("=", " = ") + "/>"));
+    for (const char *encoding : {"UTF-16", "UTF-32"})
+        fails("more than 128 attributes", QTextCodec::codecForName(encoding)->fromUnicode(document));
+    for (const char *encoding : {"IBM037", "UTF-7", "UTF-16"}) // behind a head in ASCII
+        fails("InkML is not read in the encoding",
+            "<?xml version='1.0' encoding='" + QByteArray(encoding) + "'?>"
+                + QTextCodec::codecForName(encoding)->fromUnicode(document));
+}
+
+// Qt's reader would go through all namespaces that are open, or all of a document type, at each of many elements.
+TEST_F(KvsignInkml, IsNotHeldUpByWhatQtsReaderKeeps)
+{
+    const auto fails = [&](const char *why, const QByteArray &content) {
+        write("hostile.inkml", content);
+        const CommandResult result = run({"convert", "hostile.inkml", "out.ink"});
+        EXPECT_EQ(result.exitCode, 1) << why;
+        EXPECT_TRUE(result.errors.contains(why)) << testing::PrintToString(result);
+    };
+    const QByteArray nested =
+        QByteArray("<a xmlns:b='c'>").repeated(100000) + QByteArray("</a>").repeated(100000) + "<trace>1 2</trace>";
+    fails("nested more than 200 deep", inkOf("<annotationXML>" + nested + "</annotationXML>"));
+    fails("nested more than 200 deep", inkOf("<trace>" + nested + "</trace>"));
+    QByteArray types;
+    for (int i = 0; i < 100000; ++i)
+        types += " a" + QByteArray::number(i) + " CDATA ''";
+    fails("no element begins in the first 32768 bytes",
+        "<!DOCTYPE ink [<!ATTLIST trace " + types + ">]>" + inkOf(QByteArray("<trace/>").repeated(100000)));
+}
+
+TEST_F(KvsignInkml, TakesAsManyAttributesAsAnyProgramWrites)
+{
+    QByteArray attributes;
+    for (int i = 0; i < 128; ++i)
+        attributes += " a" + QByteArray::number(i) + " = '> \"'";
+    const QByteArray equals = QByteArray("= ").repeated(1000);
+    const QByteArray document = "<!--" + equals + "--><ink><annotation" + attributes + ">" + equals
+        + "</annotation><trace" + attributes + ">1 2</trace></ink>";
+    const Points expected{{1, 2, kPressure, false, 0, 0}, {1, 2, kPressure, true, 0, 0}};
+    areEqual(readText(document), expected);
+    for (const char *encoding : {"UTF-16", "UTF-32", "Shift_JIS", "windows-1252"})
+        areEqual(readText(QTextCodec::codecForName(encoding)->fromUnicode(
+                     "<?xml version='1.0' encoding='" + QByteArray(encoding) + "'?>" + document)),
+            expected);
 }
 
 } // namespace

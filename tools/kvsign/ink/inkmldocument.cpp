@@ -26,7 +26,8 @@ bool isPassedOver(const QStringRef &name)
 } // namespace
 
 InkmlDocument::InkmlDocument(QIODevice &device, const QString &name)
-    : m_xml(&device)
+    : m_limited(device)
+    , m_xml(&m_limited)
     , m_name(name)
 {
 }
@@ -40,17 +41,15 @@ bool InkmlDocument::next(InkmlTraceText &trace)
 {
     while (m_found.empty() && !m_xml.atEnd()) {
         const QXmlStreamReader::TokenType token = m_xml.readNext();
-        if (token == QXmlStreamReader::StartElement)
+        if (token == QXmlStreamReader::StartDocument)
+            checkEncoding();
+        else if (token == QXmlStreamReader::StartElement)
             begin();
         else if (token == QXmlStreamReader::EndElement)
             end();
     }
     if (m_xml.hasError())
-        throw failed(QString("%1:%2:%3: %4")
-                         .arg(m_name)
-                         .arg(m_xml.lineNumber())
-                         .arg(m_xml.columnNumber())
-                         .arg(m_xml.errorString()));
+        failAsReader();
     if (m_found.empty())
         return false;
     trace = m_found.back();
@@ -58,14 +57,63 @@ bool InkmlDocument::next(InkmlTraceText &trace)
     return true;
 }
 
+void InkmlDocument::checkEncoding() const
+{
+    const QString encoding = m_xml.documentEncoding().toString();
+    if (!m_limited.knows(encoding.toLatin1()))
+        throw broken(QString("InkML is not read in the encoding %1; save it as UTF-8").arg(encoding));
+}
+
+void InkmlDocument::failAsReader() const
+{
+    if (!m_limited.trouble().isEmpty())
+        throw broken(m_limited.trouble());
+    throw failed(
+        QString("%1:%2:%3: %4").arg(m_name).arg(m_xml.lineNumber()).arg(m_xml.columnNumber()).arg(m_xml.errorString()));
+}
+
+void InkmlDocument::checkDepth(size_t outer) const
+{
+    if (outer >= kDeepestElement)
+        throw broken(QString("elements are nested more than %1 deep").arg(kDeepestElement));
+}
+
+/// Passes over an element that has begun. For each element inside, Qt's reader goes through all namespaces that are
+/// open, so that their depth has to be limited there too.
+void InkmlDocument::skip()
+{
+    for (size_t inside = 1; inside > 0 && !m_xml.atEnd();) {
+        const QXmlStreamReader::TokenType token = m_xml.readNext();
+        if (token == QXmlStreamReader::StartElement)
+            checkDepth(m_open.size() + inside++);
+        else if (token == QXmlStreamReader::EndElement)
+            --inside;
+    }
+}
+
+/// The text of an element that has begun, without that of the elements inside.
+QString InkmlDocument::readText()
+{
+    QString text;
+    while (!m_xml.atEnd()) {
+        const QXmlStreamReader::TokenType token = m_xml.readNext();
+        if (token == QXmlStreamReader::EndElement)
+            break;
+        if (token == QXmlStreamReader::StartElement)
+            skip();
+        else if (token == QXmlStreamReader::Characters || token == QXmlStreamReader::EntityReference)
+            text += m_xml.text();
+    }
+    return text;
+}
+
 void InkmlDocument::begin()
 {
     if (m_open.empty())
         checkRoot();
-    if (m_open.size() >= kDeepestElement)
-        throw broken(QString("elements are nested more than %1 deep").arg(kDeepestElement));
+    checkDepth(m_open.size());
     if (m_xml.namespaceUri() != m_namespace || isPassedOver(m_xml.name())) {
-        m_xml.skipCurrentElement();
+        skip();
         return;
     }
     Open element;
@@ -115,6 +163,7 @@ void InkmlDocument::checkRoot()
     if (m_xml.name() != "ink" || (space != kInkmlNamespace && !space.isEmpty()))
         throw broken(QString("the root is \"%1\", not InkML's \"ink\"").arg(m_xml.name().toString()));
     m_namespace = space.toString();
+    m_limited.endHead();
 }
 
 InkmlDocument::Open *InkmlDocument::enclosing(const char *name)
@@ -293,7 +342,7 @@ void InkmlDocument::beginTrace(const Open &element)
     trace.begin = number("timeOffset");
     trace.duration = number("duration");
     const std::shared_ptr<Context> context = contextOfTrace(element);
-    trace.text = m_xml.readElementText(QXmlStreamReader::SkipChildElements).toUtf8();
+    trace.text = readText().toUtf8();
     if (m_xml.hasError() || attributes.value("type") == "penUp")
         return;
     describe(trace, context, attributes);

@@ -5,6 +5,7 @@
 
 #include "../failure.h"
 #include "inkmlchannels.h"
+#include "xmllimits.h"
 
 #include <QHash>
 #include <QXmlStreamReader>
@@ -71,7 +72,12 @@ private:
         bool isDefinition = false; ///< it is inside <definitions>
     };
 
+    void checkEncoding() const;
+    void checkDepth(size_t outer) const;
+    [[noreturn]] void failAsReader() const;
     void begin();
+    void skip();
+    QString readText();
     void end();
     void checkRoot();
     void beginContext(Open &element);
@@ -95,6 +101,7 @@ private:
     std::shared_ptr<Value> referred(const QHash<QString, std::shared_ptr<Value>> &known, const char *name) const;
     Failure broken(const QString &what) const { return broken(m_xml.lineNumber(), what); }
 
+    XmlLimits m_limited;
     QXmlStreamReader m_xml;
     QString m_name;
     QString m_namespace;
