@@ -1,6 +1,7 @@
 #include "bridge.h"
 #include "consentlist.h"
 #include "demo.h"
+#include "screen.h"
 
 #include <QApplication>
 #include <QSocketNotifier>
@@ -73,6 +74,10 @@ int serve(const bridge::Settings &settings, bool hasScreen)
 int main(int argc, char *argv[])
 {
     const bool hasScreen = findScreen();
+    if (!screen::why(argc, argv).isEmpty()) {
+        std::fprintf(stderr, "kv-sign-bridge: %s\n", screen::kMissing);
+        return 1;
+    }
     // Before there is a thread, so that no other takes them.
     const sigset_t wanted = endingSignals();
     sigprocmask(SIG_BLOCK, &wanted, nullptr);

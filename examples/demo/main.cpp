@@ -7,6 +7,7 @@
 #include "livepush.h"
 #include "outputs.h"
 #include "report.h"
+#include "screen.h"
 #include "settings.h"
 #include "simulatorplace.h"
 
@@ -148,6 +149,13 @@ void goToDriver(const QString &option)
         throw Failure{QString("There is no directory %1.").arg(option), "Name the one with libkvsignpaddrv.so."};
 }
 
+int complain(const Failure &failure)
+{
+    std::fprintf(stderr, "\nThe demo failed: %s\n%s\n", failure.what.toLocal8Bit().constData(),
+        failure.cure.toLocal8Bit().constData());
+    return 1;
+}
+
 int run(const Wanted &options)
 {
     OutputDirectory output(QDir(options.output).absolutePath());
@@ -176,13 +184,14 @@ int main(int argc, char *argv[])
             stderr);
         return 2;
     }
+    const QString noScreen = screen::why(argc, argv);
+    if (!noScreen.isEmpty())
+        return complain({noScreen, "Set QT_QPA_PLATFORM and DISPLAY right, or QT_QPA_PLATFORM=offscreen."});
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     try {
         return run(*options);
     } catch (const Failure &failure) {
-        std::fprintf(stderr, "\nThe demo failed: %s\n%s\n", failure.what.toLocal8Bit().constData(),
-            failure.cure.toLocal8Bit().constData());
-        return 1;
+        return complain(failure);
     }
 }

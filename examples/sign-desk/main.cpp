@@ -2,6 +2,7 @@
 /// kv-sign-desk: a counter's program for signing pages on a signature pad.
 #include "deskwindow.h"
 #include "modelnames.h"
+#include "screen.h"
 #include "screenshot.h"
 #include "simulatorplace.h"
 
@@ -65,37 +66,14 @@ int fail(const QString &what)
     return 2;
 }
 
-/// While this object lives, a missing screen ends the program with a message and an exit code. Without it Qt would
-/// abort.
-class ScreenNeeded
+/// QApplication does not exist yet, so tr() would not translate.
+int failWithoutScreen(const QTranslator &words)
 {
-public:
-    explicit ScreenNeeded(const QTranslator &words)
-        : m_before(qInstallMessageHandler(receive))
-    {
-        s_words = &words;
-    }
-    ~ScreenNeeded() { qInstallMessageHandler(m_before); }
-    ScreenNeeded(const ScreenNeeded &) = delete;
-    ScreenNeeded &operator=(const ScreenNeeded &) = delete;
-
-private:
-    static void receive(QtMsgType type, const QMessageLogContext &context, const QString &text)
-    {
-        if (type == QtFatalMsg) { // QApplication does not exist yet, so tr() would not translate
-            static const char *const kSentence = QT_TRANSLATE_NOOP("signdesk::Main",
-                "there is no screen for a window: see that QT_QPA_PLATFORM and DISPLAY are right, or not set");
-            const QString translated = s_words->translate("signdesk::Main", kSentence);
-            std::_Exit(fail(translated.isEmpty() ? QString::fromUtf8(kSentence) : translated));
-        }
-        if (qstrncmp(context.category, "qt.qpa", 6)
-            != 0) // not Qt's own lines about platforms: the sentence above says it
-            std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
-    }
-
-    static inline const QTranslator *s_words = nullptr;
-    QtMessageHandler m_before;
-};
+    static const char *const kSentence = QT_TRANSLATE_NOOP("signdesk::Main",
+        "there is no screen for a window: see that QT_QPA_PLATFORM and DISPLAY are right, or not set");
+    const QString translated = words.translate("signdesk::Main", kSentence);
+    return fail(translated.isEmpty() ? QString::fromUtf8(kSentence) : translated);
+}
 
 int run(const QCommandLineParser &parser, const Options &options)
 {
@@ -147,9 +125,9 @@ int main(int argc, char **argv)
     words.load(QLocale(), QStringLiteral("sign-desk"), QStringLiteral("_"), QStringLiteral(":/translations"));
     qtWords.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
         QLibraryInfo::location(QLibraryInfo::TranslationsPath));
-    std::optional<ScreenNeeded> screenNeeded(words);
+    if (!screen::why(argc, argv).isEmpty())
+        return failWithoutScreen(words);
     const QApplication application(argc, argv);
-    screenNeeded.reset();
     QApplication::setApplicationName(QStringLiteral("kv-sign-desk"));
     QApplication::setApplicationDisplayName(QStringLiteral("Sign Desk"));
     for (QTranslator *translator : {&qtWords, &words}) {

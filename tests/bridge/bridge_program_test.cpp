@@ -87,6 +87,18 @@ TEST_F(BridgeProgram, StartsAndEndsInOrder)
     }
 }
 
+TEST_F(BridgeProgram, SaysThatThereIsNoScreen)
+{
+    for (const char *platform : {"no-such-platform", "linuxfb:fb=/dev/null"}) { // the second starts, without a screen
+        qputenv("QT_QPA_PLATFORM", platform);
+        Program program(QStringList{"--port", "0"} + m_usual);
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        EXPECT_TRUE(program.says("kv-sign-bridge: there is no screen for a window")) << platform;
+        EXPECT_TRUE(program.ends());
+        EXPECT_EQ(program.exitCode(), 1) << platform;
+    }
+}
+
 TEST_F(BridgeProgram, TakesTheSocketsOfTheServiceManager)
 {
     QTcpServer four;

@@ -159,6 +159,17 @@ TEST_F(Demo, SaysWhatIsWrongAndWhatToDo)
     fails(runDemo({"/dev/full/output"}), "cannot be created");
 }
 
+TEST_F(Demo, SaysThatThereIsNoScreen)
+{
+    const auto fails = [&](const char *platform, const char *why) {
+        const CommandResult result = runDemo({m_output.path()}, {{"QT_QPA_PLATFORM", platform}});
+        EXPECT_EQ(result.exitCode, 1) << testing::PrintToString(result);
+        EXPECT_TRUE(result.errors.contains(why)) << testing::PrintToString(result);
+    };
+    fails("no-such-platform", "The demo failed: Qt cannot start the platform \"no-such-platform\"");
+    fails("linuxfb:fb=/dev/null", "The demo failed: Qt's platform \"linuxfb:fb=/dev/null\" finds no screen");
+}
+
 TEST_F(Demo, KeepsWhatAPadSentBeforeItWasPulledOut)
 {
     QFile recording(file("pulled-out.kvrec"));

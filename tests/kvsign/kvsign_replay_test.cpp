@@ -168,6 +168,10 @@ TEST_F(KvsignReplay, SaysThatThereIsNoDisplay)
     const CommandResult broken =
         run({"replay", "--window", "a.ink"}, {{"QT_QPA_PLATFORM", "eglfs"}, {"QT_QPA_EGLFS_INTEGRATION", "none"}});
     EXPECT_NE(broken.exitCode, -1) << testing::PrintToString(broken);
+    // This one starts, but without a screen.
+    const CommandResult blind = run({"replay", "--window", "a.ink"}, {{"QT_QPA_PLATFORM", "linuxfb:fb=/dev/null"}});
+    EXPECT_EQ(blind.exitCode, 1) << testing::PrintToString(blind);
+    EXPECT_TRUE(blind.errors.contains("finds no screen")) << testing::PrintToString(blind);
     EXPECT_EQ(run({"replay", "--window", "--frames", "film", "a.ink"}, {{"QT_QPA_PLATFORM", "offscreen"}}).exitCode, 2);
 }
 

@@ -187,6 +187,7 @@ TEST(SignDeskProgram, SaysThatThereIsNoScreen)
     } rows[] = {
         {"no-such-platform", "C.UTF-8", english},
         {"xcb", "C.UTF-8", english},
+        {"linuxfb:fb=/dev/null", "C.UTF-8", english}, // Qt starts, without a screen
         {"no-such-platform", "de_DE.UTF-8",
             u8"kv-sign-desk: es gibt keinen Bildschirm f\u00fcr ein Fenster: QT_QPA_PLATFORM und DISPLAY m\u00fcssen "
             u8"stimmen oder d\u00fcrfen nicht gesetzt sein\n"},

@@ -274,4 +274,20 @@ TEST_F(VirtualPad, ServesAnotherProcess)
     EXPECT_EQ(process.exitCode(), 2);
 }
 
+TEST_F(VirtualPad, SaysThatThereIsNoScreen)
+{
+    for (const char *platform : {"no-such-platform", "linuxfb:fb=/dev/null"}) { // the second starts, without a screen
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("QT_QPA_PLATFORM", platform);
+        process.setProcessEnvironment(environment);
+        process.start(KV_VIRTUALPAD, QStringList());
+        ASSERT_TRUE(process.waitForFinished());
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit) << platform;
+        EXPECT_EQ(process.exitCode(), 1) << platform;
+        EXPECT_EQ(process.readAllStandardError().toStdString(),
+            "kv-virtualpad: there is no screen for a window: see that QT_QPA_PLATFORM and DISPLAY are right, or not set\n");
+    }
+}
+
 } // namespace

@@ -1,10 +1,10 @@
 #include "display.h"
 
 #include "failure.h"
+#include "screen.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QLibraryInfo>
@@ -12,16 +12,11 @@
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <cerrno>
-#include <csignal>
 #include <cstring>
 
-#include <fcntl.h>
 #include <netdb.h>
-#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/un.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -122,51 +117,6 @@ bool isKnownPlatform(const QString &platform)
         [&](const QString &one) { return known.contains(one.section(':', 0, 0).toLower()); });
 }
 
-QString readAll(int pipe)
-{
-    QByteArray text;
-    char piece[4096];
-    for (ssize_t size = 0; (size = read(pipe, piece, sizeof piece)) > 0 || (size < 0 && errno == EINTR);)
-        text.append(piece, static_cast<int>(std::max<ssize_t>(size, 0)));
-    return QString::fromLocal8Bit(text);
-}
-
-/// Qt aborts the process when it cannot start a platform, so a child process tries it. Its messages go into the pipe.
-[[noreturn]] void tryInChild(int complaints)
-{
-    for (const int signal : {SIGABRT, SIGSEGV, SIGINT, SIGTERM, SIGHUP})
-        std::signal(signal, SIG_DFL);
-    const rlimit noCore = {0, 0};
-    setrlimit(RLIMIT_CORE, &noCore);
-    dup2(complaints, STDERR_FILENO);
-    char name[] = "kvsign", *arguments[] = {name, nullptr};
-    int count = 1;
-    const QGuiApplication application(count, arguments);
-    _exit(0);
-}
-
-/// The reason why Qt cannot use the display; empty when it can.
-QString whyQtCannotStart()
-{
-    int ends[2];
-    if (pipe2(ends, O_CLOEXEC) != 0)
-        return {};
-    const pid_t child = fork();
-    if (child == 0)
-        tryInChild(ends[1]);
-    close(ends[1]);
-    const QString complaints = readAll(ends[0]);
-    close(ends[0]);
-    int status = 0;
-    while (child > 0 && waitpid(child, &status, 0) < 0 && errno == EINTR) { }
-    if (child < 0 || status == 0)
-        return {};
-    const QStringList lines = complaints.split('\n', Qt::SkipEmptyParts);
-    const QStringList available = lines.filter("Available platform plugins");
-    return QString("Qt cannot start the platform \"%1\": %2")
-        .arg(QString::fromLocal8Bit(qgetenv("QT_QPA_PLATFORM")), (lines.mid(0, 1) + available).join("; "));
-}
-
 } // namespace
 
 DisplayState displayState()
@@ -197,7 +147,8 @@ void needDisplay()
     const DisplayState state = displayState();
     if (!state.isThere)
         throw failed(QString("no window can be shown: %1; --frames needs none").arg(state.what));
-    const QString why = whyQtCannotStart();
+    char name[] = "kvsign", *arguments[] = {name, nullptr};
+    const QString why = screen::why(1, arguments);
     if (!why.isEmpty())
         throw failed(QString("no window can be shown: %1; --frames needs none").arg(why));
 }

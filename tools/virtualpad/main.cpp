@@ -1,6 +1,7 @@
 /// @file
 /// kv-virtualpad: a window that plays a signature pad, for programs whose driver is the simulator.
 #include "padwindow.h"
+#include "screen.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -22,6 +23,10 @@ QString modelNames()
 
 int main(int argc, char **argv)
 {
+    if (!screen::why(argc, argv).isEmpty()) {
+        std::fprintf(stderr, "kv-virtualpad: %s\n", screen::kMissing);
+        return 1;
+    }
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("kv-virtualpad"));
     QCommandLineParser parser;
