@@ -205,8 +205,9 @@ TEST_F(ForgedImage, CannotHideItsScans)
 {
     const QByteArray whole = progressive(60, 40, 150);
     const int data = whole.indexOf("\xff\xda") + 14; // of the first scan
-    for (const QByteArray &cover : {QByteArray("\xff\x05\xff\xff", 4), QByteArray("\xff\xd3\xff\xff", 4), QByteArray("\xff\xd7\xff\xff", 4),
-             QByteArray("\xff\x01\xff\xff", 4), QByteArray("\xff\xff\xff\x00", 4), QByteArray("junk")}) {
+    for (const QByteArray &cover :
+        {QByteArray("\xff\x05\xff\xff", 4), QByteArray("\xff\xd3\xff\xff", 4), QByteArray("\xff\xd7\xff\xff", 4),
+            QByteArray("\xff\x01\xff\xff", 4), QByteArray("\xff\xff\xff\x00", 4), QByteArray("junk")}) {
         const QByteArray bytes = whole.left(data) + cover + whole.mid(data);
         EXPECT_EQ(decode({"hidden", 2, bytes}), ARI_INK_EMPTY) << cover.toHex().toStdString();
         EXPECT_EQ(jpegmarkers::workOf(bytes).scans, 150) << cover.toHex().toStdString();
