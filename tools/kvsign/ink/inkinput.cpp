@@ -4,7 +4,6 @@
 #include "../interruption.h"
 #include "../progress.h"
 
-
 #include <sys/stat.h>
 #include <unistd.h>
 
