@@ -62,6 +62,7 @@ kv_lint_together(kv_scramble kvsignpaddrv_recorder kv-scramble-recording kv_driv
 kv_lint_together(kv-demo)
 kv_lint_together(kv_kvsign kvsign)
 kv_lint_together(kv_documents)
+kv_lint_together(kv_screen)
 kv_lint_together(kv_virtualpad kv-virtualpad)
 kv_lint_together(kv_signdesk kv-sign-desk)
 kv_lint_together(kv_bridge_rules kv_bridge kv-sign-bridge)

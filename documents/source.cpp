@@ -35,7 +35,11 @@ int openedForReading(const QString &path)
 
 int unnamedFile(const QString &name)
 {
-    QByteArray pattern = QFile::encodeName(QDir::tempPath()) + "/kv-document-XXXXXX";
+    const QString folder = QDir::tempPath();
+    if (folder.isEmpty()) // it would be the root
+        throw Problem{
+            Problem::Kind::File, QString("TMPDIR=%1: there is no such folder").arg(qEnvironmentVariable("TMPDIR"))};
+    QByteArray pattern = QFile::encodeName(folder) + "/kv-document-XXXXXX";
     const int descriptor = mkostemp(pattern.data(), O_CLOEXEC);
     if (descriptor < 0)
         throw systemProblem(name);

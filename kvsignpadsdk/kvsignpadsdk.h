@@ -357,7 +357,7 @@ KVSIGNPADSDK_EXPORT void KVS210_WPSBase64EncodeFree(int nDeviceType, char *pEnco
 /// not shown, headless on a new white canvas of 640 by 480 pixels. Only which kind of place was accepted last does not
 /// change. Place the fingerprint once more then.
 /// @return ARI_SUCCESS; ARI_INVALID_PARAMETERS for a rectangle outside or a null parent; ARI_FAIL without an instance,
-/// and for a new widget on another thread than pParentWidget's.
+/// and for a new widget without a QApplication or on another thread than pParentWidget's.
 KVSIGNPADSDK_EXPORT int KVS310X_SetDisplayedFPImageAt(int nDeviceType, QWidget *pParentWidget, int nCanvasWidth,
     int nCanvasHeight, int nFPLeft, int nFPTop, int nFPWidth, int nFPHeight);
 

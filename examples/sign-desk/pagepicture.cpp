@@ -65,11 +65,14 @@ int scansOfJpeg(const QByteArray &jpeg)
     return scans;
 }
 
-bool svgHoldsPictures(const QByteArray &svg)
+bool svgLoadsMore(const QByteArray &svg)
 {
     QXmlStreamReader reader(svg);
     while (!reader.atEnd()) {
-        if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == QLatin1String("image"))
+        const QXmlStreamReader::TokenType token = reader.readNext();
+        if (token == QXmlStreamReader::StartElement && reader.name() == QLatin1String("image"))
+            return true;
+        if (token == QXmlStreamReader::ProcessingInstruction) // a style sheet's file, for one
             return true;
     }
     return false;
@@ -85,9 +88,10 @@ QImage readPicture(const PageFile &file)
     reader.setAutoTransform(true);
     const QByteArray format = reader.format();
     // Qt's SVG reader loads what is in a drawing as soon as it is asked for the size.
-    if (format == "svg" && svgHoldsPictures(file.content))
-        throw unreadable(file.path, PictureWords::tr("it is an SVG with pictures in it; make a PDF of it first."));
-    const bool isPacked = format == "svgz"; // it may hold far more than it seems to
+    if (format == "svg" && svgLoadsMore(file.content))
+        throw unreadable(
+            file.path, PictureWords::tr("it is an SVG with pictures or style sheets; make a PDF of it first."));
+    const bool isPacked = file.content.startsWith("\x1f\x8b"); // it may hold far more than it seems to
     const QSize size = isPacked ? QSize() : reader.size();
     if (qint64{size.width()} * size.height() > kMostPixels)
         throw unreadable(file.path, PictureWords::tr("it has more pixels than there is memory for."));

@@ -21,6 +21,7 @@
 #include <sys/wait.h>
 #include <sys/xattr.h>
 #include <unistd.h>
+#include <vector>
 
 namespace {
 
@@ -233,12 +234,18 @@ bool withDescriptors(rlim_t count, Call call)
 {
     rlimit before{};
     ::getrlimit(RLIMIT_NOFILE, &before);
-    const int lowest = ::dup(STDERR_FILENO);
+    std::vector<int> gaps; // below a descriptor that is open
+    const int above = ::fcntl(STDERR_FILENO, F_DUPFD, 100);
+    for (int number = ::dup(STDERR_FILENO); number < above; number = ::dup(STDERR_FILENO))
+        gaps.push_back(number);
+    const int lowest = above + 1;
     ::close(lowest);
     const rlimit limit{static_cast<rlim_t>(lowest) + count, before.rlim_max};
     ::setrlimit(RLIMIT_NOFILE, &limit);
     const bool done = call();
     ::setrlimit(RLIMIT_NOFILE, &before);
+    ::close(above);
+    std::for_each(gaps.begin(), gaps.end(), ::close);
     return done;
 }
 

@@ -136,8 +136,9 @@ std::vector<Row> rows()
     std::vector<Row> rows;
     for (size_t pad = 0; pad < allPads().size(); ++pad) {
         rows.push_back({pad, failingmemory::Which::OneAlone});
-        const std::string name = allPads()[pad].className();
-        if (isThorough() || name == "CS300SignObj" || name == "CS310XSignWidget")
+        const PadCase one = allPads()[pad];
+        const bool isDrawn = one.family->type == (one.headless ? KVS300_DEVICE : KVS310X_DEVICE);
+        if (isThorough() || isDrawn)
             rows.push_back({pad, failingmemory::Which::AllFromIt});
     }
     return rows;

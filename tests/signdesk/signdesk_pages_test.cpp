@@ -140,8 +140,8 @@ TEST_F(SignDeskPage, APictureOfTooManyPixelsIsRefused)
     EXPECT_TRUE(window->openPage(written("plan.jpg", withSize(plainJpeg(), 9000, 7000)))); // A2 at 300 dots to the inch
 }
 
-/// Of each such picture Qt would wait for a pipe, or read a JPEG of any size and any number of scans.
-TEST_F(SignDeskPage, AnSvgThatHoldsPicturesIsRefused)
+/// Qt would wait for a pipe, or read a JPEG of any size and any number of scans.
+TEST_F(SignDeskPage, AnSvgThatLoadsMoreIsRefused)
 {
     ASSERT_EQ(mkfifo(QFile::encodeName(file("pipe.png")), 0600), 0);
     const QByteArray jpeg = "data:image/jpeg;base64," + withScans(progressiveJpeg(), 150).toBase64();
@@ -151,8 +151,10 @@ TEST_F(SignDeskPage, AnSvgThatHoldsPicturesIsRefused)
              start + "<g><image width='9' height='9' xlink:href='" + QFile::encodeName(file("pipe.png"))
                  + "'/></g></svg>",
              start + "<svg:image xmlns:svg='http://www.w3.org/2000/svg' xlink:href='pipe.png'/></svg>",
+             "<?xml version='1.0'?><?xml-stylesheet type='text/css' href='" + QFile::encodeName(file("pipe.png"))
+                 + "'?>" + start + "</svg>",
              "<!DOCTYPE svg [<!ENTITY p '<image width=\"9\" height=\"9\"/>'>]>" + start + "&p;</svg>"})
-        openInVain(written("drawing.svg", svg), "it is an SVG with pictures in it; make a PDF of it first.");
+        openInVain(written("drawing.svg", svg), "it is an SVG with pictures or style sheets; make a PDF of it first.");
     EXPECT_TRUE(window->openPage(written("plain.svg", start + "<rect width='50' height='50'/></svg>")));
 }
 

@@ -32,6 +32,7 @@ const GroupRow kGroups[] = {{"root", 0, nullptr}, {"anna", 101, "root"}, {"bert"
     {"emil", 105, "emil"}, {"clerks", 200, nullptr}};
 
 const AccountRow *nextAccount = kAccounts;
+int endOfAccounts = ENOENT;
 
 passwd entryOf(const AccountRow &row)
 {
@@ -70,7 +71,7 @@ extern "C" int getpwent_r(passwd *entry, char *, size_t, passwd **found)
 {
     *found = nullptr;
     if (nextAccount == std::end(kAccounts))
-        return ENOENT;
+        return endOfAccounts;
     *entry = entryOf(*nextAccount++);
     *found = entry;
     return 0;
@@ -142,6 +143,14 @@ TEST(FileWriters, AreAGroupUnlessItIsThePrivateOneOfTheUserOrOfRoot)
 TEST(FileWriters, AreAGroupThatAnotherAccountHasAsItsPrimaryOne)
 {
     EXPECT_EQ(writersInGroup(102, 102), "the group bert"); // carl's too, who is not among its members
+}
+
+TEST(FileWriters, AreAGroupWhereNotAllAccountsCanBeAskedFor)
+{
+    endOfAccounts = EIO;
+    EXPECT_EQ(writersInGroup(101, 101), "the group anna");
+    endOfAccounts = ENOENT;
+    EXPECT_EQ(writersInGroup(101, 101), "");
 }
 
 TEST(FileWriters, AreThoseOfAnAccessList)

@@ -282,7 +282,7 @@ TEST_F(VirtualPad, SaysThatThereIsNoScreen)
         environment.insert("QT_QPA_PLATFORM", platform);
         process.setProcessEnvironment(environment);
         process.start(KV_VIRTUALPAD, QStringList());
-        ASSERT_TRUE(process.waitForFinished());
+        ASSERT_TRUE(process.waitForFinished(-1));
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit) << platform;
         EXPECT_EQ(process.exitCode(), 1) << platform;
         EXPECT_EQ(process.readAllStandardError().toStdString(),

@@ -15,9 +15,10 @@ KeptPlace::KeptPlace(const QByteArray &path, const QString &name)
 
 void KeptPlace::write(int content)
 {
+    const QString folder = plainio::temporaryFolder(); // asked for before errno counts
     m_earlier = plainio::unnamedFile();
     if (!copiedbytes::copy(m_file.number(), m_earlier.number()))
-        plainio::throwErrno(plainio::temporaryFolder());
+        plainio::throwErrno(folder);
     m_guard = std::make_unique<Leftover>(m_earlier.number(), m_file.number());
     if (!copiedbytes::copy(content, m_file.number()) || fsync(m_file.number()) != 0)
         plainio::throwErrno(m_name);

@@ -165,7 +165,8 @@ QImage pictureIn(const QString &path)
         return {};
     const documents::Source source(path); // refuses a named pipe, for whose other end QImageReader would wait
     QFile file(path);
-    file.open(source.descriptor(), QIODevice::ReadOnly);
+    if (!file.open(source.descriptor(), QIODevice::ReadOnly))
+        throw failed(QString("%1: %2").arg(path, file.errorString()));
     QImageReader reader(&file);
     QImage picture = reader.read();
     if (picture.isNull())

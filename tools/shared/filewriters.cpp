@@ -1,5 +1,6 @@
 #include "filewriters.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <grp.h>
 #include <mutex>
@@ -40,11 +41,12 @@ bool isPrimaryOfOthers(gid_t id, uid_t user)
     std::vector<char> space(kEntrySize);
     passwd entry = {}, *found = nullptr;
     bool isOfOthers = false;
+    int error = 0;
     setpwent();
-    while (!isOfOthers && getpwent_r(&entry, space.data(), space.size(), &found) == 0)
+    while (!isOfOthers && (error = getpwent_r(&entry, space.data(), space.size(), &found)) == 0)
         isOfOthers = entry.pw_gid == id && entry.pw_uid != user && entry.pw_uid != 0;
     endpwent();
-    return isOfOthers;
+    return isOfOthers || error != ENOENT; // any other error is not the list's end: there may be more accounts
 }
 
 bool isPrivateGroup(const group &entry, const Account &account)

@@ -20,7 +20,7 @@ struct Asker
     bool trusts(uid_t owner) const;
 
     /// Whether nobody but the user or root is in the group: a private group, which has its user's name. Asks for all
-    /// accounts, so it may take long where a directory service lists them.
+    /// accounts, so it may take long where a directory service lists them; accounts that it does not list are not seen.
     bool trustsGroup(gid_t group) const;
 };
 

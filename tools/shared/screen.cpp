@@ -3,7 +3,6 @@
 #include <QGuiApplication>
 #include <QStringList>
 
-#include <algorithm>
 #include <cerrno>
 #include <csignal>
 
@@ -16,28 +15,39 @@ namespace screen {
 
 namespace {
 
-constexpr int kNoScreen = 3; // the child's exit code when Qt starts, but has no screen
+// The child's last words, behind what Qt complained of. Without one of them it crashed.
+constexpr char kHasScreen = '\1';
+constexpr char kHasNone = '\2';
 
-QString readAll(int pipe)
+/// All that comes up to one of the last words, or to the end.
+QByteArray readAll(int pipe)
 {
     QByteArray text;
-    char piece[4096];
-    for (ssize_t size = 0; (size = read(pipe, piece, sizeof piece)) > 0 || (size < 0 && errno == EINTR);)
-        text.append(piece, static_cast<int>(std::max<ssize_t>(size, 0)));
-    return QString::fromLocal8Bit(text);
+    char letter = 0;
+    while (!text.endsWith(kHasScreen) && !text.endsWith(kHasNone)) {
+        const ssize_t size = read(pipe, &letter, 1);
+        if (size > 0)
+            text += letter;
+        else if (size == 0 || errno != EINTR)
+            break;
+    }
+    return text;
 }
 
-/// Qt's messages go into the pipe.
+/// Qt's messages go into the pipe. The application ends as it should, because some platforms take a console over.
 [[noreturn]] void tryInChild(int complaints, int argc, char **argv)
 {
-    for (const int signal : {SIGABRT, SIGSEGV, SIGINT, SIGTERM, SIGHUP})
+    for (int signal = 1; signal <= SIGRTMAX; ++signal)
         std::signal(signal, SIG_DFL);
     const rlimit noCore = {0, 0};
     setrlimit(RLIMIT_CORE, &noCore);
-    dup2(complaints, STDOUT_FILENO);
     dup2(complaints, STDERR_FILENO);
-    const QGuiApplication application(argc, argv);
-    _exit(QGuiApplication::screens().isEmpty() ? kNoScreen : 0);
+    {
+        const QGuiApplication application(argc, argv);
+        const char verdict = QGuiApplication::screens().isEmpty() ? kHasNone : kHasScreen;
+        static_cast<void>(!write(complaints, &verdict, 1));
+    }
+    _exit(0);
 }
 
 } // namespace
@@ -51,18 +61,18 @@ QString why(int argc, char **argv)
     if (child == 0)
         tryInChild(ends[1], argc, argv);
     close(ends[1]);
-    const QString complaints = readAll(ends[0]);
-    close(ends[0]);
-    int status = 0;
-    while (child > 0 && waitpid(child, &status, 0) < 0 && errno == EINTR) { }
-    if (child < 0 || status == 0)
+    const QByteArray said = readAll(ends[0]);
+    while (child > 0 && waitpid(child, nullptr, 0) < 0 && errno == EINTR) { }
+    close(ends[0]); // now: the child might complain at its end, and would be ended by that
+    if (child < 0 || said.endsWith(kHasScreen))
         return {};
-    const QString platform = QString::fromLocal8Bit(qgetenv("QT_QPA_PLATFORM"));
-    if (WIFEXITED(status) && WEXITSTATUS(status) == kNoScreen)
-        return QString("Qt's platform \"%1\" finds no screen").arg(platform);
-    const QStringList lines = complaints.split('\n', Qt::SkipEmptyParts);
+    const QByteArray name = qgetenv("QT_QPA_PLATFORM");
+    const QString platform = name.isEmpty() ? QString("platform") : QString("platform \"%1\"").arg(name.constData());
+    if (said.endsWith(kHasNone))
+        return QString("Qt's %1 finds no screen").arg(platform);
+    const QStringList lines = QString::fromLocal8Bit(said).split('\n', Qt::SkipEmptyParts);
     const QStringList available = lines.filter("Available platform plugins");
-    return QString("Qt cannot start the platform \"%1\": %2").arg(platform, (lines.mid(0, 1) + available).join("; "));
+    return QString("Qt cannot start the %1: %2").arg(platform, (lines.mid(0, 1) + available).join("; "));
 }
 
 } // namespace screen

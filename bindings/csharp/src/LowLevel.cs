@@ -1409,7 +1409,7 @@ namespace Korvane.Signpad
         /// </summary>
         /// <returns>
         /// ARI_SUCCESS; ARI_INVALID_PARAMETERS for a rectangle outside or a null parent; ARI_FAIL without an instance,
-        /// and for a new widget on another thread than pParentWidget's.
+        /// and for a new widget without a QApplication or on another thread than pParentWidget's.
         /// </returns>
         [DllImport(Sdk, CallingConvention = CallingConvention.Cdecl)]
         public static extern int KVS310X_SetDisplayedFPImageAt(

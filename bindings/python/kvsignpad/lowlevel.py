@@ -579,7 +579,8 @@ OPERATIONS: Mapping[str, Operation] = {
         "window on a new empty widget that is not shown, headless on a new white canvas of 640 by 480 pixels. "
         "Only which kind of place was accepted last does not change. Place the fingerprint once more then.\n\n"
         "Returns ARI_SUCCESS; ARI_INVALID_PARAMETERS for a rectangle outside or a null parent; ARI_FAIL "
-        "without an instance, and for a new widget on another thread than pParentWidget's."
+        "without an instance, and for a new widget without a QApplication or on another thread than "
+        "pParentWidget's."
     ),
     "GetFPImageBase64Data": Operation(
         ("KVS310X",),

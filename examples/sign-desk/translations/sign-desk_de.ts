@@ -1137,8 +1137,8 @@
         <translation>das JPEG besteht aus zu vielen Durchgängen.</translation>
     </message>
     <message>
-        <source>it is an SVG with pictures in it; make a PDF of it first.</source>
-        <translation>in dem SVG stecken Bilder; bitte erst ein PDF daraus machen.</translation>
+        <source>it is an SVG with pictures or style sheets; make a PDF of it first.</source>
+        <translation>das SVG enthält Bilder oder Stilvorlagen; bitte erst ein PDF daraus machen.</translation>
     </message>
     <message>
         <source>it is neither a PDF nor a picture.</source>

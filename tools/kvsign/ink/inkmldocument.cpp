@@ -40,7 +40,7 @@ Failure InkmlDocument::broken(qint64 line, const QString &what) const
 bool InkmlDocument::next(InkmlTraceText &trace)
 {
     while (m_found.empty() && !m_xml.atEnd()) {
-        const QXmlStreamReader::TokenType token = m_xml.readNext();
+        const QXmlStreamReader::TokenType token = readNext();
         if (token == QXmlStreamReader::StartDocument)
             checkEncoding();
         else if (token == QXmlStreamReader::StartElement)
@@ -72,6 +72,16 @@ void InkmlDocument::failAsReader() const
         QString("%1:%2:%3: %4").arg(m_name).arg(m_xml.lineNumber()).arg(m_xml.columnNumber()).arg(m_xml.errorString()));
 }
 
+/// Ends the document at the first element of too many attributes also where an entity or a document type hid them.
+QXmlStreamReader::TokenType InkmlDocument::readNext()
+{
+    const QXmlStreamReader::TokenType token = m_xml.readNext();
+    if (token == QXmlStreamReader::StartElement
+        && m_xml.attributes().size() + m_xml.namespaceDeclarations().size() > XmlLimits::kMostAttributes)
+        throw broken(QString("an element has more than %1 attributes").arg(XmlLimits::kMostAttributes));
+    return token;
+}
+
 void InkmlDocument::checkDepth(size_t outer) const
 {
     if (outer >= kDeepestElement)
@@ -83,7 +93,7 @@ void InkmlDocument::checkDepth(size_t outer) const
 void InkmlDocument::skip()
 {
     for (size_t inside = 1; inside > 0 && !m_xml.atEnd();) {
-        const QXmlStreamReader::TokenType token = m_xml.readNext();
+        const QXmlStreamReader::TokenType token = readNext();
         if (token == QXmlStreamReader::StartElement)
             checkDepth(m_open.size() + inside++);
         else if (token == QXmlStreamReader::EndElement)
@@ -96,7 +106,7 @@ QString InkmlDocument::readText()
 {
     QString text;
     while (!m_xml.atEnd()) {
-        const QXmlStreamReader::TokenType token = m_xml.readNext();
+        const QXmlStreamReader::TokenType token = readNext();
         if (token == QXmlStreamReader::EndElement)
             break;
         if (token == QXmlStreamReader::StartElement)

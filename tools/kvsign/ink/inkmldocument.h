@@ -73,6 +73,7 @@ private:
     };
 
     void checkEncoding() const;
+    QXmlStreamReader::TokenType readNext();
     void checkDepth(size_t outer) const;
     [[noreturn]] void failAsReader() const;
     void begin();

@@ -45,8 +45,10 @@ qint64 XmlLimits::readData(char *bytes, qint64 most)
     if (!m_trouble.isEmpty())
         return 0;
     const qint64 size = m_device.read(bytes, m_isHead ? std::min(most, kMostHead - m_size) : most);
+    if (size <= 0)
+        return size;
     m_size += size;
-    return size <= 0 ? size : allowed(bytes, static_cast<int>(size));
+    return allowed(bytes, static_cast<int>(size));
 }
 
 /// How many of the bytes come before an attribute too much.
@@ -68,7 +70,8 @@ qint64 XmlLimits::allowed(const char *bytes, int size)
 }
 
 /// An attribute has an equals sign and a quotation mark, and no value contains a <. So wherever the document's tags,
-/// comments and texts begin, a start tag has no more attributes than this counts since the last <.
+/// comments and texts begin, a start tag has no more attributes than this counts since the last <. A comment or text
+/// that holds as many examples of attributes is refused too.
 void XmlLimits::look(QChar character)
 {
     if (character == QLatin1Char('<')) {

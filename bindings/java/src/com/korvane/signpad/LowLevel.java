@@ -675,7 +675,7 @@ public interface LowLevel extends Library {
      * not change. Place the fingerprint once more then.
      *
      * @return ARI_SUCCESS; ARI_INVALID_PARAMETERS for a rectangle outside or a null parent; ARI_FAIL without an
-     *     instance, and for a new widget on another thread than pParentWidget's.
+     *     instance, and for a new widget without a QApplication or on another thread than pParentWidget's.
      */
     int KVS310X_SetDisplayedFPImageAt(
             int nDeviceType, Pointer pParentWidget, int nCanvasWidth, int nCanvasHeight, int nFPLeft, int nFPTop, int nFPWidth, int nFPHeight);
