@@ -72,7 +72,8 @@ bool svgLoadsMore(const QByteArray &svg)
         const QXmlStreamReader::TokenType token = reader.readNext();
         if (token == QXmlStreamReader::StartElement && reader.name() == QLatin1String("image"))
             return true;
-        if (token == QXmlStreamReader::ProcessingInstruction) // a style sheet's file, for one
+        if (token == QXmlStreamReader::ProcessingInstruction
+            && reader.processingInstructionTarget() == QLatin1String("xml-stylesheet"))
             return true;
     }
     return false;

@@ -17,7 +17,7 @@ QImage readPicture(const PageFile &file);
 /// The number of scans of a JPEG, up to where Qt's reader stops.
 int scansOfJpeg(const QByteArray &jpeg);
 
-/// Whether an SVG has an <image> or a processing instruction, up to where Qt's reader stops.
+/// Whether an SVG has an <image> or names a style sheet, up to where Qt's reader stops.
 bool svgLoadsMore(const QByteArray &svg);
 
 } // namespace signdesk
